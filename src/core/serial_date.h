@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace core {
+
+// Dates are serial numbers: whole days since 30 December 1899 in local time, the time of day as the fraction.
+[[nodiscard]] double serialOfTime(std::int64_t unixSeconds);
+[[nodiscard]] double serialOfDate(int year, int month, int day);
+[[nodiscard]] double today();
+
+// The decimal text of a number as statements carry it: shortest form that reads back to the same number, with the
+// machine's decimal sign ("38123,5" on a Spanish machine) or always a point.
+[[nodiscard]] std::string decimalText(double number);
+[[nodiscard]] std::string pointedDecimalText(double number);
+
+// The date as shown: the machine's short date with a four-digit year and, unless it is midnight, the time of day with seconds.
+[[nodiscard]] std::string dateText(double serial);
+
+}  // namespace core

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+namespace shell {
+
+// The current catalogue: one native path, empty when unset, kept for the whole run, and the last-file value.
+class Catalogue {
+  public:
+    [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] bool isSet() const { return !m_path.empty(); }
+    void setPath(std::string path) { m_path = std::move(path); }
+
+    // "lastfile": saved when a catalogue is set, then read back.
+    void rememberAsLast();
+    void saveLast(const std::string& path);
+    void readLast();
+    [[nodiscard]] const std::string& last() const { return m_last; }
+
+  private:
+    std::string m_path;
+    std::string m_last;
+};
+
+}  // namespace shell

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace shell {
+
+// The busy pointer, for as long as the object lives.
+class Hourglass {
+  public:
+    Hourglass();
+    ~Hourglass();
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
+// Lets the event queue run once: the fixed points at which long work gives way.
+void yieldToQueue();
+
+}  // namespace shell

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QWidget>
+#include <string_view>
+
+class QLabel;
+class QProgressBar;
+
+namespace shell {
+
+// Picture4, the band at the window's foot: the status line Text9, the size Label3 with ProgressBar1 over it, the
+// unit's icon Picture16 and its kind Label2.
+class StatusBand : public QWidget {
+    Q_OBJECT
+  public:
+    explicit StatusBand(QWidget* parent = nullptr);
+
+    void setText(std::string_view text);   // Text9; repainted at once, also during long work
+    void setSize(std::string_view text);   // Label3
+    void setKind(std::string_view text);   // Label2
+    void setPicture(int picture);          // Picture16; 0 for none
+    [[nodiscard]] QString text() const;
+    [[nodiscard]] QString size() const;
+    [[nodiscard]] QString kind() const;
+    [[nodiscard]] int picture() const { return m_picture; }
+
+    void showProgress(int maximum);  // value 0; a maximum below 1 counts as 1
+    void setProgress(int value);     // a value past the maximum is ignored
+    void advanceProgress();
+    void hideProgress();
+    [[nodiscard]] QProgressBar& progress() { return *m_progress; }
+
+    void applyFontSize(int points);
+
+  private:
+    QLabel* m_text;
+    QLabel* m_size;
+    QProgressBar* m_progress;
+    QLabel* m_icon;
+    QLabel* m_kind;
+    int m_picture = 0;
+};
+
+}  // namespace shell
