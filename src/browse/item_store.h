@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "browse/list_item.h"
+
+namespace browse {
+
+// The items of one list, held compactly (a million of them, at most 400 bytes each with ordinary names); units and
+// paths are stored once. Positions are those of the list as shown, from 0.
+class ItemStore {
+  public:
+    ItemStore();
+    ~ItemStore();
+    ItemStore(const ItemStore&) = delete;
+    ItemStore& operator=(const ItemStore&) = delete;
+
+    void clear();
+    // Adds behind the last item; while sorting is on, finish a run of additions with sortAgain().
+    void add(const ListItem& item);
+    [[nodiscard]] std::size_t size() const;
+
+    [[nodiscard]] std::string_view text(std::size_t position) const;
+    [[nodiscard]] std::string subItem(std::size_t position, int number) const;  // 1 to 9
+    [[nodiscard]] int picture(std::size_t position) const;
+    [[nodiscard]] int smallPicture(std::size_t position) const;
+
+    // Sorting by a key (0 the text, 1 to 9 a sub-item), as text by code points, stable. Stays on until clear
+    // of the list's sorting.
+    struct Sorting {
+        bool on = false;
+        int key = 0;
+        bool descending = false;
+        bool operator==(const Sorting&) const = default;
+    };
+    void sort(Sorting sorting);
+    void sortAgain();
+    [[nodiscard]] const Sorting& sorting() const;
+
+    [[nodiscard]] std::size_t bytesUsed() const;
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+}  // namespace browse
