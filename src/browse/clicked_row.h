@@ -9,8 +9,8 @@ namespace browse {
 struct ClickedRow {
     bool filaelegida1 = false;  // an item of ListView1 / ListView2 has been clicked
     bool filaelegida2 = false;
-    int indicefila = -1;        // 0-based position of the clicked item; below zero means none
-    std::string nodoactual;     // the item's text; shared with the clicked tree node
+    int indicefila = -1;          // 0-based position of the clicked item; below zero means none
+    std::string nodoactual;       // the item's text; shared with the clicked tree node
     std::string tipofilaelegida;  // the type as displayed
     std::string discofila1, rutafila1;
     std::string discofila2, rutafila2;

@@ -25,7 +25,8 @@ constexpr Ending image[] = {{".jpg", ".JPG"}, {".bmp", ".BMP"}, {".gif", ".GIF"}
 constexpr Ending video[] = {{".avi", ".AVI"}, {".mpge", ".MPGE"}, {".mpeg", ".MPEG", true},
                             {".mpg", ".MPG"}, {".mov", ".MOV"},   {".asf", ".ASF"}};
 constexpr Ending program[] = {{".exe", ".EXE"}};
-constexpr Ending text[] = {{".txt", ".TXT"}, {".doc", ".DOC"}, {".pdf", ".PDF"}, {".nfo", ".NFO"}, {".dat", ".DAT"}};
+constexpr Ending text[] = {
+    {".txt", ".TXT"}, {".doc", ".DOC"}, {".pdf", ".PDF"}, {".nfo", ".NFO"}, {".dat", ".DAT"}};
 constexpr Ending web[] = {{".html", ".HTML"}, {".htm", ".HTM"}, {".mht", ".MHT"}};
 constexpr Ending zipped[] = {
     {".zip", ".ZIP"}, {".rar", ".RAR"}, {".vox", ".VOX", true}, {".rad", ".RAD"}, {".cab", ".CAB"}};

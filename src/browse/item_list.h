@@ -34,10 +34,10 @@ class ItemList : public QWidget {
 
   signals:
     void itemClicked(int position);
-    void itemActivated(int position);            // double click or Enter
+    void itemActivated(int position);  // double click or Enter
     void mousePressed(Qt::MouseButton button);
     void mouseReleased(Qt::MouseButton button, const QPoint& globalPosition);
-    void columnClicked(int column);              // from 1
+    void columnClicked(int column);  // from 1
 };
 
 // The two lists that lie over each other; the search list covers the browse list while it is shown.

@@ -9,8 +9,8 @@
 
 namespace browse {
 
-// The items of one list, held compactly (a million of them, at most 400 bytes each with ordinary names); units and
-// paths are stored once. Positions are those of the list as shown, from 0.
+// The items of one list, held compactly (a million of them, at most 400 bytes each with ordinary names);
+// units and paths are stored once. Positions are those of the list as shown, from 0.
 class ItemStore {
   public:
     ItemStore();

@@ -1,0 +1,16 @@
+#include "browse/listing.h"
+
+#include "browse/row_items.h"
+
+namespace browse {
+
+void list(jet::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
+          bool lowerCaseKeys) {
+    RowItems items(language);
+    if (auto rows = database.OpenRecordset(listing.folders))
+        for (; !rows->Eof(); rows->MoveNext()) sink(items.folderItem(core::readRow(*rows)));
+    if (auto rows = database.OpenRecordset(listing.files))
+        for (; !rows->Eof(); rows->MoveNext()) sink(items.fileItem(core::readRow(*rows), lowerCaseKeys));
+}
+
+}  // namespace browse

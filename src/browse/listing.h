@@ -1,0 +1,19 @@
+#pragma once
+
+#include <functional>
+
+#include "browse/list_item.h"
+#include "browse/listing_statements.h"
+#include "core/language.h"
+#include "platform/jet/database.h"
+
+namespace browse {
+
+using ItemSink = std::function<void(const ListItem&)>;
+
+// Runs a listing, folders first, and hands over its items. A statement that the engine refuses gives no
+// items.
+void list(jet::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
+          bool lowerCaseKeys = false);
+
+}  // namespace browse

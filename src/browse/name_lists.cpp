@@ -1,0 +1,57 @@
+#include "browse/name_lists.h"
+
+#include "core/text.h"
+
+namespace browse {
+namespace {
+
+constexpr std::string_view fence = " \\\\ ";  // blank, two backslashes, blank
+
+std::string fenced(std::string_view name) {
+    return std::string(fence).append(name).append(fence);
+}
+
+std::string anywhere(std::string_view name) {
+    return "*" + fenced(name) + "*";
+}
+
+}  // namespace
+
+void NameLists::blank() {
+    for (std::string& list : m_lists) list.clear();
+}
+
+void NameLists::addUnit(std::string_view disco) {
+    m_lists[1] += fenced(disco);
+}
+
+void NameLists::addFolder(int level, std::string_view disco, std::string_view carpeta) {
+    m_lists.at(level).append(fenced(disco)).append(carpeta).append(fence);
+}
+
+bool NameLists::holds(int level, std::string_view pattern) const {
+    return core::like(m_lists[level], pattern);
+}
+
+bool NameLists::isUnit(std::string_view text) const {
+    return holds(1, anywhere(text));
+}
+
+int NameLists::levelOf(std::string_view disco, std::string_view node,
+                       std::span<const std::string> ancestors) const {
+    const auto ancestorsHold = [&](int level) {
+        for (int k = 1; k < level; ++k)
+            if (!holds(level - k, anywhere(ancestors[k - 1]))) return false;
+        return true;
+    };
+    for (int level = 2; level <= deepestListed && level - 1 <= static_cast<int>(ancestors.size()); ++level) {
+        // From depth 3 on the name may stand anywhere behind the unit.
+        const std::string between = level == 2 ? "" : "*";
+        const std::string pattern =
+            "*" + fenced(disco) + between + std::string(node) + std::string(fence) + "*";
+        if (holds(level, pattern) && ancestorsHold(level)) return level;
+    }
+    return 0;
+}
+
+}  // namespace browse

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/language.h"
+#include "platform/jet/database.h"
+
+namespace browse {
+
+// What lies under a unit or folder. Kilobytes are the sum of the files' rounded sizes.
+struct Totals {
+    long long folders = 0;
+    long long files = 0;
+    std::int64_t kilobytes = 0;
+    bool operator==(const Totals&) const = default;
+};
+
+// A clicked unit. Files of one kilobyte or less do not enter its size, and every row that is no file counts
+// as a folder, the single row of a hand-made unit included.
+[[nodiscard]] Totals clickedUnitTotals(jet::Database& database, std::string_view disco);
+
+// A unit reached by going up: the size takes in every file.
+[[nodiscard]] Totals raisedUnitTotals(jet::Database& database, std::string_view disco);
+
+// `cantidadytamaños`: rows of the unit deeper than `nivelactual` whose path holds `rutaactual`, the folder's
+// path below the unit. The files directly in the folder are not among them.
+[[nodiscard]] Totals cantidadytamaños(jet::Database& database, std::string_view discoactual,
+                                      std::string_view rutaactual, int nivelactual);
+
+// "  Unidad: X :  Carpetas: N  Archivos: N" and "  Carpetas: N  Archivos: N".
+[[nodiscard]] std::string unitStatus(std::string_view disco, const Totals& totals,
+                                     const core::Rotulos& rotulos);
+[[nodiscard]] std::string folderStatus(const Totals& totals, const core::Rotulos& rotulos);
+
+}  // namespace browse

@@ -1,0 +1,64 @@
+#include "browse/tree_loader.h"
+
+#include <vector>
+
+namespace browse {
+namespace {
+
+constexpr int deepestNivel = 11;
+
+struct Walk {
+    jet::Database& database;
+    std::string_view disco;
+    FirstLevel first;
+    FolderSink& sink;
+    std::vector<std::string> folders;  // the current folder of each enclosing level
+
+    LoadEnd level(int nivel) {
+        auto rows = database.OpenRecordset(foldersOfLevel(disco, nivel, folders, first));
+        if (!rows) return LoadEnd::Complete;
+        for (; !rows->Eof(); rows->MoveNext()) {
+            std::string carpeta(rows->Field("carpeta").text());
+            if (sink.yieldAndTestStop()) return LoadEnd::Stopped;
+            sink.addFolder(nivel, carpeta);
+            if (nivel == deepestNivel) continue;
+            folders.push_back(std::move(carpeta));
+            const LoadEnd end = level(nivel + 1);
+            folders.pop_back();
+            if (end == LoadEnd::Stopped) return end;
+        }
+        return LoadEnd::Complete;
+    }
+};
+
+}  // namespace
+
+std::string foldersOfLevel(std::string_view disco, int nivel, std::span<const std::string> folders,
+                           FirstLevel first) {
+    const std::string unit(disco);
+    if (nivel == 1 && first == FirstLevel::FoldersOnly)
+        return "select * from datos where disco=('" + unit +
+               "') and nivel=('1') and  tipo =('carpeta de archivos')  order by carpeta ";
+    if (nivel == 1)
+        return "select carpeta from datos where disco=('" + unit +
+               "') and nivel=('1') and  tipo <>('archivo')  order by carpeta ";
+
+    std::string path = "\\";
+    for (const std::string& folder : folders) path += folder + "\\";
+    const bool shallow = nivel == 2;
+    return "select carpeta from datos where  disco=('" + unit +
+           (shallow ? "') and ruta like ('*" : "') and  ruta like ('*") + path +
+           (shallow ? "*') and  nivel=('" : "*')  and  nivel=('") + std::to_string(nivel) +
+           "') and tipo <>('archivo') order by carpeta ";
+}
+
+std::string allFoldersOf(std::string_view disco) {
+    return "select * from datos where disco=('" + std::string(disco) +
+           "') and  tipo =('Carpeta de archivos')  order by carpeta ";
+}
+
+LoadEnd loadFolders(jet::Database& database, std::string_view disco, FirstLevel first, FolderSink& sink) {
+    return Walk{database, disco, first, sink, {}}.level(1);
+}
+
+}  // namespace browse
