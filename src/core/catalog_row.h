@@ -8,8 +8,8 @@
 
 namespace core {
 
-// One row of `datos`. Text is UTF-8; paths are in drive form ("E:\fotos\2003"). Names that came from a disk have
-// every apostrophe replaced by an acute accent.
+// One row of `datos`. Text is UTF-8; paths are in drive form ("E:\fotos\2003"). Names that came from a disk
+// have every apostrophe replaced by an acute accent.
 struct CatalogRow {
     std::int64_t numero = 0;             // insertion order; a sort key, not unique
     std::string ruta;                    // folder: its own path; file: the path of its folder

@@ -9,8 +9,8 @@ namespace core {
 
 // The catalogue's files. All paths are native.
 
-inline constexpr std::string_view templateName = "original.ejm";    // beside the executable
-inline constexpr std::string_view scratchName = "temp.ejm";         // beside the catalogue
+inline constexpr std::string_view templateName = "original.ejm";     // beside the executable
+inline constexpr std::string_view scratchName = "temp.ejm";          // beside the catalogue
 inline constexpr std::string_view compactedName = "compactada.zrq";  // in the current directory
 
 // A new catalogue is a copy of the template, replacing whatever is at `path`.
@@ -20,8 +20,9 @@ inline constexpr std::string_view compactedName = "compactada.zrq";  // in the c
 // Empty when that would be the catalogue itself (a catalogue named temp.ejm): there is no working copy then.
 [[nodiscard]] std::string scratchPath(const std::string& cataloguePath);
 
-// Gives unused space back through "compactada.zrq". Whatever goes wrong, the catalogue keeps every row: a stale or
-// foreign "compactada.zrq" is never copied over it. Does nothing while this process holds the catalogue open.
+// Gives unused space back through "compactada.zrq". Whatever goes wrong, the catalogue keeps every row: a
+// stale or foreign "compactada.zrq" is never copied over it. Does nothing while this process holds the
+// catalogue open.
 [[nodiscard]] jet::Result<> compactCatalogue(const std::string& path);
 
 }  // namespace core

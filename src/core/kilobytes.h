@@ -13,7 +13,8 @@ namespace core {
 // A number rounded to a whole one, ties to the even neighbour.
 [[nodiscard]] std::int64_t roundHalfEven(double number);
 
-// The summary of a sum of kilobytes: " KB" up to 1000, above that divided by 1024 with " MB". 1001 reads "1 MB".
+// The summary of a sum of kilobytes: " KB" up to 1000, above that divided by 1024 with " MB". 1001 reads "1
+// MB".
 [[nodiscard]] std::string sizeText(std::int64_t kilobytes);
 // The same behind "Tamaño: " or "Size: ".
 [[nodiscard]] std::string sizeCaption(std::int64_t kilobytes, Language language);

@@ -22,10 +22,12 @@ struct Bilingual {
 // The captions that several rooms share. The words stored in a catalogue are always the Spanish ones.
 struct Rotulos {
     std::string rotuloexpandir, rotulocontraer;
-    std::string rotulounidadvaria, rotulounidadaudio, rotulounidadvideo, rotulounidadprogramas, rotulounidadjuegos;
+    std::string rotulounidadvaria, rotulounidadaudio, rotulounidadvideo, rotulounidadprogramas,
+        rotulounidadjuegos;
     std::string rotulocarpeta, rotuloarchivo;
     std::string rotulocatalogo, rotulotodos;
-    std::string rotuloaudio, rotuloimagen, rotulovideo, rotuloejecutable, rotulotexto, rotuloweb, rotulocomprimido;
+    std::string rotuloaudio, rotuloimagen, rotulovideo, rotuloejecutable, rotulotexto, rotuloweb,
+        rotulocomprimido;
     std::string rotuloaccediendo, rotulounidadcarpetas, rotulounidad;
     std::string rotuloprefijounidad, rotuloprefijounidades, rotuloprefijocarpetas, rotuloprefijoarchivos;
     std::string rotulocarpetas, rotuloarchivos;  // of a search's result line

@@ -11,12 +11,13 @@ namespace core {
 [[nodiscard]] double serialOfDate(int year, int month, int day);
 [[nodiscard]] double today();
 
-// The decimal text of a number as statements carry it: shortest form that reads back to the same number, with the
-// machine's decimal sign ("38123,5" on a Spanish machine) or always a point.
+// The decimal text of a number as statements carry it: shortest form that reads back to the same number, with
+// the machine's decimal sign ("38123,5" on a Spanish machine) or always a point.
 [[nodiscard]] std::string decimalText(double number);
 [[nodiscard]] std::string pointedDecimalText(double number);
 
-// The date as shown: the machine's short date with a four-digit year and, unless it is midnight, the time of day with seconds.
+// The date as shown: the machine's short date with a four-digit year and, unless it is midnight, the time of
+// day with seconds.
 [[nodiscard]] std::string dateText(double serial);
 
 }  // namespace core

@@ -26,7 +26,8 @@ inline constexpr std::array<UnitKind, 5> unitKinds{{
 }};
 inline constexpr int scannedUnitPicture = 16;
 
-// The picture of a unit whose first row has this `tipo` (compared exactly); 0 when it is none of the seven words.
+// The picture of a unit whose first row has this `tipo` (compared exactly); 0 when it is none of the seven
+// words.
 [[nodiscard]] int unitPicture(std::string_view tipo);
 
 // What is appended to the typed name of a unit in `disco`.

@@ -5,12 +5,12 @@
 
 namespace platform {
 
-// Opens native paths, link files and mail links with the desktop's default program. One replaceable seam: tests
-// put in a function that records what would have been opened.
+// Opens native paths, link files and mail links with the desktop's default program. One replaceable seam:
+// tests put in a function that records what would have been opened.
 using ShellOpener = std::function<bool(const std::string& target, const std::string& folder)>;
 
-// False when nothing could be started. `target` is a native path or a URL ("mailto:..."); `folder` the working folder.
-// A ".url" link file is opened by its URL= line.
+// False when nothing could be started. `target` is a native path or a URL ("mailto:..."); `folder` the
+// working folder. A ".url" link file is opened by its URL= line.
 bool ShellExecute(const std::string& target, const std::string& folder);
 void setShellOpener(ShellOpener opener);  // an empty function restores the desktop's own
 

@@ -1,0 +1,46 @@
+#include "core/inserts.h"
+
+#include <initializer_list>
+
+#include "core/serial_date.h"
+#include "core/unit_kinds.h"
+
+namespace core {
+namespace {
+
+// "PREFIX numero,'a','b')": the number stands bare, everything behind it in quotes.
+std::string statement(std::string_view prefix, std::int64_t numero,
+                      std::initializer_list<std::string_view> quoted) {
+    std::string sql(prefix);
+    sql += std::to_string(numero);
+    std::string_view before = ",'";
+    for (std::string_view value : quoted) {
+        sql += before;
+        sql += value;
+        before = "','";
+    }
+    return sql += "')";
+}
+
+}  // namespace
+
+std::string insertFolder(const CatalogRow& row) {
+    return statement("insert into datos (numero,ruta,carpeta,nivel,fecha,tipo,disco) values (", row.numero,
+                     {row.ruta, row.carpeta, row.nivel, decimalText(row.fecha), row.tipo, row.disco});
+}
+
+std::string insertFile(const CatalogRow& row) {
+    return statement("insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco) values (",
+                     row.numero,
+                     {row.ruta, row.carpeta, row.archivo.value_or(""), row.nivel, decimalText(row.fecha),
+                      std::to_string(row.largo.value_or(0)), row.tipo, row.disco});
+}
+
+std::string selectUnitNamed(std::string_view name) {
+    std::string sql = "select * from datos where disco =('";
+    sql += name;
+    sql += unitSuffix;
+    return sql += "') ";
+}
+
+}  // namespace core

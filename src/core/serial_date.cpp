@@ -1,0 +1,79 @@
+#include "core/serial_date.h"
+
+#include <QLocale>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <ctime>
+
+#include "core/date_format.h"
+
+namespace core {
+namespace {
+
+constexpr std::int64_t secondsInDay = 86'400;
+constexpr std::int64_t serialOfEpoch = 25'569;  // 1 January 1970
+
+// Seconds to add to universal time. A moment that the C library cannot place counts as universal time.
+std::int64_t localOffset(std::int64_t unixSeconds) {
+    const std::time_t time = unixSeconds;
+    std::tm local{};
+    return localtime_r(&time, &local) ? local.tm_gmtoff : 0;
+}
+
+char decimalSign() {
+    static const char sign = [] {
+        const QString point = QLocale::system().decimalPoint();
+        return point == u"," ? ',' : '.';
+    }();
+    return sign;
+}
+
+}  // namespace
+
+double serialOfTime(std::int64_t unixSeconds) {
+    // Days and time of day apart, so that no moment overflows on its way to local time.
+    const std::int64_t offset = localOffset(unixSeconds);
+    std::int64_t days = unixSeconds / secondsInDay;
+    std::int64_t time = unixSeconds % secondsInDay + offset;
+    days += time / secondsInDay;
+    time %= secondsInDay;
+    if (time < 0) {
+        time += secondsInDay;
+        --days;
+    }
+    return double(days + serialOfEpoch) + double(time) / secondsInDay;
+}
+
+double serialOfDate(int year, int month, int day) {
+    using namespace std::chrono;
+    const auto date =
+        std::chrono::year{year} / std::chrono::month{unsigned(month)} / std::chrono::day{unsigned(day)};
+    return double((sys_days{date} - sys_days{1899y / December / 30}).count());
+}
+
+double today() {
+    return std::floor(serialOfTime(std::time(nullptr)));
+}
+
+std::string pointedDecimalText(double number) {
+    if (!std::isfinite(number)) return "0";
+    char digits[512];
+    auto [end, error] = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed);
+    if (error != std::errc{}) end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    return {digits, end};
+}
+
+std::string decimalText(double number) {
+    std::string text = pointedDecimalText(number);
+    if (decimalSign() == '.') return text;
+    if (const std::size_t point = text.find('.'); point != std::string::npos) text[point] = decimalSign();
+    return text;
+}
+
+std::string dateText(double serial) {
+    static const DateFormat format(QLocale::system());
+    return format.text(serial);
+}
+
+}  // namespace core
