@@ -1,0 +1,34 @@
+#include "scan/manual_unit.h"
+
+#include "core/inserts.h"
+#include "core/serial_date.h"
+#include "core/unit_kinds.h"
+#include "scan/scan_request.h"
+
+namespace scan {
+
+const Refusal* refusalOf(const ManualUnit& unit, jet::Database& database) {
+    if (unit.content.empty()) return &refusal::manualWithoutContent;
+    if (unit.name.empty()) return &refusal::manualWithoutName;
+    if (unitExists(database, unit.name)) return &refusal::manualNameTaken;
+    return nullptr;
+}
+
+jet::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, jet::Database& database) {
+    if (unit.kind >= 1 && unit.kind <= std::ssize(core::unitKinds))
+        tipo = core::unitKinds[unit.kind - 1].tipo;
+
+    core::CatalogRow row;
+    row.numero = lastNumero(database) + 1;
+    row.ruta = "C:" + unit.content;  // no drive: only how such a row is marked
+    row.carpeta = unit.content;
+    row.nivel = "1";
+    row.fecha = core::today();
+    row.tipo = tipo;
+    row.disco = unit.name + std::string(core::unitSuffix);
+    if (const auto inserted = database.Execute(core::insertFolder(row)); !inserted)
+        return std::unexpected(inserted.error());
+    return {};
+}
+
+}  // namespace scan

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "platform/jet/database.h"
+#include "scan/refusal.h"
+
+namespace scan {
+
+// A unit typed in by hand: one row.
+struct ManualUnit {
+    std::string name;
+    std::string content;
+    int kind = 0;  // 1 to 5, the place in core::unitKinds
+};
+
+// The first reason not to make it; nullptr to go ahead.
+[[nodiscard]] const Refusal* refusalOf(const ManualUnit& unit, jet::Database& database);
+
+// Inserts the unit's row. `tipo` is the word of the last hand-made unit of this run: a kind that is none of
+// the five leaves it in force, any other replaces it.
+[[nodiscard]] jet::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo,
+                                             jet::Database& database);
+
+}  // namespace scan

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string_view>
+
+#include "core/language.h"
+
+namespace scan {
+
+enum class Field { Name, Directory };
+
+// Why a unit is not made, and what the panel does about it.
+struct Refusal {
+    core::Bilingual text;
+    std::string_view title;
+    Field focus;
+    bool emptiesName = false;
+};
+
+inline constexpr core::Bilingual writeName{"Introduzca un nombre para la unidad.",
+                                           "Write a name for the unit."};
+inline constexpr core::Bilingual selectDirectory{"Seleccione el directorio a catalogar.",
+                                                 "Select the directory to catalog."};
+inline constexpr core::Bilingual selectOtherName{"Seleccione otro nombre para la unidad.",
+                                                 "Select another name for the unit."};
+inline constexpr core::Bilingual writeContent{"Introduzca el contenido de la unidad.",
+                                              "write the content of the unit."};
+
+namespace refusal {
+inline constexpr Refusal scanWithoutName{writeName, "zarquelin", Field::Name};
+inline constexpr Refusal scanWithoutDirectory{selectDirectory, "zarquelin", Field::Directory};
+inline constexpr Refusal scanNameTaken{selectOtherName, "Nompre existente", Field::Name, true};
+
+inline constexpr Refusal manualWithoutContent{writeContent, "zarquelin",
+                                              Field::Name};  // not the content's field
+inline constexpr Refusal manualWithoutName{writeName, "zarquelin", Field::Name};
+inline constexpr Refusal manualNameTaken{selectOtherName, "Zarquelin", Field::Name, true};
+}  // namespace refusal
+
+}  // namespace scan

@@ -1,0 +1,42 @@
+#include "scan/scan_request.h"
+
+#include "core/inserts.h"
+#include "core/unit_kinds.h"
+
+namespace scan {
+namespace {
+
+std::string withoutTrailingSlashes(std::string path) {
+    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+    return path;
+}
+
+}  // namespace
+
+bool unitExists(jet::Database& database, const std::string& name) {
+    const auto rows = database.OpenRecordset(core::selectUnitNamed(name));
+    return rows && !rows->Eof();
+}
+
+std::int64_t lastNumero(jet::Database& database) {
+    auto rows = database.OpenRecordset("select * from datos order by numero");
+    return rows ? rows->RecordCount() : 0;
+}
+
+const Refusal* refusalOf(const ScanRequest& request, jet::Database& database) {
+    if (request.name.empty()) return &refusal::scanWithoutName;
+    if (request.directory.empty()) return &refusal::scanWithoutDirectory;
+    if (unitExists(database, request.name)) return &refusal::scanNameTaken;
+    return nullptr;
+}
+
+WalkStart walkStart(const ScanRequest& request, jet::Database& database, const platform::Drives& drives) {
+    WalkStart start;
+    start.nativePath = request.directory;
+    start.drivePath = drives.toDrivePath(withoutTrailingSlashes(request.directory));
+    start.disco = request.name + std::string(core::unitSuffix);
+    start.lastNumero = lastNumero(database);
+    return start;
+}
+
+}  // namespace scan

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/drives.h"
+#include "platform/jet/database.h"
+#include "scan/refusal.h"
+#include "scan/walker.h"
+
+namespace scan {
+
+// What the user asks for: a folder, by its native path, as a new unit.
+struct ScanRequest {
+    std::string name;
+    std::string directory;
+};
+
+// The first reason not to scan; nullptr to go ahead. A catalogue that cannot be read refuses nothing.
+[[nodiscard]] const Refusal* refusalOf(const ScanRequest& request, jet::Database& database);
+
+// True when the catalogue has rows of a unit of that name.
+[[nodiscard]] bool unitExists(jet::Database& database, const std::string& name);
+
+// The number of rows of the catalogue: the `numero` after which a new unit counts on.
+[[nodiscard]] std::int64_t lastNumero(jet::Database& database);
+
+// Where the walk of a request begins.
+[[nodiscard]] WalkStart walkStart(const ScanRequest& request, jet::Database& database,
+                                  const platform::Drives& drives);
+
+}  // namespace scan
