@@ -1,0 +1,58 @@
+#include "browse/going_up.h"
+
+#include "browse/node_names.h"
+#include "browse/tail.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
+
+namespace browse {
+
+void GoingUp::arriba() {
+    if (!m_surface.estado.nodopulsado) return;
+    controls::TreeView& tree = m_surface.treeView1;
+    const controls::Node node = tree.selected();
+    if (!node) return;
+    if (!m_surface.isUnit(node))
+        if (const controls::Node above = tree.parentOf(node)) tree.setSelected(above);
+    volveratras();
+}
+
+void GoingUp::volveratras() {
+    const controls::Node node = m_surface.treeView1.selected();
+    if (!node) return;
+    const shell::Hourglass hourglass;
+    m_surface.lists.listView1.clear();
+    if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
+        if (m_surface.isUnit(node))
+            listUnit(*database, node);
+        else
+            listFolder(*database, node);
+    }
+    showPicture(m_surface);
+    showKind(m_surface);
+}
+
+void GoingUp::listUnit(jet::Database& database, controls::Node node) {
+    controls::ImageCombo& combo = m_surface.imageCombo1;
+    const NodeNames names = namesOf(m_surface.treeView1, node);
+    for (int number = 1; number <= combo.count(); ++number) {
+        combo.setSelected(number);
+        if (combo.itemText(number).toStdString() == names.fullPath) break;
+    }
+    fillList(m_surface, database, unitListing(names.text), true);
+    showUnitTotals(m_surface, names.text, raisedUnitTotals(database, names.text));
+}
+
+void GoingUp::listFolder(jet::Database& database, controls::Node node) {
+    const NodeNames names = namesOf(m_surface.treeView1, node);
+    showPathItem(m_surface, names.fullPath);
+    const int level = m_surface.nombres.levelOf(names.unit(), names.text, names.ancestors);
+    if (level > 0)
+        fillList(m_surface, database, raisedFolderListing(level, names.unit(), names.chain(level), names.text));
+    // Not set from the level found: it stays one below wherever the last listing left it.
+    --m_surface.estado.nivelactual;
+    cantidadytamaños(m_surface, database);
+}
+
+}  // namespace browse

@@ -1,0 +1,98 @@
+#include "browse/node_click.h"
+
+#include "browse/node_names.h"
+#include "browse/tail.h"
+#include "browse/unit_load.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/menus.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/running.h"
+#include "shell/frame/status_band.h"
+
+namespace browse {
+
+void NodeClick::begin(controls::Node node) {
+    BrowseState& estado = m_surface.estado;
+    const core::Rotulos& rotulos = m_surface.frame.rotulos();
+    estado.nivelactual = 0;
+    estado.cargaparada = false;
+    estado.nodopulsado = true;
+    estado.dobleclic = false;
+    m_surface.frame.menus.action(QStringLiteral("abrirnodo"))
+        ->setText(QString::fromStdString(m_surface.treeView1.isExpanded(node) ? rotulos.rotulocontraer
+                                                                             : rotulos.rotuloexpandir));
+    m_surface.clic.itemelegido = false;
+    m_surface.clic.nodoactual = m_surface.treeView1.text(node).toStdString();
+    estado.hijosnodo = m_surface.treeView1.childCount(node) > 0;
+    m_surface.lists.listView1.clear();
+}
+
+void NodeClick::end() {
+    showPicture(m_surface);
+    showKind(m_surface);
+    m_surface.estado.cargaparada = true;
+}
+
+void NodeClick::click(controls::Node node) {
+    const shell::Hourglass hourglass;
+    const shell::Running running(m_surface.frame);
+    begin(node);
+    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    if (database && m_surface.isUnit(node)) {
+        listUnit(*database, node);
+    } else if (database) {
+        listFolder(*database, node);
+    }
+    end();
+}
+
+void NodeClick::pointComboAtUnit(controls::Node node) {
+    // Units were added first, so a unit's index in the tree is that of its item.
+    const int index = m_surface.treeView1.indexOf(node);
+    if (index <= m_surface.imageCombo1.count())
+        m_surface.imageCombo1.setSelected(index);
+    else
+        m_surface.imageCombo1.setSelected(m_surface.treeView1.key(node).mid(1).toInt() - 1);
+}
+
+// False when the user stopped it.
+bool NodeClick::loadUnit(controls::Node node, const std::string& disco) {
+    UnitLoad load(m_surface, node, disco, UnitLoad::Names::Learn);
+    return load.fromWorkingCopy(m_surface.frame.catalogue.path()) == LoadEnd::Complete;
+}
+
+void NodeClick::listUnit(jet::Database& database, controls::Node node) {
+    BrowseState& estado = m_surface.estado;
+    const std::string disco = m_surface.clic.nodoactual;
+    estado.discoactual = disco;
+    estado.largodisco = disco.size();
+    estado.nivelactual = 1;
+    m_surface.frame.status.setText(m_surface.frame.rotulos().rotuloaccediendo);
+    pointComboAtUnit(node);
+
+    const bool loaded = estado.hijosnodo;
+    const bool expanded = m_surface.treeView1.isExpanded(node);
+    if (!loaded && !loadUnit(node, disco)) return;
+    fillList(m_surface, database, unitListing(disco, loaded && !expanded), loaded && expanded);
+
+    showUnitTotals(m_surface, disco, clickedUnitTotals(database, disco));
+    m_surface.frame.status.hideProgress();
+}
+
+void NodeClick::listFolder(jet::Database& database, controls::Node node) {
+    BrowseState& estado = m_surface.estado;
+    const NodeNames names = namesOf(m_surface.treeView1, node);
+    estado.discoactual = names.unit();
+    estado.largodisco = estado.discoactual.size();
+    showPathItem(m_surface, names.fullPath);
+
+    const int level = m_surface.nombres.levelOf(estado.discoactual, names.text, names.ancestors);
+    if (level > 0) {
+        estado.nivelactual = level;
+        fillList(m_surface, database,
+                 clickedFolderListing(level, estado.discoactual, names.chain(level), names.text));
+    }
+    cantidadytamaños(m_surface, database);
+}
+
+}  // namespace browse

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "browse/surface.h"
+#include "platform/jet/database.h"
+
+namespace browse {
+
+// The click on a tree node: decides from the node's text what it is, loads a unit's folders when that has not happened yet,
+// and fills ListView1 with the rows directly inside the node.
+class NodeClick {
+  public:
+    explicit NodeClick(Surface& surface) : m_surface(surface) {}
+
+    void click(controls::Node node);
+
+  private:
+    void listUnit(jet::Database& database, controls::Node node);
+    void pointComboAtUnit(controls::Node node);
+    void listFolder(jet::Database& database, controls::Node node);
+    [[nodiscard]] bool loadUnit(controls::Node node, const std::string& disco);
+    void begin(controls::Node node);
+    void end();
+
+    Surface& m_surface;
+};
+
+}  // namespace browse

@@ -1,0 +1,136 @@
+#include "browse/opening.h"
+
+#include "shell/frame/catalogue.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
+
+namespace browse {
+namespace {
+
+constexpr int wholeCataloguePicture = 15;
+constexpr core::Bilingual loadingUnit{"Cargando unidad: ", "Loading unit: "};
+
+struct ColumnSpec {
+    core::Bilingual caption;
+    double width;  // of the list's width; 0 for the columns that are never shown
+    Qt::Alignment alignment = Qt::AlignLeft;
+};
+
+constexpr ColumnSpec visibleColumns[] = {
+    {{"Nombre", "Name"}, 1.0 / 3},
+    {{"Notas", "Notes"}, 1.0 / 12},
+    {{"Tipo", "Type"}, 1.0 / 5},
+    {{"Tamaño", "Size"}, 1.0 / 5, Qt::AlignRight},
+    {{"Modificado", "Modified"}, 1.0 / 5},
+};
+constexpr ColumnSpec hiddenColumn{{"", ""}, 0};
+constexpr ColumnSpec diskColumn{{"Disco", "Disk"}, 1.0 / 5};
+constexpr ColumnSpec pathColumn{{"Ruta", "Path"}, 1.0 / 2};
+
+enum class Whereabouts { Hidden, Shown };
+
+// Ten columns; only the search list shows where each row lies.
+std::vector<ItemList::Column> columns(core::Language language, Whereabouts whereabouts) {
+    std::vector<ItemList::Column> result;
+    const auto add = [&](const ColumnSpec& spec) {
+        const std::string_view caption = spec.caption.in(language);
+        result.push_back({QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())), spec.width,
+                          spec.alignment});
+    };
+    for (const ColumnSpec& spec : visibleColumns) add(spec);
+    for (int column = 6; column <= 8; ++column) add(hiddenColumn);
+    add(whereabouts == Whereabouts::Shown ? diskColumn : hiddenColumn);
+    add(whereabouts == Whereabouts::Shown ? pathColumn : hiddenColumn);
+    return result;
+}
+
+QString qtext(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+}  // namespace
+
+void Opening::setColumns() {
+    const core::Language language = m_surface.frame.idioma;
+    m_surface.lists.listView1.setColumns(columns(language, Whereabouts::Hidden));
+    m_surface.lists.listView2.setColumns(columns(language, Whereabouts::Shown));
+    m_surface.lists.listView1.setView(controls::ListView::View::Report);
+    m_surface.lists.listView2.setView(controls::ListView::View::Report);
+}
+
+void Opening::inicio() {
+    m_surface.nombres.blank();
+    m_host.resetPanels();
+    shell::yieldToQueue();
+    m_host.layOutPanes();
+    shell::yieldToQueue();
+    setColumns();
+    m_host.selectFirstType();
+    shell::yieldToQueue();
+
+    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    if (database) {
+        agregarcombos(*database);
+        m_surface.contadores = core::countAll(*database);
+    } else {
+        m_surface.imageCombo1.clear();
+        m_surface.estado.indicecombo = 0;
+        resetImageCombo3();
+    }
+    writeCounters();
+}
+
+void Opening::resetImageCombo3() {
+    m_surface.imageCombo3.clear();
+    m_surface.imageCombo3.addItem(1, QString(), qtext(m_surface.frame.rotulos().rotulocatalogo),
+                                  wholeCataloguePicture);
+    m_surface.imageCombo3.setSelected(1);
+}
+
+void Opening::addUnit(const std::string& disco, int picture, const QString& key) {
+    const QString text = qtext(disco);
+    m_surface.treeView1.addNode({}, text, picture, picture, key);
+    m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, key, text, picture);
+    m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), text, picture);
+}
+
+void Opening::agregarcombos(jet::Database& database) {
+    m_surface.imageCombo1.clear();
+    resetImageCombo3();
+    for (const std::string& disco : core::unitNames(database)) {
+        m_surface.nombres.addUnit(disco);
+        // A unit whose first row bears an unknown word has no node and no items.
+        if (const int picture = core::pictureOfUnit(database, disco)) addUnit(disco, picture, qtext(disco));
+        m_surface.frame.status.setText(std::string(loadingUnit.in(m_surface.frame.idioma)) + disco);
+    }
+    m_surface.treeView1.update();
+    m_surface.estado.indicecombo = m_surface.imageCombo1.count();
+    if (m_surface.estado.indicecombo > 0) m_surface.imageCombo1.setSelected(1);
+    shell::yieldToQueue();
+}
+
+void Opening::agregarcombo3() {
+    resetImageCombo3();
+    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    if (!database) return;
+    for (const std::string& disco : core::unitNames(*database))
+        if (const int picture = core::pictureOfUnit(*database, disco))
+            m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), qtext(disco), picture);
+}
+
+void Opening::writeCounters() {
+    m_surface.frame.status.setText(core::countersText(m_surface.contadores, m_surface.frame.rotulos()));
+}
+
+void Opening::actualizar() {
+    const shell::Hourglass hourglass;
+    m_surface.treeView1.update();
+    m_surface.lists.listView1.update();
+    if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path()))
+        m_surface.contadores = core::countAll(*database);
+    writeCounters();
+    m_host.layOutPanes();
+    m_surface.frame.status.hideProgress();
+}
+
+}  // namespace browse

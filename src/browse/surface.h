@@ -1,0 +1,33 @@
+#pragma once
+
+#include "browse/browse_state.h"
+#include "browse/clicked_row.h"
+#include "browse/item_list.h"
+#include "browse/name_lists.h"
+#include "core/units.h"
+#include "platform/controls/image_combo.h"
+#include "platform/controls/tree_view.h"
+#include "shell/frame/frame.h"
+
+namespace browse {
+
+// What the browsing procedures work on: the controls, which Form1 owns, and the state they share. Lives as long as
+// the main window.
+struct Surface {
+    shell::Frame& frame;
+    controls::TreeView& treeView1;
+    controls::ImageCombo& imageCombo1;  // the path combo: the units, then at most one path
+    controls::ImageCombo& imageCombo3;  // the search panel's units, kept in step
+    Lists lists;
+
+    NameLists nombres;
+    BrowseState estado;
+    ClickedRow clic;
+    core::Counters contadores;
+
+    [[nodiscard]] bool isUnit(controls::Node node) const {
+        return nombres.isUnit(treeView1.text(node).toStdString());
+    }
+};
+
+}  // namespace browse

@@ -1,0 +1,55 @@
+#include "browse/tail.h"
+
+#include "core/kilobytes.h"
+#include "shell/frame/status_band.h"
+
+namespace browse {
+
+void dropPathItem(Surface& surface) {
+    controls::ImageCombo& combo = surface.imageCombo1;
+    if (combo.count() != surface.estado.indicecombo) combo.removeItem(surface.estado.indicecombo + 1);
+}
+
+void showPathItem(Surface& surface, const std::string& fullPath) {
+    dropPathItem(surface);
+    const int number = surface.estado.indicecombo + 1;
+    surface.imageCombo1.addItem(number, QString(), QString::fromStdString(fullPath), 2);
+    surface.imageCombo1.setSelected(number);
+}
+
+void fillList(Surface& surface, jet::Database& database, const Listing& listing, bool lowerCaseKeys) {
+    ItemList& shown = surface.lists.listView1;
+    shown.clear();
+    shown.beginFill();
+    list(database, listing, surface.frame.idioma, [&](const ListItem& item) { shown.add(item); }, lowerCaseKeys);
+    shown.endFill();
+}
+
+void cantidadytamaños(Surface& surface, jet::Database& database) {
+    BrowseState& estado = surface.estado;
+    const std::string path = surface.imageCombo1.text().toStdString();
+    estado.rutaactual = path.substr(std::min(estado.largodisco, path.size()));
+    const Totals totals = cantidadytamaños(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
+    surface.frame.status.setSize(core::sizeCaption(totals.kilobytes, surface.frame.idioma));
+    surface.frame.status.setText(folderStatus(totals, surface.frame.rotulos()));
+    showPicture(surface);
+}
+
+void showUnitTotals(Surface& surface, const std::string& disco, const Totals& totals) {
+    surface.frame.status.setText(unitStatus(disco, totals, surface.frame.rotulos()));
+    surface.frame.status.setSize(core::sizeCaption(totals.kilobytes, surface.frame.idioma));
+}
+
+void showPicture(Surface& surface) {
+    surface.frame.status.setPicture(surface.imageCombo1.itemPicture(surface.imageCombo1.selectedItem()));
+}
+
+void showKind(Surface& surface) {
+    const ItemList& shown = surface.lists.listView1;
+    if (shown.count() == 0) return;
+    const QString type = shown.subItem(0, 2);
+    const bool isUnitRow = type.contains(QStringLiteral("Unidad")) || type.contains(QStringLiteral("unit"));
+    surface.frame.status.setKind(isUnitRow ? type.toStdString() : surface.frame.rotulos().rotulounidadcarpetas);
+}
+
+}  // namespace browse

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "browse/listing.h"
+#include "browse/surface.h"
+#include "browse/totals.h"
+
+namespace browse {
+
+// What the browsing procedures end with, and the small steps that several of them share.
+
+// Puts the path item behind the units of ImageCombo1, in place of an earlier one, and selects it.
+void showPathItem(Surface& surface, const std::string& fullPath);
+void dropPathItem(Surface& surface);
+
+// Empties ListView1 and fills it with a listing.
+void fillList(Surface& surface, jet::Database& database, const Listing& listing, bool lowerCaseKeys = false);
+
+// `cantidadytamaños`: the summary of the folder that ImageCombo1 shows, written to Label3, Text9 and Picture16.
+void cantidadytamaños(Surface& surface, jet::Database& database);
+
+void showUnitTotals(Surface& surface, const std::string& disco, const Totals& totals);
+
+// Picture16 takes the combo's image, Label2 the unit's kind.
+void showPicture(Surface& surface);
+void showKind(Surface& surface);
+
+}  // namespace browse

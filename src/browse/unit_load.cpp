@@ -1,0 +1,72 @@
+#include "browse/unit_load.h"
+
+#include <array>
+
+#include "core/catalogue_file.h"
+#include "platform/files.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
+
+namespace browse {
+namespace {
+
+// Adds the folders to the tree as the loader finds them.
+class TreeFiller : public FolderSink {
+  public:
+    TreeFiller(Surface& surface, controls::Node unit, const std::string& disco, UnitLoad::Names names)
+        : m_surface(surface), m_disco(disco), m_names(names) {
+        m_open[0] = unit;
+    }
+
+    bool yieldAndTestStop() override {
+        shell::yieldToQueue();
+        // A catalogue opened or closed during the yield has taken the unit's node away.
+        return m_surface.estado.cargaparada || !m_surface.treeView1.contains(m_open[0]);
+    }
+
+    void addFolder(int nivel, std::string_view carpeta) override {
+        if (m_names == UnitLoad::Names::Learn) m_surface.nombres.addFolder(nivel + 1, m_disco, carpeta);
+        m_open[nivel] = m_surface.treeView1.addNode(
+            m_open[nivel - 1], QString::fromUtf8(carpeta.data(), static_cast<qsizetype>(carpeta.size())), 2, 3);
+        m_surface.frame.status.advanceProgress();
+    }
+
+  private:
+    Surface& m_surface;
+    const std::string& m_disco;
+    UnitLoad::Names m_names;
+    std::array<controls::Node, 12> m_open{};  // the node added last at each `nivel`, the unit at 0
+};
+
+}  // namespace
+
+UnitLoad::UnitLoad(Surface& surface, controls::Node unit, std::string disco, Names names)
+    : m_surface(surface), m_unit(unit), m_disco(std::move(disco)), m_names(names) {}
+
+LoadEnd UnitLoad::from(jet::Database& database, FirstLevel first) {
+    auto all = database.OpenRecordset(allFoldersOf(m_disco));
+    m_surface.frame.status.showProgress(all ? static_cast<int>(all->RecordCount()) : 1);
+    m_surface.frame.status.setProgress(1);
+    TreeFiller filler(m_surface, m_unit, m_disco, m_names);
+    return loadFolders(database, m_disco, first, filler);
+}
+
+LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
+    const std::string copyPath = core::scratchPath(cataloguePath);
+    if (!copyPath.empty() && platform::CopyFile(cataloguePath, copyPath, platform::Flush::No)) {
+        if (auto copy = jet::OpenDatabase(copyPath, jet::Use::Scratch)) {
+            // A copy that could not be cut down is only slower to read.
+            (void)copy->Execute("delete * from datos where disco<>('" + m_disco + "') ");
+            const LoadEnd end = from(*copy, FirstLevel::NoFiles);
+            if (end == LoadEnd::Stopped) return end;
+            copy->Close();
+            (void)platform::DeleteFile(copyPath);
+            return end;
+        }
+        (void)platform::DeleteFile(copyPath);
+    }
+    auto catalogue = jet::OpenDatabase(cataloguePath, jet::Use::ReadOnly);
+    return catalogue ? from(*catalogue, FirstLevel::NoFiles) : LoadEnd::Complete;
+}
+
+}  // namespace browse

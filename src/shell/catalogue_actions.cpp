@@ -1,0 +1,149 @@
+#include "shell/catalogue_actions.h"
+
+#include <QFile>
+
+#include "core/catalogue_file.h"
+#include "platform/controls/qtext.h"
+#include "platform/files.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/toolbar.h"
+
+namespace shell {
+namespace {
+
+using controls::qtext;
+
+constexpr auto fileFilter = "Archivos de Zarquelin (*.zrq)|*.zrq|";
+constexpr core::Bilingual newTitle{"Nuevo catálogo", "New catalog"};
+constexpr core::Bilingual openTitle{"Abrir catálogo...", "Open catalog..."};
+constexpr core::Bilingual saveTitle{"Guardar catálogo como ...", "Save catalog as ..."};
+constexpr core::Bilingual notWritten{"No se pudo escribir el archivo ", "This file could not be written: "};
+
+
+std::string nativePath(const QString& chosen) {
+    return QFile::encodeName(chosen).toStdString();
+}
+
+}  // namespace
+
+void CatalogueActions::clearSurface() {
+    m_surface.lists.listView1.clear();
+    m_surface.treeView1.clear();
+}
+
+void CatalogueActions::openStateChange() {
+    clearSurface();
+    m_window.setCatalogueOpen(true);
+    m_window.showBrowseSurface(true);
+    m_window.setCaption(QStringLiteral("Zarquelin - ") +
+                        QFile::decodeName(m_surface.frame.catalogue.path().c_str()));
+    m_surface.contadores = {};
+}
+
+void CatalogueActions::rememberAsLast() {
+    if (m_surface.frame.catalogue.isSet()) m_surface.frame.catalogue.rememberAsLast();
+}
+
+void CatalogueActions::reportFailure(const std::string& path, const std::string& reason) {
+    m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) + QFile::decodeName(path.c_str()) +
+                                      QStringLiteral("\n") + qtext(reason),
+                                  QStringLiteral("zarquelin"));
+}
+
+void CatalogueActions::nuevo1() {
+    rememberAsLast();
+    m_surface.imageCombo1.clear();
+    const QString chosen = m_surface.frame.dialogs.saveCatalogue(qtext(newTitle.in(m_surface.frame.idioma)),
+                                                                QString::fromUtf8(fileFilter));
+    if (!chosen.isEmpty()) {
+        const std::string path = nativePath(chosen);
+        if (const auto created = core::createCatalogue(path); !created) {
+            reportFailure(path, created.error().text);
+            return;
+        }
+        m_surface.frame.catalogue.setPath(path);
+        openStateChange();
+        m_window.hidePanels();
+        m_opening.inicio();
+        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+    }
+    rememberAsLast();
+}
+
+void CatalogueActions::abrir1() {
+    const Hourglass hourglass;
+    rememberAsLast();
+    const QString chosen = m_surface.frame.dialogs.openCatalogue(qtext(openTitle.in(m_surface.frame.idioma)),
+                                                                QString::fromUtf8(fileFilter));
+    if (!chosen.isEmpty()) {
+        m_surface.frame.catalogue.setPath(nativePath(chosen));
+        m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
+        openStateChange();
+        m_window.hidePanels();
+        yieldToQueue();
+        m_opening.inicio();
+        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+    }
+    rememberAsLast();
+}
+
+void CatalogueActions::reciente1() {
+    const Hourglass hourglass;
+    m_surface.frame.catalogue.readLast();
+    const std::string last = m_surface.frame.catalogue.last();
+    if (!last.empty() && platform::FileExists(last)) {
+        m_surface.frame.catalogue.setPath(last);
+        openStateChange();
+        m_window.hidePanels();
+        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+        rememberAsLast();
+        m_opening.inicio();
+    } else {
+        m_window.showSearchPanel();
+        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+    }
+}
+
+void CatalogueActions::abrirdesdearchivo() {
+    if (!m_surface.frame.catalogue.isSet()) return;
+    openStateChange();
+    m_window.hidePanels();
+    yieldToQueue();
+    m_opening.inicio();
+    rememberAsLast();
+}
+
+void CatalogueActions::guardar() {
+    Catalogue& catalogue = m_surface.frame.catalogue;
+    if (catalogue.isSet()) {
+        catalogue.readLast();
+        m_surface.frame.toolbar.setRecent(QFile::decodeName(catalogue.last().c_str()));
+    }
+    const QString chosen = m_surface.frame.dialogs.saveCatalogue(qtext(saveTitle.in(m_surface.frame.idioma)),
+                                                                QString::fromUtf8(fileFilter));
+    if (chosen.isEmpty()) return;
+
+    const std::string path = nativePath(chosen);
+    if (const auto copied = platform::CopyFile(catalogue.path(), path); !copied) {
+        // The catalogue stays the old one, also when it was to be copied onto itself.
+        reportFailure(path, copied.error().text);
+        return;
+    }
+    catalogue.saveLast(path);
+    catalogue.setPath(path);
+    openStateChange();
+    m_opening.inicio();
+    m_opening.agregarcombo3();
+}
+
+void CatalogueActions::cerrar() {
+    clearSurface();
+    m_window.showBrowseSurface(false);
+    m_window.hidePanels();
+    m_window.setCatalogueOpen(false);
+    m_surface.frame.toolbar.releaseAll(1, 13);
+    m_window.setCaption(QStringLiteral("Zarquelin"));
+}
+
+}  // namespace shell

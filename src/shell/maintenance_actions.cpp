@@ -1,0 +1,126 @@
+#include "shell/maintenance_actions.h"
+
+#include "browse/tail.h"
+#include "core/maintenance.h"
+#include "platform/controls/qtext.h"
+#include "shell/catalogue_actions.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
+#include "shell/frame/toolbar.h"
+
+namespace shell {
+namespace {
+
+using controls::qtext;
+
+constexpr core::Bilingual eraseAll{"¿Desea realmente eliminar la totalidad de la base de datos?",
+                                   "Do you really want to erase de complete database?"};
+constexpr core::Bilingual reallySure{"¿Está completamente seguro?", "Are you completely sure?"};
+constexpr core::Bilingual eraseUnit{"¿Desea realmente eliminar la unidad ", "Do you really want to erase "};
+constexpr core::Bilingual fromRegistry{" del registro?", " from registry?"};
+constexpr core::Bilingual nameExists{"Ya existe una unidad con dicho nombre,por favor elija otro. ",
+                                     "There is a unit with this name, please choose another. "};
+constexpr std::string_view emptyCounters = "Unidades : 0   Carpetas : 0    Archivos: 0";  // in both languages
+constexpr auto boxTitle = "zarquelin";
+
+}  // namespace
+
+void MaintenanceActions::compactar() {
+    const Hourglass hourglass;
+    (void)core::compactCatalogue(m_surface.frame.catalogue.path());  // worked or not, nothing is said
+}
+
+void MaintenanceActions::reparar() {
+    const Hourglass hourglass;
+    (void)core::repairCatalogue(m_surface.frame.catalogue.path());
+}
+
+bool MaintenanceActions::confirmed(const core::Bilingual& question) {
+    return m_surface.frame.messages.askYesNo(qtext(question.in(m_surface.frame.idioma)), QString::fromUtf8(boxTitle));
+}
+
+void MaintenanceActions::eliminar() {
+    if (!confirmed(eraseAll) || !confirmed(reallySure)) return;
+    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    const auto erased = database ? core::deleteAll(*database) : jet::Result<>(std::unexpected(database.error()));
+    if (!erased) {
+        m_surface.frame.messages.show(qtext(erased.error().text), QString::fromUtf8(boxTitle));
+        return;
+    }
+    database->Close();
+    emptySurface();
+}
+
+void MaintenanceActions::emptySurface() {
+    m_surface.lists.listView1.clear();
+    m_surface.treeView1.clear();
+    m_surface.nombres.blank();
+    m_surface.imageCombo1.clear();
+    m_surface.estado.indicecombo = 0;
+    m_window.hidePanels();
+    m_surface.frame.toolbar.setPressed(1, false);
+    m_opening.resetImageCombo3();
+    m_surface.contadores = {};
+    m_surface.frame.status.setText(emptyCounters);
+}
+
+void MaintenanceActions::borrarunidad() {
+    const controls::Node node = m_surface.treeView1.selected();
+    if (!node || !m_surface.isUnit(node)) return;
+    const core::Language idioma = m_surface.frame.idioma;
+    const QString question =
+        qtext(eraseUnit.in(idioma)) + m_surface.treeView1.text(node) + qtext(fromRegistry.in(idioma));
+    if (!m_surface.frame.messages.askYesNo(question, QString::fromUtf8(boxTitle))) return;
+
+    {
+        const Hourglass hourglass;
+        auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+        if (!database || !core::deleteUnit(*database, m_surface.treeView1.text(node).toStdString())) return;
+    }
+    removeSelectedUnit(node);
+    m_opening.actualizar();
+}
+
+void MaintenanceActions::removeSelectedUnit(controls::Node unit) {
+    const QString disco = m_surface.treeView1.text(unit);
+    m_surface.treeView1.remove(unit);
+    m_surface.lists.listView1.clear();
+    browse::dropPathItem(m_surface);
+    for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
+        if (const int number = combo->findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1; number > 0)
+            combo->removeItem(number);
+    m_surface.estado.indicecombo = m_surface.imageCombo1.count();
+    m_surface.imageCombo1.setText(QString());
+    if (m_surface.imageCombo3.selectedItem() == 0) m_surface.imageCombo3.setSelected(1);
+}
+
+void MaintenanceActions::cambiarnombre() {
+    const controls::Node node = m_surface.treeView1.selected();
+    if (node && m_surface.isUnit(node)) m_surface.treeView1.editLabel(node);
+}
+
+QString MaintenanceActions::renamed(const QString& disco, const QString& newText) {
+    const std::string typed = newText.toStdString();
+    if (core::nameTaken(m_surface.nombres.listanivel(1), typed)) {
+        m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)), QString::fromUtf8(boxTitle));
+        return disco;
+    }
+    const Hourglass hourglass;
+    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    if (!database) return disco;
+    const auto done = core::renameUnit(*database, disco.toStdString(), typed);
+    database->Close();
+    if (!done) {
+        m_surface.frame.messages.show(qtext(done.error().text), QString::fromUtf8(boxTitle));
+        return disco;
+    }
+    const QString renamedTo = newText + qtext(core::unitSuffix);
+    m_surface.nombres.addUnit(renamedTo.toStdString());
+    if (const int number = m_surface.imageCombo1.findText(disco) + 1; number > 0)
+        m_surface.imageCombo1.setItemText(number, renamedTo);
+    m_opening.agregarcombo3();
+    return renamedTo;
+}
+
+}  // namespace shell

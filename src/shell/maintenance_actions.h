@@ -1,0 +1,34 @@
+#pragma once
+
+#include "browse/opening.h"
+#include "browse/surface.h"
+
+namespace shell {
+
+class CatalogueWindow;
+
+// The operations on the whole catalogue or a whole unit: compaction, repair, deleting and renaming.
+class MaintenanceActions {
+  public:
+    MaintenanceActions(browse::Surface& surface, browse::Opening& opening, CatalogueWindow& window)
+        : m_surface(surface), m_opening(opening), m_window(window) {}
+
+    void compactar();
+    void reparar();
+    void eliminar();      // every row of the catalogue, after two questions
+    void borrarunidad();  // the selected unit; nothing happens with a folder selected
+    void cambiarnombre();  // starts the label edit
+    // The edit ended. `disco` is the old label; the text that the node is to show afterwards comes back.
+    [[nodiscard]] QString renamed(const QString& disco, const QString& newText);
+
+  private:
+    [[nodiscard]] bool confirmed(const core::Bilingual& question);
+    void removeSelectedUnit(controls::Node unit);
+    void emptySurface();
+
+    browse::Surface& m_surface;
+    browse::Opening& m_opening;
+    CatalogueWindow& m_window;
+};
+
+}  // namespace shell
