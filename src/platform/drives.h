@@ -12,7 +12,7 @@ enum class DriveType { Absent = 1, Removable = 2, Fixed = 3, Network = 4, Optica
 struct Drive {
     char letter = 'C';  // upper case
     DriveType type = DriveType::Fixed;
-    std::string mountPoint;  // native absolute path without a trailing slash, "/" for the root
+    std::string mountPoint;  // native absolute path without a trailing slash; empty: no medium
 
     [[nodiscard]] std::string name() const { return {letter, ':'}; }  // "C:"
 };
@@ -33,7 +33,8 @@ class Drives {
     [[nodiscard]] DriveType type(std::string_view driveName) const;  // "E:", in either case
 
     // Drive form of a native absolute path, by the longest mount point that holds it: "E:\fotos\2003", and
-    // "E:\" for the mount point itself. Names are converted as names.h tells.
+    // "E:\" for the mount point itself. Names are converted as names.h tells. Empty when no drive
+    // holds the path.
     [[nodiscard]] std::string toDrivePath(std::string_view nativePath) const;
     // The native path of a drive-form path; nothing when its drive has no mount point. Both "E:" and "E:\"
     // give the mount point. Components "." and ".." are refused, so that no row leads out of its folder.
