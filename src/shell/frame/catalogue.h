@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 namespace shell {
 
@@ -11,9 +12,8 @@ class Catalogue {
     [[nodiscard]] bool isSet() const { return !m_path.empty(); }
     void setPath(std::string path) { m_path = std::move(path); }
 
-    // "lastfile": saved when a catalogue is set, then read back.
-    void rememberAsLast();
-    void saveLast(const std::string& path);
+    void rememberAsLast();                   // saves the path as "lastfile", if one is set, and reads it back
+    void saveLast(const std::string& path);  // last() stays as it was read
     void readLast();
     [[nodiscard]] const std::string& last() const { return m_last; }
 

@@ -13,6 +13,9 @@ namespace shell {
 
 // The menu bar and the two popup menus, built from one table. Every entry is found by its name ("guardar",
 // "español"); top-level menus and submenus are entries too and can be disabled the same way.
+//
+// A click never turns a check mark over by itself: the entry's procedure finds the mark as it was, and sets
+// it.
 class MenuBar : public QMenuBar {
     Q_OBJECT
   public:
@@ -31,8 +34,8 @@ class MenuBar : public QMenuBar {
 
   private:
     QHash<QString, QAction*> m_actions;
-    QMenu* m_popup;
-    QMenu* m_popup2;
+    QMenu* m_popup = nullptr;
+    QMenu* m_popup2 = nullptr;
 };
 
 }  // namespace shell

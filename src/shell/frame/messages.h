@@ -10,7 +10,8 @@ enum class MessageStyle { Exclamation = 48, Information = 64 };
 class Messages {
   public:
     virtual ~Messages() = default;
-    virtual void show(const QString& text, const QString& title, MessageStyle style = MessageStyle::Exclamation) = 0;
+    virtual void show(const QString& text, const QString& title,
+                      MessageStyle style = MessageStyle::Exclamation) = 0;
     [[nodiscard]] virtual bool askYesNo(const QString& text, const QString& title) = 0;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 #include <string_view>
 
@@ -8,17 +9,20 @@ class QProgressBar;
 
 namespace shell {
 
-// Picture4, the band at the window's foot: the status line Text9, the size Label3 with ProgressBar1 over it, the
-// unit's icon Picture16 and its kind Label2.
+// Picture4, the band at the window's foot: the status line Text9, the size Label3 with ProgressBar1 over it,
+// the unit's icon Picture16 and its kind Label2.
+//
+// At 8 points the controls stand at fixed places; at a bigger font they widen as far as the kind leaves them
+// room. What does not fit ends in an ellipsis and is told whole by its tool tip.
 class StatusBand : public QWidget {
     Q_OBJECT
   public:
     explicit StatusBand(QWidget* parent = nullptr);
 
-    void setText(std::string_view text);   // Text9; repainted at once, also during long work
-    void setSize(std::string_view text);   // Label3
-    void setKind(std::string_view text);   // Label2
-    void setPicture(int picture);          // Picture16; 0 for none
+    void setText(std::string_view text);  // Text9; painted also during long work, some twenty times a second
+    void setSize(std::string_view text);  // Label3
+    void setKind(std::string_view text);  // Label2
+    void setPicture(int picture);         // Picture16; 0 for none
     [[nodiscard]] QString text() const;
     [[nodiscard]] QString size() const;
     [[nodiscard]] QString kind() const;
@@ -30,15 +34,24 @@ class StatusBand : public QWidget {
     void hideProgress();
     [[nodiscard]] QProgressBar& progress() { return *m_progress; }
 
-    void applyFontSize(int points);
+    void applyFontSize(int points);  // of Text9, Label3 and Label2; the band's sizeHint follows
+    [[nodiscard]] QSize sizeHint() const override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void arrange();
+    [[nodiscard]] int lineHeight() const;
+
     QLabel* m_text;
     QLabel* m_size;
     QProgressBar* m_progress;
     QLabel* m_icon;
     QLabel* m_kind;
     int m_picture = 0;
+    int m_points = 8;
+    QElapsedTimer m_lastPaint;
 };
 
 }  // namespace shell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
 #include <array>
 
@@ -9,12 +10,31 @@ class QToolButton;
 
 namespace shell {
 
-// Toolbar1: fifteen buttons, numbered from 1; 3 and 14 are separators. A button has a Value, pressed or up.
+// Toolbar1: fifteen buttons, numbered from 1; 3 and 14 are separators, which have a state like the others but
+// nothing to click. A button has a Value, pressed or up: a press of the mouse anywhere on the bar puts 1 to
+// 10 up, and only the procedures that run on a click press one again.
+//
+// Too narrow for its captions, the bar keeps the icons and their tool tips.
 class Toolbar : public QWidget {
     Q_OBJECT
   public:
-    enum Button { New = 1, Open, Separator3, Up, Import, Search, Explore, Refresh, Statistics, Delete, Views, Print,
-                  Stop, Separator14, Exit };
+    enum Button {
+        New = 1,
+        Open,
+        Separator3,
+        Up,
+        Import,
+        Search,
+        Explore,
+        Refresh,
+        Statistics,
+        Delete,
+        Views,
+        Print,
+        Stop,
+        Separator14,
+        Exit
+    };
     static constexpr int count = 15;
 
     explicit Toolbar(core::Language idioma, QWidget* parent = nullptr);
@@ -25,23 +45,44 @@ class Toolbar : public QWidget {
     void setEnabled(int button, bool enabled);
     void setEnabledRange(int first, int last, bool enabled);
     [[nodiscard]] bool isEnabled(int button) const;
-    using QWidget::setEnabled;
     using QWidget::isEnabled;
+    using QWidget::setEnabled;
 
     void showCaptions();  // botonescontexto
     void hideCaptions();  // botonessintexto: one blank on every button
     [[nodiscard]] QString caption(int button) const;
-    // The only entries of the Open button's recent list (Toolbar1 drop-down); empty text removes it.
+    // The only entry of the drop-down list of button 4, a catalogue's path; an empty text removes the list.
     void setRecent(const QString& path);
     [[nodiscard]] QToolButton* button(int button) const;  // nullptr for a separator
 
   signals:
     void clicked(int button);
     void viewChosen(int view);  // 1 to 4, from the drop-down of Views
+    void recentChosen();        // the entry that setRecent put there
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
   private:
+    struct Item {
+        QWidget* widget = nullptr;
+        QToolButton* button = nullptr;  // null for a separator
+        bool pressed = false;
+        bool enabled = true;
+    };
+
+    void addButton(int number);
+    void addSeparator(int number);
+    void addViewsMenu();
+    void setCaption(int button, const QString& text);
+    void chooseStyle();
+    [[nodiscard]] int captionedWidth() const;
+
     core::Language m_idioma;
-    std::array<QToolButton*, count + 1> m_buttons{};
+    std::array<Item, count + 1> m_items;  // by number; the first stays empty
 };
 
 }  // namespace shell
