@@ -1,0 +1,71 @@
+#include "print/list_printer.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QHash>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
+#include <QPrinter>
+#include <cmath>
+
+#include "platform/controls/pictures.h"
+
+namespace print {
+namespace {
+
+constexpr int pointsInTwips = 20;
+constexpr int fontSize = 10;
+constexpr int pixelsOfPicture = 64;  // sharp enough at 200 twips, and stored once a document
+
+void drawText(QPainter& painter, const PlacedText& placed, const QFontMetricsF& metrics) {
+    const QString text = QString::fromStdString(placed.text);
+    const double left = placed.x + placed.blanks * metrics.horizontalAdvance(u' ');
+    const double width = metrics.horizontalAdvance(text);
+    painter.save();
+    painter.translate(left, placed.y + metrics.ascent());
+    if (placed.room > 0 && width > placed.room) painter.scale(placed.room / width, 1);
+    painter.drawText(QPointF(0, 0), text);
+    painter.restore();
+}
+
+const QPixmap& picturePixmap(int number) {
+    static QHash<int, QPixmap> cache;
+    auto found = cache.find(number);
+    if (found == cache.end())
+        found = cache.insert(number, controls::picture(number).pixmap(QSize(pixelsOfPicture, pixelsOfPicture), 1));
+    return *found;
+}
+
+}  // namespace
+
+QFont reportFont() {
+    QFont font(QStringLiteral("MS Sans Serif"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(fontSize * pointsInTwips);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+int reportLineHeight() { return static_cast<int>(std::ceil(QFontMetricsF(reportFont()).height())); }
+
+void drawPage(QPainter& painter, const Page& page) {
+    painter.setFont(reportFont());
+    const QFontMetricsF metrics(painter.font());
+    for (const PlacedPicture& placed : page.pictures) {
+        const QPixmap& pixmap = picturePixmap(placed.picture);
+        painter.drawPixmap(QRect(placed.x, placed.y, placed.size, placed.size), pixmap);
+    }
+    for (const PlacedText& placed : page.texts) drawText(painter, placed, metrics);
+}
+
+bool printList(QPainter& painter, QPrinter& printer, const RowSource& rows, core::Language idioma) {
+    const PageLayout layout(rows, idioma, reportLineHeight());
+    for (std::int64_t number = 1; number <= layout.pageCount(); ++number) {
+        if (number > 1 && !printer.newPage()) return false;
+        drawPage(painter, layout.page(number));
+    }
+    return true;
+}
+
+}  // namespace print

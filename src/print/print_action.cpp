@@ -1,0 +1,47 @@
+#include "print/print_action.h"
+
+#include <QPrinter>
+
+#include "browse/item_list.h"
+#include "print/list_printer.h"
+#include "print/print_job.h"
+#include "shell/frame/dialogs.h"
+#include "shell/frame/frame.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/toolbar.h"
+
+namespace print {
+namespace {
+
+class ListRows : public RowSource {
+  public:
+    explicit ListRows(const browse::ItemStore& store) : m_store(store) {}
+    [[nodiscard]] std::int64_t count() const override { return static_cast<std::int64_t>(m_store.size()); }
+    [[nodiscard]] ReportRow row(std::int64_t position) const override {
+        const auto at = static_cast<std::size_t>(position);
+        return {std::string{m_store.text(at)}, m_store.subItem(at, 2), m_store.subItem(at, 3),
+                m_store.subItem(at, 4), m_store.smallPicture(at)};
+    }
+
+  private:
+    const browse::ItemStore& m_store;
+};
+
+}  // namespace
+
+void Imprimir1(shell::Frame& frame, const browse::Lists& lists) {
+    frame.toolbar.releaseAll(shell::Toolbar::New, shell::Toolbar::Stop);
+    const ListRows rows(lists.shown().store());
+    if (rows.count() == 0) return;
+
+    QPrinter printer(QPrinter::HighResolution);
+    const auto copies = frame.dialogs.print(printer);
+    if (!copies) return;
+    const shell::Hourglass hourglass;
+    const bool whole = printCopies(printer, *copies, [&](QPainter& painter, QPrinter& target) {
+        return printList(painter, target, rows, frame.idioma);
+    });
+    static_cast<void>(whole);  // a failing printer is left without a word
+}
+
+}  // namespace print

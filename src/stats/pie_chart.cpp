@@ -1,0 +1,102 @@
+#include "stats/pie_chart.h"
+
+#include <QLegend>
+#include <QPieSeries>
+#include <QPieSlice>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+#include "stats/chart_scale.h"
+
+namespace stats {
+namespace {
+
+constexpr double pieSize = 0.66;    // of the plot's shorter side
+constexpr double leaderLength = 16;  // beyond the rim, in pixels
+constexpr int iconSize = 16;
+constexpr double gap = 5;
+
+QPointF onCircle(QPointF centre, double radius, double degrees) {
+    const double angle = degrees * std::numbers::pi / 180;
+    return {centre.x() + radius * std::sin(angle), centre.y() - radius * std::cos(angle)};
+}
+
+}  // namespace
+
+struct PieChart::Label {
+    std::size_t category = 0;
+    QPointF rim;    // where its line starts
+    QPointF elbow;  // where it turns level
+    bool right = true;
+};
+
+PieChart::PieChart(CategoryIcons icons, QWidget* parent)
+    : QChartView(parent), m_icons(std::move(icons)), m_series(new QPieSeries) {
+    m_series->setPieSize(pieSize);
+    chart()->addSeries(m_series);
+    chart()->legend()->hide();
+    chart()->setBackgroundVisible(false);
+    chart()->setMargins({});
+    setRenderHint(QPainter::Antialiasing);
+    setFrameShape(QFrame::NoFrame);
+}
+
+void PieChart::setStatistics(const Statistics& statistics) {
+    m_statistics = statistics;
+    m_series->clear();
+    for (std::size_t category = 0; category < categoryCount; ++category) {
+        const auto count = statistics.cantidadcategoria[category];
+        if (count <= 0) continue;
+        auto* slice = new QPieSlice(QString(), static_cast<double>(count));
+        slice->setBrush(categoryColour(category));
+        slice->setPen(QPen(palette().color(QPalette::Base), 1.5));
+        slice->setProperty("category", static_cast<int>(category));
+        m_series->append(slice);
+    }
+    scene()->update();
+}
+
+void PieChart::drawForeground(QPainter* painter, const QRectF&) {
+    const QRectF plot = chart()->plotArea();
+    const double radius = std::min(plot.width(), plot.height()) / 2 * pieSize;
+    const double height = std::max<double>(fontMetrics().height(), iconSize) + 2;
+
+    std::vector<Label> sides[2];
+    for (const QPieSlice* slice : m_series->slices()) {
+        const double middle = slice->startAngle() + slice->angleSpan() / 2;
+        sides[middle < 180].push_back({static_cast<std::size_t>(slice->property("category").toInt()),
+                                       onCircle(plot.center(), radius, middle),
+                                       onCircle(plot.center(), radius + leaderLength, middle), middle < 180});
+    }
+    for (auto& side : sides) {
+        std::ranges::sort(side, {}, [](const Label& label) { return label.elbow.y(); });
+        std::vector<double> centres;
+        for (const Label& label : side) centres.push_back(label.elbow.y());
+        centres = spreadLabels(std::move(centres), height, plot.top(), plot.bottom());
+        for (std::size_t i = 0; i < side.size(); ++i) {
+            side[i].elbow.setY(centres[i]);
+            drawLabel(*painter, side[i]);
+        }
+    }
+}
+
+void PieChart::drawLabel(QPainter& painter, const Label& label) const {
+    const double direction = label.right ? 1 : -1;
+    const QPointF end = label.elbow + QPointF(direction * gap, 0);
+    painter.setPen(QPen(categoryOutline(label.category), 1.2));
+    painter.drawPolyline(QPolygonF{label.rim, label.elbow, end});
+
+    const QString text = shareText(m_statistics, label.category);
+    const double width = fontMetrics().horizontalAdvance(text);
+    const double iconLeft = label.right ? end.x() + gap : end.x() - gap - iconSize;
+    m_icons[label.category].paint(&painter,
+                                  QRectF(iconLeft, end.y() - iconSize / 2.0, iconSize, iconSize).toRect());
+    const double textLeft = label.right ? iconLeft + iconSize + gap : iconLeft - gap - width;
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(QRectF(textLeft, end.y() - 50, width + 2, 100), Qt::AlignLeft | Qt::AlignVCenter, text);
+}
+
+}  // namespace stats

@@ -1,0 +1,104 @@
+#include "stats/statistics_action.h"
+
+#include "shell/frame/catalogue.h"
+#include "shell/frame/frame.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
+#include "shell/frame/toolbar.h"
+#include "stats/statistics_window.h"
+
+namespace stats {
+namespace {
+
+constexpr core::Bilingual working{" Generando Estadísticas ... ", " Genering Statistics ... "};
+constexpr core::Bilingual noFiles{"Esta unidad no contiene archivos.", "This unit hasn´t files."};
+constexpr const char* boxTitle = "zarquelin";
+
+// The errors of the procedure itself; the rest are the engine's.
+constexpr int noSelection = 91;
+constexpr int noSuchItem = 35600;
+
+}  // namespace
+
+StatisticsAction::StatisticsAction(shell::Frame& frame, StatisticsHost& host, QWidget* window)
+    : m_frame(frame), m_host(host), m_parent(window) {}
+
+void StatisticsAction::graficar1() {
+    std::optional<shell::Hourglass> hourglass(std::in_place);
+    m_database.reset();
+    auto opened = jet::OpenDatabase(m_frame.catalogue.path(), jet::Use::ReadOnly);
+    if (!opened) return;
+    m_database.emplace(std::move(*opened));
+
+    if (!m_host.treeIsEmpty()) {
+        const auto shown = showScope();
+        if (!shown) {
+            if (shown.error().number == noSelection || shown.error().number == jet::error::locked)
+                m_database.reset();
+            return;
+        }
+        if (!*shown) {
+            m_frame.status.setProgress(0);
+            m_frame.status.hideProgress();
+            hourglass.reset();  // the box is answered with an ordinary pointer
+            const auto text = noFiles.in(m_frame.idioma);
+            m_frame.messages.show(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
+                                  QString::fromLatin1(boxTitle), shell::MessageStyle::Exclamation);
+            return;
+        }
+    }
+    rewriteTotals();
+    m_database.reset();
+}
+
+// Counts the selected node's scope and shows the window; false when it holds no files.
+jet::Result<bool> StatisticsAction::showScope() {
+    const auto node = m_host.selectedNode();
+    if (!node) return std::unexpected(jet::Error{noSelection, "no node is selected"});
+    const bool unit = m_host.isUnit(*node);
+
+    form().setScopeTitle(scopeTitle(m_frame.idioma, m_host.place()));
+    m_frame.status.showProgress(static_cast<int>(categoryCount));
+    m_frame.status.setText(working.in(m_frame.idioma));
+
+    const auto scope = selectedScope(*node, unit);
+    if (!scope) return std::unexpected(scope.error());
+    const auto statistics =
+        countScope(*m_database, *scope, TotalLimit::Window, [this] { m_frame.status.advanceProgress(); });
+    if (!statistics) return std::unexpected(statistics.error());
+    if (statistics->totalarchivos < 1) return false;
+
+    form().setStatistics(*statistics, *scope);
+    form().show();
+    form().raise();
+    m_frame.status.hideProgress();
+    if (!unit) m_frame.toolbar.setPressed(shell::Toolbar::Search, false);
+    return true;
+}
+
+// A folder's unit is read from the list that shows its content, not from the tree.
+jet::Result<Scope> StatisticsAction::selectedScope(const std::string& node, bool unit) const {
+    if (unit) return Scope{node, std::nullopt};
+    auto listed = m_host.firstListedUnit();
+    if (!listed) return std::unexpected(jet::Error{noSuchItem, "the list is empty"});
+    return Scope{std::move(*listed), m_host.rutaactual()};
+}
+
+Form4& StatisticsAction::form() {
+    if (!m_form) m_form = new Form4(m_frame.idioma, m_frame.dialogs, m_parent);
+    return *m_form;
+}
+
+// The line is written first with the counters as they stood, so that something shows while they are counted.
+void StatisticsAction::rewriteTotals() {
+    const auto rows = hasRows(*m_database);
+    if (!rows) return;
+    m_frame.status.setText(totalsLine(m_host.totals(), m_frame.rotulos()));
+    if (!*rows) return;
+    const auto counted = countCatalogue(*m_database);
+    if (!counted) return;
+    m_host.totals() = *counted;
+    m_frame.status.setText(totalsLine(*counted, m_frame.rotulos()));
+}
+
+}  // namespace stats

@@ -1,0 +1,41 @@
+#include "stats/window_printing.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <QPrinter>
+#include <QWidget>
+#include <algorithm>
+
+#include "print/print_job.h"
+
+namespace stats {
+namespace {
+
+constexpr double twipsPerPixel = 15;
+constexpr int sharpness = 3;  // dots of the image to a pixel of the screen
+constexpr double margin = 720;  // half an inch
+
+QPixmap imageOf(QWidget& window) {
+    QPixmap image(window.size() * sharpness);
+    image.setDevicePixelRatio(sharpness);
+    image.fill(window.palette().color(QPalette::Window));
+    window.render(&image);
+    return image;
+}
+
+}  // namespace
+
+bool printImage(QWidget& window, QPrinter& printer, int copies) {
+    const QPixmap image = imageOf(window);
+    return print::printCopies(printer, copies, [&](QPainter& painter, QPrinter& target) {
+        const QSizeF paper = target.pageLayout().fullRect(QPageLayout::Point).size() * 20;
+        const QSizeF wanted = QSizeF(window.size()) * twipsPerPixel;
+        const double fit = std::min({1.0, (paper.width() - 2 * margin) / wanted.width(),
+                                     (paper.height() - 2 * margin) / wanted.height()});
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawPixmap(QRectF(QPointF(margin, margin), wanted * fit), image, image.rect());
+        return true;
+    });
+}
+
+}  // namespace stats
