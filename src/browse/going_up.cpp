@@ -11,16 +11,16 @@ namespace browse {
 void GoingUp::arriba() {
     if (!m_surface.estado.nodopulsado) return;
     controls::TreeView& tree = m_surface.treeView1;
-    const controls::Node node = tree.selected();
-    if (!node) return;
-    if (!m_surface.isUnit(node))
-        if (const controls::Node above = tree.parentOf(node)) tree.setSelected(above);
+    const Node node = tree.selectedNode();
+    if (node == noNode) return;
+    if (!m_surface.isUnit(node) && tree.nodes().parentOf(node) != noNode)
+        tree.setSelectedNode(tree.nodes().parentOf(node));
     volveratras();
 }
 
 void GoingUp::volveratras() {
-    const controls::Node node = m_surface.treeView1.selected();
-    if (!node) return;
+    const Node node = m_surface.treeView1.selectedNode();
+    if (node == noNode) return;
     const shell::Hourglass hourglass;
     m_surface.lists.listView1.clear();
     if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
@@ -33,9 +33,9 @@ void GoingUp::volveratras() {
     showKind(m_surface);
 }
 
-void GoingUp::listUnit(jet::Database& database, controls::Node node) {
+void GoingUp::listUnit(jet::Database& database, Node node) {
     controls::ImageCombo& combo = m_surface.imageCombo1;
-    const NodeNames names = namesOf(m_surface.treeView1, node);
+    const NodeNames names = namesOf(m_surface.treeView1.nodes(), node);
     for (int number = 1; number <= combo.count(); ++number) {
         combo.setSelected(number);
         if (combo.itemText(number).toStdString() == names.fullPath) break;
@@ -44,8 +44,8 @@ void GoingUp::listUnit(jet::Database& database, controls::Node node) {
     showUnitTotals(m_surface, names.text, raisedUnitTotals(database, names.text));
 }
 
-void GoingUp::listFolder(jet::Database& database, controls::Node node) {
-    const NodeNames names = namesOf(m_surface.treeView1, node);
+void GoingUp::listFolder(jet::Database& database, Node node) {
+    const NodeNames names = namesOf(m_surface.treeView1.nodes(), node);
     showPathItem(m_surface, names.fullPath);
     const int level = m_surface.nombres.levelOf(names.unit(), names.text, names.ancestors);
     if (level > 0)

@@ -15,8 +15,8 @@ class GoingUp {
     void volveratras();
 
   private:
-    void listUnit(jet::Database& database, controls::Node node);
-    void listFolder(jet::Database& database, controls::Node node);
+    void listUnit(jet::Database& database, Node node);
+    void listFolder(jet::Database& database, Node node);
 
     Surface& m_surface;
 };

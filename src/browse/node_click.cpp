@@ -11,7 +11,7 @@
 
 namespace browse {
 
-void NodeClick::begin(controls::Node node) {
+void NodeClick::begin(Node node) {
     BrowseState& estado = m_surface.estado;
     const core::Rotulos& rotulos = m_surface.frame.rotulos();
     estado.nivelactual = 0;
@@ -22,8 +22,8 @@ void NodeClick::begin(controls::Node node) {
         ->setText(QString::fromStdString(m_surface.treeView1.isExpanded(node) ? rotulos.rotulocontraer
                                                                              : rotulos.rotuloexpandir));
     m_surface.clic.itemelegido = false;
-    m_surface.clic.nodoactual = m_surface.treeView1.text(node).toStdString();
-    estado.hijosnodo = m_surface.treeView1.childCount(node) > 0;
+    m_surface.clic.nodoactual = m_surface.nodeText(node);
+    estado.hijosnodo = m_surface.treeView1.nodes().childCount(node) > 0;
     m_surface.lists.listView1.clear();
 }
 
@@ -33,7 +33,7 @@ void NodeClick::end() {
     m_surface.estado.cargaparada = true;
 }
 
-void NodeClick::click(controls::Node node) {
+void NodeClick::click(Node node) {
     const shell::Hourglass hourglass;
     const shell::Running running(m_surface.frame);
     begin(node);
@@ -46,22 +46,22 @@ void NodeClick::click(controls::Node node) {
     end();
 }
 
-void NodeClick::pointComboAtUnit(controls::Node node) {
+void NodeClick::pointComboAtUnit(Node node) {
     // Units were added first, so a unit's index in the tree is that of its item.
-    const int index = m_surface.treeView1.indexOf(node);
+    const int index = m_surface.treeView1.nodes().indexOf(node);
     if (index <= m_surface.imageCombo1.count())
         m_surface.imageCombo1.setSelected(index);
     else
-        m_surface.imageCombo1.setSelected(m_surface.treeView1.key(node).mid(1).toInt() - 1);
+        m_surface.imageCombo1.setSelected(m_surface.treeView1.nodes().key(node).mid(1).toInt() - 1);
 }
 
 // False when the user stopped it.
-bool NodeClick::loadUnit(controls::Node node, const std::string& disco) {
+bool NodeClick::loadUnit(Node node, const std::string& disco) {
     UnitLoad load(m_surface, node, disco, UnitLoad::Names::Learn);
     return load.fromWorkingCopy(m_surface.frame.catalogue.path()) == LoadEnd::Complete;
 }
 
-void NodeClick::listUnit(jet::Database& database, controls::Node node) {
+void NodeClick::listUnit(jet::Database& database, Node node) {
     BrowseState& estado = m_surface.estado;
     const std::string disco = m_surface.clic.nodoactual;
     estado.discoactual = disco;
@@ -79,9 +79,9 @@ void NodeClick::listUnit(jet::Database& database, controls::Node node) {
     m_surface.frame.status.hideProgress();
 }
 
-void NodeClick::listFolder(jet::Database& database, controls::Node node) {
+void NodeClick::listFolder(jet::Database& database, Node node) {
     BrowseState& estado = m_surface.estado;
-    const NodeNames names = namesOf(m_surface.treeView1, node);
+    const NodeNames names = namesOf(m_surface.treeView1.nodes(), node);
     estado.discoactual = names.unit();
     estado.largodisco = estado.discoactual.size();
     showPathItem(m_surface, names.fullPath);

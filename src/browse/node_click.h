@@ -11,14 +11,14 @@ class NodeClick {
   public:
     explicit NodeClick(Surface& surface) : m_surface(surface) {}
 
-    void click(controls::Node node);
+    void click(Node node);
 
   private:
-    void listUnit(jet::Database& database, controls::Node node);
-    void pointComboAtUnit(controls::Node node);
-    void listFolder(jet::Database& database, controls::Node node);
-    [[nodiscard]] bool loadUnit(controls::Node node, const std::string& disco);
-    void begin(controls::Node node);
+    void listUnit(jet::Database& database, Node node);
+    void pointComboAtUnit(Node node);
+    void listFolder(jet::Database& database, Node node);
+    [[nodiscard]] bool loadUnit(Node node, const std::string& disco);
+    void begin(Node node);
     void end();
 
     Surface& m_surface;

@@ -12,10 +12,10 @@ std::vector<std::string> NodeNames::chain(int level) const {
     return names;
 }
 
-NodeNames namesOf(const controls::TreeView& tree, controls::Node node) {
-    NodeNames names{tree.text(node).toStdString(), {}, tree.fullPath(node).toStdString()};
-    for (controls::Node above = tree.parentOf(node); above; above = tree.parentOf(above))
-        names.ancestors.push_back(tree.text(above).toStdString());
+NodeNames namesOf(const controls::TreeModel& nodes, controls::TreeModel::Node node) {
+    NodeNames names{nodes.text(node).toStdString(), {}, nodes.fullPath(node).toStdString()};
+    for (auto above = nodes.parentOf(node); above != controls::TreeModel::noNode; above = nodes.parentOf(above))
+        names.ancestors.push_back(nodes.text(above).toStdString());
     return names;
 }
 

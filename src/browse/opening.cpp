@@ -1,11 +1,14 @@
 #include "browse/opening.h"
 
+#include "platform/controls/qtext.h"
 #include "shell/frame/catalogue.h"
 #include "shell/frame/pointer.h"
 #include "shell/frame/status_band.h"
 
 namespace browse {
 namespace {
+
+using controls::qtext;
 
 constexpr int wholeCataloguePicture = 15;
 constexpr core::Bilingual loadingUnit{"Cargando unidad: ", "Loading unit: "};
@@ -33,19 +36,13 @@ enum class Whereabouts { Hidden, Shown };
 std::vector<ItemList::Column> columns(core::Language language, Whereabouts whereabouts) {
     std::vector<ItemList::Column> result;
     const auto add = [&](const ColumnSpec& spec) {
-        const std::string_view caption = spec.caption.in(language);
-        result.push_back({QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())), spec.width,
-                          spec.alignment});
+        result.push_back({qtext(spec.caption.in(language)), spec.width, spec.alignment});
     };
     for (const ColumnSpec& spec : visibleColumns) add(spec);
     for (int column = 6; column <= 8; ++column) add(hiddenColumn);
     add(whereabouts == Whereabouts::Shown ? diskColumn : hiddenColumn);
     add(whereabouts == Whereabouts::Shown ? pathColumn : hiddenColumn);
     return result;
-}
-
-QString qtext(const std::string& text) {
-    return QString::fromStdString(text);
 }
 
 }  // namespace
@@ -89,7 +86,7 @@ void Opening::resetImageCombo3() {
 
 void Opening::addUnit(const std::string& disco, int picture, const QString& key) {
     const QString text = qtext(disco);
-    m_surface.treeView1.addNode({}, text, picture, picture, key);
+    m_surface.treeView1.setRenamable(m_surface.treeView1.addNode(noNode, text, picture, picture, key), true);
     m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, key, text, picture);
     m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), text, picture);
 }
@@ -103,7 +100,7 @@ void Opening::agregarcombos(jet::Database& database) {
         if (const int picture = core::pictureOfUnit(database, disco)) addUnit(disco, picture, qtext(disco));
         m_surface.frame.status.setText(std::string(loadingUnit.in(m_surface.frame.idioma)) + disco);
     }
-    m_surface.treeView1.update();
+    m_surface.treeView1.repaintNow();
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
     if (m_surface.estado.indicecombo > 0) m_surface.imageCombo1.setSelected(1);
     shell::yieldToQueue();

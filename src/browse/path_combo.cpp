@@ -10,17 +10,19 @@
 namespace browse {
 
 void PathCombo::selectUnitNode(int number) {
-    controls::TreeView& tree = m_surface.treeView1;
-    const controls::Node last = tree.lastRoot();
+    const controls::TreeModel& nodes = m_surface.treeView1.nodes();
+    Node last = nodes.firstChild(noNode);
+    while (last != noNode && nodes.nextSibling(last) != noNode) last = nodes.nextSibling(last);
     // With a path item present the combo has one item more than the tree has units.
-    if (last && tree.indexOf(last) == m_surface.imageCombo1.count()) tree.setSelected(tree.nodeAt(number));
+    if (last != noNode && nodes.indexOf(last) == m_surface.imageCombo1.count())
+        m_surface.treeView1.setSelectedNode(nodes.nodeAt(number));
 }
 
-controls::Node PathCombo::unitNode(const QString& disco) const {
-    const controls::TreeView& tree = m_surface.treeView1;
-    for (controls::Node root = tree.firstRoot(); root; root = tree.nextSibling(root))
-        if (tree.text(root) == disco) return root;
-    return {};
+Node PathCombo::unitNode(const QString& disco) const {
+    const controls::TreeModel& nodes = m_surface.treeView1.nodes();
+    for (Node root = nodes.firstChild(noNode); root != noNode; root = nodes.nextSibling(root))
+        if (nodes.text(root) == disco) return root;
+    return noNode;
 }
 
 void PathCombo::choose(int number) {
@@ -29,20 +31,20 @@ void PathCombo::choose(int number) {
     m_surface.clic.nodoactual = chosen.toStdString();
     selectUnitNode(number);
 
-    const controls::Node selected = m_surface.treeView1.selected();
-    const bool hasChildren = selected && m_surface.treeView1.childCount(selected) > 0;
+    const Node selected = m_surface.treeView1.selectedNode();
+    const bool hasChildren = selected != noNode && m_surface.treeView1.nodes().childCount(selected) > 0;
     m_surface.estado.hijosnodo = hasChildren;
     if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
         fillList(m_surface, *database, unitListing(m_surface.clic.nodoactual));
-        const controls::Node unit = unitNode(chosen);
-        if (!hasChildren && unit && m_surface.treeView1.childCount(unit) == 0) loadUnit(*database, unit);
-        if (unit && selected == unit) m_surface.treeView1.setExpanded(unit, true);
+        const Node unit = unitNode(chosen);
+        if (!hasChildren && unit != noNode && m_surface.treeView1.nodes().childCount(unit) == 0) loadUnit(*database, unit);
+        if (unit != noNode && selected == unit) m_surface.treeView1.setExpanded(unit, true);
     }
     showPicture(m_surface);
     showKind(m_surface);
 }
 
-void PathCombo::loadUnit(jet::Database& database, controls::Node node) {
+void PathCombo::loadUnit(jet::Database& database, Node node) {
     const shell::Running running(m_surface.frame);
     m_surface.estado.cargaparada = false;
     UnitLoad load(m_surface, node, m_surface.clic.nodoactual, UnitLoad::Names::Ignore);

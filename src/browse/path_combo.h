@@ -17,8 +17,8 @@ class PathCombo {
 
   private:
     void selectUnitNode(int number);
-    [[nodiscard]] controls::Node unitNode(const QString& disco) const;
-    void loadUnit(jet::Database& database, controls::Node node);
+    [[nodiscard]] Node unitNode(const QString& disco) const;
+    void loadUnit(jet::Database& database, Node node);
 
     Surface& m_surface;
 };

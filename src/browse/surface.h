@@ -11,6 +11,9 @@
 
 namespace browse {
 
+using Node = controls::TreeView::Node;
+inline constexpr Node noNode = controls::TreeView::noNode;
+
 // What the browsing procedures work on: the controls, which Form1 owns, and the state they share. Lives as long as
 // the main window.
 struct Surface {
@@ -25,9 +28,8 @@ struct Surface {
     ClickedRow clic;
     core::Counters contadores;
 
-    [[nodiscard]] bool isUnit(controls::Node node) const {
-        return nombres.isUnit(treeView1.text(node).toStdString());
-    }
+    [[nodiscard]] std::string nodeText(Node node) const { return treeView1.nodes().text(node).toStdString(); }
+    [[nodiscard]] bool isUnit(Node node) const { return nombres.isUnit(nodeText(node)); }
 };
 
 }  // namespace browse

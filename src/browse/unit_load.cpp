@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/catalogue_file.h"
+#include "platform/controls/qtext.h"
 #include "platform/files.h"
 #include "shell/frame/pointer.h"
 #include "shell/frame/status_band.h"
@@ -13,7 +14,7 @@ namespace {
 // Adds the folders to the tree as the loader finds them.
 class TreeFiller : public FolderSink {
   public:
-    TreeFiller(Surface& surface, controls::Node unit, const std::string& disco, UnitLoad::Names names)
+    TreeFiller(Surface& surface, Node unit, const std::string& disco, UnitLoad::Names names)
         : m_surface(surface), m_disco(disco), m_names(names) {
         m_open[0] = unit;
     }
@@ -21,13 +22,13 @@ class TreeFiller : public FolderSink {
     bool yieldAndTestStop() override {
         shell::yieldToQueue();
         // A catalogue opened or closed during the yield has taken the unit's node away.
-        return m_surface.estado.cargaparada || !m_surface.treeView1.contains(m_open[0]);
+        return m_surface.estado.cargaparada || !m_surface.treeView1.nodes().contains(m_open[0]);
     }
 
     void addFolder(int nivel, std::string_view carpeta) override {
         if (m_names == UnitLoad::Names::Learn) m_surface.nombres.addFolder(nivel + 1, m_disco, carpeta);
         m_open[nivel] = m_surface.treeView1.addNode(
-            m_open[nivel - 1], QString::fromUtf8(carpeta.data(), static_cast<qsizetype>(carpeta.size())), 2, 3);
+            m_open[nivel - 1], controls::qtext(carpeta), 2, 3);
         m_surface.frame.status.advanceProgress();
     }
 
@@ -35,12 +36,12 @@ class TreeFiller : public FolderSink {
     Surface& m_surface;
     const std::string& m_disco;
     UnitLoad::Names m_names;
-    std::array<controls::Node, 12> m_open{};  // the node added last at each `nivel`, the unit at 0
+    std::array<Node, 12> m_open{};  // the node added last at each `nivel`, the unit at 0
 };
 
 }  // namespace
 
-UnitLoad::UnitLoad(Surface& surface, controls::Node unit, std::string disco, Names names)
+UnitLoad::UnitLoad(Surface& surface, Node unit, std::string disco, Names names)
     : m_surface(surface), m_unit(unit), m_disco(std::move(disco)), m_names(names) {}
 
 LoadEnd UnitLoad::from(jet::Database& database, FirstLevel first) {

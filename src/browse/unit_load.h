@@ -13,7 +13,7 @@ class UnitLoad {
   public:
     enum class Names { Learn, Ignore };
 
-    UnitLoad(Surface& surface, controls::Node unit, std::string disco, Names names);
+    UnitLoad(Surface& surface, Node unit, std::string disco, Names names);
 
     // From a private copy of the catalogue that holds only this unit, so that the many pattern queries run on few
     // rows. The copy is "temp.ejm" beside the catalogue; a stopped load leaves it there. Where the copy cannot
@@ -25,7 +25,7 @@ class UnitLoad {
 
   private:
     Surface& m_surface;
-    controls::Node m_unit;
+    Node m_unit;
     std::string m_disco;
     Names m_names;
 };

@@ -66,25 +66,25 @@ void MaintenanceActions::emptySurface() {
 }
 
 void MaintenanceActions::borrarunidad() {
-    const controls::Node node = m_surface.treeView1.selected();
-    if (!node || !m_surface.isUnit(node)) return;
+    const browse::Node node = m_surface.treeView1.selectedNode();
+    if (node == browse::noNode || !m_surface.isUnit(node)) return;
     const core::Language idioma = m_surface.frame.idioma;
     const QString question =
-        qtext(eraseUnit.in(idioma)) + m_surface.treeView1.text(node) + qtext(fromRegistry.in(idioma));
+        qtext(eraseUnit.in(idioma)) + m_surface.treeView1.nodes().text(node) + qtext(fromRegistry.in(idioma));
     if (!m_surface.frame.messages.askYesNo(question, QString::fromUtf8(boxTitle))) return;
 
     {
         const Hourglass hourglass;
         auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
-        if (!database || !core::deleteUnit(*database, m_surface.treeView1.text(node).toStdString())) return;
+        if (!database || !core::deleteUnit(*database, m_surface.nodeText(node))) return;
     }
     removeSelectedUnit(node);
     m_opening.actualizar();
 }
 
-void MaintenanceActions::removeSelectedUnit(controls::Node unit) {
-    const QString disco = m_surface.treeView1.text(unit);
-    m_surface.treeView1.remove(unit);
+void MaintenanceActions::removeSelectedUnit(browse::Node unit) {
+    const QString disco = m_surface.treeView1.nodes().text(unit);
+    m_surface.treeView1.removeNode(unit);
     m_surface.lists.listView1.clear();
     browse::dropPathItem(m_surface);
     for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
@@ -96,8 +96,8 @@ void MaintenanceActions::removeSelectedUnit(controls::Node unit) {
 }
 
 void MaintenanceActions::cambiarnombre() {
-    const controls::Node node = m_surface.treeView1.selected();
-    if (node && m_surface.isUnit(node)) m_surface.treeView1.editLabel(node);
+    const browse::Node node = m_surface.treeView1.selectedNode();
+    if (node != browse::noNode && m_surface.isUnit(node)) m_surface.treeView1.editLabel(node);
 }
 
 QString MaintenanceActions::renamed(const QString& disco, const QString& newText) {

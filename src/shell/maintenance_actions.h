@@ -23,7 +23,7 @@ class MaintenanceActions {
 
   private:
     [[nodiscard]] bool confirmed(const core::Bilingual& question);
-    void removeSelectedUnit(controls::Node unit);
+    void removeSelectedUnit(browse::Node unit);
     void emptySurface();
 
     browse::Surface& m_surface;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "core/language.h"
 #include "shell/frame/dialogs.h"
 #include "shell/frame/messages.h"
@@ -20,6 +22,7 @@ struct Frame {
     MenuBar& menus;        // menu entries by name
     Toolbar& toolbar;      // Toolbar1
     StatusBand& status;    // Text9, Label3, ProgressBar1, Picture16, Label2
+    std::function<void(bool running)> setRunning = {};  // long work that can be stopped begins or ends
 
     [[nodiscard]] const core::Rotulos& rotulos() const { return core::rotulos(idioma); }
 };
