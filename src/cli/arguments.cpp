@@ -1,0 +1,127 @@
+#include "cli/arguments.h"
+
+#include <algorithm>
+
+namespace cli {
+namespace {
+
+constexpr core::Bilingual unknownCommand{"no existe esa orden", "there is no such command"};
+constexpr core::Bilingual unknownOption{"opción desconocida", "unknown option"};
+constexpr core::Bilingual missingValue{"falta el valor de una opción", "an option lacks its value"};
+constexpr core::Bilingual superfluousValue{"una opción no lleva valor", "an option takes no value"};
+constexpr core::Bilingual unknownLanguage{"--lang es \"es\" o \"en\"", "--lang is \"es\" or \"en\""};
+constexpr core::Bilingual noCommand{"falta la orden", "which command?"};
+constexpr core::Bilingual wrongOperands{"número de argumentos equivocado", "wrong number of arguments"};
+
+constexpr Option globalOptions[]{
+    {"--json", false}, {"--lang", true}, {"--help", false}, {"-h", false}, {"--version", false}};
+
+class Parser {
+  public:
+    explicit Parser(std::span<const char* const> words) : m_words(words) {}
+
+    std::expected<Arguments, core::Bilingual> run() {
+        while (m_next < m_words.size()) {
+            const std::string_view word = m_words[m_next++];
+            if (word == "--" && !m_onlyOperands)
+                m_onlyOperands = true;
+            else if (!m_onlyOperands && (word.starts_with("--") || word == "-h"))
+                takeOption(word);
+            else
+                takeOperand(word);
+            if (m_error) return std::unexpected(*m_error);
+        }
+        checkOperands();
+        if (m_error) return std::unexpected(*m_error);
+        return std::move(m_result);
+    }
+
+  private:
+    void takeOperand(std::string_view word) {
+        if (m_result.command) {
+            m_result.operands.emplace_back(word);
+            return;
+        }
+        m_result.command = findCommand(word);
+        if (!m_result.command) m_error = unknownCommand;
+    }
+
+    void takeOption(std::string_view word) {
+        const auto equals = word.find('=');
+        const std::string_view name = word.substr(0, equals);
+        const Option* option = known(name);
+        if (!option) {
+            m_error = unknownOption;
+        } else if (!option->takesValue) {
+            if (equals != word.npos) m_error = superfluousValue;
+            store(name, "");
+        } else if (equals != word.npos) {
+            store(name, word.substr(equals + 1));
+        } else if (m_next < m_words.size()) {
+            store(name, m_words[m_next++]);
+        } else {
+            m_error = missingValue;
+        }
+    }
+
+    [[nodiscard]] const Option* known(std::string_view name) const {
+        const auto in = [name](std::span<const Option> options) {
+            const auto found = std::ranges::find(options, name, &Option::name);
+            return found == options.end() ? nullptr : &*found;
+        };
+        if (const Option* global = in(globalOptions)) return global;
+        return m_result.command ? in(m_result.command->options) : nullptr;
+    }
+
+    void store(std::string_view name, std::string_view value) {
+        if (name == "--json")
+            m_result.json = true;
+        else if (name == "--help" || name == "-h")
+            m_result.help = true;
+        else if (name == "--version")
+            m_result.version = true;
+        else if (name == "--lang")
+            storeLanguage(value);
+        else
+            m_result.options.insert_or_assign(std::string(name), std::string(value));
+    }
+
+    void storeLanguage(std::string_view value) {
+        if (value == "es")
+            m_result.language = core::Language::Spanish;
+        else if (value == "en")
+            m_result.language = core::Language::English;
+        else
+            m_error = unknownLanguage;
+    }
+
+    void checkOperands() {
+        if (m_result.help || m_result.version) return;
+        const Command* command = m_result.command;
+        const auto count = std::ssize(m_result.operands);
+        if (!command)
+            m_error = noCommand;
+        else if (count < command->fewestOperands || count > command->mostOperands)
+            m_error = wrongOperands;
+    }
+
+    std::span<const char* const> m_words;
+    std::size_t m_next = 0;
+    bool m_onlyOperands = false;
+    Arguments m_result;
+    std::optional<core::Bilingual> m_error;
+};
+
+}  // namespace
+
+std::optional<std::string> Arguments::value(std::string_view option) const {
+    const auto found = options.find(option);
+    if (found == options.end()) return std::nullopt;
+    return found->second;
+}
+
+std::expected<Arguments, core::Bilingual> parse(std::span<const char* const> words) {
+    return Parser(words).run();
+}
+
+}  // namespace cli

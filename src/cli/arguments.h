@@ -1,0 +1,35 @@
+#pragma once
+
+#include <expected>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/command.h"
+#include "core/language.h"
+
+namespace cli {
+
+// The command line, taken apart. Operands are the bytes that the shell gave.
+struct Arguments {
+    const Command* command = nullptr;  // absent only with --help or --version
+    std::vector<std::string> operands;
+    std::map<std::string, std::string, std::less<>> options;  // by name with its dashes; flags hold ""
+    std::optional<core::Language> language;
+    bool json = false;
+    bool help = false;
+    bool version = false;
+
+    [[nodiscard]] bool has(std::string_view option) const { return options.contains(option); }
+    [[nodiscard]] std::optional<std::string> value(std::string_view option) const;
+};
+
+// Parses what follows the program's name. Options may stand anywhere behind the command, as `--kind audio` or
+// `--kind=audio`; everything behind `--` is an operand, and so is whatever starts with a single dash.
+// The error says in English or Spanish what is wrong.
+[[nodiscard]] std::expected<Arguments, core::Bilingual> parse(std::span<const char* const> words);
+
+}  // namespace cli

@@ -1,0 +1,45 @@
+#include "cli/console.h"
+
+#include <QList>
+#include <QString>
+#include <algorithm>
+#include <cstdio>
+
+#include "core/text.h"
+
+namespace cli {
+namespace {
+
+std::string onOneLine(std::string_view text) {
+    std::string line(text);
+    std::ranges::replace_if(
+        line, [](unsigned char c) { return c < 0x20 || c == 0x7f; }, '?');
+    return line;
+}
+
+}  // namespace
+
+int fail(ExitStatus status, std::string_view reason) {
+    std::fprintf(stderr, "zarquelin-cli: %s\n", onOneLine(reason).c_str());
+    return status;
+}
+
+int fail(ExitStatus status, std::string_view subject, std::string_view reason) {
+    return fail(status, std::string(subject) + ": " + std::string(reason));
+}
+
+std::optional<jet::Database> openCatalogue(const std::string& path, jet::Use use) {
+    auto database = jet::OpenDatabase(path, use);
+    if (!database) {
+        fail(UnusableCatalogue, path, database.error().text);
+        return std::nullopt;
+    }
+    return std::move(*database);
+}
+
+bool canBeTyped(std::string_view text, std::string_view allowed) {
+    const auto characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toUcs4();
+    return std::ranges::all_of(characters, [allowed](char32_t c) { return core::isAllowed(c, allowed); });
+}
+
+}  // namespace cli

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <expected>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "cli/command.h"
+#include "platform/jet/database.h"
+
+namespace cli {
+
+// Writes "zarquelin-cli: SUBJECT: REASON" (or without a subject) to the standard error, as one line whatever
+// bytes the subject holds, and gives the status back.
+int fail(ExitStatus status, std::string_view subject, std::string_view reason);
+int fail(ExitStatus status, std::string_view reason);
+
+// Opens a catalogue, or says why it cannot be used and gives nothing.
+[[nodiscard]] std::optional<jet::Database> openCatalogue(const std::string& path, jet::Use use);
+
+// True when every character of the text could be typed in a field that takes only `allowed`.
+[[nodiscard]] bool canBeTyped(std::string_view text, std::string_view allowed);
+
+}  // namespace cli

@@ -1,0 +1,129 @@
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "cli/arguments.h"
+#include "cli/console.h"
+#include "cli/families.h"
+#include "cli/interrupt.h"
+#include "cli/output.h"
+#include "cli/scan_progress.h"
+#include "core/unit_kinds.h"
+#include "platform/drives.h"
+#include "platform/files.h"
+#include "scan/allowed_keys.h"
+#include "scan/manual_unit.h"
+#include "scan/scan_request.h"
+
+namespace cli {
+namespace {
+
+constexpr core::Bilingual notTypeable{"contiene un carácter no permitido",
+                                      "holds a character that is not allowed"};
+constexpr core::Bilingual noFolder{"no es una carpeta", "is no folder"};
+constexpr core::Bilingual unreadableFolder{"no se puede leer", "cannot be read"};
+constexpr core::Bilingual unknownKind{"--kind es mixed, audio, video, programs o games",
+                                      "--kind is mixed, audio, video, programs or games"};
+
+// In the order of core::unitKinds.
+constexpr std::string_view kindNames[]{"mixed", "audio", "video", "programs", "games"};
+
+// The folder without links, "." and "..", so that its rows name the drive that it is really on.
+std::string resolved(const std::string& folder) {
+    std::error_code failed;
+    const auto canonical = std::filesystem::canonical(folder, failed);
+    if (!failed) return canonical.native();
+    const auto absolute = std::filesystem::absolute(folder, failed);
+    return failed ? folder : absolute.lexically_normal().native();
+}
+
+int report(const scan::WalkResult& result, const scan::ScanRequest& request, const std::string& catalogue,
+           const Invocation& invocation) {
+    if (invocation.arguments.json)
+        print(JsonLine()
+                  .text("disco", request.name + std::string(core::unitSuffix))
+                  .number("folders", result.counts.folders)
+                  .number("files", result.counts.files)
+                  .boolean("stopped", result.stopped)
+                  .take());
+    if (!result.readable)
+        return fail(WrongUsage, request.directory, unreadableFolder.in(invocation.language));
+    if (result.writes.firstError)
+        return fail(
+            UnusableCatalogue, catalogue,
+            result.writes.firstError->text + " (" + std::to_string(result.writes.lost) + " rows lost)");
+    return result.stopped ? statusOfInterrupt() : Done;
+}
+
+int runScan(const Invocation& invocation) {
+    const auto& operands = invocation.arguments.operands;
+    const std::string& catalogue = operands[0];
+    const scan::ScanRequest request{operands[1], operands[2].empty() ? std::string() : resolved(operands[2])};
+
+    if (!canBeTyped(request.name, scan::allowedInNames))
+        return fail(WrongUsage, request.name, notTypeable.in(invocation.language));
+    if (!request.directory.empty() && !platform::FolderExists(request.directory))
+        return fail(WrongUsage, request.directory, noFolder.in(invocation.language));
+
+    auto database = openCatalogue(catalogue, jet::Use::Catalogue);
+    if (!database) return UnusableCatalogue;
+    if (const auto* refusal = scan::refusalOf(request, *database))
+        return fail(WrongUsage, refusal->text.in(invocation.language));
+
+    const auto start = scan::walkStart(request, *database, platform::Drives::current());
+    const InterruptGuard interrupts;
+    ScanProgress progress(invocation.language);
+    scan::RowWriter rows(*database);
+    const scan::WalkResult result = scan::Walker(rows, progress, start).run();
+    progress.finish(result.counts);
+    return report(result, request, catalogue, invocation);
+}
+
+int runAdd(const Invocation& invocation) {
+    const auto& operands = invocation.arguments.operands;
+    const auto kind = std::ranges::find(kindNames, invocation.arguments.value("--kind").value_or("mixed"));
+    if (kind == std::end(kindNames)) return fail(WrongUsage, unknownKind.in(invocation.language));
+
+    const scan::ManualUnit unit{operands[1], operands[2], static_cast<int>(kind - std::begin(kindNames)) + 1};
+    for (const std::string& typed : {unit.name, unit.content})
+        if (!canBeTyped(typed, scan::allowedInNames))
+            return fail(WrongUsage, typed, notTypeable.in(invocation.language));
+
+    auto database = openCatalogue(operands[0], jet::Use::Catalogue);
+    if (!database) return UnusableCatalogue;
+    if (const auto* refusal = scan::refusalOf(unit, *database))
+        return fail(WrongUsage, refusal->text.in(invocation.language));
+    std::string tipo;
+    if (const auto inserted = scan::insertManualUnit(unit, tipo, *database); !inserted)
+        return fail(UnusableCatalogue, operands[0], inserted.error().text);
+    return Done;
+}
+
+constexpr Option addOptions[]{{"--kind", true}};
+
+constexpr Command table[]{
+    {"scan",
+     "CAT.zrq NAME DIR",
+     {"Cataloga la carpeta DIR como unidad NAME. Ctrl-C conserva lo ya catalogado.",
+      "Catalogues the folder DIR as the unit NAME. Ctrl-C keeps what is in."},
+     3,
+     3,
+     {},
+     runScan},
+    {"add",
+     "CAT.zrq NAME CONTENT [--kind mixed|audio|video|programs|games]",
+     {"Añade una unidad a mano.", "Adds a unit by hand."},
+     3,
+     3,
+     addOptions,
+     runAdd},
+};
+
+}  // namespace
+
+std::span<const Command> enteringCommands() {
+    return table;
+}
+
+}  // namespace cli

@@ -1,0 +1,54 @@
+#include <string>
+
+#include "cli/arguments.h"
+#include "cli/console.h"
+#include "cli/families.h"
+#include "cli/output.h"
+#include "core/catalog_row.h"
+
+namespace cli {
+namespace {
+
+constexpr core::Bilingual unknownFormat{"--format es csv o json", "--format is csv or json"};
+
+int runExport(const Invocation& invocation) {
+    const Arguments& arguments = invocation.arguments;
+    const std::string format = arguments.value("--format").value_or(arguments.json ? "json" : "csv");
+    if (format != "csv" && format != "json") return fail(WrongUsage, unknownFormat.in(invocation.language));
+    const bool csv = format == "csv";
+
+    const std::string& catalogue = arguments.operands[0];
+    auto database = openCatalogue(catalogue, jet::Use::ReadOnly);
+    if (!database) return UnusableCatalogue;
+    auto rows = database->OpenRecordset("select * from datos order by numero");
+    if (!rows) return fail(UnusableCatalogue, catalogue, rows.error().text);
+
+    const bool empty = rows->Eof() && !rows->error();
+    if (csv) print(csvHeader());
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const core::CatalogRow row = core::readRow(*rows);
+        print(csv ? csvRow(row) : jsonRow(row));
+    }
+    if (rows->error()) return fail(UnusableCatalogue, catalogue, rows->error()->text);
+    return empty ? NothingFound : Done;
+}
+
+constexpr Option options[]{{"--format", true}};
+
+constexpr Command table[]{
+    {"export",
+     "CAT.zrq [--format csv|json]",
+     {"Escribe todas las filas del catálogo, por número.", "Writes every row of the catalogue, by number."},
+     1,
+     1,
+     options,
+     runExport},
+};
+
+}  // namespace
+
+std::span<const Command> exportCommands() {
+    return table;
+}
+
+}  // namespace cli

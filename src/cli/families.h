@@ -1,0 +1,15 @@
+#pragma once
+
+#include <span>
+
+#include "cli/command.h"
+
+namespace cli {
+
+// The commands by what they do, one source file each.
+[[nodiscard]] std::span<const Command> catalogueCommands();  // new
+[[nodiscard]] std::span<const Command> enteringCommands();   // scan, add
+[[nodiscard]] std::span<const Command> unitCommands();       // units
+[[nodiscard]] std::span<const Command> exportCommands();     // export
+
+}  // namespace cli

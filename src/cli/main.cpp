@@ -1,0 +1,63 @@
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "cli/arguments.h"
+#include "cli/command.h"
+#include "cli/console.h"
+#include "cli/output.h"
+#include "platform/settings.h"
+
+namespace {
+
+// The option, else the language that the window runs in, else the desktop's.
+core::Language languageFor(const cli::Arguments& arguments) {
+    if (arguments.language) return *arguments.language;
+    if (const std::string idioma = platform::GetSetting("idioma"); !idioma.empty())
+        return core::languageOf(idioma);
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const char* value = std::getenv(variable); value && *value)
+            return std::string_view(value).starts_with("es") ? core::Language::Spanish
+                                                             : core::Language::English;
+    return core::Language::English;
+}
+
+std::string usageLine(const cli::Command& command) {
+    return "zarquelin-cli " + std::string(command.name) + " " + std::string(command.usage) + "\n";
+}
+
+void printHelp(const cli::Command* only, core::Language language) {
+    if (only) {
+        cli::print(usageLine(*only) + "    " + std::string(only->summary.in(language)) + "\n");
+        return;
+    }
+    for (const cli::Command& command : cli::commands())
+        cli::print(usageLine(command) + "    " + std::string(command.summary.in(language)) + "\n");
+    cli::print("\n--json  --lang es|en  --help  --version\n");
+}
+
+int run(const cli::Arguments& arguments) {
+    const core::Language language = languageFor(arguments);
+    if (arguments.version) {
+        cli::print("zarquelin-cli " ZARQUELIN_VERSION "\n");
+        return cli::Done;
+    }
+    if (arguments.help) {
+        printHelp(arguments.command, language);
+        return cli::Done;
+    }
+    return arguments.command->run({arguments, language});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const auto arguments = cli::parse({argv + 1, argv + (argc > 0 ? argc : 1)});
+    if (!arguments) {
+        const std::string reason(arguments.error().in(languageFor({})));
+        return cli::fail(cli::WrongUsage, reason + " (zarquelin-cli --help)");
+    }
+    const int status = run(*arguments);
+    if (!cli::finishOutput()) return cli::fail(cli::UnusableCatalogue, "the output could not be written");
+    return status;
+}
