@@ -1,0 +1,173 @@
+#include "platform/controls/list_panes.h"
+
+#include <QAbstractItemModel>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+#include <algorithm>
+
+namespace controls {
+namespace {
+
+constexpr int largeIcon = 48;
+constexpr int smallIcon = 16;
+constexpr int cellMargin = 4;
+
+}  // namespace
+
+void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& place) const {
+    QStyledItemDelegate::initStyleOption(option, place);
+    if (firstColumnOnly && place.column() != 0) option->state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
+    if (!largeIcons) return;
+    if (const auto icon = place.data(ListView::LargeIconRole); icon.isValid()) {
+        option->icon = icon.value<QIcon>();
+        option->decorationSize = {largeIcon, largeIcon};
+    }
+}
+
+bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& place) {
+    if (event->type() != QEvent::ToolTip || !place.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, place);
+    const QString text = place.data().toString();
+    const bool cut = sizeHint(option, place).width() > option.rect.width();
+    if (cut)
+        QToolTip::showText(event->globalPos(), text.toHtmlEscaped().prepend(QLatin1String("<qt>")), view);
+    else
+        QToolTip::hideText();
+    return cut;
+}
+
+template <class Base>
+ListPane<Base>::ListPane(ListView* owner) : Base(owner), m_owner(owner), m_rows(new RowDelegate(this)) {
+    this->setItemDelegate(m_rows);
+    this->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    this->setSelectionBehavior(QAbstractItemView::SelectRows);
+    this->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    this->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    this->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+template <class Base>
+QModelIndex ListPane<Base>::reactingPlace(const QPoint& position) const {
+    const QModelIndex place = this->indexAt(position);
+    return m_rows->firstColumnOnly && place.column() != 0 ? QModelIndex() : place;
+}
+
+template <class Base>
+void ListPane<Base>::mousePressEvent(QMouseEvent* event) {
+    const QModelIndex pressed = reactingPlace(event->position().toPoint());
+    const auto globalPosition = event->globalPosition().toPoint();
+    const Qt::MouseButton button = event->button();
+    Base::mousePressEvent(event);
+    if (pressed.isValid()) emit m_owner->rowClicked(pressed.row());
+    emit m_owner->mousePressed(button, globalPosition);
+}
+
+template <class Base>
+void ListPane<Base>::mouseReleaseEvent(QMouseEvent* event) {
+    const auto globalPosition = event->globalPosition().toPoint();
+    const Qt::MouseButton button = event->button();
+    Base::mouseReleaseEvent(event);
+    emit m_owner->mouseReleased(button, globalPosition);
+}
+
+template <class Base>
+void ListPane<Base>::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QModelIndex place = reactingPlace(event->position().toPoint());
+    const bool left = event->button() == Qt::LeftButton;
+    Base::mouseDoubleClickEvent(event);
+    if (left && place.isValid()) emit m_owner->rowActivated(place.row());
+}
+
+template <class Base>
+void ListPane<Base>::keyPressEvent(QKeyEvent* event) {
+    const QModelIndex before = this->currentIndex();
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (before.isValid()) emit m_owner->rowActivated(before.row());
+        return;
+    }
+    Base::keyPressEvent(event);
+    const QModelIndex now = this->currentIndex();
+    if (now.isValid() && now.row() != before.row()) emit m_owner->rowClicked(now.row());
+}
+
+template <class Base>
+void ListPane<Base>::contextMenuEvent(QContextMenuEvent* event) {
+    // The mouse was served when it was pressed and released; here comes the menu key.
+    event->accept();
+    const QModelIndex current = this->currentIndex();
+    if (event->reason() != QContextMenuEvent::Keyboard || !current.isValid()) return;
+    const QPoint position = this->viewport()->mapToGlobal(this->visualRect(current).bottomLeft());
+    emit m_owner->mousePressed(Qt::RightButton, position);
+    emit m_owner->mouseReleased(Qt::RightButton, position);
+}
+
+template class ListPane<QTreeView>;
+template class ListPane<QListView>;
+
+ReportView::ReportView(ListView* owner) : ListPane(owner) {
+    setObjectName(QStringLiteral("report"));
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setIconSize({smallIcon, smallIcon});
+    header()->setSectionsClickable(true);
+    header()->setSectionsMovable(false);
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(0);
+}
+
+QItemSelectionModel::SelectionFlags ReportView::selectionCommand(const QModelIndex& place,
+                                                                 const QEvent* event) const {
+    const bool mouse = event != nullptr && event->type() == QEvent::MouseButtonPress;
+    if (mouse && m_rows->firstColumnOnly && place.column() != 0)
+        return ListPane::selectionCommand(QModelIndex(), event);
+    return ListPane::selectionCommand(place, event);
+}
+
+IconsView::IconsView(ListView* owner) : ListPane(owner) {
+    setObjectName(QStringLiteral("icons"));
+    setResizeMode(QListView::Adjust);
+    setWrapping(true);
+    setUniformItemSizes(true);
+    setSelectionRectVisible(true);
+}
+
+// From a sample, so that a million names cost no more than some hundred.
+int IconsView::widestText() const {
+    constexpr int sample = 300;
+    const int rows = model() == nullptr ? 0 : model()->rowCount();
+    const int step = std::max(1, rows / sample);
+    int widest = 0;
+    for (int row = 0; row < rows; row += step)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(model()->index(row, 0).data().toString()));
+    return widest;
+}
+
+void IconsView::arrange(ListView::View view) {
+    const bool large = view == ListView::View::LargeIcons;
+    const int letter = fontMetrics().averageCharWidth();
+    const int line = fontMetrics().lineSpacing();
+    m_rows->largeIcons = large;
+    setIconSize(large ? QSize(largeIcon, largeIcon) : QSize(smallIcon, smallIcon));
+    setWordWrap(large);
+    setFlow(view == ListView::View::List ? QListView::TopToBottom : QListView::LeftToRight);
+    const int textWidth = std::clamp(widestText(), 14 * letter, 36 * letter);
+    if (large)
+        setGridSize({16 * letter + 2 * cellMargin, largeIcon + 2 * line + 3 * cellMargin});
+    else
+        setGridSize({smallIcon + textWidth + 5 * cellMargin, std::max(smallIcon, line) + cellMargin});
+}
+
+void IconsView::initViewItemOption(QStyleOptionViewItem* option) const {
+    ListPane::initViewItemOption(option);
+    if (!m_rows->largeIcons) return;
+    option->decorationPosition = QStyleOptionViewItem::Top;
+    option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
+}
+
+}  // namespace controls

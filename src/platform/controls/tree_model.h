@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QHash>
+#include <QString>
+#include <vector>
+
+namespace controls {
+
+// The nodes of a tree, kept compactly: a hundred thousand are nothing. A node is named by a handle that stays
+// good until the node is removed or all are cleared; handles are never used again before a clear.
+class TreeModel : public QAbstractItemModel {
+    Q_OBJECT
+  public:
+    using Node = int;
+    static constexpr Node noNode = -1;  // also the invisible parent of the roots
+
+    explicit TreeModel(QObject* parent = nullptr);
+
+    // Behind the last child of the parent. A key that is taken already stays with its first node.
+    Node add(Node parent, const QString& text, int picture, int selectedPicture, const QString& key = {});
+    void remove(Node node);  // with all below it
+    void clear();
+
+    [[nodiscard]] int count() const { return static_cast<int>(m_inOrder.size()); }
+    [[nodiscard]] bool contains(Node node) const;
+    // Nodes count from 1 in the order in which they were added; removal closes the gap. 0 and noNode: none.
+    [[nodiscard]] int indexOf(Node node) const;
+    [[nodiscard]] Node nodeAt(int index) const;
+    [[nodiscard]] Node nodeOfKey(const QString& key) const;
+
+    [[nodiscard]] QString text(Node node) const;
+    void setText(Node node, const QString& text);
+    [[nodiscard]] QString key(Node node) const;
+    [[nodiscard]] int picture(Node node) const;
+    [[nodiscard]] int selectedPicture(Node node) const;
+    void setRenamable(Node node, bool renamable);
+
+    [[nodiscard]] Node parentOf(Node node) const;
+    [[nodiscard]] int childCount(Node node) const;  // of noNode: the number of roots
+    [[nodiscard]] Node firstChild(Node node) const;
+    [[nodiscard]] Node nextSibling(Node node) const;
+    [[nodiscard]] QString fullPath(Node node) const;  // from the root down, joined by backslashes
+
+    [[nodiscard]] QModelIndex place(Node node) const;
+    [[nodiscard]] static Node nodeOf(const QModelIndex& place);
+
+    // Every link has its counterpart: parents know their children in order, indices and keys lead back.
+    [[nodiscard]] bool isConsistent() const;
+
+    [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent) const override;
+    [[nodiscard]] QModelIndex parent(const QModelIndex& child) const override;
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent) const override;
+    [[nodiscard]] bool hasChildren(const QModelIndex& parent) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& place, int role) const override;
+    bool setData(const QModelIndex& place, const QVariant& value, int role) override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& place) const override;
+
+    static constexpr int SelectedPictureRole = Qt::UserRole + 1;  // its number
+
+  signals:
+    // The user typed another text for a node; whoever listens sets what it is to be.
+    void textEntered(int node, const QString& text);
+
+  private:
+    struct Entry {
+        QString text;
+        QString key;
+        std::vector<Node> children;
+        Node parent = noNode;
+        int row = 0;    // among the children of the parent
+        int index = 0;  // 0 once removed
+        short picture = 0;
+        short selectedPicture = 0;
+        bool renamable = false;
+    };
+
+    [[nodiscard]] const Entry& entry(Node node) const { return m_entries[static_cast<std::size_t>(node)]; }
+    [[nodiscard]] Entry& entry(Node node) { return m_entries[static_cast<std::size_t>(node)]; }
+    [[nodiscard]] const std::vector<Node>& childrenOf(Node node) const;
+    [[nodiscard]] std::vector<Node>& childrenOf(Node node);
+    void forget(Node node);
+
+    std::vector<Entry> m_entries;  // by handle
+    std::vector<Node> m_roots;
+    std::vector<Node> m_inOrder;  // by index less one
+    QHash<QString, Node> m_byKey;
+};
+
+}  // namespace controls

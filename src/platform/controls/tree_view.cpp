@@ -1,0 +1,121 @@
+#include "platform/controls/tree_view.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QStyledItemDelegate>
+
+#include "platform/controls/pictures.h"
+
+namespace controls {
+namespace {
+
+// A selected node may have a picture of its own, such as the open folder.
+class NodeDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& place) const override {
+        QStyledItemDelegate::initStyleOption(option, place);
+        if ((option->state & QStyle::State_Selected) != 0)
+            option->icon = picture(place.data(TreeModel::SelectedPictureRole).toInt());
+    }
+};
+
+}  // namespace
+
+TreeView::TreeView(QWidget* parent) : QTreeView(parent) {
+    setModel(&m_model);
+    setItemDelegate(new NodeDelegate(this));
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setAnimated(false);
+    setExpandsOnDoubleClick(false);
+    setEditTriggers(QAbstractItemView::EditKeyPressed);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // As wide as the rows in sight, so that deep names can be scrolled to.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setResizeContentsPrecision(0);
+
+    connect(this, &QAbstractItemView::clicked, this,
+            [this](const QModelIndex& place) { emit nodeClicked(TreeModel::nodeOf(place)); });
+    connect(this, &QAbstractItemView::doubleClicked, this,
+            [this](const QModelIndex& place) { emit nodeDoubleClicked(TreeModel::nodeOf(place)); });
+    connect(&m_model, &TreeModel::textEntered, this, &TreeView::afterLabelEdit);
+}
+
+TreeView::Node TreeView::addNode(Node parent, const QString& text, int picture, int selectedPicture,
+                                 const QString& key) {
+    return m_model.add(parent, text, picture, selectedPicture, key);
+}
+
+void TreeView::removeNode(Node node) { m_model.remove(node); }
+
+void TreeView::clear() { m_model.clear(); }
+
+void TreeView::setText(Node node, const QString& text) { m_model.setText(node, text); }
+
+void TreeView::setRenamable(Node node, bool renamable) { m_model.setRenamable(node, renamable); }
+
+bool TreeView::isExpanded(Node node) const { return QTreeView::isExpanded(m_model.place(node)); }
+
+void TreeView::setExpanded(Node node, bool expanded) { QTreeView::setExpanded(m_model.place(node), expanded); }
+
+TreeView::Node TreeView::selectedNode() const {
+    const QModelIndex current = currentIndex();
+    return selectionModel()->isSelected(current) ? TreeModel::nodeOf(current) : noNode;
+}
+
+void TreeView::setSelectedNode(Node node) {
+    if (m_model.contains(node))
+        setCurrentIndex(m_model.place(node));
+    else
+        selectionModel()->clear();
+}
+
+void TreeView::editLabel(Node node) {
+    if (!m_model.contains(node)) return;
+    setCurrentIndex(m_model.place(node));
+    edit(m_model.place(node));
+}
+
+void TreeView::setFontSize(int points) {
+    QFont sized = font();
+    sized.setPointSize(points);
+    setFont(sized);
+}
+
+void TreeView::repaintNow() {
+    executeDelayedItemsLayout();
+    viewport()->repaint();
+}
+
+void TreeView::mousePressEvent(QMouseEvent* event) {
+    const Node before = selectedNode();
+    QTreeView::mousePressEvent(event);
+    // A menu is for the node under the pointer, so that node is clicked first.
+    if (event->button() == Qt::RightButton && selectedNode() != before && selectedNode() != noNode)
+        emit nodeClicked(selectedNode());
+    emit mousePressed(event->button(), event->globalPosition().toPoint());
+}
+
+void TreeView::keyPressEvent(QKeyEvent* event) {
+    const bool editing = state() == QAbstractItemView::EditingState;
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const Node before = selectedNode();
+    QTreeView::keyPressEvent(event);
+    const Node now = selectedNode();
+    if (!editing && now != noNode && (enter || now != before)) emit nodeClicked(now);
+}
+
+void TreeView::contextMenuEvent(QContextMenuEvent* event) {
+    // The mouse was served when it was pressed; here comes the menu key.
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
+        emit mousePressed(Qt::RightButton, viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+    event->accept();
+}
+
+}  // namespace controls

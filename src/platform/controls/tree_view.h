@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QTreeView>
+
+#include "platform/controls/tree_model.h"
+
+namespace controls {
+
+// A tree of named nodes with pictures. A click selects and never opens or closes: that is for the plus sign,
+// the Left and Right keys and setExpanded. The keyboard can do what the mouse can: moving the selection with
+// the arrow keys, or Enter, counts as a click.
+class TreeView : public QTreeView {
+    Q_OBJECT
+  public:
+    using Node = TreeModel::Node;
+    static constexpr Node noNode = TreeModel::noNode;
+
+    explicit TreeView(QWidget* parent = nullptr);
+
+    Node addNode(Node parent, const QString& text, int picture, int selectedPicture, const QString& key = {});
+    void removeNode(Node node);
+    void clear();
+    // Questions about nodes, their texts and their order.
+    [[nodiscard]] const TreeModel& nodes() const { return m_model; }
+    void setText(Node node, const QString& text);
+    void setRenamable(Node node, bool renamable);
+
+    using QTreeView::isExpanded;
+    using QTreeView::setExpanded;
+    [[nodiscard]] bool isExpanded(Node node) const;
+    void setExpanded(Node node, bool expanded);
+    [[nodiscard]] Node selectedNode() const;  // noNode for none
+    void setSelectedNode(Node node);          // shows it; does not count as a click
+
+    // Lets the user type another text over a renamable node. When it is entered, the old one unchanged included,
+    // afterLabelEdit tells it; the node keeps its old text until a listener sets another.
+    void editLabel(Node node);
+
+    void setFontSize(int points);
+    void repaintNow();  // at once, for progress that shows while a procedure runs
+
+  signals:
+    void nodeClicked(int node);
+    void nodeDoubleClicked(int node);
+    void mousePressed(Qt::MouseButton button, const QPoint& globalPosition);
+    void afterLabelEdit(int node, const QString& newText);
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+  private:
+
+    TreeModel m_model;
+};
+
+}  // namespace controls
