@@ -33,7 +33,8 @@ const QPixmap& picturePixmap(int number) {
     static QHash<int, QPixmap> cache;
     auto found = cache.find(number);
     if (found == cache.end())
-        found = cache.insert(number, controls::picture(number).pixmap(QSize(pixelsOfPicture, pixelsOfPicture), 1));
+        found = cache.insert(number,
+                             controls::picture(number).pixmap(QSize(pixelsOfPicture, pixelsOfPicture), 1));
     return *found;
 }
 
@@ -47,7 +48,9 @@ QFont reportFont() {
     return font;
 }
 
-int reportLineHeight() { return static_cast<int>(std::ceil(QFontMetricsF(reportFont()).height())); }
+int reportLineHeight() {
+    return static_cast<int>(std::ceil(QFontMetricsF(reportFont()).height()));
+}
 
 void drawPage(QPainter& painter, const Page& page) {
     painter.setFont(reportFont());

@@ -17,6 +17,7 @@ namespace print {
 void drawPage(QPainter& painter, const Page& page);
 
 // Draws the whole report, page after page, on a painter in twips.
-[[nodiscard]] bool printList(QPainter& painter, QPrinter& printer, const RowSource& rows, core::Language idioma);
+[[nodiscard]] bool printList(QPainter& painter, QPrinter& printer, const RowSource& rows,
+                             core::Language idioma);
 
 }  // namespace print

@@ -26,7 +26,9 @@ constexpr std::array<Column, 4> columns{{
 }};
 constexpr core::Bilingual pageWord{"  Página: ", "  Page: "};
 
-bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+bool continuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
 
 }  // namespace
 
@@ -43,7 +45,9 @@ std::string cutName(const std::string& name) {
 PageLayout::PageLayout(const RowSource& rows, core::Language idioma, int lineHeight)
     : m_rows(rows), m_idioma(idioma), m_lineHeight(lineHeight) {}
 
-std::int64_t PageLayout::pageCount() const { return (m_rows.count() + rowsPerPage - 1) / rowsPerPage; }
+std::int64_t PageLayout::pageCount() const {
+    return (m_rows.count() + rowsPerPage - 1) / rowsPerPage;
+}
 
 Page PageLayout::page(std::int64_t number) const {
     const bool first = number == 1;

@@ -17,8 +17,8 @@ struct ReportRow {
     int picture = 0;  // the small one
 };
 
-// Where the items come from. They are asked for in order, once a copy, so that a report of any length takes the
-// memory of one page.
+// Where the items come from. They are asked for in order, once a copy, so that a report of any length takes
+// the memory of one page.
 class RowSource {
   public:
     virtual ~RowSource() = default;
@@ -29,9 +29,10 @@ class RowSource {
 // Positions and sizes are in twips, 1440 to the inch, from the upper left corner of the paper.
 struct PlacedText {
     int x = 0;
-    int y = 0;          // upper edge of the line
-    int blanks = 0;     // widths of a blank between x and the text
-    int room = 0;       // width behind the blanks that the text may take before it meets its neighbour; 0: no limit
+    int y = 0;       // upper edge of the line
+    int blanks = 0;  // widths of a blank between x and the text
+    int room =
+        0;  // width behind the blanks that the text may take before it meets its neighbour; 0: no limit
     std::string text;
 };
 struct PlacedPicture {
@@ -51,12 +52,13 @@ inline constexpr int nameLimit = 30;  // characters of a name
 // The whole name, or its first 30 characters and "..." when it has more.
 [[nodiscard]] std::string cutName(const std::string& name);
 
-// The pages of a report over `rows`, which outlives it. Rows break by count alone; lines are `lineHeight` apart.
+// The pages of a report over `rows`, which outlives it. Rows break by count alone; lines are `lineHeight`
+// apart.
 class PageLayout {
   public:
     PageLayout(const RowSource& rows, core::Language idioma, int lineHeight);
 
-    [[nodiscard]] std::int64_t pageCount() const;  // 0 for an empty list
+    [[nodiscard]] std::int64_t pageCount() const;        // 0 for an empty list
     [[nodiscard]] Page page(std::int64_t number) const;  // from 1
 
   private:

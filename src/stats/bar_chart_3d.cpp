@@ -9,7 +9,7 @@ namespace {
 // Widths along the row of bars, in bars' pitches.
 constexpr double rowLength = categoryCount;
 constexpr double barWidth = 0.66;
-constexpr double depth = 1.3;  // of the floor
+constexpr double floorDepth = 1.3;
 constexpr double barFront = 0.3;
 constexpr double barBack = 1.0;
 // Where a pitch along the row, and one into the depth, lead on the screen (pitches right and up).
@@ -20,7 +20,9 @@ constexpr double depthRise = 0.42;
 constexpr int iconSize = 20;
 constexpr double gap = 4;
 
-double barLeft(std::size_t category) { return static_cast<double>(category) + (1 - barWidth) / 2; }
+double barLeft(std::size_t category) {
+    return static_cast<double>(category) + (1 - barWidth) / 2;
+}
 
 }  // namespace
 
@@ -28,8 +30,8 @@ double barLeft(std::size_t category) { return static_cast<double>(category) + (1
 class BarChart3D::Projection {
   public:
     Projection(const ChartScale& scale, QRectF area) : m_scale(scale) {
-        m_pitch = area.width() / (rowLength + depth * depthRun);
-        const double slope = m_pitch * (rowLength * -rowRise + depth * depthRise);
+        m_pitch = area.width() / (rowLength + floorDepth * depthRun);
+        const double slope = m_pitch * (rowLength * -rowRise + floorDepth * depthRise);
         m_perValue = (area.height() - slope) / static_cast<double>(scale.high - scale.low);
         m_origin = {area.left(), area.bottom() - m_pitch * rowLength * -rowRise};
     }
@@ -60,7 +62,8 @@ void BarChart3D::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const double line = fontMetrics().height();
     const double axis = fontMetrics().horizontalAdvance(QString::number(m_scale.high) + u'0') + 2 * gap;
-    const Projection space(m_scale, QRectF(rect()).adjusted(axis, line + 2 * gap, -3 * gap, -iconSize - 3 * gap));
+    const Projection space(m_scale,
+                           QRectF(rect()).adjusted(axis, line + 2 * gap, -3 * gap, -iconSize - 3 * gap));
 
     drawRoom(painter, space);
     // What hangs below the floor is seen through it; nearer bars cover farther ones.
@@ -79,16 +82,16 @@ void BarChart3D::drawRoom(QPainter& painter, const Projection& space) const {
     const QPalette colours = palette();
     painter.setPen(colours.color(QPalette::Mid));
     painter.setBrush(colours.color(QPalette::Base));
-    painter.drawPolygon(QPolygonF{space.at(0, low, depth), space.at(rowLength, low, depth),
-                                  space.at(rowLength, high, depth), space.at(0, high, depth)});
+    painter.drawPolygon(QPolygonF{space.at(0, low, floorDepth), space.at(rowLength, low, floorDepth),
+                                  space.at(rowLength, high, floorDepth), space.at(0, high, floorDepth)});
     painter.setBrush(colours.color(QPalette::AlternateBase));
-    painter.drawPolygon(QPolygonF{space.at(0, low, 0), space.at(0, low, depth), space.at(0, high, depth),
-                                  space.at(0, high, 0)});
+    painter.drawPolygon(QPolygonF{space.at(0, low, 0), space.at(0, low, floorDepth),
+                                  space.at(0, high, floorDepth), space.at(0, high, 0)});
     for (std::int64_t step = m_scale.low; step <= m_scale.high; step += m_scale.step) {
         const auto value = static_cast<double>(step);
         painter.setPen(colours.color(QPalette::Mid));
-        painter.drawPolyline(
-            QPolygonF{space.at(0, value, 0), space.at(0, value, depth), space.at(rowLength, value, depth)});
+        painter.drawPolyline(QPolygonF{space.at(0, value, 0), space.at(0, value, floorDepth),
+                                       space.at(rowLength, value, floorDepth)});
         painter.setPen(colours.color(QPalette::WindowText));
         const QPointF end = space.at(0, value, 0);
         painter.drawText(QRectF(0, end.y() - 50, end.x() - gap, 100), Qt::AlignRight | Qt::AlignVCenter,
@@ -101,8 +104,8 @@ void BarChart3D::drawFloor(QPainter& painter, const Projection& space) const {
     ground.setAlpha(170);
     painter.setPen(palette().color(QPalette::Mid));
     painter.setBrush(ground);
-    painter.drawPolygon(QPolygonF{space.at(0, 0, 0), space.at(rowLength, 0, 0), space.at(rowLength, 0, depth),
-                                  space.at(0, 0, depth)});
+    painter.drawPolygon(QPolygonF{space.at(0, 0, 0), space.at(rowLength, 0, 0),
+                                  space.at(rowLength, 0, floorDepth), space.at(0, 0, floorDepth)});
 }
 
 void BarChart3D::drawBar(QPainter& painter, const Projection& space, std::size_t category) const {
@@ -131,8 +134,9 @@ void BarChart3D::drawTexts(QPainter& painter, const Projection& space) const {
         const auto count = m_statistics.cantidadcategoria[category];
         const double middle = barLeft(category) + barWidth / 2;
         const QString text = QString::number(count);
-        const QPointF end = count < 0 ? space.at(middle, static_cast<double>(count), barFront)
-                                      : space.at(middle, static_cast<double>(count), (barFront + barBack) / 2);
+        const QPointF end = count < 0
+                                ? space.at(middle, static_cast<double>(count), barFront)
+                                : space.at(middle, static_cast<double>(count), (barFront + barBack) / 2);
         const double base = count < 0 ? end.y() + gap + metrics.ascent() : end.y() - gap - metrics.descent();
         QPainterPath path;
         path.addText(end.x() - metrics.horizontalAdvance(text) / 2, base, font(), text);
@@ -142,8 +146,8 @@ void BarChart3D::drawTexts(QPainter& painter, const Projection& space) const {
         painter.fillPath(path, palette().color(QPalette::WindowText));
 
         const QPointF foot = space.at(middle, static_cast<double>(m_scale.low), 0);
-        m_icons[category].paint(&painter,
-                                QRectF(foot.x() - iconSize / 2.0, foot.y() + gap, iconSize, iconSize).toRect());
+        m_icons[category].paint(
+            &painter, QRectF(foot.x() - iconSize / 2.0, foot.y() + gap, iconSize, iconSize).toRect());
     }
 }
 

@@ -7,8 +7,8 @@
 
 namespace stats {
 
-// The eight counts as solid bars on a floor, seen from above at an angle, each with its count over it and its icon
-// before it. Painted without a 3D engine, so that it looks the same on every machine and on paper.
+// The eight counts as solid bars on a floor, seen from above at an angle, each with its count over it and its
+// icon before it. Painted without a 3D engine, so that it looks the same on every machine and on paper.
 class BarChart3D : public QWidget {
     Q_OBJECT
   public:

@@ -9,8 +9,8 @@
 
 namespace stats {
 
-// One of the eight kinds of file that are counted. The two scopes list the same endings in different orders, and
-// two of the video patterns are open at their end in the unit's list only: both lists stand in full.
+// One of the eight kinds of file that are counted. The two scopes list the same endings in different orders,
+// and two of the video patterns are open at their end in the unit's list only: both lists stand in full.
 struct Category {
     std::string_view key;     // its name for scripts
     core::Bilingual caption;  // as the window's table shows it

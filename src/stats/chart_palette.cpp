@@ -16,7 +16,9 @@ QColor categoryColour(std::size_t category) {
     return QColor::fromRgba(colours[category]);
 }
 
-QColor categoryOutline(std::size_t category) { return categoryColour(category).darker(140); }
+QColor categoryOutline(std::size_t category) {
+    return categoryColour(category).darker(140);
+}
 
 QString shareText(const Statistics& statistics, std::size_t category) {
     return QStringLiteral("%1 (%2 %)")

@@ -16,7 +16,9 @@ std::int64_t roundStep(std::int64_t extent) {
     }
 }
 
-std::int64_t upTo(std::int64_t value, std::int64_t step) { return (value + step - 1) / step * step; }
+std::int64_t upTo(std::int64_t value, std::int64_t step) {
+    return (value + step - 1) / step * step;
+}
 
 }  // namespace
 

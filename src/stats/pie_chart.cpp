@@ -13,7 +13,7 @@
 namespace stats {
 namespace {
 
-constexpr double pieSize = 0.66;    // of the plot's shorter side
+constexpr double pieSize = 0.66;     // of the plot's shorter side
 constexpr double leaderLength = 16;  // beyond the rim, in pixels
 constexpr int iconSize = 16;
 constexpr double gap = 5;

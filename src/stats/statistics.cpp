@@ -18,7 +18,8 @@ jet::Result<std::int64_t> countRows(jet::Database& database, const std::string& 
 }  // namespace
 
 std::int64_t Statistics::percentage(std::size_t category) const {
-    const double share = static_cast<double>(cantidadcategoria[category]) / static_cast<double>(totalarchivos);
+    const double share =
+        static_cast<double>(cantidadcategoria[category]) / static_cast<double>(totalarchivos);
     return core::roundHalfEven(share * 100);
 }
 

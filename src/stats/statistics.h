@@ -35,10 +35,10 @@ enum class TotalLimit : std::int64_t {
 // Called behind each of the seven category counts, and once more when a total of at least one file is known.
 using Progress = std::function<void()>;
 
-// Counts a scope by eight statements. A scope without files is no error: its total is 0 and Resto is not computed.
-// Fails on the first statement that the engine refuses, and with `overflow` past the limit.
-[[nodiscard]] jet::Result<Statistics> countScope(jet::Database& database, const Scope& scope, TotalLimit limit,
-                                                 const Progress& progress = {});
+// Counts a scope by eight statements. A scope without files is no error: its total is 0 and Resto is not
+// computed. Fails on the first statement that the engine refuses, and with `overflow` past the limit.
+[[nodiscard]] jet::Result<Statistics> countScope(jet::Database& database, const Scope& scope,
+                                                 TotalLimit limit, const Progress& progress = {});
 
 // " Estadísticas de:  " and where the user is.
 [[nodiscard]] std::string scopeTitle(core::Language idioma, std::string_view place);

@@ -22,23 +22,24 @@ class StatisticsHost {
   public:
     virtual ~StatisticsHost() = default;
     [[nodiscard]] virtual bool treeIsEmpty() const = 0;
-    [[nodiscard]] virtual std::optional<std::string> selectedNode() const = 0;       // its text
-    [[nodiscard]] virtual bool isUnit(const std::string& nodeText) const = 0;        // by `listanivel1`
-    [[nodiscard]] virtual std::string place() const = 0;                             // the text of ImageCombo1
-    [[nodiscard]] virtual std::string rutaactual() const = 0;                        // as the last folder summary left it
-    [[nodiscard]] virtual std::optional<std::string> firstListedUnit() const = 0;    // sub-item 8 of ListView1's first item
-    [[nodiscard]] virtual CatalogueTotals& totals() = 0;                             // the counters shown last
+    [[nodiscard]] virtual std::optional<std::string> selectedNode() const = 0;  // its text
+    [[nodiscard]] virtual bool isUnit(const std::string& nodeText) const = 0;   // by `listanivel1`
+    [[nodiscard]] virtual std::string place() const = 0;                        // the text of ImageCombo1
+    [[nodiscard]] virtual std::string rutaactual() const = 0;  // as the last folder summary left it
+    [[nodiscard]] virtual std::optional<std::string> firstListedUnit()
+        const = 0;                                        // sub-item 8 of ListView1's first item
+    [[nodiscard]] virtual CatalogueTotals& totals() = 0;  // the counters shown last
 };
 
-// The menu entries `graficos` and `graficos2` and toolbar button 9. Owns the statistics window, which comes into
-// being on first use.
+// The menu entries `graficos` and `graficos2` and toolbar button 9. Owns the statistics window, which comes
+// into being on first use.
 class StatisticsAction {
   public:
     StatisticsAction(shell::Frame& frame, StatisticsHost& host, QWidget* window);
 
-    // Counts what the selected node holds and shows the statistics window; afterwards the status line shows the
-    // catalogue's totals. Says so when there are no files. Any other failure ends it without a message, with the
-    // status line and the progress bar as they were.
+    // Counts what the selected node holds and shows the statistics window; afterwards the status line shows
+    // the catalogue's totals. Says so when there are no files. Any other failure ends it without a message,
+    // with the status line and the progress bar as they were.
     void graficar1();
 
     [[nodiscard]] Form4* window() const { return m_form; }  // nullptr before the first run

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
@@ -22,8 +23,10 @@ namespace stats {
 namespace {
 
 constexpr core::Bilingual heading{"Estadisticas", "Statistics"};
-constexpr core::Bilingual columnHeads[] = {{"Tipo", "Type"}, {"Porcentaje", "Percentage"}, {"Cantidad", "Quantity"}};
-constexpr core::Bilingual tabTitles[] = {{"Torta", "Cake"}, {"Barras 3D", "3D Bars"}, {"Barras 2D", "2D Bars"}};
+constexpr core::Bilingual columnHeads[] = {
+    {"Tipo", "Type"}, {"Porcentaje", "Percentage"}, {"Cantidad", "Quantity"}};
+constexpr core::Bilingual tabTitles[] = {
+    {"Torta", "Cake"}, {"Barras 3D", "3D Bars"}, {"Barras 2D", "2D Bars"}};
 constexpr core::Bilingual closeCaption{"Cerrar", "Close"};
 constexpr core::Bilingual printCaption{"Imprimir", "Print"};
 
@@ -84,7 +87,8 @@ Form4::Form4(core::Language idioma, shell::Dialogs& dialogs, QWidget* parent)
     layout->addLayout(body, 1);
     layout->addWidget(buildButtons());
 
-    setTabOrder({m_close, m_print, m_tabs});
+    setTabOrder(m_close, m_print);
+    setTabOrder(m_print, m_tabs);
     m_tabs->setCurrentIndex(0);
     resize(sizeHint().expandedTo(QSize(860, 480)));
     centre();
@@ -230,8 +234,8 @@ void Form4::setStatistics(const Statistics& statistics, const Scope& scope) {
         spoken += m_names[category]->text() + u' ' + shareText(statistics, category) + u'\n';
     }
     m_total->setText(QString::number(statistics.totalarchivos));
-    for (QWidget* chart : {static_cast<QWidget*>(m_pie), static_cast<QWidget*>(m_bars3D),
-                           static_cast<QWidget*>(m_bars2D)})
+    for (QWidget* chart :
+         {static_cast<QWidget*>(m_pie), static_cast<QWidget*>(m_bars3D), static_cast<QWidget*>(m_bars2D)})
         chart->setAccessibleDescription(spoken);
 }
 

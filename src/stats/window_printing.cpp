@@ -12,7 +12,7 @@ namespace stats {
 namespace {
 
 constexpr double twipsPerPixel = 15;
-constexpr int sharpness = 3;  // dots of the image to a pixel of the screen
+constexpr int sharpness = 3;    // dots of the image to a pixel of the screen
 constexpr double margin = 720;  // half an inch
 
 QPixmap imageOf(QWidget& window) {
