@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "browse/list_item.h"
+#include "core/language.h"
+#include "platform/jet/recordset.h"
+#include "search/passes.h"
+
+namespace search {
+
+// What rows leave behind for the rows after them, across searches.
+struct RowMemory {
+    std::string notafila;     // note of the last row shown
+    std::string tipocarpeta;  // caption of the last folder; a row of unknown kind shows it again
+};
+
+// The item of ListView2 for the current row of a pass.
+[[nodiscard]] browse::ListItem resultItem(const jet::Recordset& row, const Pass& pass,
+                                          core::Language language, RowMemory& memory);
+
+}  // namespace search

@@ -1,0 +1,39 @@
+#include "search/search_run.h"
+
+namespace search {
+namespace {
+
+// The rows are counted as they are read: asking the engine first would cost a second walk through the table.
+jet::Result<> runPass(jet::Database& database, const Pass& pass, long long& count, ResultSink& sink) {
+    if (!pass.addsToCount) count = 0;
+    jet::Result<jet::Recordset> rows = database.OpenRecordset(pass.sql);
+    if (!rows) return std::unexpected(rows.error());
+    if (pass.kind == PassKind::Folder) sink.clear();
+    for (; !rows->Eof(); rows->MoveNext()) {
+        sink.add(*rows, pass);
+        ++count;
+    }
+    if (const jet::Error* error = rows->error()) return std::unexpected(*error);
+    return {};
+}
+
+}  // namespace
+
+std::string countersText(const Counters& counters, const core::Rotulos& rotulos) {
+    return rotulos.rotulocarpetas + std::to_string(counters.carpetasencontradas) + rotulos.rotuloarchivos +
+           std::to_string(counters.archivosencontrados);
+}
+
+jet::Result<> runPasses(jet::Database& database, const std::vector<Pass>& passes, Counters& counters,
+                        ResultSink& sink) {
+    sink.clear();
+    for (const Pass& pass : passes) {
+        const bool folders = pass.kind == PassKind::Folder;
+        long long& count = folders ? counters.carpetasencontradas : counters.archivosencontrados;
+        if (const jet::Result<> done = runPass(database, pass, count, sink); !done && !pass.silent)
+            return done;
+    }
+    return {};
+}
+
+}  // namespace search

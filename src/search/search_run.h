@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/jet/database.h"
+#include "search/passes.h"
+
+namespace search {
+
+// The counters of the status line. A search sets those of the passes that it makes and leaves the other as it
+// was.
+struct Counters {
+    long long carpetasencontradas = 0;
+    long long archivosencontrados = 0;
+
+    bool operator==(const Counters&) const = default;
+};
+
+// The four texts and numbers of the status line, joined.
+[[nodiscard]] std::string countersText(const Counters& counters, const core::Rotulos& rotulos);
+
+// Where the rows of a search go.
+class ResultSink {
+  public:
+    virtual ~ResultSink() = default;
+    // Empties the result list: once before the first pass, and again before the rows of a folder pass.
+    virtual void clear() = 0;
+    virtual void add(const jet::Recordset& row, const Pass& pass) = 0;
+};
+
+// Runs the passes one after the other, to the last one even if silent ones fail on the way; another pass that
+// fails ends the search with its error.
+[[nodiscard]] jet::Result<> runPasses(jet::Database& database, const std::vector<Pass>& passes,
+                                      Counters& counters, ResultSink& sink);
+
+}  // namespace search
