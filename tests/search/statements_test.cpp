@@ -28,13 +28,9 @@ std::map<std::string, std::string> allStatements() {
 }
 
 long occurrences(std::string_view what) {
-    const auto caseless = [](char a, char b) { return std::tolower(a) == std::tolower(b); };
     long count = 0;
     for (const auto& [row, sql] : allStatements())
-        for (auto at = sql.begin();; ++at, ++count) {
-            at = std::search(at, sql.end(), what.begin(), what.end(), caseless);
-            if (at == sql.end()) break;
-        }
+        for (std::size_t at = sql.find(what); at != std::string::npos; at = sql.find(what, at + 1)) ++count;
     return count;
 }
 
@@ -45,7 +41,7 @@ TEST(Statements, NumberOfRowsAndSpellings) {
     EXPECT_EQ(occurrences("{D1})and({D2})and"), 77);
     EXPECT_EQ(occurrences("{D1})and({D2}) and"), 10);
     EXPECT_EQ(occurrences("archivo like ('*"), 54);
-    EXPECT_EQ(occurrences("where where") + occurrences("or where"), 1);
+    EXPECT_EQ(occurrences("or where"), 1);
     EXPECT_EQ(occurrences("{S2}) fecha"), 2);
 }
 
