@@ -1,0 +1,274 @@
+#include "shell/main_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+#include <functional>
+
+#include "platform/settings.h"
+#include "print/print_action.h"
+#include "shell/language_choice.h"
+#include "shell/links.h"
+#include "shell/main_window_parts.h"
+
+namespace shell {
+
+Form1::Form1(core::Language idioma, Messages& messages, Dialogs& dialogs)
+    : m_parts(std::make_unique<MainWindowParts>(*this, idioma, messages, dialogs)) {
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(QStringLiteral("Zarquelin"));
+    resize(1000, 660);
+    setMinimumSize(480, 320);
+
+    connectMenus();
+    connectToolbar();
+    connectControls();
+    m_parts->views.setFontSize(8);
+    m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"), platform::GetSetting("iniciorapido") == "si");
+    m_parts->openingWindow.showBrowseSurface(false);
+    m_parts->openingWindow.hidePanels();
+    m_parts->applyState();
+    m_parts->catalogue.readLast();
+}
+
+Form1::~Form1() = default;
+
+browse::Surface& Form1::surface() {
+    return m_parts->surface;
+}
+
+void Form1::openFromCommandLine(const std::string& path) {
+    m_parts->catalogue.setPath(path);
+    yieldToQueue();
+    m_parts->catalogueActions.abrirdesdearchivo();
+}
+
+void Form1::nuevo1() {
+    m_parts->catalogueActions.nuevo1();
+}
+
+void Form1::abrir1() {
+    m_parts->catalogueActions.abrir1();
+}
+
+void Form1::reciente1() {
+    m_parts->catalogueActions.reciente1();
+}
+
+void Form1::setRecentMissing() {
+    m_parts->state.recentMissing = true;
+    m_parts->applyState();
+}
+
+void Form1::connectMenus() {
+    MainWindowParts& parts = *m_parts;
+    struct Entry {
+        const char* name;
+        std::function<void()> run;
+    };
+    const Entry entries[] = {
+        {"nuevo", [this] { nuevoClicked(); }},
+        {"abrir", [this] { abrirClicked(); }},
+        {"reciente", [&] { parts.catalogueActions.reciente1(); }},
+        {"guardar", [&] { parts.catalogueActions.guardar(); }},
+        {"cerrar", [&] { parts.catalogueActions.cerrar(); }},
+        {"Imprimir", [&] { print::Imprimir1(parts.frame, parts.surface.lists); }},
+        {"salir", [this] { close(); }},
+
+        {"explore", [&] { parts.switching.explore(); }},
+        {"buscar", [&] { parts.switching.buscar1(); }},
+        {"explorar", [&] { parts.switching.explorar1(); }},
+        {"eliminar", [&] { parts.maintenance.eliminar(); }},
+        {"borrarunidad1", [&] { parts.maintenance.borrarunidad(); }},
+        {"Parar1", [this] { stop(); }},
+        {"actualizar1", [this] { refresh(true); }},
+        {"Copiararchivos", [this] { copyFiles(); }},
+
+        {"Pequeño", [this] { setFontSize(8); }},
+        {"Mediano", [this] { setFontSize(10); }},
+        {"Grande", [this] { setFontSize(12); }},
+        {"botonescontexto", [this] { showToolbarTexts(true); }},
+        {"botonessintexto", [this] { showToolbarTexts(false); }},
+        {"Iconosgrandes", [&] { parts.views.setView(1); }},
+        {"Iconospequeños", [&] { parts.views.setView(2); }},
+        {"lista", [&] { parts.views.setView(3); }},
+        {"Detalle", [&] { parts.views.setView(4); }},
+        {"arriba", [&] { parts.goingUp.arriba(); }},
+        {"iniciomenu", [this] { toggleQuickStart(); }},
+
+        {"graficos", [&] { parts.statistics.graficar1(); }},
+        {"compactar", [&] { parts.maintenance.compactar(); }},
+        {"reparar", [&] { parts.maintenance.reparar(); }},
+
+        {"español", [&] { chooseLanguage(core::Language::Spanish, parts.frame); }},
+        {"English", [&] { chooseLanguage(core::Language::English, parts.frame); }},
+        {"soporte", [&] { openLink(Link::Support); }},
+        {"website", [&] { openLink(Link::Website); }},
+        {"feedback", [&] { openFeedback(parts.frame.idioma); }},
+        {"acerca", [this] { emit aboutRequested(); }},
+
+        {"abrirnodo", [this] { toggleNode(); }},
+        {"cambiarnombre", [&] { parts.maintenance.cambiarnombre(); }},
+        {"graficos2", [&] { parts.statistics.graficar1(); }},
+        {"borrarunidad", [&] { parts.maintenance.borrarunidad(); }},
+        {"Propiedades", [this] { showProperties(); }},
+
+        {"abrirlistitem", [&] { parts.listActivation.abrirlistitem(); }},
+        {"Copiararchivos2", [this] { copyFiles(); }},
+        {"insertarcomentario", [&] { parts.picture12->insertarcomentario(); }},
+        {"vercomentarios", [&] { parts.picture12->vercomentarios(); }},
+        {"filacompleta", [&] { parts.views.toggleFullRow(); }},
+    };
+    for (const Entry& entry : entries)
+        connect(parts.frame.menus.action(QString::fromUtf8(entry.name)), &QAction::triggered, this, entry.run);
+}
+
+void Form1::connectToolbar() {
+    connect(m_parts->controls.toolbar, &Toolbar::clicked, this, &Form1::runToolbarButton);
+    connect(m_parts->controls.toolbar, &Toolbar::viewChosen, this,
+            [this](int view) { m_parts->views.setView(view); });
+    connect(m_parts->controls.toolbar, &Toolbar::recentChosen, this, &Form1::reciente1);
+}
+
+void Form1::runToolbarButton(int button) {
+    MainWindowParts& parts = *m_parts;
+    Toolbar& toolbar = parts.frame.toolbar;
+    switch (button) {
+        case Toolbar::New: parts.catalogueActions.nuevo1(); break;
+        case Toolbar::Open: parts.catalogueActions.abrir1(); break;
+        case Toolbar::Up: parts.goingUp.arriba(); break;
+        case Toolbar::Import: parts.switching.importar1(); break;
+        case Toolbar::Search: parts.switching.buscar1(); break;
+        case Toolbar::Explore: parts.switching.explorar1(); break;
+        case Toolbar::Refresh: refresh(false); break;
+        case Toolbar::Statistics: parts.statistics.graficar1(); break;
+        case Toolbar::Delete: parts.maintenance.borrarunidad(); break;
+        case Toolbar::Views: parts.views.cycleView(); break;
+        case Toolbar::Print: print::Imprimir1(parts.frame, parts.surface.lists); break;
+        case Toolbar::Stop: stop(); break;
+        case Toolbar::Exit: close(); return;
+        default: break;
+    }
+    if (button == Toolbar::Statistics || button == Toolbar::Delete) toolbar.setPressed(button, false);
+}
+
+void Form1::connectControls() {
+    MainWindowParts& parts = *m_parts;
+    const WindowControls& controls = parts.controls;
+    using controls::Divider;
+    using controls::ImageCombo;
+    using controls::TreeView;
+
+    connect(controls.treeView1, &TreeView::nodeClicked, this, [&](int node) { parts.nodeClick.click(node); });
+    connect(controls.treeView1, &TreeView::nodeDoubleClicked, this,
+            [&](int) { parts.surface.estado.dobleclic = true; });
+    connect(controls.treeView1, &TreeView::mousePressed, this, &Form1::treePressed);
+    connect(controls.treeView1, &TreeView::afterLabelEdit, this, [&](int node, const QString& text) {
+        parts.maintenance.rename(node, text);
+    });
+    connect(controls.imageCombo1, &ImageCombo::clicked, this, [&](int number) { parts.pathCombo.choose(number); });
+    connect(controls.imageCombo1, &ImageCombo::textTyped, this, [&] { parts.pathCombo.textTyped(); });
+    connect(controls.imgSplitter, &Divider::pressed, this, [&] { parts.panes.medidas(); });
+    connect(controls.imgSplitter, &Divider::released, this, [&](int x) { parts.panes.sizeControls(x); });
+    for (browse::ItemList* list : {controls.listView1, controls.listView2}) {
+        connect(list, &browse::ItemList::itemClicked, this,
+                [&parts, list](int row) { parts.listActivation.itemClicked(*list, row); });
+        connect(list, &browse::ItemList::itemActivated, this,
+                [&parts, list](int) { parts.listActivation.doubleClicked(*list); });
+        connect(list, &browse::ItemList::mousePressed, this, [this] { listPressed(); });
+        connect(list, &browse::ItemList::mouseReleased, this,
+                [this](Qt::MouseButton button, const QPoint& place) { listReleased(button, place); });
+    }
+}
+
+void Form1::nuevoClicked() {
+    m_parts->catalogueActions.nuevo1();
+    m_parts->frame.toolbar.releaseAll(1, 13);
+    m_parts->frame.toolbar.setPressed(Toolbar::New, true);
+}
+
+void Form1::abrirClicked() {
+    m_parts->catalogueActions.abrir1();
+    m_parts->frame.toolbar.releaseAll(1, 14);
+    m_parts->frame.toolbar.setPressed(Toolbar::Separator3, true);
+}
+
+void Form1::stop() {
+    m_parts->surface.estado.cargaparada = true;
+    m_parts->picture2->Parar();
+}
+
+// The menu's refresh leaves button 8 pressed, the toolbar's own lets it up.
+void Form1::refresh(bool fromMenu) {
+    m_parts->opening.actualizar();
+    m_parts->switching.uncoverBrowsing();
+    m_parts->frame.toolbar.setPressed(Toolbar::Refresh, fromMenu);
+}
+
+void Form1::copyFiles() {
+    copyback::Copiararchivos(m_parts->surface);
+}
+
+void Form1::setFontSize(int points) {
+    m_parts->views.setFontSize(points);
+    m_parts->panes.medidas();
+}
+
+void Form1::showToolbarTexts(bool shown) {
+    m_parts->views.showToolbarTexts(shown);
+    m_parts->panes.medidas();
+}
+
+void Form1::toggleQuickStart() {
+    MenuBar& menus = m_parts->frame.menus;
+    const QString entry = QStringLiteral("iniciomenu");
+    const bool wanted = !menus.action(entry)->isChecked();
+    platform::SaveSetting("iniciorapido", wanted ? "si" : "no");
+    menus.setChecked(entry, wanted);
+}
+
+void Form1::toggleNode() {
+    controls::TreeView& tree = m_parts->surface.treeView1;
+    const browse::Node node = tree.selectedNode();
+    if (node == browse::noNode) return;
+    tree.setExpanded(node, !tree.isExpanded(node));
+    const core::Rotulos& rotulos = m_parts->frame.rotulos();
+    m_parts->frame.menus.action(QStringLiteral("abrirnodo"))
+        ->setText(QString::fromStdString(tree.isExpanded(node) ? rotulos.rotulocontraer : rotulos.rotuloexpandir));
+}
+
+void Form1::treePressed(Qt::MouseButton button, const QPoint& place) {
+    const browse::Node node = m_parts->surface.treeView1.selectedNode();
+    const bool menuWanted = button == Qt::RightButton && node != browse::noNode;
+    m_parts->state.menuOfFolder = menuWanted && !m_parts->surface.isUnit(node);
+    m_parts->applyState();
+    if (menuWanted) m_parts->frame.menus.popup()->popup(place);
+}
+
+void Form1::listPressed() {
+    m_parts->state.listHasRows = m_parts->surface.lists.shown().count() > 0;
+    m_parts->applyState();
+}
+
+void Form1::listReleased(Qt::MouseButton button, const QPoint& place) {
+    if (button == Qt::RightButton && m_parts->listActivation.popupAllowed()) m_parts->frame.menus.popup2()->popup(place);
+}
+
+void Form1::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    m_parts->panes.medidas();
+}
+
+void Form1::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_parts->frame.menus.attachIcons();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+    m_parts->surface.estado.cargaparada = true;
+    m_parts->picture2->abandon();
+    QMainWindow::closeEvent(event);
+    emit closed();
+}
+
+}  // namespace shell

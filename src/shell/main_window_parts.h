@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QLabel>
+
+#include "browse/going_up.h"
+#include "browse/list_activation.h"
+#include "browse/node_click.h"
+#include "browse/opening.h"
+#include "browse/path_combo.h"
+#include "browse/surface.h"
+#include "copyback/copy_action.h"
+#include "notes/notes_panel.h"
+#include "platform/controls/divider.h"
+#include "scan/import_panel.h"
+#include "search/search_panel.h"
+#include "shell/catalogue_actions.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/enabling.h"
+#include "shell/frame/menus.h"
+#include "shell/frame/status_band.h"
+#include "shell/frame/toolbar.h"
+#include "shell/maintenance_actions.h"
+#include "shell/panes.h"
+#include "shell/properties.h"
+#include "shell/switching.h"
+#include "shell/view_actions.h"
+#include "shell/window_hosts.h"
+#include "stats/statistics_action.h"
+
+namespace shell {
+
+class Form1;
+
+// The controls of the main window that belong to no room. Children of the window, which deletes them.
+struct WindowControls {
+    WindowControls(Form1& window, core::Language idioma);
+
+    QWidget* client;  // all but the menu bar
+    MenuBar* menus;
+    QWidget* frame1;
+    Toolbar* toolbar;
+    QLabel* label4;
+    controls::ImageCombo* imageCombo1;
+    controls::TreeView* treeView1;
+    browse::ItemList* listView1;
+    browse::ItemList* listView2;
+    controls::Divider* imgSplitter;
+    StatusBand* picture4;
+};
+
+// Everything that the main window owns, in the order in which it comes into being.
+struct MainWindowParts {
+    MainWindowParts(Form1& window, core::Language idioma, Messages& messages, Dialogs& dialogs);
+
+    // What is enabled now follows from the state alone.
+    void applyState() { apply(enabledIn(state), *controls.menus, *controls.toolbar); }
+
+    Form1& window;
+    WindowControls controls;
+    Catalogue catalogue;
+    WindowState state;
+    Frame frame;
+
+    OpeningWindow openingWindow;
+    ImportWindow importWindow;
+    SearchWindow searchWindow;
+    NotesWindow notesWindow;
+    StatisticsWindow statisticsWindow;
+
+    search::SearchPanel* picture1;
+    scan::ImportPanel* picture2;
+    browse::Surface surface;
+    notes::NotesPanel* picture12;
+    Panes panes;
+
+    browse::Opening opening;
+    browse::NodeClick nodeClick;
+    browse::PathCombo pathCombo;
+    browse::GoingUp goingUp;
+    browse::ListActivation listActivation;
+    Switching switching;
+    CatalogueActions catalogueActions;
+    MaintenanceActions maintenance;
+    ViewActions views;
+    stats::StatisticsAction statistics;
+};
+
+}  // namespace shell

@@ -1,0 +1,45 @@
+#include "shell/switching.h"
+
+#include "scan/import_panel.h"
+#include "search/search_panel.h"
+#include "shell/frame/toolbar.h"
+#include "shell/panes.h"
+
+namespace shell {
+
+void Switching::buscar1() {
+    m_picture1.setTabOrder();
+    m_picture2.hide();
+    m_panes.medidas();
+    m_picture1.show();
+    m_picture1.raise();
+    m_surface.lists.listView2.show();
+    m_surface.lists.listView2.raise();
+    m_surface.frame.toolbar.setPressed(Toolbar::Search, true);
+    m_picture1.focusCombo2();
+}
+
+void Switching::explorar1() {
+    QWidget::setTabOrder(&m_surface.treeView1, &m_surface.lists.listView1);
+    m_surface.treeView1.setFocus();
+    uncoverBrowsing();
+    m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+}
+
+void Switching::importar1() {
+    m_picture2.importar1();
+}
+
+void Switching::explore() {
+    m_surface.frame.toolbar.releaseAll(1, 14);
+    m_surface.frame.toolbar.setPressed(Toolbar::Import, true);
+    importar1();
+}
+
+void Switching::uncoverBrowsing() {
+    m_picture2.hide();
+    m_picture1.hide();
+    m_surface.lists.listView2.hide();
+}
+
+}  // namespace shell
