@@ -1,0 +1,44 @@
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "platform/jet/connection.h"
+#include "platform/jet/format.h"
+#include "platform/jet/maintenance.h"
+#include "platform/jet/schema.h"
+
+namespace jet {
+
+Result<> writeMarks(sqlite3* database) {
+    const std::string marks = "pragma application_id = " + std::to_string(applicationId) +
+                              "; pragma user_version = " + std::to_string(formatVersion);
+    return run(database, marks.c_str());
+}
+
+Result<> writeSchema(sqlite3* database) {
+    if (auto marked = writeMarks(database); !marked) return marked;
+    if (auto table = run(database, createTable); !table) return table;
+    return run(database, createIndex);
+}
+
+Result<> CreateDatabase(const std::string& nativePath) {
+    // Taking the name first keeps a file that is there already from being written into.
+    const int file = ::open(nativePath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file < 0) {
+        const int number = errno == EEXIST ? error::fileExists : error::cannotOpenFile;
+        return std::unexpected(Error{number, nativePath + ": " + std::strerror(errno)});
+    }
+    ::close(file);
+    auto database = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
+    Result<> written = database ? run(database->get(), "begin") : std::unexpected(database.error());
+    if (written) written = writeSchema(database->get());
+    if (written) written = run(database->get(), "commit");
+    if (database) database->reset();
+    if (!written) ::unlink(nativePath.c_str());
+    return written;
+}
+
+}  // namespace jet

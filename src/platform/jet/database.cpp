@@ -1,0 +1,149 @@
+#include "platform/jet/database.h"
+
+#include <sqlite3.h>
+
+#include "platform/jet/query.h"
+#include "platform/jet/recordset_impl.h"
+#include "platform/jet/sql_writer.h"
+
+namespace jet {
+
+struct Database::Impl {
+    std::shared_ptr<Connection> connection;
+    std::shared_ptr<Units> units;
+    ShapeCache shapes;
+    LiftedStatement lifted;
+    std::vector<BoundValue> values;
+
+    [[nodiscard]] Result<long long> insert(const Statement& statement);
+    [[nodiscard]] Result<long long> change(const Statement& statement);
+    [[nodiscard]] Result<long long> runChange(const std::string& sql, const std::vector<BoundValue>& bound);
+};
+
+Result<long long> Database::Impl::runChange(const std::string& sql, const std::vector<BoundValue>& bound) {
+    auto prepared = connection->prepare(sql);
+    if (!prepared) return std::unexpected(prepared.error());
+    prepared->bind(bound);
+    connection->noteWrite();
+    if (prepared->step() == Prepared::Step::Failed) return std::unexpected(connection->lastError());
+    return sqlite3_changes64(connection->handle());
+}
+
+Result<long long> Database::Impl::insert(const Statement& statement) {
+    SqlWriter writer(lifted.literals, *units);
+    writer.writeInsert(statement);
+    values.clear();
+    std::deque<std::string> storage;
+    for (const auto& [column, value] : statement.assignments) {
+        if (value.kind == Operand::Text || value.kind == Operand::Number) {
+            values.push_back(converted(lifted.literals[value.literal], value.negative, info(column).type,
+                                       storage.emplace_back()));
+        } else {
+            values.emplace_back();
+        }
+    }
+    return runChange(writer.sql(), values);
+}
+
+Result<long long> Database::Impl::change(const Statement& statement) {
+    SqlWriter writer(lifted.literals, *units);
+    if (statement.kind == Statement::Update) {
+        writer.write("update datos set ");
+        writer.writeAssignments(statement);
+    } else {
+        writer.write("delete from datos");
+    }
+    writer.writeWhere(statement);
+    return runChange(writer.sql(), writer.values());
+}
+
+Database::Database(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
+Database::Database(Database&&) noexcept = default;
+Database& Database::operator=(Database&& other) noexcept {
+    if (this != &other) {
+        Close();
+        m_impl = std::move(other.m_impl);
+    }
+    return *this;
+}
+Database::~Database() { Close(); }
+
+Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
+    auto connection = Connection::open(nativePath, use);
+    if (!connection) return std::unexpected(connection.error());
+    auto impl = std::make_unique<Database::Impl>();
+    impl->connection = std::move(*connection);
+    impl->units = std::make_shared<Units>(*impl->connection);
+    return Database(std::move(impl));
+}
+
+Result<long long> Database::Execute(std::string_view sql) {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    if (auto lifted = liftLiterals(sql, m_impl->lifted); !lifted) return std::unexpected(lifted.error());
+    auto statement = m_impl->shapes.find(m_impl->lifted.shape);
+    if (!statement) return std::unexpected(statement.error());
+    switch ((*statement)->kind) {
+        case Statement::Select: return std::unexpected(Error{error::general, "A select cannot be executed"});
+        case Statement::Insert: return m_impl->insert(**statement);
+        default: return m_impl->change(**statement);
+    }
+}
+
+Result<Recordset> Database::OpenRecordset(std::string_view sql) {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    auto query = std::make_unique<Query>();
+    query->sql = sql;
+    if (auto lifted = liftLiterals(query->sql, query->lifted); !lifted) return std::unexpected(lifted.error());
+    auto statement = m_impl->shapes.find(query->lifted.shape);
+    if (!statement) return std::unexpected(statement.error());
+    query->statement = *statement;
+    if (query->statement->kind != Statement::Select) return std::unexpected(syntaxError(sql));
+    auto rows = std::make_unique<Recordset::Impl>();
+    rows->connection = m_impl->connection;
+    rows->units = m_impl->units;
+    rows->query = std::move(query);
+    if (auto opened = rows->open(); !opened) return std::unexpected(opened.error());
+    return Recordset(std::move(rows));
+}
+
+Result<> Database::BeginTrans() {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    return m_impl->connection->run("begin immediate");
+}
+
+Result<> Database::CommitTrans() {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    return m_impl->connection->run("commit");
+}
+
+void Database::Rollback() {
+    if (!isOpen()) return;
+    m_impl->connection->noteWrite();
+    (void)m_impl->connection->run("rollback");
+}
+
+void Database::Close() {
+    if (isOpen()) m_impl->connection->close();
+}
+
+bool Database::isOpen() const { return m_impl && m_impl->connection->isOpen(); }
+
+Transaction::Transaction(Database& database) : m_database(database) {}
+
+Transaction::~Transaction() {
+    if (m_open) m_database.Rollback();
+}
+
+Result<> Transaction::begin() {
+    auto begun = m_database.BeginTrans();
+    m_open = begun.has_value();
+    return begun;
+}
+
+Result<> Transaction::commit() {
+    auto committed = m_database.CommitTrans();
+    if (committed) m_open = false;
+    return committed;
+}
+
+}  // namespace jet

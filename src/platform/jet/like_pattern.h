@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jet {
+
+// A compiled pattern of `like`: `*` any run, `?` one character, `#` one digit, `[a-z]` one of a set, `[!a-z]` one
+// outside it. The whole text must match; letters match in either case over all of Unicode. A `[` without its `]`
+// stands for itself, `[]` for the empty text, and within brackets the wildcards are plain characters.
+class LikePattern {
+  public:
+    explicit LikePattern(std::string_view pattern);
+
+    [[nodiscard]] bool matches(std::string_view text) const;
+
+    // False when the pattern matches only texts that equal it but for case.
+    [[nodiscard]] bool hasWildcards() const { return m_hasWildcards; }
+
+  private:
+    struct Set {
+        struct Range {
+            char32_t first;
+            char32_t last;
+        };
+        std::vector<Range> ranges;
+        bool negated = false;
+
+        [[nodiscard]] bool contains(char32_t character) const;
+    };
+    struct Step {
+        enum Kind { Character, AnyOne, AnyRun, Digit, OneOf };
+        Kind kind;
+        char32_t character = 0;
+        Set set = {};
+
+        [[nodiscard]] bool accepts(char32_t candidate) const;
+    };
+
+    void compile(std::string_view pattern);
+    [[nodiscard]] static Set parseSet(std::string_view inside);
+    void splitIntoPieces();
+    [[nodiscard]] bool piecesMatch(std::string_view foldedText) const;
+    [[nodiscard]] bool stepsMatch(std::u32string_view foldedText) const;
+
+    std::vector<Step> m_steps;
+    bool m_hasWildcards = false;
+    bool m_onlyRuns = true;  // no wildcard but `*`: the pieces between the stars tell all
+
+    // Folded literal texts: what the text starts with, what it holds in this order, what it ends with.
+    std::string m_start;
+    std::vector<std::string> m_middle;
+    std::string m_end;
+};
+
+}  // namespace jet

@@ -1,0 +1,204 @@
+#include "platform/jet/sql_writer.h"
+
+#include <algorithm>
+
+#include "platform/jet/unit_condition.h"
+
+namespace jet {
+
+namespace {
+
+// The type that both sides of a comparison take: that of the first column in it.
+Type typeOf(const Condition& condition) {
+    for (const Operand& operand : condition.operands) {
+        if (operand.kind == Operand::Field) return info(operand.column).type;
+    }
+    const auto& operands = condition.operands;
+    const bool numbers = std::all_of(operands.begin(), operands.end(),
+                                     [](const Operand& operand) { return operand.kind == Operand::Number; });
+    return numbers ? Type::Real : Type::Text;
+}
+
+bool compares(const Condition& condition, Column column) {
+    return std::any_of(condition.operands.begin(), condition.operands.end(), [column](const Operand& operand) {
+        return operand.kind == Operand::Field && operand.column == column;
+    });
+}
+
+// `nivel` holds digits, for which every order of texts is the same; without a collation the index serves it.
+std::string_view collationOf(const Condition& condition) {
+    if (typeOf(condition) != Type::Text || compares(condition, Column::nivel)) return "";
+    switch (condition.kind) {
+        case Condition::Equal:
+        case Condition::Unequal:
+        case Condition::In: return " collate jet_folded";
+        default: return " collate jet_sorted";
+    }
+}
+
+}  // namespace
+
+void SqlWriter::writeValue(const BoundValue& value) {
+    m_sql += '?';
+    m_values.push_back(value);
+}
+
+void SqlWriter::writeOperand(const Operand& operand, Type type) {
+    switch (operand.kind) {
+        case Operand::Field: m_sql += info(operand.column).name; break;
+        case Operand::Null: m_sql += "null"; break;
+        case Operand::Text:
+        case Operand::Number:
+            // A fraction compared with whole numbers stays one.
+            if (type == Type::Integer) type = Type::Real;
+            writeValue(converted(m_literals[operand.literal], operand.negative, type, m_storage.emplace_back()));
+            break;
+    }
+}
+
+void SqlWriter::writeJoined(const Condition& condition, std::string_view word) {
+    m_sql += '(';
+    for (std::size_t i = 0; i < condition.children.size(); ++i) {
+        if (i > 0) m_sql += word;
+        writeCondition(condition.children[i]);
+    }
+    m_sql += ')';
+}
+
+void SqlWriter::writeComparison(const Condition& condition, std::string_view sign) {
+    const Type type = typeOf(condition);
+    writeOperand(condition.operands[0], type);
+    m_sql += collationOf(condition);
+    m_sql += sign;
+    writeOperand(condition.operands[1], type);
+}
+
+void SqlWriter::writeCondition(const Condition& condition) {
+    if (isUnitCondition(condition)) return writeUnits(condition);
+    const Type type = typeOf(condition);
+    switch (condition.kind) {
+        case Condition::And: return writeJoined(condition, " and ");
+        case Condition::Or: return writeJoined(condition, " or ");
+        case Condition::Not:
+            m_sql += "not (";
+            writeCondition(condition.children.front());
+            m_sql += ')';
+            return;
+        case Condition::Equal: return writeComparison(condition, " = ");
+        case Condition::Unequal: return writeComparison(condition, " <> ");
+        case Condition::Less: return writeComparison(condition, " < ");
+        case Condition::LessOrEqual: return writeComparison(condition, " <= ");
+        case Condition::Greater: return writeComparison(condition, " > ");
+        case Condition::GreaterOrEqual: return writeComparison(condition, " >= ");
+        case Condition::Like:
+            m_sql += "jet_like(";
+            writeOperand(condition.operands[0], Type::Text);
+            m_sql += ", ";
+            writeValue(PatternText{m_literals[condition.operands[1].literal].text});
+            m_sql += ')';
+            return;
+        case Condition::Between:
+            writeOperand(condition.operands[0], type);
+            m_sql += collationOf(condition);
+            m_sql += " between ";
+            writeOperand(condition.operands[1], type);
+            m_sql += " and ";
+            writeOperand(condition.operands[2], type);
+            return;
+        case Condition::In:
+            writeOperand(condition.operands[0], type);
+            m_sql += collationOf(condition);
+            m_sql += " in (";
+            for (std::size_t i = 1; i < condition.operands.size(); ++i) {
+                if (i > 1) m_sql += ", ";
+                writeOperand(condition.operands[i], type);
+            }
+            m_sql += ')';
+            return;
+        case Condition::IsNull:
+            writeOperand(condition.operands[0], type);
+            m_sql += " is null";
+            return;
+    }
+}
+
+// `disco` meets the condition when it is one of the spellings that do. A null meets none.
+void SqlWriter::writeUnits(const Condition& condition) {
+    Condition listed = condition;
+    const bool excluded = condition.kind == Condition::Unequal;
+    if (excluded) listed.kind = Condition::Equal;
+    std::vector<BoundValue> names;
+    for (const std::string& name : m_units.spellings()) {
+        if (unitMeets(listed, name, m_literals)) names.emplace_back(std::string_view(name));
+    }
+    if (names.size() <= 1) {
+        m_sql += excluded ? "disco <> " : "disco = ";
+        return writeValue(names.empty() ? NoSuchValue{} : names.front());
+    }
+    m_sql += excluded ? "disco not in (" : "disco in (";
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i > 0) m_sql += ", ";
+        writeValue(names[i]);
+    }
+    m_sql += ')';
+}
+
+void SqlWriter::writeFields(const std::vector<Column>& fields) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i > 0) m_sql += ", ";
+        m_sql += info(fields[i]).name;
+    }
+}
+
+void SqlWriter::writeWhere(const Statement& statement) {
+    if (!statement.where) return;
+    m_sql += " where ";
+    writeCondition(*statement.where);
+}
+
+void SqlWriter::writeOrder(const Statement& statement) {
+    if (!statement.groupBy.empty()) {
+        m_sql += " group by ";
+        writeFields(statement.groupBy);
+    }
+    if (statement.orderBy.empty()) return;
+    m_sql += " order by ";
+    for (const Ordering& ordering : statement.orderBy) {
+        m_sql += info(ordering.column).name;
+        if (info(ordering.column).type == Type::Text) m_sql += " collate jet_sorted";
+        m_sql += ordering.descending ? " desc, " : ", ";
+    }
+    if (statement.groupBy.empty()) {
+        m_sql += "rowid";
+    } else {
+        writeFields(statement.groupBy);  // spellings apart only in case
+    }
+}
+
+void SqlWriter::writeAssignments(const Statement& statement) {
+    for (std::size_t i = 0; i < statement.assignments.size(); ++i) {
+        const auto& [column, value] = statement.assignments[i];
+        if (i > 0) m_sql += ", ";
+        m_sql += info(column).name;
+        m_sql += " = ";
+        if (value.kind == Operand::Text || value.kind == Operand::Number) {
+            writeValue(converted(m_literals[value.literal], value.negative, info(column).type,
+                                 m_storage.emplace_back()));
+        } else {
+            writeOperand(value, info(column).type);
+        }
+    }
+}
+
+void SqlWriter::writeInsert(const Statement& statement) {
+    m_sql += "insert into datos (";
+    for (std::size_t i = 0; i < statement.assignments.size(); ++i) {
+        if (i > 0) m_sql += ", ";
+        m_sql += info(statement.assignments[i].column).name;
+    }
+    m_sql += ") values (";
+    for (std::size_t i = 0; i < statement.assignments.size(); ++i) m_sql += i > 0 ? ", ?" : "?";
+    m_sql += ')';
+}
+
+}  // namespace jet

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace jet {
+
+// Bytes that are no valid UTF-8 decode one by one to this block, so that any text can be walked to its end.
+inline constexpr char32_t strayByteBase = 0xDC00;
+
+[[nodiscard]] inline bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+[[nodiscard]] bool isAscii(std::string_view text);
+
+// The character at `position`, which moves behind it. `position` must be inside the text.
+[[nodiscard]] char32_t nextCharacter(std::string_view text, std::size_t& position);
+
+// The inverse; a stray byte becomes that byte again.
+void appendCharacter(std::string& text, char32_t character);
+
+}  // namespace jet
