@@ -1,0 +1,141 @@
+#include "scan/import_job.h"
+
+#include <QLineEdit>
+#include <QWidget>
+
+#include "core/catalogue_file.h"
+#include "core/unit_kinds.h"
+#include "platform/controls/image_combo.h"
+#include "platform/drives.h"
+#include "scan/manual_unit.h"
+#include "scan/scan_request.h"
+#include "scan/status_text.h"
+#include "scan/walk_display.h"
+#include "shell/frame/captions.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/menus.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
+#include "shell/frame/toolbar.h"
+
+namespace scan {
+namespace {
+
+using shell::Toolbar;
+using shell::toQString;
+
+constexpr int newScannedUnitPicture = 4;  // until the catalogue is opened anew
+constexpr core::Bilingual canceled{"Operación cancelada.", "Canceled operation."};
+
+std::optional<jet::Database> openIfPossible(const std::string& path) {
+    auto database = jet::OpenDatabase(path);
+    if (!database) return std::nullopt;
+    return std::move(*database);
+}
+
+}  // namespace
+
+void ImportJob::run() {
+    std::optional<shell::Hourglass> hourglass(std::in_place);
+    setRunning(true);
+    if (m_fields.directoryPane.isHidden())
+        generarunidad();
+    else
+        catalogueDirectory();
+    m_parar = true;
+    hourglass.reset();
+    setRunning(false);
+    m_host.actualizar();
+}
+
+void ImportJob::setRunning(bool running) {
+    m_parar = !running;
+    m_frame.toolbar.setEnabled(Toolbar::Stop, running);
+    m_frame.menus.setEnabled("Parar1", running);
+    if (running) return;  // they go off only for a walk, but come on after every job
+    m_frame.menus.setEnabled("compactar", true);
+    m_frame.menus.setEnabled("reparar", true);
+}
+
+void ImportJob::catalogueDirectory() {
+    auto database = openIfPossible(m_frame.catalogue.path());
+    m_frame.menus.setEnabled("compactar", false);
+    m_frame.menus.setEnabled("reparar", false);
+
+    const QString name = m_fields.Text3.text();
+    const ScanRequest request{name.toStdString(),
+                              m_fields.Text4.text().isEmpty() ? std::string() : m_fields.directory};
+    if (!database || isRefused(refusalOf(request, *database))) return close(database);
+
+    const WalkStart start = walkStart(request, *database, platform::Drives::current());
+    m_host.hidePicture1();
+    m_fields.Picture2.hide();
+    m_fields.Text3.setText(name + toQString(core::unitSuffix));
+
+    WalkDisplay display(m_frame, m_parar);
+    RowWriter rows(*database);
+    const WalkResult result = Walker(rows, display, start).run();
+    if (result.stopped) return;  // what the stop has shown stays as it is
+    finish(result.counts);
+    close(database);
+}
+
+bool ImportJob::isRefused(const Refusal* refusal) {
+    if (!refusal) return false;
+    m_frame.messages.show(toQString(refusal->text.in(m_frame.idioma)), toQString(refusal->title));
+    if (refusal->emptiesName) m_fields.Text3.clear();
+    (refusal->focus == Field::Directory ? m_fields.Text4 : m_fields.Text3).setFocus();
+    return true;
+}
+
+void ImportJob::finish(const Counts& counts) {
+    m_frame.status.setText(finalStatus(counts, m_frame.idioma));
+    m_host.clearListView1();
+    m_host.addUnit(m_fields.Text3.text(), newScannedUnitPicture,
+                   "a" + QString::number(m_host.imageCombo1Count() + 2));
+    m_fields.Text3.clear();
+    m_frame.toolbar.setPressed(Toolbar::New, false);
+}
+
+// Every walk but a stopped one ends here, and so does every refusal, which costs the user the typed name.
+void ImportJob::close(std::optional<jet::Database>& database) {
+    m_frame.status.hideProgress();
+    static_cast<void>(core::compactCatalogue(m_frame.catalogue.path()));  // finds the file still open
+    m_frame.toolbar.setPressed(Toolbar::Explore, true);
+    m_fields.Text3.clear();
+    m_fields.Text4.clear();
+    database.reset();
+}
+
+void ImportJob::generarunidad() {
+    auto database = openIfPossible(m_frame.catalogue.path());
+    if (!database) return;
+    const int kind = m_fields.ImageCombo4.selectedItem();
+    const QString name = m_fields.Text3.text();
+    const ManualUnit unit{name.toStdString(), m_fields.Text11.text().toStdString(), kind};
+    if (isRefused(refusalOf(unit, *database))) return;
+    if (!insertManualUnit(unit, m_tipo, *database)) return;
+
+    m_fields.Text3.setText(name + toQString(core::unitSuffix));
+    m_host.addUnit(m_fields.Text3.text(), m_fields.ImageCombo4.itemPicture(kind), {});
+    m_fields.Text3.clear();
+    m_fields.Text11.clear();
+    m_host.explorar1();
+}
+
+void ImportJob::Parar() {
+    if (m_parar) return;
+    m_parar = true;
+    m_frame.status.hideProgress();
+    m_frame.messages.show(toQString(canceled.in(m_frame.idioma)), "zarquelin");
+    m_host.clearListView1();
+    m_host.clearListView2();
+    m_host.clearTreeView1();
+    m_host.clearImageCombos();
+    m_fields.ImageCombo4.clear();
+    if (m_frame.catalogue.isSet()) m_frame.catalogue.rememberAsLast();
+    m_host.reciente1();
+    m_host.explorar1();
+}
+
+}  // namespace scan

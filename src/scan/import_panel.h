@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "scan/import_host.h"
+#include "scan/import_job.h"
+#include "shell/frame/frame.h"
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QTabBar;
+class QVBoxLayout;
+
+namespace controls {
+class ClickableLabel;
+class ImageCombo;
+}  // namespace controls
+
+namespace scan {
+
+// Picture2, the panel where a unit is entered: from a directory (pane 0) or by hand (pane 1).
+class ImportPanel : public QWidget {
+    Q_OBJECT
+  public:
+    ImportPanel(shell::Frame& frame, ImportHost& host, QWidget* parent = nullptr);
+
+    // Shows the panel in the tree's place.
+    void importar1();
+    // The five kinds of ImageCombo4, none selected; part of opening a catalogue.
+    void fillKinds();
+
+    void Parar() { m_job.Parar(); }      // the stop entry and button
+    void abandon() { m_job.abandon(); }  // the window closes
+    [[nodiscard]] bool isRunning() const { return m_job.isRunning(); }
+
+  private:
+    void arrange();
+    [[nodiscard]] QWidget* makeDirectoryPane();
+    [[nodiscard]] QWidget* makeManualPane();
+    QLabel* addLabel(const QString& objectName, QVBoxLayout* below);
+    void connectFields();
+    void nameControls();
+
+    void showPane(int pane);
+    void focusFirst();  // of the pane in front
+    void chooseDirectory();
+
+    shell::Frame& m_frame;
+    ImportHost& m_host;
+    std::string m_directory;  // the chosen one, by its native path
+
+    QTabBar* m_TabStrip2;
+    QLineEdit* m_Text3;
+    QLineEdit* m_Text4;
+    QLineEdit* m_Text11;
+    controls::ImageCombo* m_ImageCombo4;
+    controls::ClickableLabel* m_Label19;
+    controls::ClickableLabel* m_Label20;
+    QWidget* m_panes[2];  // Picture13
+    ImportJob m_job;
+};
+
+}  // namespace scan

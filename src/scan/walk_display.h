@@ -1,0 +1,28 @@
+#pragma once
+
+#include <chrono>
+
+#include "scan/walk_observer.h"
+#include "shell/frame/frame.h"
+
+namespace scan {
+
+// Shows a walk in the status band, twenty times a second at most, and lets the event queue run where the walk
+// gives way. What the walk has written is committed before anything but painting gets its turn.
+class WalkDisplay : public WalkObserver {
+  public:
+    // `stop` is the flag that a handler may raise during a yield.
+    WalkDisplay(shell::Frame& frame, const bool& stop) : m_frame(frame), m_stop(stop) {}
+
+    void started(std::int64_t topLevelFolders) override;
+    void status(const Counts& counts) override;
+    void topLevelDone() override;
+    [[nodiscard]] bool yield(RowWriter& rows) override;
+
+  private:
+    shell::Frame& m_frame;
+    const bool& m_stop;
+    std::chrono::steady_clock::time_point m_nextShow{};
+};
+
+}  // namespace scan
