@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "core/medium.h"
+
+namespace copyback {
+
+// Where a file that is to be copied back is looked for. A fixed disk is never searched for in another drive.
+[[nodiscard]] bool isOnFixedDisk(const platform::Drives& drives, const core::CataloguedFile& file);
+
+// At the path that was recorded when its unit was scanned.
+[[nodiscard]] std::optional<core::FoundFile> findWhereScanned(const platform::Drives& drives,
+                                                              const core::CataloguedFile& file);
+
+// The spellings tried in the other drives.
+inline constexpr std::span<const core::Candidate> scanCandidates{core::copyCandidates.data(), 3};
+
+// Both places, without asking for the medium.
+[[nodiscard]] std::optional<core::FoundFile> locate(const platform::Drives& drives,
+                                                    const core::CataloguedFile& file);
+
+// The name that a copy bears on the disk.
+[[nodiscard]] std::string destinationIn(const std::string& nativeFolder, std::string_view catalogueName);
+
+}  // namespace copyback

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace core {
+
+// A message that a procedure has for its user. The window shows it as a message box; the command line has
+// its own words.
+struct Notice {
+    enum class Style { Exclamation = 48, Information = 64 };
+    std::string text;
+    std::string title = "zarquelin";
+    Style style = Style::Exclamation;
+    bool operator==(const Notice&) const = default;
+};
+
+// Returns when the user has answered, who may have put a disc into a drive meanwhile.
+using Tell = std::function<void(const Notice&)>;
+
+}  // namespace core

@@ -1,0 +1,71 @@
+#include "notes/note_store.h"
+
+
+#include "core/unit_kinds.h"
+
+namespace notes {
+namespace {
+
+std::string withKey(std::string text, const NoteTarget& target, std::string_view nameColumn) {
+    text.append("disco=('").append(target.disco).append("') and ruta =('").append(target.ruta);
+    return text.append("') and ").append(nameColumn).append(" =('").append(target.name).append("')");
+}
+
+// Text that stays inside the quotes it is put in.
+bool staysInQuotes(std::string_view text) {
+    return text.find('\'') == std::string_view::npos;
+}
+
+bool keyStaysInQuotes(const NoteTarget& target) {
+    return staysInQuotes(target.disco) && staysInQuotes(target.ruta) && staysInQuotes(target.name);
+}
+
+std::unexpected<jet::Error> syntaxError() {
+    return std::unexpected(
+        jet::Error{jet::error::syntaxInExpression, "syntax error: an apostrophe ends the quoted text"});
+}
+
+}  // namespace
+
+std::string selectForReading(const NoteTarget& target) {
+    std::string text = withKey("select * from datos where ", target, "archivo");
+    return withKey(text + (target.list == ListKind::Browse ? " or " : "or "), target, "carpeta");
+}
+
+std::string selectForStoring(const NoteTarget& target) {
+    if (target.list == ListKind::Browse) return selectForReading(target);
+    return withKey("select * from datos where ", target, "archivo");
+}
+
+std::string updateNote(const NoteTarget& target, std::string_view note) {
+    std::string text = "update datos set comentario='";
+    text = withKey(text.append(note).append("' where "), target, "archivo");
+    return target.list == ListKind::Browse ? withKey(text + " or ", target, "carpeta") : text;
+}
+
+ReadNote readNote(jet::Database& database, const NoteTarget& target, core::Language language) {
+    if (target.indicefila < 0 || target.type == core::rotulos(language).rotulocarpeta) return {};
+    if (!keyStaysInQuotes(target)) return {};
+    const auto rows = database.OpenRecordset(selectForReading(target));
+    if (!rows || rows->Eof()) return {};
+    std::string note(rows->Field("comentario").text());
+    const ReadEnd end = note.empty() ? ReadEnd::NoNote : ReadEnd::Note;
+    return {end, std::move(note)};
+}
+
+jet::Result<StoreEnd> storeNote(jet::Database& database, const NoteTarget& target, std::string_view note) {
+    // The stored word in both languages: where folders are captioned "Files folder", this lets them pass.
+    if (target.indicefila < 0 || target.type == core::folderTipo) return StoreEnd::NoRow;
+    if (!keyStaysInQuotes(target)) return syntaxError();
+    {
+        const auto rows = database.OpenRecordset(selectForStoring(target));
+        if (!rows) return std::unexpected(rows.error());
+        if (rows->Eof()) return StoreEnd::NoRow;
+    }
+    if (!staysInQuotes(note)) return syntaxError();
+    if (const auto touched = database.Execute(updateNote(target, note)); !touched)
+        return std::unexpected(touched.error());
+    return StoreEnd::Stored;
+}
+
+}  // namespace notes

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/language.h"
+#include "platform/jet/database.h"
+
+namespace notes {
+
+// Reading and writing the note of the row that was clicked last.
+
+enum class ListKind { Browse, Results };  // ListView1, ListView2
+
+// The clicked row. A row is found by these three texts alone: rows that agree in them share their note.
+struct NoteTarget {
+    ListKind list = ListKind::Browse;
+    int indicefila = -1;  // below zero: no row was clicked
+    std::string disco;
+    std::string ruta;
+    std::string name;  // of a file or folder
+    std::string type;  // as displayed
+};
+
+// The statements differ between the lists in a blank, and for storing in the folder alternative.
+[[nodiscard]] std::string selectForReading(const NoteTarget& target);
+[[nodiscard]] std::string selectForStoring(const NoteTarget& target);
+[[nodiscard]] std::string updateNote(const NoteTarget& target, std::string_view note);
+
+enum class ReadEnd { NoRow, NoNote, Note };
+struct ReadNote {
+    ReadEnd end = ReadEnd::NoRow;
+    std::string note;
+};
+
+// NoRow too for a folder, and when no row was clicked.
+[[nodiscard]] ReadNote readNote(jet::Database& database, const NoteTarget& target, core::Language language);
+
+enum class StoreEnd { Stored, NoRow };
+
+// Replaces the whole note; the empty text removes it. A note that would end its own literal is refused as the
+// engine refuses it, with jet::error::syntaxInExpression, and nothing is executed.
+[[nodiscard]] jet::Result<StoreEnd> storeNote(jet::Database& database, const NoteTarget& target,
+                                              std::string_view note);
+
+}  // namespace notes
