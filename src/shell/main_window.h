@@ -46,6 +46,20 @@ class Form1 : public QMainWindow {
     void connectControls();
     void runToolbarButton(int button);
 
+    void nuevoClicked();
+    void abrirClicked();
+    void stop();
+    void refresh(bool fromMenu);
+    void copyFiles();
+    void setFontSize(int points);
+    void showToolbarTexts(bool shown);
+    void toggleQuickStart();
+    void toggleNode();
+    void showProperties();
+    void treePressed(Qt::MouseButton button, const QPoint& place);
+    void listPressed();
+    void listReleased(Qt::MouseButton button, const QPoint& place);
+
     std::unique_ptr<MainWindowParts> m_parts;
 };
 

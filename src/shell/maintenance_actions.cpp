@@ -100,27 +100,34 @@ void MaintenanceActions::cambiarnombre() {
     if (node != browse::noNode && m_surface.isUnit(node)) m_surface.treeView1.editLabel(node);
 }
 
-QString MaintenanceActions::renamed(const QString& disco, const QString& newText) {
+void MaintenanceActions::rename(browse::Node unit, const QString& newText) {
+    const QString disco = m_surface.treeView1.nodes().text(unit);
     const std::string typed = newText.toStdString();
     if (core::nameTaken(m_surface.nombres.listanivel(1), typed)) {
         m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)), QString::fromUtf8(boxTitle));
-        return disco;
+        return;
     }
     const Hourglass hourglass;
     auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
-    if (!database) return disco;
-    const auto done = core::renameUnit(*database, disco.toStdString(), typed);
-    database->Close();
+    const auto done = database ? core::renameUnit(*database, disco.toStdString(), typed)
+                               : jet::Result<>(std::unexpected(database.error()));
     if (!done) {
         m_surface.frame.messages.show(qtext(done.error().text), QString::fromUtf8(boxTitle));
-        return disco;
+        return;
     }
-    const QString renamedTo = newText + qtext(core::unitSuffix);
-    m_surface.nombres.addUnit(renamedTo.toStdString());
+    database->Close();
+    showRenamed(unit, disco, newText + qtext(core::unitSuffix));
+}
+
+void MaintenanceActions::showRenamed(browse::Node unit, const QString& disco, const QString& renamed) {
+    m_surface.treeView1.setText(unit, renamed);
+    // Its folders stand in the name lists under the old name: the next click loads them anew.
+    while (m_surface.treeView1.nodes().childCount(unit) > 0)
+        m_surface.treeView1.removeNode(m_surface.treeView1.nodes().firstChild(unit));
+    m_surface.nombres.addUnit(renamed.toStdString());
     if (const int number = m_surface.imageCombo1.findText(disco) + 1; number > 0)
-        m_surface.imageCombo1.setItemText(number, renamedTo);
+        m_surface.imageCombo1.setItemText(number, renamed);
     m_opening.agregarcombo3();
-    return renamedTo;
 }
 
 }  // namespace shell

@@ -18,13 +18,14 @@ class MaintenanceActions {
     void eliminar();      // every row of the catalogue, after two questions
     void borrarunidad();  // the selected unit; nothing happens with a folder selected
     void cambiarnombre();  // starts the label edit
-    // The edit ended. `disco` is the old label; the text that the node is to show afterwards comes back.
-    [[nodiscard]] QString renamed(const QString& disco, const QString& newText);
+    // The edit ended with this text: renames the unit, or leaves the label as it was.
+    void rename(browse::Node unit, const QString& newText);
 
   private:
     [[nodiscard]] bool confirmed(const core::Bilingual& question);
     void removeSelectedUnit(browse::Node unit);
     void emptySurface();
+    void showRenamed(browse::Node unit, const QString& disco, const QString& renamed);
 
     browse::Surface& m_surface;
     browse::Opening& m_opening;

@@ -1,0 +1,72 @@
+#include "shell/main_window_parts.h"
+
+#include "shell/frame/captions.h"
+#include "shell/main_window.h"
+
+namespace shell {
+namespace {
+
+template <class Control, class... Arguments>
+Control* named(const char* name, Control* control) {
+    control->setObjectName(QString::fromUtf8(name));
+    return control;
+}
+
+}  // namespace
+
+WindowControls::WindowControls(Form1& window, core::Language idioma)
+    : client(new QWidget(&window)),
+      menus(new MenuBar(idioma, &window)),
+      frame1(named("Frame1", new QWidget(client))),
+      toolbar(new Toolbar(idioma, frame1)),
+      label4(named("Label4", new QLabel(frame1))),
+      imageCombo1(named("ImageCombo1", new controls::ImageCombo(controls::ImageCombo::Typing::Yes, frame1))),
+      treeView1(named("TreeView1", new controls::TreeView(client))),
+      listView1(named("ListView1", new browse::ItemList(client))),
+      listView2(named("ListView2", new browse::ItemList(client))),
+      imgSplitter(nullptr),
+      picture4(new StatusBand(client)) {
+    window.setCentralWidget(client);
+    window.setMenuBar(menus);
+    imgSplitter = new controls::Divider(client, [this] {
+        return controls::Divider::Bounds{controls::pixels(500), client->width() - controls::pixels(500)};
+    });
+    label4->setText(caption(u"Label4", idioma));
+    label4->setBuddy(imageCombo1);
+    imageCombo1->setAccessibleName(label4->text());
+    treeView1->setAccessibleName(QString::fromStdString(core::rotulos(idioma).rotulounidad));
+}
+
+MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& messages, Dialogs& dialogs)
+    : window(owner),
+      controls(owner, idioma),
+      frame{idioma, catalogue, messages, dialogs, *controls.menus, *controls.toolbar, *controls.picture4,
+            [this](bool running) {
+                state.running = running;
+                applyState();
+            }},
+      openingWindow(*this),
+      importWindow(*this),
+      searchWindow(*this),
+      notesWindow(*this),
+      statisticsWindow(*this),
+      picture1(new search::SearchPanel(frame, searchWindow, controls.client)),
+      picture2(new scan::ImportPanel(frame, importWindow, controls.client)),
+      surface{frame, *controls.treeView1, *controls.imageCombo1, picture1->imageCombo3(),
+              {*controls.listView1, *controls.listView2}, {}, {}, {}, {}},
+      picture12(new notes::NotesPanel(frame, notesWindow, controls.client)),
+      panes({controls.client, controls.frame1, controls.toolbar, controls.label4, controls.imageCombo1,
+             controls.treeView1, controls.imgSplitter, controls.picture4, {picture1, picture2},
+             {controls.listView1, controls.listView2}}),
+      opening(surface, openingWindow),
+      nodeClick(surface),
+      pathCombo(surface),
+      goingUp(surface),
+      listActivation(surface),
+      switching(surface, *picture1, *picture2, panes),
+      catalogueActions(surface, opening, openingWindow),
+      maintenance(surface, opening, openingWindow),
+      views(surface),
+      statistics(frame, statisticsWindow, &owner) {}
+
+}  // namespace shell
