@@ -1,0 +1,37 @@
+#include "core/catalogue_file.h"
+
+#include <filesystem>
+
+#include "core/text.h"
+
+namespace core {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A template on read-only media, or installed without write permission, must still give a catalogue to write
+// in.
+void makeWritable(const std::string& path) {
+    std::error_code ignored;
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
+}
+
+}  // namespace
+
+platform::FileResult<> createCatalogue(const std::string& path) {
+    const std::string original = platform::programFolder() + '/' + std::string(templateName);
+    if (auto copied = platform::CopyFile(original, path); !copied) return copied;
+    makeWritable(path);
+    return {};
+}
+
+std::string scratchPath(const std::string& cataloguePath) {
+    const std::string name = cataloguePath.substr(cataloguePath.rfind('/') + 1);
+    std::string scratch = replaceAll(cataloguePath, name, scratchName);
+    std::error_code ignored;
+    // Links count too: what is deleted from the working copy must never be deleted from the catalogue.
+    if (scratch == cataloguePath || fs::equivalent(scratch, cataloguePath, ignored)) return {};
+    return scratch;
+}
+
+}  // namespace core

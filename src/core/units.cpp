@@ -1,0 +1,108 @@
+#include "core/units.h"
+
+#include <unordered_map>
+
+#include "core/unit_kinds.h"
+
+namespace core {
+namespace {
+
+// The end of a walk over rows is either the last row or a row that could not be read.
+jet::Result<> walkedToTheEnd(const jet::Recordset& rows) {
+    if (rows.error()) return std::unexpected(*rows.error());
+    return {};
+}
+
+jet::Result<long long> recordCount(jet::Database& database, std::string_view select) {
+    auto rows = database.OpenRecordset(select);
+    if (!rows) return std::unexpected(rows.error());
+    const long long count = rows->RecordCount();
+    if (auto whole = walkedToTheEnd(*rows); !whole) return std::unexpected(whole.error());
+    return count;
+}
+
+struct Hash : std::hash<std::string_view> {
+    using is_transparent = void;
+};
+using UnitsByName = std::unordered_map<std::string, Unit*, Hash, std::equal_to<>>;
+
+jet::Result<> addTotals(jet::Database& database, const UnitsByName& unitsByName) {
+    auto rows = database.OpenRecordset("select disco, tipo, largo from datos");
+    if (!rows) return std::unexpected(rows.error());
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const auto found = unitsByName.find(rows->Field("disco").text());
+        if (found == unitsByName.end()) continue;
+        Unit& unit = *found->second;
+        const std::string_view tipo = rows->Field("tipo").text();
+        if (tipo == folderTipo) ++unit.folders;
+        if (tipo != fileTipo) continue;
+        ++unit.files;
+        unit.kilobytes += rows->Field("largo").integer();
+    }
+    return walkedToTheEnd(*rows);
+}
+
+}  // namespace
+
+jet::Result<std::vector<std::string>> unitNames(jet::Database& database) {
+    auto rows = database.OpenRecordset("select disco from datos group by disco order by disco");
+    if (!rows) return std::unexpected(rows.error());
+    std::vector<std::string> names;
+    for (; !rows->Eof(); rows->MoveNext()) names.emplace_back(rows->Field("disco").text());
+    if (auto whole = walkedToTheEnd(*rows); !whole) return std::unexpected(whole.error());
+    return names;
+}
+
+jet::Result<std::string> unitTipo(jet::Database& database, std::string_view disco) {
+    auto rows = database.OpenRecordset("select disco, tipo from datos where disco=('" + std::string(disco) +
+                                       "') order by disco");
+    if (!rows) return std::unexpected(rows.error());
+    std::string tipo(rows->Field("tipo").text());
+    if (auto whole = walkedToTheEnd(*rows); !whole) return std::unexpected(whole.error());
+    return tipo;
+}
+
+jet::Result<std::vector<Unit>> units(jet::Database& database) {
+    const auto names = unitNames(database);
+    if (!names) return std::unexpected(names.error());
+    std::vector<Unit> units(names->size());
+    UnitsByName unitsByName;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        units[i].disco = (*names)[i];
+        // A name that no statement can carry has no kind, but its rows count.
+        units[i].tipo = unitTipo(database, (*names)[i]).value_or("");
+        units[i].picture = unitPicture(units[i].tipo);
+        unitsByName.emplace((*names)[i], &units[i]);
+    }
+    if (auto added = addTotals(database, unitsByName); !added) return std::unexpected(added.error());
+    return units;
+}
+
+jet::Result<Counters> countAll(jet::Database& database) {
+    struct Count {
+        long long Counters::*counter;
+        std::string_view select;
+    };
+    constexpr Count counts[]{
+        {&Counters::contadorunidades, "select disco from datos group by disco"},
+        {&Counters::contadorcarpetas,
+         "select * from datos where  tipo =('Carpeta de archivos')  order by carpeta "},
+        {&Counters::contadorarchivos, "select * from datos where  tipo =('archivo')  order by archivo "},
+    };
+    Counters counters;
+    for (const Count& count : counts) {
+        const auto number = recordCount(database, count.select);
+        if (!number) return std::unexpected(number.error());
+        counters.*count.counter = *number;
+    }
+    return counters;
+}
+
+std::string statusText(const Counters& counters, Language language) {
+    const Rotulos& captions = rotulos(language);
+    return captions.rotuloprefijounidades + std::to_string(counters.contadorunidades) +
+           captions.rotuloprefijocarpetas + std::to_string(counters.contadorcarpetas) +
+           captions.rotuloprefijoarchivos + std::to_string(counters.contadorarchivos);
+}
+
+}  // namespace core

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/language.h"
+#include "platform/jet/database.h"
+
+namespace core {
+
+// The units of a catalogue. There is no table of them: a unit is the rows that share one `disco`.
+
+struct Unit {
+    std::string disco;
+    std::string tipo;  // of its first row, which tells the unit's kind
+    int picture = 0;   // 0: a kind that no list shows
+    std::int64_t folders = 0;
+    std::int64_t files = 0;
+    std::int64_t kilobytes = 0;
+};
+
+// Every `disco`, in the engine's text order; spellings that differ in case are units apart.
+[[nodiscard]] jet::Result<std::vector<std::string>> unitNames(jet::Database& database);
+
+// `tipo` of a unit's first row; empty when there is no such unit.
+[[nodiscard]] jet::Result<std::string> unitTipo(jet::Database& database, std::string_view disco);
+
+// All units with their totals, in one pass over the rows.
+[[nodiscard]] jet::Result<std::vector<Unit>> units(jet::Database& database);
+
+// The totals of the whole catalogue.
+struct Counters {
+    long long contadorunidades = 0;
+    long long contadorcarpetas = 0;
+    long long contadorarchivos = 0;
+};
+[[nodiscard]] jet::Result<Counters> countAll(jet::Database& database);
+
+// "  Unidades: 2  Carpetas: 10  Archivos: 300" or the same in English.
+[[nodiscard]] std::string statusText(const Counters& counters, Language language);
+
+}  // namespace core
