@@ -35,6 +35,9 @@ class ImportPanel : public QWidget {
     void abandon() { m_job.abandon(); }  // the window closes
     [[nodiscard]] bool isRunning() const { return m_job.isRunning(); }
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void arrange();
     [[nodiscard]] QWidget* makeDirectoryPane();
