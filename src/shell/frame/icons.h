@@ -1,20 +1,11 @@
 #pragma once
 
 #include <QIcon>
+#include <QStringView>
 
 namespace shell {
 
-constexpr int pixels(int twips) {
-    return twips / 15;
-}
-
-inline QIcon pictureIcon(int picture) {
-    return QIcon::fromTheme(picture == 2 || picture == 3 ? QStringLiteral("folder")
-                                                         : QStringLiteral("text-x-generic"));
-}
-
-inline QIcon actionIcon(const QString& name) {
-    return QIcon::fromTheme(name);
-}
+// The icon of a menu entry or a toolbar button by its name; null for one that has none.
+[[nodiscard]] QIcon iconOf(QStringView control);
 
 }  // namespace shell

@@ -176,7 +176,7 @@ void MenuBar::checkOnly(const QString& name) {
 
 void MenuBar::attachIcons() {
     for (auto entry = m_actions.cbegin(); entry != m_actions.cend(); ++entry) {
-        if (!entry.value()->isCheckable()) entry.value()->setIcon(actionIcon(entry.key()));
+        if (!entry.value()->isCheckable()) entry.value()->setIcon(iconOf(entry.key()));
     }
 }
 

@@ -4,8 +4,8 @@
 
 namespace shell {
 
-// Long work that the user may stop: while the object lives, the stop entry and button are enabled and compaction and
-// repair are not.
+// Long work that the user may stop: while the object lives, the stop entry and button are enabled and
+// compaction and repair are not.
 class Running {
   public:
     explicit Running(Frame& frame);

@@ -4,12 +4,16 @@
 #include <QProgressBar>
 #include <algorithm>
 
+#include "platform/controls/pictures.h"
+#include "platform/controls/twips.h"
+#include "shell/frame/captions.h"
 #include "shell/frame/elided_label.h"
-#include "shell/frame/icons.h"
 
 namespace shell {
 
 namespace {
+
+using controls::pixels;
 
 constexpr int bandHeight = 380;
 constexpr int lineTop = 40;
@@ -18,11 +22,8 @@ constexpr int textLeft = 0, textWidth = 5000;
 constexpr int sizeLeft = 5020, sizeWidth = 2000;
 constexpr int iconLeft = 7050, iconWidth = 400;
 constexpr int kindLeft = 7480;
+constexpr int kindMargin = 8;  // pixels
 constexpr qint64 millisecondsBetweenPaints = 50;
-
-QString fromBytes(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QLabel* makeLabel(QWidget* parent, const QString& name, const QString& accessibleName) {
     auto* label = new ElidedLabel(parent);
@@ -55,18 +56,18 @@ StatusBand::StatusBand(QWidget* parent) : QWidget(parent) {
 // A scan writes this line once for every file: the text is kept each time, but painting it costs more than
 // the file does, so long work shows it only as often as an eye can follow.
 void StatusBand::setText(std::string_view text) {
-    m_text->setText(fromBytes(text));
+    m_text->setText(toQString(text));
     if (m_lastPaint.isValid() && m_lastPaint.elapsed() < millisecondsBetweenPaints) return;
     m_text->repaint();
     m_lastPaint.start();
 }
 
 void StatusBand::setSize(std::string_view text) {
-    m_size->setText(fromBytes(text));
+    m_size->setText(toQString(text));
 }
 
 void StatusBand::setKind(std::string_view text) {
-    m_kind->setText(fromBytes(text));
+    m_kind->setText(toQString(text));
     arrange();
 }
 
@@ -74,7 +75,7 @@ void StatusBand::setPicture(int picture) {
     m_picture = picture;
     if (picture == 0) return m_icon->clear();
     const int side = std::max(16, lineHeight() - 4);
-    m_icon->setPixmap(pictureIcon(picture).pixmap(side, side));
+    m_icon->setPixmap(controls::picture(picture).pixmap(side, side));
 }
 
 QString StatusBand::text() const {
@@ -132,7 +133,7 @@ void StatusBand::resizeEvent(QResizeEvent*) {
 
 void StatusBand::arrange() {
     const double wanted = std::max(1.0, m_points / 8.0);
-    const double allowed = double(width() - m_kind->sizeHint().width()) / pixels(kindLeft);
+    const double allowed = double(width() - m_kind->sizeHint().width() - kindMargin) / pixels(kindLeft);
     const double stretch = std::clamp(allowed, 1.0, wanted);
     const auto place = [&](QWidget* control, int leftTwips, int widthTwips) {
         control->setGeometry(int(pixels(leftTwips) * stretch), pixels(lineTop),

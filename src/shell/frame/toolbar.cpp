@@ -52,7 +52,7 @@ void Toolbar::addButton(int number) {
     button->setObjectName(nameOf(number));
     button->setAccessibleName(toolbarToolTip(number, m_idioma));
     button->setToolTip(toolbarToolTip(number, m_idioma));
-    button->setIcon(actionIcon(button->objectName()));
+    button->setIcon(iconOf(button->objectName()));
     button->setIconSize({iconSide, iconSide});
     button->setAutoRaise(true);
     button->setCheckable(true);
@@ -74,7 +74,7 @@ void Toolbar::addViewsMenu() {
     auto* menu = new QMenu(this);
     for (int view = 1; view <= 4; ++view) {
         const QString name = QStringLiteral("%1(%2)").arg(nameOf(Views)).arg(view);
-        QAction* entry = menu->addAction(shell::caption(name, m_idioma));
+        QAction* entry = menu->addAction(iconOf(name), shell::caption(name, m_idioma));
         entry->setObjectName(name);
         connect(entry, &QAction::triggered, this, [this, view] { emit viewChosen(view); });
     }
@@ -147,24 +147,31 @@ void Toolbar::hideCaptions() {
     chooseStyle();
 }
 
-// The width that the bar takes with its captions under the icons, whatever it shows now.
-int Toolbar::captionedWidth() const {
-    int width = 0;
+void Toolbar::setButtonStyle(Qt::ToolButtonStyle style, const QFont& font) {
     for (const Item& item : m_items) {
-        if (!item.widget) continue;
-        if (item.button) item.button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-        width += item.widget->sizeHint().width();
+        if (!item.button) continue;
+        item.button->setToolButtonStyle(style);
+        item.button->setFont(font);
     }
-    return width;
 }
 
+bool Toolbar::fits() const {
+    int needed = 0;
+    for (const Item& item : m_items) needed += item.widget ? item.widget->sizeHint().width() : 0;
+    return needed <= width();
+}
+
+// Captions under the icons if there is room for them, if need be in a smaller letter.
 void Toolbar::chooseStyle() {
-    const bool blank = caption(New).trimmed().isEmpty();
-    const bool room = captionedWidth() <= width();
-    const auto style = blank || !room ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextUnderIcon;
-    for (const Item& item : m_items) {
-        if (item.button) item.button->setToolButtonStyle(style);
+    if (!caption(New).trimmed().isEmpty()) {
+        QFont smaller = font();
+        smaller.setPointSizeF(font().pointSizeF() - 1);
+        for (const QFont& captionFont : {font(), smaller}) {
+            setButtonStyle(Qt::ToolButtonTextUnderIcon, captionFont);
+            if (fits()) return;
+        }
     }
+    setButtonStyle(Qt::ToolButtonIconOnly, font());
 }
 
 void Toolbar::resizeEvent(QResizeEvent*) {

@@ -14,7 +14,7 @@ namespace shell {
 // nothing to click. A button has a Value, pressed or up: a press of the mouse anywhere on the bar puts 1 to
 // 10 up, and only the procedures that run on a click press one again.
 //
-// Too narrow for its captions, the bar keeps the icons and their tool tips.
+// Too narrow for its captions, the bar writes them smaller, and at last keeps the icons and their tool tips.
 class Toolbar : public QWidget {
     Q_OBJECT
   public:
@@ -79,7 +79,8 @@ class Toolbar : public QWidget {
     void addViewsMenu();
     void setCaption(int button, const QString& text);
     void chooseStyle();
-    [[nodiscard]] int captionedWidth() const;
+    void setButtonStyle(Qt::ToolButtonStyle style, const QFont& font);
+    [[nodiscard]] bool fits() const;
 
     core::Language m_idioma;
     std::array<Item, count + 1> m_items;  // by number; the first stays empty
