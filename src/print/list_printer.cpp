@@ -21,10 +21,15 @@ constexpr int pixelsOfPicture = 64;  // sharp enough at 200 twips, and stored on
 void drawText(QPainter& painter, const PlacedText& placed, const QFontMetricsF& metrics) {
     const QString text = QString::fromStdString(placed.text);
     const double left = placed.x + placed.blanks * metrics.horizontalAdvance(u' ');
-    const double width = metrics.horizontalAdvance(text);
+    const double baseline = placed.y + metrics.ascent();
+    const double width = placed.room > 0 ? metrics.horizontalAdvance(text) : 0;
+    if (width <= placed.room) {
+        painter.drawText(QPointF(left, baseline), text);
+        return;
+    }
     painter.save();
-    painter.translate(left, placed.y + metrics.ascent());
-    if (placed.room > 0 && width > placed.room) painter.scale(placed.room / width, 1);
+    painter.translate(left, baseline);
+    painter.scale(placed.room / width, 1);
     painter.drawText(QPointF(0, 0), text);
     painter.restore();
 }

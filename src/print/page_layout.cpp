@@ -9,6 +9,7 @@ namespace {
 constexpr int firstHeadTop = 300;
 constexpr int nameLeft = 1;  // of the rows; their column's head stands at its own left edge
 constexpr int pictureSize = 200;
+constexpr int gap = 100;    // kept free before the next column
 constexpr int spacing = 5;  // blanks before every text of head and body
 
 struct Column {
@@ -19,9 +20,9 @@ struct Column {
 };
 // From the second page on the type's head is written in lower case.
 constexpr std::array<Column, 4> columns{{
-    {300, 3200, {"Nombre ", "Name "}, {"Nombre ", "Name "}},
-    {3500, 2000, {"Tipo", "Type"}, {"tipo", "type"}},
-    {5500, 2000, {"Tamaño", "Size"}, {"Tamaño", "Size"}},
+    {300, 3500 - 300 - gap, {"Nombre ", "Name "}, {"Nombre ", "Name "}},
+    {3500, 5500 - 3500 - gap, {"Tipo", "Type"}, {"tipo", "type"}},
+    {5500, 7500 - 5500 - gap, {"Tamaño", "Size"}, {"Tamaño", "Size"}},
     {7500, 0, {"Modificado", "Modified"}, {"Modificado", "Modified"}},
 }};
 constexpr core::Bilingual pageWord{"  Página: ", "  Page: "};
@@ -67,7 +68,7 @@ Page PageLayout::page(std::int64_t number) const {
         y += m_lineHeight;
         ReportRow row = m_rows.row(position);
         page.pictures.push_back({nameLeft, y + 1, pictureSize, row.picture});
-        page.texts.push_back({nameLeft, y, spacing, columns[1].left - nameLeft, cutName(row.text)});
+        page.texts.push_back({nameLeft, y, spacing, columns[1].left - nameLeft - gap, cutName(row.text)});
         std::string* const values[] = {&row.type, &row.size, &row.date};
         for (std::size_t i = 1; i < columns.size(); ++i)
             page.texts.push_back({columns[i].left, y, spacing, columns[i].room, std::move(*values[i - 1])});

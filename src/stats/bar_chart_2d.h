@@ -6,7 +6,7 @@
 
 #include "stats/chart_palette.h"
 
-class QBarSeries;
+class QStackedBarSeries;
 class QValueAxis;
 
 namespace stats {
@@ -24,7 +24,7 @@ class BarChart2D : public QChartView {
   private:
     CategoryIcons m_icons;
     Statistics m_statistics;
-    QBarSeries* m_series;
+    QStackedBarSeries* m_series;
     QValueAxis* m_values;
     std::array<QBarSet*, categoryCount> m_bars{};
 };

@@ -33,16 +33,31 @@ ChartScale chartScale(std::span<const std::int64_t> values) {
     return {-upTo(-low, step), upTo(high, step), step};
 }
 
+// Labels that meet are pooled into one block around the mean of what they wanted. Less each one's place in
+// the column, the wanted centres only have to ascend.
 std::vector<double> spreadLabels(std::vector<double> centres, double height, double top, double bottom) {
-    double floor = top + height / 2;
-    for (double& centre : centres) {
-        centre = std::max(centre, floor);
-        floor = centre + height;
+    struct Block {
+        double sum;
+        int labels;
+        [[nodiscard]] double mean() const { return sum / labels; }
+    };
+    std::vector<Block> blocks;
+    for (std::size_t i = 0; i < centres.size(); ++i) {
+        blocks.push_back({centres[i] - static_cast<double>(i) * height, 1});
+        while (blocks.size() > 1 && blocks[blocks.size() - 2].mean() > blocks.back().mean()) {
+            const Block last = blocks.back();
+            blocks.pop_back();
+            blocks.back().sum += last.sum;
+            blocks.back().labels += last.labels;
+        }
     }
-    double ceiling = bottom - height / 2;
-    for (auto centre = centres.rbegin(); centre != centres.rend(); ++centre) {
-        *centre = std::min(*centre, ceiling);
-        ceiling = *centre - height;
+    const double highest = top + height / 2;
+    const double lowest = std::max(highest, bottom - height * (static_cast<double>(centres.size()) - 0.5));
+    std::size_t i = 0;
+    for (const Block& block : blocks) {
+        const double first = std::clamp(block.mean(), highest, lowest);
+        for (int label = 0; label < block.labels; ++label, ++i)
+            centres[i] = first + static_cast<double>(i) * height;
     }
     return centres;
 }

@@ -13,7 +13,7 @@
 namespace stats {
 namespace {
 
-constexpr double pieSize = 0.66;     // of the plot's shorter side
+constexpr double pieSize = 0.78;     // of the plot's shorter side
 constexpr double leaderLength = 16;  // beyond the rim, in pixels
 constexpr int iconSize = 16;
 constexpr double gap = 5;
@@ -28,6 +28,7 @@ QPointF onCircle(QPointF centre, double radius, double degrees) {
 struct PieChart::Label {
     std::size_t category = 0;
     QPointF rim;    // where its line starts
+    QPointF knee;   // straight out from there
     QPointF elbow;  // where it turns level
     bool right = true;
 };
@@ -39,6 +40,7 @@ PieChart::PieChart(CategoryIcons icons, QWidget* parent)
     chart()->legend()->hide();
     chart()->setBackgroundVisible(false);
     chart()->setMargins({});
+    setBackgroundBrush(palette().color(QPalette::Base));
     setRenderHint(QPainter::Antialiasing);
     setFrameShape(QFrame::NoFrame);
 }
@@ -55,6 +57,10 @@ void PieChart::setStatistics(const Statistics& statistics) {
         slice->setProperty("category", static_cast<int>(category));
         m_series->append(slice);
     }
+    // A light border would leave nothing of a narrow slice, and cut into one that is alone.
+    for (QPieSlice* slice : m_series->slices())
+        if (slice->percentage() < 0.02 || slice->percentage() > 0.98)
+            slice->setPen(QPen(slice->brush().color(), 0.5));
     scene()->update();
 }
 
@@ -63,20 +69,27 @@ void PieChart::drawForeground(QPainter* painter, const QRectF&) {
     const double radius = std::min(plot.width(), plot.height()) / 2 * pieSize;
     const double height = std::max<double>(fontMetrics().height(), iconSize) + 2;
 
+    const double reach = radius + leaderLength;
+
     std::vector<Label> sides[2];
     for (const QPieSlice* slice : m_series->slices()) {
         const double middle = slice->startAngle() + slice->angleSpan() / 2;
+        const QPointF knee = onCircle(plot.center(), reach, middle);
         sides[middle < 180].push_back({static_cast<std::size_t>(slice->property("category").toInt()),
-                                       onCircle(plot.center(), radius, middle),
-                                       onCircle(plot.center(), radius + leaderLength, middle), middle < 180});
+                                       onCircle(plot.center(), radius, middle), knee, knee, middle < 180});
     }
     for (auto& side : sides) {
-        std::ranges::sort(side, {}, [](const Label& label) { return label.elbow.y(); });
+        std::ranges::sort(side, {}, [](const Label& label) { return label.knee.y(); });
         std::vector<double> centres;
-        for (const Label& label : side) centres.push_back(label.elbow.y());
+        for (const Label& label : side) centres.push_back(label.knee.y());
         centres = spreadLabels(std::move(centres), height, plot.top(), plot.bottom());
         for (std::size_t i = 0; i < side.size(); ++i) {
-            side[i].elbow.setY(centres[i]);
+            // A label that had to move keeps clear of the pie.
+            const double off = centres[i] - plot.center().y();
+            const double aside = std::sqrt(std::max(0.0, reach * reach - off * off));
+            const double wanted = std::abs(side[i].knee.x() - plot.center().x());
+            const double x = std::max(aside, wanted) * (side[i].right ? 1 : -1);
+            side[i].elbow = {plot.center().x() + x, centres[i]};
             drawLabel(*painter, side[i]);
         }
     }
@@ -86,7 +99,7 @@ void PieChart::drawLabel(QPainter& painter, const Label& label) const {
     const double direction = label.right ? 1 : -1;
     const QPointF end = label.elbow + QPointF(direction * gap, 0);
     painter.setPen(QPen(categoryOutline(label.category), 1.2));
-    painter.drawPolyline(QPolygonF{label.rim, label.elbow, end});
+    painter.drawPolyline(QPolygonF{label.rim, label.knee, label.elbow, end});
 
     const QString text = shareText(m_statistics, label.category);
     const double width = fontMetrics().horizontalAdvance(text);
