@@ -1,5 +1,6 @@
 #include "browse/opening.h"
 
+#include "core/unit_kinds.h"
 #include "platform/controls/qtext.h"
 #include "shell/frame/catalogue.h"
 #include "shell/frame/pointer.h"
@@ -29,6 +30,13 @@ constexpr ColumnSpec visibleColumns[] = {
 constexpr ColumnSpec hiddenColumn{{"", ""}, 0};
 constexpr ColumnSpec diskColumn{{"Disco", "Disk"}, 1.0 / 5};
 constexpr ColumnSpec pathColumn{{"Ruta", "Path"}, 1.0 / 2};
+
+using Names = std::vector<std::string>;
+
+// 0 for a unit whose first row bears an unknown word.
+int pictureOf(jet::Database& database, const std::string& disco) {
+    return core::unitPicture(core::unitTipo(database, disco).value_or(std::string()));
+}
 
 enum class Whereabouts { Hidden, Shown };
 
@@ -68,7 +76,7 @@ void Opening::inicio() {
     auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
     if (database) {
         agregarcombos(*database);
-        m_surface.contadores = core::countAll(*database);
+        m_surface.contadores = core::countAll(*database).value_or(core::Counters{});
     } else {
         m_surface.imageCombo1.clear();
         m_surface.estado.indicecombo = 0;
@@ -95,10 +103,10 @@ void Opening::addUnit(const std::string& disco, int picture, const QString& key)
 void Opening::agregarcombos(jet::Database& database) {
     m_surface.imageCombo1.clear();
     resetImageCombo3();
-    for (const std::string& disco : core::unitNames(database)) {
+    for (const std::string& disco : core::unitNames(database).value_or(Names{})) {
         m_surface.nombres.addUnit(disco);
         // A unit whose first row bears an unknown word has no node and no items.
-        if (const int picture = core::pictureOfUnit(database, disco)) addUnit(disco, picture, qtext(disco));
+        if (const int picture = pictureOf(database, disco)) addUnit(disco, picture, qtext(disco));
         m_surface.frame.status.setText(std::string(loadingUnit.in(m_surface.frame.idioma)) + disco);
     }
     m_surface.treeView1.repaintNow();
@@ -111,13 +119,13 @@ void Opening::agregarcombo3() {
     resetImageCombo3();
     auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
     if (!database) return;
-    for (const std::string& disco : core::unitNames(*database))
-        if (const int picture = core::pictureOfUnit(*database, disco))
+    for (const std::string& disco : core::unitNames(*database).value_or(Names{}))
+        if (const int picture = pictureOf(*database, disco))
             m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), qtext(disco), picture);
 }
 
 void Opening::writeCounters() {
-    m_surface.frame.status.setText(core::countersText(m_surface.contadores, m_surface.frame.rotulos()));
+    m_surface.frame.status.setText(core::statusText(m_surface.contadores, m_surface.frame.idioma));
 }
 
 void Opening::actualizar() {
@@ -125,7 +133,7 @@ void Opening::actualizar() {
     m_surface.treeView1.update();
     m_surface.lists.listView1.update();
     if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path()))
-        m_surface.contadores = core::countAll(*database);
+        m_surface.contadores = core::countAll(*database).value_or(core::Counters{});
     writeCounters();
     m_host.layOutPanes();
     m_surface.frame.status.hideProgress();

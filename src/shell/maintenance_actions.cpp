@@ -21,7 +21,6 @@ constexpr core::Bilingual eraseUnit{"¿Desea realmente eliminar la unidad ", "Do
 constexpr core::Bilingual fromRegistry{" del registro?", " from registry?"};
 constexpr core::Bilingual nameExists{"Ya existe una unidad con dicho nombre,por favor elija otro. ",
                                      "There is a unit with this name, please choose another. "};
-constexpr std::string_view emptyCounters = "Unidades : 0   Carpetas : 0    Archivos: 0";  // in both languages
 constexpr auto boxTitle = "zarquelin";
 
 }  // namespace
@@ -62,7 +61,7 @@ void MaintenanceActions::emptySurface() {
     m_surface.frame.toolbar.setPressed(1, false);
     m_opening.resetImageCombo3();
     m_surface.contadores = {};
-    m_surface.frame.status.setText(emptyCounters);
+    m_surface.frame.status.setText(core::emptiedStatus);
 }
 
 void MaintenanceActions::borrarunidad() {
@@ -110,13 +109,13 @@ void MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const Hourglass hourglass;
     auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
     const auto done = database ? core::renameUnit(*database, disco.toStdString(), typed)
-                               : jet::Result<>(std::unexpected(database.error()));
+                               : jet::Result<std::string>(std::unexpected(database.error()));
     if (!done) {
         m_surface.frame.messages.show(qtext(done.error().text), QString::fromUtf8(boxTitle));
         return;
     }
     database->Close();
-    showRenamed(unit, disco, newText + qtext(core::unitSuffix));
+    showRenamed(unit, disco, qtext(*done));
 }
 
 void MaintenanceActions::showRenamed(browse::Node unit, const QString& disco, const QString& renamed) {
