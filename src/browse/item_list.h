@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "browse/item_store.h"
+#include "platform/controls/list_view.h"
 
 namespace browse {
 
@@ -15,7 +16,19 @@ class ItemModel;
 class ItemList : public QWidget {
     Q_OBJECT
   public:
+    struct Column {
+        QString caption;
+        double width = 0;  // of the list's width; 0 for the columns that are never shown
+        Qt::Alignment alignment = Qt::AlignLeft;
+    };
+
     explicit ItemList(QWidget* parent = nullptr);
+
+    void setColumns(const std::vector<Column>& columns);  // ten
+    void setView(controls::ListView::View view);
+    [[nodiscard]] controls::ListView::View view() const;
+    void setFullRowSelect(bool on);
+    [[nodiscard]] bool fullRowSelect() const;
 
     void clear();
     // A run of additions between beginFill and endFill is shown (and sorted, when sorting is on) at its end.
@@ -30,10 +43,14 @@ class ItemList : public QWidget {
     [[nodiscard]] int smallPicture(int position) const;
     [[nodiscard]] int selectedPosition() const;  // the current selected item, -1 for none
     [[nodiscard]] bool isSelected(int position) const;
+    void select(int position);  // alone, and brings it into sight; not a click
     [[nodiscard]] const ItemStore& store() const;
+    [[nodiscard]] const ItemModel& model() const { return *m_model; }
+
+    void sort(ItemStore::Sorting sorting);  // selected items stay selected
 
   signals:
-    void itemClicked(int position);
+    void itemClicked(int position);              // pressed, or reached by a key
     void itemActivated(int position);  // double click or Enter
     void mousePressed(Qt::MouseButton button);
     void mouseReleased(Qt::MouseButton button, const QPoint& globalPosition);

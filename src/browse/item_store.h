@@ -27,9 +27,12 @@ class ItemStore {
     [[nodiscard]] std::string subItem(std::size_t position, int number) const;  // 1 to 9
     [[nodiscard]] int picture(std::size_t position) const;
     [[nodiscard]] int smallPicture(std::size_t position) const;
+    void setNotes(std::size_t position, std::string_view notes);
+    // An item keeps its number, from 0 in the order of adding, wherever sorting puts it.
+    [[nodiscard]] std::size_t numberOf(std::size_t position) const;
 
-    // Sorting by a key (0 the text, 1 to 9 a sub-item), as text by code points, stable. Stays on until clear
-    // of the list's sorting.
+    // Sorting by a key (0 the text, 1 to 9 a sub-item), as text by code points; equal keys keep the order in
+    // which they stand. Stays on, through clear() too, until another sort.
     struct Sorting {
         bool on = false;
         int key = 0;
@@ -41,6 +44,8 @@ class ItemStore {
     [[nodiscard]] const Sorting& sorting() const;
 
     [[nodiscard]] std::size_t bytesUsed() const;
+    // Every item stands at exactly one position.
+    [[nodiscard]] bool isConsistent() const;
 
   private:
     struct Impl;

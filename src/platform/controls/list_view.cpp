@@ -1,8 +1,10 @@
 #include "platform/controls/list_view.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QStackedLayout>
+#include <algorithm>
 
 #include "platform/controls/list_panes.h"
 
@@ -19,8 +21,11 @@ ListView::ListView(QWidget* parent)
     QHeaderView* header = m_report->header();
     connect(header, &QHeaderView::sectionClicked, this, [this](int section) { emit columnClicked(section + 1); });
     connect(header, &QHeaderView::sectionResized, this, [this](int section, int, int width) {
-        if (width > 0 && std::find(m_hiddenColumns.begin(), m_hiddenColumns.end(), section + 1) != m_hiddenColumns.end())
+        const auto& hidden = m_hiddenColumns;
+        if (width > 0 && std::find(hidden.begin(), hidden.end(), section + 1) != hidden.end())
             m_report->setColumnHidden(section, true);
+        else
+            emit columnResized(section + 1);
     });
 }
 
@@ -48,19 +53,17 @@ void ListView::fitCells() {
     if (m_view != View::Report) m_icons->arrange(m_view);
 }
 
-void ListView::setFullRowSelection(bool on) {
+void ListView::setFullRowSelect(bool on) {
     m_report->rows()->firstColumnOnly = !on;
     m_report->setAllColumnsShowFocus(on);
     m_report->viewport()->update();
 }
 
-bool ListView::fullRowSelection() const { return !m_report->rows()->firstColumnOnly; }
+bool ListView::fullRowSelect() const { return !m_report->rows()->firstColumnOnly; }
 
-void ListView::setFontSize(int points) {
-    QFont sized = font();
-    sized.setPointSize(points);
-    setFont(sized);
-    fitCells();
+void ListView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitCells();
 }
 
 void ListView::setColumnWidth(int column, int pixels) { m_report->setColumnWidth(column - 1, pixels); }

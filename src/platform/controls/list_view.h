@@ -30,9 +30,8 @@ class ListView : public QWidget {
     void setView(View view);
     [[nodiscard]] View view() const { return m_view; }
     // Off: only the first column of the report shows the selection and can be clicked.
-    void setFullRowSelection(bool on);
-    [[nodiscard]] bool fullRowSelection() const;
-    void setFontSize(int points);
+    void setFullRowSelect(bool on);
+    [[nodiscard]] bool fullRowSelect() const;
 
     void setColumnWidth(int column, int pixels);
     [[nodiscard]] int columnWidth(int column) const;
@@ -56,10 +55,12 @@ class ListView : public QWidget {
     void mousePressed(Qt::MouseButton button, const QPoint& globalPosition);  // after the selection changed
     void mouseReleased(Qt::MouseButton button, const QPoint& globalPosition);
     void columnClicked(int column);
+    void columnResized(int column);
+
+  protected:
+    void changeEvent(QEvent* event) override;
 
   private:
-    friend class ReportView;
-    friend class IconsView;
     void fitCells();
 
     QStackedLayout* m_stack;

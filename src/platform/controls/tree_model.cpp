@@ -9,18 +9,18 @@ namespace controls {
 
 TreeModel::TreeModel(QObject* parent) : QAbstractItemModel(parent) {}
 
-const std::vector<TreeModel::Node>& TreeModel::childrenOf(Node node) const {
+const std::vector<Node>& TreeModel::childrenOf(Node node) const {
     return node == noNode ? m_roots : entry(node).children;
 }
 
-std::vector<TreeModel::Node>& TreeModel::childrenOf(Node node) {
+std::vector<Node>& TreeModel::childrenOf(Node node) {
     return node == noNode ? m_roots : entry(node).children;
 }
 
-TreeModel::Node TreeModel::add(Node parent, const QString& text, int picture, int selectedPicture,
+Node TreeModel::add(Node parent, const QString& text, int picture, int selectedPicture,
                                const QString& key) {
     if (parent != noNode && !contains(parent)) return noNode;
-    const Node node = static_cast<Node>(m_entries.size());
+    const Node node = static_cast<Node>(m_entries.size()) + 1;
     const int row = childCount(parent);
     beginInsertRows(place(parent), row, row);
     childrenOf(parent).push_back(node);
@@ -75,16 +75,16 @@ void TreeModel::clear() {
 }
 
 bool TreeModel::contains(Node node) const {
-    return node >= 0 && static_cast<std::size_t>(node) < m_entries.size() && entry(node).index > 0;
+    return node >= 1 && static_cast<std::size_t>(node) <= m_entries.size() && entry(node).index > 0;
 }
 
 int TreeModel::indexOf(Node node) const { return contains(node) ? entry(node).index : 0; }
 
-TreeModel::Node TreeModel::nodeAt(int index) const {
+Node TreeModel::nodeAt(int index) const {
     return index < 1 || index > count() ? noNode : m_inOrder[static_cast<std::size_t>(index - 1)];
 }
 
-TreeModel::Node TreeModel::nodeOfKey(const QString& key) const { return m_byKey.value(key, noNode); }
+Node TreeModel::nodeOfKey(const QString& key) const { return m_byKey.value(key, noNode); }
 
 QString TreeModel::text(Node node) const { return contains(node) ? entry(node).text : QString(); }
 
@@ -100,21 +100,21 @@ int TreeModel::picture(Node node) const { return contains(node) ? entry(node).pi
 
 int TreeModel::selectedPicture(Node node) const { return contains(node) ? entry(node).selectedPicture : 0; }
 
-void TreeModel::setRenamable(Node node, bool renamable) {
-    if (contains(node)) entry(node).renamable = renamable;
-}
-
-TreeModel::Node TreeModel::parentOf(Node node) const { return contains(node) ? entry(node).parent : noNode; }
+Node TreeModel::parentOf(Node node) const { return contains(node) ? entry(node).parent : noNode; }
 
 int TreeModel::childCount(Node node) const {
     return node == noNode || contains(node) ? static_cast<int>(childrenOf(node).size()) : 0;
 }
 
-TreeModel::Node TreeModel::firstChild(Node node) const {
+Node TreeModel::firstChild(Node node) const {
     return childCount(node) == 0 ? noNode : childrenOf(node).front();
 }
 
-TreeModel::Node TreeModel::nextSibling(Node node) const {
+Node TreeModel::lastChild(Node node) const {
+    return childCount(node) == 0 ? noNode : childrenOf(node).back();
+}
+
+Node TreeModel::nextSibling(Node node) const {
     if (!contains(node)) return noNode;
     const std::vector<Node>& siblings = childrenOf(entry(node).parent);
     const auto next = static_cast<std::size_t>(entry(node).row) + 1;
@@ -131,7 +131,7 @@ QModelIndex TreeModel::place(Node node) const {
     return contains(node) ? createIndex(entry(node).row, 0, static_cast<quintptr>(node)) : QModelIndex();
 }
 
-TreeModel::Node TreeModel::nodeOf(const QModelIndex& place) {
+Node TreeModel::nodeOf(const QModelIndex& place) {
     return place.isValid() ? static_cast<Node>(place.internalId()) : noNode;
 }
 
@@ -193,7 +193,7 @@ Qt::ItemFlags TreeModel::flags(const QModelIndex& place) const {
     const Node node = nodeOf(place);
     if (!contains(node)) return Qt::NoItemFlags;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    if (entry(node).renamable) flags |= Qt::ItemIsEditable;
+    if (entry(node).parent == noNode) flags |= Qt::ItemIsEditable;
     if (entry(node).children.empty()) flags |= Qt::ItemNeverHasChildren;
     return flags;
 }

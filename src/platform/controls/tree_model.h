@@ -7,14 +7,14 @@
 
 namespace controls {
 
-// The nodes of a tree, kept compactly: a hundred thousand are nothing. A node is named by a handle that stays
-// good until the node is removed or all are cleared; handles are never used again before a clear.
+// A handle of a node: good until the node is removed or all are cleared, and not given again before a clear.
+using Node = int;
+inline constexpr Node noNode = 0;  // also the invisible parent of the roots
+
+// The nodes of a tree, kept compactly: a hundred thousand are nothing. Roots can be renamed.
 class TreeModel : public QAbstractItemModel {
     Q_OBJECT
   public:
-    using Node = int;
-    static constexpr Node noNode = -1;  // also the invisible parent of the roots
-
     explicit TreeModel(QObject* parent = nullptr);
 
     // Behind the last child of the parent. A key that is taken already stays with its first node.
@@ -24,7 +24,8 @@ class TreeModel : public QAbstractItemModel {
 
     [[nodiscard]] int count() const { return static_cast<int>(m_inOrder.size()); }
     [[nodiscard]] bool contains(Node node) const;
-    // Nodes count from 1 in the order in which they were added; removal closes the gap. 0 and noNode: none.
+    // The index of a node is its place, from 1, in the order in which nodes were added; removal closes the gap.
+    // 0 for no such node.
     [[nodiscard]] int indexOf(Node node) const;
     [[nodiscard]] Node nodeAt(int index) const;
     [[nodiscard]] Node nodeOfKey(const QString& key) const;
@@ -34,11 +35,11 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] QString key(Node node) const;
     [[nodiscard]] int picture(Node node) const;
     [[nodiscard]] int selectedPicture(Node node) const;
-    void setRenamable(Node node, bool renamable);
 
     [[nodiscard]] Node parentOf(Node node) const;
     [[nodiscard]] int childCount(Node node) const;  // of noNode: the number of roots
     [[nodiscard]] Node firstChild(Node node) const;
+    [[nodiscard]] Node lastChild(Node node) const;
     [[nodiscard]] Node nextSibling(Node node) const;
     [[nodiscard]] QString fullPath(Node node) const;  // from the root down, joined by backslashes
 
@@ -73,16 +74,15 @@ class TreeModel : public QAbstractItemModel {
         int index = 0;  // 0 once removed
         short picture = 0;
         short selectedPicture = 0;
-        bool renamable = false;
     };
 
-    [[nodiscard]] const Entry& entry(Node node) const { return m_entries[static_cast<std::size_t>(node)]; }
-    [[nodiscard]] Entry& entry(Node node) { return m_entries[static_cast<std::size_t>(node)]; }
+    [[nodiscard]] const Entry& entry(Node node) const { return m_entries[static_cast<std::size_t>(node - 1)]; }
+    [[nodiscard]] Entry& entry(Node node) { return m_entries[static_cast<std::size_t>(node - 1)]; }
     [[nodiscard]] const std::vector<Node>& childrenOf(Node node) const;
     [[nodiscard]] std::vector<Node>& childrenOf(Node node);
     void forget(Node node);
 
-    std::vector<Entry> m_entries;  // by handle
+    std::vector<Entry> m_entries;  // by handle less one
     std::vector<Node> m_roots;
     std::vector<Node> m_inOrder;  // by index less one
     QHash<QString, Node> m_byKey;

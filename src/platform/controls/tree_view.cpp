@@ -47,29 +47,27 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent) {
     connect(&m_model, &TreeModel::textEntered, this, &TreeView::afterLabelEdit);
 }
 
-TreeView::Node TreeView::addNode(Node parent, const QString& text, int picture, int selectedPicture,
+Node TreeView::addNode(Node parent, const QString& text, int picture, int selectedPicture,
                                  const QString& key) {
     return m_model.add(parent, text, picture, selectedPicture, key);
 }
 
-void TreeView::removeNode(Node node) { m_model.remove(node); }
+void TreeView::remove(Node node) { m_model.remove(node); }
 
 void TreeView::clear() { m_model.clear(); }
 
 void TreeView::setText(Node node, const QString& text) { m_model.setText(node, text); }
 
-void TreeView::setRenamable(Node node, bool renamable) { m_model.setRenamable(node, renamable); }
-
 bool TreeView::isExpanded(Node node) const { return QTreeView::isExpanded(m_model.place(node)); }
 
 void TreeView::setExpanded(Node node, bool expanded) { QTreeView::setExpanded(m_model.place(node), expanded); }
 
-TreeView::Node TreeView::selectedNode() const {
+Node TreeView::selected() const {
     const QModelIndex current = currentIndex();
     return selectionModel()->isSelected(current) ? TreeModel::nodeOf(current) : noNode;
 }
 
-void TreeView::setSelectedNode(Node node) {
+void TreeView::setSelected(Node node) {
     if (m_model.contains(node))
         setCurrentIndex(m_model.place(node));
     else
@@ -82,32 +80,26 @@ void TreeView::editLabel(Node node) {
     edit(m_model.place(node));
 }
 
-void TreeView::setFontSize(int points) {
-    QFont sized = font();
-    sized.setPointSize(points);
-    setFont(sized);
-}
-
 void TreeView::repaintNow() {
     executeDelayedItemsLayout();
     viewport()->repaint();
 }
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
-    const Node before = selectedNode();
+    const Node before = selected();
     QTreeView::mousePressEvent(event);
     // A menu is for the node under the pointer, so that node is clicked first.
-    if (event->button() == Qt::RightButton && selectedNode() != before && selectedNode() != noNode)
-        emit nodeClicked(selectedNode());
+    if (event->button() == Qt::RightButton && selected() != before && selected() != noNode)
+        emit nodeClicked(selected());
     emit mousePressed(event->button(), event->globalPosition().toPoint());
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
     const bool editing = state() == QAbstractItemView::EditingState;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const Node before = selectedNode();
+    const Node before = selected();
     QTreeView::keyPressEvent(event);
-    const Node now = selectedNode();
+    const Node now = selected();
     if (!editing && now != noNode && (enter || now != before)) emit nodeClicked(now);
 }
 

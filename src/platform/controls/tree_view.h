@@ -12,31 +12,41 @@ namespace controls {
 class TreeView : public QTreeView {
     Q_OBJECT
   public:
-    using Node = TreeModel::Node;
-    static constexpr Node noNode = TreeModel::noNode;
-
     explicit TreeView(QWidget* parent = nullptr);
 
     Node addNode(Node parent, const QString& text, int picture, int selectedPicture, const QString& key = {});
-    void removeNode(Node node);
+    void remove(Node node);  // with all below it
     void clear();
-    // Questions about nodes, their texts and their order.
-    [[nodiscard]] const TreeModel& nodes() const { return m_model; }
     void setText(Node node, const QString& text);
-    void setRenamable(Node node, bool renamable);
+
+    // See TreeModel for what these answer.
+    [[nodiscard]] const TreeModel& nodes() const { return m_model; }
+    [[nodiscard]] bool contains(Node node) const { return m_model.contains(node); }
+    [[nodiscard]] QString text(Node node) const { return m_model.text(node); }
+    [[nodiscard]] QString key(Node node) const { return m_model.key(node); }
+    [[nodiscard]] int picture(Node node) const { return m_model.picture(node); }
+    [[nodiscard]] QString fullPath(Node node) const { return m_model.fullPath(node); }
+    [[nodiscard]] int indexOf(Node node) const { return m_model.indexOf(node); }
+    [[nodiscard]] Node nodeAt(int index) const { return m_model.nodeAt(index); }
+    [[nodiscard]] int count() const { return m_model.count(); }
+    [[nodiscard]] int childCount(Node node) const { return m_model.childCount(node); }
+    [[nodiscard]] Node parentOf(Node node) const { return m_model.parentOf(node); }
+    [[nodiscard]] Node firstRoot() const { return m_model.firstChild(noNode); }
+    [[nodiscard]] Node lastRoot() const { return m_model.lastChild(noNode); }
+    [[nodiscard]] Node firstChild(Node node) const { return m_model.firstChild(node); }
+    [[nodiscard]] Node nextSibling(Node node) const { return m_model.nextSibling(node); }
 
     using QTreeView::isExpanded;
     using QTreeView::setExpanded;
     [[nodiscard]] bool isExpanded(Node node) const;
     void setExpanded(Node node, bool expanded);
-    [[nodiscard]] Node selectedNode() const;  // noNode for none
-    void setSelectedNode(Node node);          // shows it; does not count as a click
+    [[nodiscard]] Node selected() const;  // noNode for none
+    void setSelected(Node node);          // shows it; does not count as a click
 
-    // Lets the user type another text over a renamable node. When it is entered, the old one unchanged included,
+    // Lets the user type another text over a root. When it is entered, the old one unchanged included,
     // afterLabelEdit tells it; the node keeps its old text until a listener sets another.
     void editLabel(Node node);
 
-    void setFontSize(int points);
     void repaintNow();  // at once, for progress that shows while a procedure runs
 
   signals:

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "browse/item_store.h"
+
+namespace browse {
+
+// The key that sorts a column (from 1): size and date by their hidden keys, names with folders first.
+[[nodiscard]] int sortKeyOfColumn(int column);
+// The column that shows what a key sorts; 0 when none does.
+[[nodiscard]] int columnOfSortKey(int key);
+
+// A click on a column header turns the order over, whichever column was sorted before, and turns sorting on.
+[[nodiscard]] ItemStore::Sorting sortingAfterClick(const ItemStore::Sorting& before, int column);
+
+// Stepping into a folder sorts the new listing by its notes.
+inline constexpr ItemStore::Sorting sortingAfterStep{.on = true, .key = 1, .descending = false};
+
+}  // namespace browse
