@@ -1,0 +1,129 @@
+#include "browse/list_activation.h"
+
+#include <charconv>
+#include <optional>
+
+#include "browse/tail.h"
+#include "platform/jet/database.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/tell.h"
+
+namespace browse {
+namespace {
+
+constexpr int typeColumn = 2;
+constexpr int discoColumn = 8;
+constexpr int rutaColumn = 9;
+constexpr int notesKey = 1;
+constexpr int deepestLookedUp = 10;  // a folder deeper than that lists nothing
+
+// The level of what lies in the folder that the statement finds.
+std::optional<int> levelInside(jet::Database& database, const std::string& lookup) {
+    const auto rows = database.OpenRecordset(lookup);
+    if (!rows || rows->Eof()) return std::nullopt;
+    const std::string_view nivel = rows->Field("nivel").text();
+    int level = 0;
+    std::from_chars(nivel.data(), nivel.data() + nivel.size(), level);
+    return level >= 1 && level <= deepestLookedUp ? std::optional(level + 1) : std::nullopt;
+}
+
+}  // namespace
+
+bool ListActivation::isFolderCaption(const std::string& type) const {
+    return type == m_surface.frame.rotulos().rotulocarpeta;
+}
+
+void ListActivation::itemClicked(ItemList& list, int position) {
+    ClickedRow& clic = m_surface.clic;
+    clic.indicefila = position;
+    clic.nodoactual = list.text(position).toStdString();
+    clic.tipofilaelegida = list.subItem(position, typeColumn).toStdString();
+    clic.itemelegido = true;
+    const bool results = isResults(list);
+    (results ? clic.filaelegida2 : clic.filaelegida1) = true;
+    (results ? clic.discofila2 : clic.discofila1) = list.subItem(position, discoColumn).toStdString();
+    (results ? clic.rutafila2 : clic.rutafila1) = list.subItem(position, rutaColumn).toStdString();
+}
+
+void ListActivation::abrirlistitem() {
+    doubleClicked(m_surface.lists.shown());
+}
+
+void ListActivation::doubleClicked(ItemList& list) {
+    const ClickedRow& clic = m_surface.clic;
+    const int position = list.selectedPosition();
+    if (list.count() == 0 || position < 0) return;
+    if (!(isResults(list) ? clic.filaelegida2 : clic.filaelegida1) || clic.indicefila < 0) return;
+
+    const shell::Hourglass hourglass;
+    const Row row{list.text(position).toStdString(), list.subItem(position, discoColumn).toStdString(),
+                  list.subItem(position, rutaColumn).toStdString()};
+    if (!isFolderCaption(list.subItem(position, typeColumn).toStdString()))
+        openRow(row);
+    else if (isResults(list))
+        stepFromResults(row);
+    else
+        stepFromBrowsing(row);
+}
+
+void ListActivation::openRow(const Row& row) {
+    openFile({row.ruta, row.name}, row.disco, m_surface.frame.idioma, m_drives,
+             shell::tellThrough(m_surface.frame.messages));
+}
+
+void ListActivation::stepFromBrowsing(const Row& row) {
+    ItemList& list = m_surface.lists.listView1;
+    list.sort({.on = true, .key = notesKey, .descending = false});
+    selectChildNode(list.selectedPosition());
+    ++m_surface.estado.nivelactual;
+    showPathItem(m_surface, m_surface.imageCombo1.text().toStdString() + '\\' + m_surface.clic.nodoactual);
+
+    list.clear();
+    if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
+        const std::string lookup = steppedFolderLookup(row.name, row.disco, row.ruta);
+        const auto level = levelInside(*database, lookup);
+        m_surface.clic.nivelfila1 = level ? std::to_string(*level - 1) : std::string();
+        if (level) fillList(m_surface, *database, steppedFolderListing(*level, row.disco, row.ruta));
+        cantidadytamaños(m_surface, *database);
+    }
+    showPicture(m_surface);
+    showKind(m_surface);
+}
+
+// The tree's children stand for the list's rows, whatever the list is sorted by.
+void ListActivation::selectChildNode(int position) {
+    controls::TreeView& tree = m_surface.treeView1;
+    const Node parent = tree.selectedNode();
+    if (parent == noNode) return;
+    tree.setExpanded(parent, true);
+    Node child = tree.nodes().firstChild(parent);
+    for (int row = 1; row <= position && child != noNode; ++row) {
+        const Node next = tree.nodes().nextSibling(child);
+        if (next == noNode) break;
+        child = next;
+    }
+    if (child != noNode) tree.setSelectedNode(child);
+}
+
+// Stays in the search list: tree, path combo and sorting are left as they are.
+void ListActivation::stepFromResults(const Row& row) {
+    ItemList& results = m_surface.lists.listView2;
+    results.clear();
+    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    if (!database) return;
+    const auto level = levelInside(*database, steppedResultLookup(row.name, row.disco, row.ruta));
+    m_surface.clic.nivelfila2 = level ? std::to_string(*level - 1) : std::string();
+    if (!level) return;
+    results.beginFill();
+    list(*database, steppedResultListing(*level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
+         [&](const ListItem& item) { results.add(item); });
+    results.endFill();
+}
+
+bool ListActivation::popupAllowed() const {
+    const ClickedRow& clic = m_surface.clic;
+    return clic.indicefila >= 0 && !isFolderCaption(clic.tipofilaelegida);
+}
+
+}  // namespace browse
