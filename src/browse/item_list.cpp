@@ -33,7 +33,8 @@ SelectedItems selectedItems(const QItemSelectionModel& selection, const ItemStor
             result.any = true;
         }
     result.hasCurrent = selection.currentIndex().isValid();
-    if (result.hasCurrent) result.current = store.numberOf(static_cast<std::size_t>(selection.currentIndex().row()));
+    if (result.hasCurrent)
+        result.current = store.numberOf(static_cast<std::size_t>(selection.currentIndex().row()));
     return result;
 }
 
@@ -46,7 +47,8 @@ void restore(QItemSelectionModel& selection, const ItemModel& model, const Selec
         const bool selected = row < rows && kept.selected[number];
         if (selected && begin < 0) begin = row;
         if (!selected && begin >= 0) {
-            ranges.append(QItemSelectionRange(model.index(begin, 0), model.index(row - 1, ItemModel::columns - 1)));
+            ranges.append(
+                QItemSelectionRange(model.index(begin, 0), model.index(row - 1, ItemModel::columns - 1)));
             begin = -1;
         }
         if (row < rows && kept.hasCurrent && number == kept.current)
@@ -91,8 +93,9 @@ void ItemList::setColumns(const std::vector<Column>& columns) {
 }
 
 void ItemList::applyWidths() {
-    const double sum = std::accumulate(m_columns.begin(), m_columns.end(), 0.0,
-                                       [](double total, const Column& column) { return total + column.width; });
+    const double sum =
+        std::accumulate(m_columns.begin(), m_columns.end(), 0.0,
+                        [](double total, const Column& column) { return total + column.width; });
     const int frame = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
     const double inner = width() - frame - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const double whole = sum > 1 && sum <= nearlyFits ? inner / sum : inner;
@@ -103,17 +106,29 @@ void ItemList::applyWidths() {
     m_applyingWidths = false;
 }
 
-void ItemList::setView(controls::ListView::View view) { m_view->setView(view); }
+void ItemList::setView(controls::ListView::View view) {
+    m_view->setView(view);
+}
 
-controls::ListView::View ItemList::view() const { return m_view->view(); }
+controls::ListView::View ItemList::view() const {
+    return m_view->view();
+}
 
-void ItemList::setFullRowSelect(bool on) { m_view->setFullRowSelect(on); }
+void ItemList::setFullRowSelect(bool on) {
+    m_view->setFullRowSelect(on);
+}
 
-bool ItemList::fullRowSelect() const { return m_view->fullRowSelect(); }
+bool ItemList::fullRowSelect() const {
+    return m_view->fullRowSelect();
+}
 
-void ItemList::clear() { m_model->clear(); }
+void ItemList::clear() {
+    m_model->clear();
+}
 
-void ItemList::beginFill() { m_filling = true; }
+void ItemList::beginFill() {
+    m_filling = true;
+}
 
 void ItemList::add(const ListItem& item) {
     m_model->add(item);
@@ -127,17 +142,22 @@ void ItemList::endFill() {
     if (more && store().sorting().on) sort(store().sorting());
 }
 
-int ItemList::count() const { return static_cast<int>(store().size()); }
+int ItemList::count() const {
+    return static_cast<int>(store().size());
+}
 
 QString ItemList::text(int position) const {
     return holds(position) ? controls::qtext(store().text(static_cast<std::size_t>(position))) : QString();
 }
 
 QString ItemList::subItem(int position, int number) const {
-    return holds(position) ? controls::qtext(store().subItem(static_cast<std::size_t>(position), number)) : QString();
+    return holds(position) ? controls::qtext(store().subItem(static_cast<std::size_t>(position), number))
+                           : QString();
 }
 
-void ItemList::setNotes(int position, const QString& notes) { m_model->setNotes(position, notes); }
+void ItemList::setNotes(int position, const QString& notes) {
+    m_model->setNotes(position, notes);
+}
 
 int ItemList::smallPicture(int position) const {
     return holds(position) ? store().smallPicture(static_cast<std::size_t>(position)) : 0;
@@ -152,15 +172,21 @@ int ItemList::selectedPosition() const {
     return first;
 }
 
-bool ItemList::isSelected(int position) const { return m_view->isSelected(position); }
+bool ItemList::isSelected(int position) const {
+    return m_view->isSelected(position);
+}
 
 void ItemList::select(int position) {
     if (position >= 0 && position < m_model->rowCount()) m_view->setCurrentRow(position);
 }
 
-const ItemStore& ItemList::store() const { return m_model->store(); }
+const ItemStore& ItemList::store() const {
+    return m_model->store();
+}
 
-bool ItemList::holds(int position) const { return position >= 0 && position < count(); }
+bool ItemList::holds(int position) const {
+    return position >= 0 && position < count();
+}
 
 void ItemList::sort(ItemStore::Sorting sorting) {
     QItemSelectionModel& selection = *m_view->selectionModel();

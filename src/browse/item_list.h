@@ -50,11 +50,26 @@ class ItemList : public QWidget {
     void sort(ItemStore::Sorting sorting);  // selected items stay selected
 
   signals:
-    void itemClicked(int position);              // pressed, or reached by a key
+    void itemClicked(int position);    // pressed, or reached by a key
     void itemActivated(int position);  // double click or Enter
     void mousePressed(Qt::MouseButton button);
     void mouseReleased(Qt::MouseButton button, const QPoint& globalPosition);
     void columnClicked(int column);  // from 1
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    [[nodiscard]] bool holds(int position) const;
+    void applyWidths();
+
+    ItemModel* m_model;
+    controls::ListView* m_view;
+    std::vector<Column> m_columns;
+    bool m_filling = false;
+    bool m_applyingWidths = false;
+    bool m_widthsAreTheUsers = false;  // once the user has dragged a column, resizing leaves the widths alone
 };
 
 // The two lists that lie over each other; the search list covers the browse list while it is shown.

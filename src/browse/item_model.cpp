@@ -49,9 +49,13 @@ bool ItemModel::isConsistent() const {
     return m_store.isConsistent() && m_shown >= 0 && static_cast<std::size_t>(m_shown) <= m_store.size();
 }
 
-int ItemModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_shown; }
+int ItemModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : m_shown;
+}
 
-int ItemModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns; }
+int ItemModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns;
+}
 
 QVariant ItemModel::data(const QModelIndex& place, int role) const {
     if (!place.isValid() || place.row() >= m_shown) return {};
@@ -62,12 +66,14 @@ QVariant ItemModel::data(const QModelIndex& place, int role) const {
             return column == 0 ? qtext(m_store.text(position)) : qtext(m_store.subItem(position, column));
         case Qt::DecorationRole:
             return column == 0 ? QVariant(controls::picture(m_store.smallPicture(position))) : QVariant();
-        case controls::ListView::LargeIconRole: return controls::picture(m_store.picture(position));
+        case controls::ListView::LargeIconRole:
+            return controls::picture(m_store.picture(position));
         case Qt::TextAlignmentRole: {
             const Qt::Alignment across = m_alignments[static_cast<std::size_t>(column)];
             return QVariant::fromValue(across | Qt::AlignVCenter);
         }
-        default: return {};
+        default:
+            return {};
     }
 }
 

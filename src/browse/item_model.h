@@ -8,8 +8,8 @@
 
 namespace browse {
 
-// The items of a store as rows of ten columns, the text and its sub-items. What was added since the last show()
-// is in the store and not yet among the rows.
+// The items of a store as rows of ten columns, the text and its sub-items. What was added since the last
+// show() is in the store and not yet among the rows.
 class ItemModel : public QAbstractTableModel {
     Q_OBJECT
   public:

@@ -68,10 +68,14 @@ struct ItemStore::Impl {
 
 std::string ItemStore::Impl::nameKey(const Item& item) {
     switch (item.nameKey) {
-        case NameKey::Folder: return std::string("a").append(item.name());
-        case NameKey::File: return std::string("b").append(item.name());
-        case NameKey::LowerCaseFile: return "b" + asciiLower(item.name());
-        case NameKey::OfItsOwn: break;
+        case NameKey::Folder:
+            return std::string("a").append(item.name());
+        case NameKey::File:
+            return std::string("b").append(item.name());
+        case NameKey::LowerCaseFile:
+            return "b" + asciiLower(item.name());
+        case NameKey::OfItsOwn:
+            break;
     }
     std::uint32_t size = 0;
     const char* behind = item.text + item.textSize;
@@ -81,16 +85,26 @@ std::string ItemStore::Impl::nameKey(const Item& item) {
 
 std::string ItemStore::Impl::subItem(const Item& item, int number) const {
     switch (number) {
-        case 1: return std::string(pool.text(item.notes));
-        case 2: return std::string(pool.text(item.type));
-        case 3: return item.largo == noLargo ? " " : std::to_string(item.largo) + " KB";
-        case 4: return core::dateText(item.fecha);
-        case 5: return item.dateKeyIsSerial ? core::decimalText(item.fecha) : core::dateText(item.fecha);
-        case 6: return item.largo == noLargo ? std::string() : paddedSize(item.largo);
-        case 7: return nameKey(item);
-        case 8: return std::string(pool.text(item.disco));
-        case 9: return std::string(pool.text(item.ruta));
-        default: return {};
+        case 1:
+            return std::string(pool.text(item.notes));
+        case 2:
+            return std::string(pool.text(item.type));
+        case 3:
+            return item.largo == noLargo ? " " : std::to_string(item.largo) + " KB";
+        case 4:
+            return core::dateText(item.fecha);
+        case 5:
+            return item.dateKeyIsSerial ? core::decimalText(item.fecha) : core::dateText(item.fecha);
+        case 6:
+            return item.largo == noLargo ? std::string() : paddedSize(item.largo);
+        case 7:
+            return nameKey(item);
+        case 8:
+            return std::string(pool.text(item.disco));
+        case 9:
+            return std::string(pool.text(item.ruta));
+        default:
+            return {};
     }
 }
 
@@ -101,12 +115,23 @@ std::vector<std::string_view> ItemStore::Impl::keys(int key, TextArena& computed
     for (const std::uint32_t number : order) {
         const Item& item = items[number];
         switch (key) {
-            case 0: result.push_back(item.name()); break;
-            case 1: result.push_back(pool.text(item.notes)); break;
-            case 2: result.push_back(pool.text(item.type)); break;
-            case 8: result.push_back(pool.text(item.disco)); break;
-            case 9: result.push_back(pool.text(item.ruta)); break;
-            default: result.push_back(computed.add(subItem(item, key)));
+            case 0:
+                result.push_back(item.name());
+                break;
+            case 1:
+                result.push_back(pool.text(item.notes));
+                break;
+            case 2:
+                result.push_back(pool.text(item.type));
+                break;
+            case 8:
+                result.push_back(pool.text(item.disco));
+                break;
+            case 9:
+                result.push_back(pool.text(item.ruta));
+                break;
+            default:
+                result.push_back(computed.add(subItem(item, key)));
         }
     }
     return result;
@@ -147,23 +172,33 @@ void ItemStore::add(const ListItem& item) {
     m_impl->items.push_back(added);
 }
 
-std::size_t ItemStore::size() const { return m_impl->items.size(); }
+std::size_t ItemStore::size() const {
+    return m_impl->items.size();
+}
 
-std::string_view ItemStore::text(std::size_t position) const { return m_impl->at(position).name(); }
+std::string_view ItemStore::text(std::size_t position) const {
+    return m_impl->at(position).name();
+}
 
 std::string ItemStore::subItem(std::size_t position, int number) const {
     return m_impl->subItem(m_impl->at(position), number);
 }
 
-int ItemStore::picture(std::size_t position) const { return m_impl->at(position).picture; }
+int ItemStore::picture(std::size_t position) const {
+    return m_impl->at(position).picture;
+}
 
-int ItemStore::smallPicture(std::size_t position) const { return m_impl->at(position).smallPicture; }
+int ItemStore::smallPicture(std::size_t position) const {
+    return m_impl->at(position).smallPicture;
+}
 
 void ItemStore::setNotes(std::size_t position, std::string_view notes) {
     m_impl->items[m_impl->order[position]].notes = m_impl->pool.add(notes);
 }
 
-std::size_t ItemStore::numberOf(std::size_t position) const { return m_impl->order[position]; }
+std::size_t ItemStore::numberOf(std::size_t position) const {
+    return m_impl->order[position];
+}
 
 void ItemStore::sort(Sorting sorting) {
     m_impl->sorting = sorting;
@@ -181,7 +216,9 @@ void ItemStore::sortAgain() {
     m_impl->order = std::move(order);
 }
 
-const ItemStore::Sorting& ItemStore::sorting() const { return m_impl->sorting; }
+const ItemStore::Sorting& ItemStore::sorting() const {
+    return m_impl->sorting;
+}
 
 std::size_t ItemStore::bytesUsed() const {
     return m_impl->arena.bytesUsed() + m_impl->pool.bytesUsed() + m_impl->items.size() * sizeof(Item) +

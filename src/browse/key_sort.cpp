@@ -6,8 +6,8 @@
 namespace browse {
 namespace {
 
-// Seven bytes of a key from some depth on, big end first, then how many of them the key had; 8 when more follow.
-// A key that ends is thus before every longer one, bytes of zero included.
+// Seven bytes of a key from some depth on, big end first, then how many of them the key had; 8 when more
+// follow. A key that ends is thus before every longer one, bytes of zero included.
 constexpr std::size_t chunkSize = 7;
 constexpr std::uint64_t moreFollow = 8;
 
@@ -70,7 +70,8 @@ class Sorter {
             std::size_t last = first + 1;
             while (last < run.end && m_entries[last].chunk == chunk) ++last;
             const std::uint64_t length = (m_descending ? ~chunk : chunk) & 0xff;
-            if (last - first > 1 && length == moreFollow) m_pending.push_back({first, last, run.depth + chunkSize});
+            if (last - first > 1 && length == moreFollow)
+                m_pending.push_back({first, last, run.depth + chunkSize});
             first = last;
         }
     }

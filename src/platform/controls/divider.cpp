@@ -59,8 +59,12 @@ void Divider::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
-void Divider::focusInEvent(QFocusEvent*) { update(); }
-void Divider::focusOutEvent(QFocusEvent*) { update(); }
+void Divider::focusInEvent(QFocusEvent*) {
+    update();
+}
+void Divider::focusOutEvent(QFocusEvent*) {
+    update();
+}
 
 void Divider::paintEvent(QPaintEvent*) {
     if (hasFocus()) QPainter(this).fillRect(rect(), palette().color(QPalette::Highlight));

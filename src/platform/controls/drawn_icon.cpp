@@ -59,12 +59,18 @@ void drawStack(QPainter& painter, const QColor& colour) {
 void drawShape(QPainter& painter, DrawnIcon::Shape shape, const QColor& colour) {
     using Shape = DrawnIcon::Shape;
     switch (shape) {
-        case Shape::Page: return drawPage(painter);
-        case Shape::ClosedFolder: return drawFolder(painter, colour, false);
-        case Shape::OpenFolder: return drawFolder(painter, colour, true);
-        case Shape::Disc: return drawDisc(painter, colour);
-        case Shape::Drive: return drawDrive(painter, colour);
-        case Shape::Stack: return drawStack(painter, colour);
+        case Shape::Page:
+            return drawPage(painter);
+        case Shape::ClosedFolder:
+            return drawFolder(painter, colour, false);
+        case Shape::OpenFolder:
+            return drawFolder(painter, colour, true);
+        case Shape::Disc:
+            return drawDisc(painter, colour);
+        case Shape::Drive:
+            return drawDrive(painter, colour);
+        case Shape::Stack:
+            return drawStack(painter, colour);
         case Shape::Button:
             painter.setPen(QPen(outline, 0.8));
             painter.setBrush(colour);
@@ -108,18 +114,25 @@ void drawEmblem(QPainter& painter, DrawnIcon::Emblem emblem, const QColor& colou
     painter.setPen(Qt::NoPen);
     painter.setBrush(colour);
     switch (emblem) {
-        case Emblem::None: return;
-        case Emblem::Note: return drawNote(painter);
+        case Emblem::None:
+            return;
+        case Emblem::Note:
+            return drawNote(painter);
         case Emblem::Hills:
             painter.drawPolygon(QPolygonF{{4, 13}, {6.8, 8.5}, {8.6, 11}, {9.8, 9.6}, {12, 13}});
             painter.drawEllipse(QPointF(10.3, 6.9), 1, 1);
             return;
-        case Emblem::Play: painter.drawPolygon(QPolygonF{{5.5, 6}, {11.5, 9.6}, {5.5, 13.2}}); return;
-        case Emblem::Window: return drawWindow(painter);
-        case Emblem::Lines:
-            for (const qreal y : {6.2, 8.2, 10.2, 12.2}) painter.drawRect(QRectF(4.5, y, y > 12 ? 4 : 7, 0.9));
+        case Emblem::Play:
+            painter.drawPolygon(QPolygonF{{5.5, 6}, {11.5, 9.6}, {5.5, 13.2}});
             return;
-        case Emblem::Globe: return drawGlobe(painter, colour);
+        case Emblem::Window:
+            return drawWindow(painter);
+        case Emblem::Lines:
+            for (const qreal y : {6.2, 8.2, 10.2, 12.2})
+                painter.drawRect(QRectF(4.5, y, y > 12 ? 4 : 7, 0.9));
+            return;
+        case Emblem::Globe:
+            return drawGlobe(painter, colour);
         case Emblem::Zipper:
             for (int tooth = 0; tooth < 6; ++tooth)
                 painter.drawRect(QRectF(tooth % 2 == 0 ? 6.4 : 8, 2 + 1.6 * tooth, 1.6, 1.2));
@@ -127,7 +140,8 @@ void drawEmblem(QPainter& painter, DrawnIcon::Emblem emblem, const QColor& colou
         case Emblem::Dots:
             for (const qreal x : {5.2, 8.0, 10.8}) painter.drawEllipse(QPointF(x, 9.5), 0.9, 0.9);
             return;
-        case Emblem::Pad: return drawPad(painter);
+        case Emblem::Pad:
+            return drawPad(painter);
     }
 }
 
@@ -156,6 +170,8 @@ QPixmap DrawnIcon::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State stat
     return result;
 }
 
-QIconEngine* DrawnIcon::clone() const { return new DrawnIcon(*this); }
+QIconEngine* DrawnIcon::clone() const {
+    return new DrawnIcon(*this);
+}
 
 }  // namespace controls

@@ -55,15 +55,25 @@ void ImageCombo::clear() {
     if (isEditable()) clearEditText();
 }
 
-QString ImageCombo::itemText(int number) const { return QComboBox::itemText(number - 1); }
+QString ImageCombo::itemText(int number) const {
+    return QComboBox::itemText(number - 1);
+}
 
-void ImageCombo::setItemText(int number, const QString& text) { QComboBox::setItemText(number - 1, text); }
+void ImageCombo::setItemText(int number, const QString& text) {
+    QComboBox::setItemText(number - 1, text);
+}
 
-QString ImageCombo::itemKey(int number) const { return itemData(number - 1, keyRole).toString(); }
+QString ImageCombo::itemKey(int number) const {
+    return itemData(number - 1, keyRole).toString();
+}
 
-int ImageCombo::itemPicture(int number) const { return itemData(number - 1, pictureRole).toInt(); }
+int ImageCombo::itemPicture(int number) const {
+    return itemData(number - 1, pictureRole).toInt();
+}
 
-int ImageCombo::selectedItem() const { return currentIndex() + 1; }
+int ImageCombo::selectedItem() const {
+    return currentIndex() + 1;
+}
 
 void ImageCombo::setSelected(int number) {
     setCurrentIndex(number - 1);
@@ -71,7 +81,9 @@ void ImageCombo::setSelected(int number) {
     if (isEditable()) setEditText(QComboBox::itemText(currentIndex()));
 }
 
-QString ImageCombo::text() const { return currentText(); }
+QString ImageCombo::text() const {
+    return currentText();
+}
 
 void ImageCombo::setText(const QString& text) {
     if (isEditable())

@@ -12,7 +12,8 @@ class ImageCombo : public QComboBox {
     enum class Typing { No, Yes };
     explicit ImageCombo(Typing typing = Typing::No, QWidget* parent = nullptr);
 
-    // The new item takes the number, which is at most one more than the last; others move up. False otherwise.
+    // The new item takes the number, which is at most one more than the last; others move up. False
+    // otherwise.
     bool addItem(int number, const QString& key, const QString& text, int picture);
     bool removeItem(int number);
     void clear();

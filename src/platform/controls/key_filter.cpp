@@ -9,7 +9,9 @@
 namespace controls {
 namespace {
 
-bool isEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+bool isEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
 
 bool isShortcut(const QKeyEvent& event) {
     // AltGr, which reaches us as Ctrl+Alt on some systems, types characters.
@@ -17,7 +19,9 @@ bool isShortcut(const QKeyEvent& event) {
     return modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
 }
 
-bool isTyped(char32_t character) { return character >= U' ' && character != U'\x7f'; }
+bool isTyped(char32_t character) {
+    return character >= U' ' && character != U'\x7f';
+}
 
 }  // namespace
 
@@ -38,8 +42,8 @@ KeyFilter* KeyFilter::install(QComboBox* combo, Allowed allowed, OnEnter onEnter
 bool KeyFilter::holdsBack(const QString& text) const {
     const auto characters = text.toUcs4();
     return m_allowed && std::any_of(characters.begin(), characters.end(), [this](char32_t character) {
-        return isTyped(character) && !m_allowed(character);
-    });
+               return isTyped(character) && !m_allowed(character);
+           });
 }
 
 bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {

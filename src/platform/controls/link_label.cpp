@@ -24,7 +24,9 @@ ClickableLabel::ClickableLabel(QWidget* parent) : QAbstractButton(parent) {
     setCursor(Qt::PointingHandCursor);
 }
 
-ClickableLabel::ClickableLabel(const QString& text, QWidget* parent) : ClickableLabel(parent) { setText(text); }
+ClickableLabel::ClickableLabel(const QString& text, QWidget* parent) : ClickableLabel(parent) {
+    setText(text);
+}
 
 void ClickableLabel::setAlignment(Qt::Alignment alignment) {
     m_alignment = alignment;
@@ -40,7 +42,9 @@ QSize ClickableLabel::sizeHint() const {
     return size + QSize(2 * margin, 2 * margin);
 }
 
-QSize ClickableLabel::minimumSizeHint() const { return sizeHint(); }
+QSize ClickableLabel::minimumSizeHint() const {
+    return sizeHint();
+}
 
 void ClickableLabel::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)

@@ -19,7 +19,8 @@ constexpr int cellMargin = 4;
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& place) const {
     QStyledItemDelegate::initStyleOption(option, place);
-    if (firstColumnOnly && place.column() != 0) option->state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
+    if (firstColumnOnly && place.column() != 0)
+        option->state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
     if (!largeIcons) return;
     if (const auto icon = place.data(ListView::LargeIconRole); icon.isValid()) {
         option->icon = icon.value<QIcon>();

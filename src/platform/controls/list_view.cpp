@@ -19,7 +19,8 @@ ListView::ListView(QWidget* parent)
     m_stack->addWidget(m_icons);
     setFocusProxy(m_report);
     QHeaderView* header = m_report->header();
-    connect(header, &QHeaderView::sectionClicked, this, [this](int section) { emit columnClicked(section + 1); });
+    connect(header, &QHeaderView::sectionClicked, this,
+            [this](int section) { emit columnClicked(section + 1); });
     connect(header, &QHeaderView::sectionResized, this, [this](int section, int, int width) {
         const auto& hidden = m_hiddenColumns;
         if (width > 0 && std::find(hidden.begin(), hidden.end(), section + 1) != hidden.end())
@@ -59,21 +60,28 @@ void ListView::setFullRowSelect(bool on) {
     m_report->viewport()->update();
 }
 
-bool ListView::fullRowSelect() const { return !m_report->rows()->firstColumnOnly; }
+bool ListView::fullRowSelect() const {
+    return !m_report->rows()->firstColumnOnly;
+}
 
 void ListView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitCells();
 }
 
-void ListView::setColumnWidth(int column, int pixels) { m_report->setColumnWidth(column - 1, pixels); }
+void ListView::setColumnWidth(int column, int pixels) {
+    m_report->setColumnWidth(column - 1, pixels);
+}
 
-int ListView::columnWidth(int column) const { return m_report->columnWidth(column - 1); }
+int ListView::columnWidth(int column) const {
+    return m_report->columnWidth(column - 1);
+}
 
 void ListView::setHiddenColumns(const std::vector<int>& columns) {
     m_hiddenColumns = columns;
     for (int section = 0; section < m_report->header()->count(); ++section)
-        m_report->setColumnHidden(section, std::find(columns.begin(), columns.end(), section + 1) != columns.end());
+        m_report->setColumnHidden(section,
+                                  std::find(columns.begin(), columns.end(), section + 1) != columns.end());
 }
 
 void ListView::setSortIndicator(int column, Qt::SortOrder order) {
@@ -81,9 +89,13 @@ void ListView::setSortIndicator(int column, Qt::SortOrder order) {
     m_report->header()->setSortIndicator(column - 1, order);
 }
 
-QItemSelectionModel* ListView::selectionModel() const { return m_report->selectionModel(); }
+QItemSelectionModel* ListView::selectionModel() const {
+    return m_report->selectionModel();
+}
 
-int ListView::currentRow() const { return shownView()->currentIndex().row(); }
+int ListView::currentRow() const {
+    return shownView()->currentIndex().row();
+}
 
 bool ListView::isSelected(int row) const {
     const QAbstractItemModel* model = m_report->model();
@@ -106,6 +118,8 @@ QAbstractItemView* ListView::shownView() const {
     return m_view == View::Report ? static_cast<QAbstractItemView*>(m_report) : m_icons;
 }
 
-void ListView::repaintNow() { shownView()->viewport()->repaint(); }
+void ListView::repaintNow() {
+    shownView()->viewport()->repaint();
+}
 
 }  // namespace controls

@@ -24,23 +24,23 @@ struct Picture {
 };
 
 constexpr std::array<Picture, pictureCount> pictures{{
-    {{"none", "application-octet-stream", "unknown"}, Shape::Page, Emblem::None, 0x5f656b},     // 1 plain file
-    {{"folder", "inode-directory"}, Shape::ClosedFolder, Emblem::None, 0x3daee9},               // 2 folder
-    {{"folder-open", "folder"}, Shape::OpenFolder, Emblem::None, 0x3daee9},                     // 3 open folder
-    {{"media-optical", "drive-optical"}, Shape::Disc, Emblem::None, 0x3daee9},                  // 4 new unit
-    {{"drive-removable-media", "media-flash"}, Shape::Drive, Emblem::None, 0x27ae60},           // 5
-    {{"drive-harddisk"}, Shape::Drive, Emblem::None, 0x7f8c8d},                                 // 6
-    {{"audio-x-generic"}, Shape::Page, Emblem::Note, 0xf67400},                                 // 7
-    {{"image-x-generic"}, Shape::Page, Emblem::Hills, 0x27ae60},                                // 8
-    {{"video-x-generic"}, Shape::Page, Emblem::Play, 0x8e44ad},                                 // 9
-    {{"application-x-executable"}, Shape::Page, Emblem::Window, 0x2980b9},                      // 10
-    {{"text-x-generic"}, Shape::Page, Emblem::Lines, 0x4d4d4d},                                 // 11
-    {{"text-html"}, Shape::Page, Emblem::Globe, 0x2980b9},                                      // 12
-    {{"application-zip", "package-x-generic"}, Shape::Page, Emblem::Zipper, 0xb8860b},          // 13 zipped
-    {{"unknown", "application-octet-stream"}, Shape::Page, Emblem::Dots, 0x7f8c8d},             // 14 the rest
-    {{"folder-library", "folder-documents"}, Shape::Stack, Emblem::None, 0x3daee9},             // 15 catalogue
-    {{"media-optical-data", "media-optical"}, Shape::Disc, Emblem::None, 0x9b59b6},             // 16 scanned unit
-    {{"applications-games", "input-gaming"}, Shape::Button, Emblem::Pad, 0xda4453},             // 17 games
+    {{"none", "application-octet-stream", "unknown"}, Shape::Page, Emblem::None, 0x5f656b},  // 1 plain file
+    {{"folder", "inode-directory"}, Shape::ClosedFolder, Emblem::None, 0x3daee9},            // 2 folder
+    {{"folder-open", "folder"}, Shape::OpenFolder, Emblem::None, 0x3daee9},                  // 3 open folder
+    {{"media-optical", "drive-optical"}, Shape::Disc, Emblem::None, 0x3daee9},               // 4 new unit
+    {{"drive-removable-media", "media-flash"}, Shape::Drive, Emblem::None, 0x27ae60},        // 5
+    {{"drive-harddisk"}, Shape::Drive, Emblem::None, 0x7f8c8d},                              // 6
+    {{"audio-x-generic"}, Shape::Page, Emblem::Note, 0xf67400},                              // 7
+    {{"image-x-generic"}, Shape::Page, Emblem::Hills, 0x27ae60},                             // 8
+    {{"video-x-generic"}, Shape::Page, Emblem::Play, 0x8e44ad},                              // 9
+    {{"application-x-executable"}, Shape::Page, Emblem::Window, 0x2980b9},                   // 10
+    {{"text-x-generic"}, Shape::Page, Emblem::Lines, 0x4d4d4d},                              // 11
+    {{"text-html"}, Shape::Page, Emblem::Globe, 0x2980b9},                                   // 12
+    {{"application-zip", "package-x-generic"}, Shape::Page, Emblem::Zipper, 0xb8860b},       // 13 zipped
+    {{"unknown", "application-octet-stream"}, Shape::Page, Emblem::Dots, 0x7f8c8d},          // 14 the rest
+    {{"folder-library", "folder-documents"}, Shape::Stack, Emblem::None, 0x3daee9},          // 15 catalogue
+    {{"media-optical-data", "media-optical"}, Shape::Disc, Emblem::None, 0x9b59b6},  // 16 scanned unit
+    {{"applications-games", "input-gaming"}, Shape::Button, Emblem::Pad, 0xda4453},  // 17 games
 }};
 
 // What the widget style draws for the symbols that it knows itself.

@@ -42,7 +42,9 @@ void UpDown::setButtonNames(const QString& up, const QString& down) {
     m_down->setAccessibleName(down);
 }
 
-QSize UpDown::sizeHint() const { return {fontMetrics().height() + 4, fontMetrics().height() + 10}; }
+QSize UpDown::sizeHint() const {
+    return {fontMetrics().height() + 4, fontMetrics().height() + 10};
+}
 
 void UpDown::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Up)

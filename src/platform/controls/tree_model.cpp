@@ -17,8 +17,7 @@ std::vector<Node>& TreeModel::childrenOf(Node node) {
     return node == noNode ? m_roots : entry(node).children;
 }
 
-Node TreeModel::add(Node parent, const QString& text, int picture, int selectedPicture,
-                               const QString& key) {
+Node TreeModel::add(Node parent, const QString& text, int picture, int selectedPicture, const QString& key) {
     if (parent != noNode && !contains(parent)) return noNode;
     const Node node = static_cast<Node>(m_entries.size()) + 1;
     const int row = childCount(parent);
@@ -49,7 +48,8 @@ void TreeModel::forget(Node node) {
         gone = Entry{};
     }
     std::erase_if(m_inOrder, [this](Node kept) { return entry(kept).index == 0; });
-    for (std::size_t at = 0; at < m_inOrder.size(); ++at) entry(m_inOrder[at]).index = static_cast<int>(at) + 1;
+    for (std::size_t at = 0; at < m_inOrder.size(); ++at)
+        entry(m_inOrder[at]).index = static_cast<int>(at) + 1;
 }
 
 void TreeModel::remove(Node node) {
@@ -78,15 +78,21 @@ bool TreeModel::contains(Node node) const {
     return node >= 1 && static_cast<std::size_t>(node) <= m_entries.size() && entry(node).index > 0;
 }
 
-int TreeModel::indexOf(Node node) const { return contains(node) ? entry(node).index : 0; }
+int TreeModel::indexOf(Node node) const {
+    return contains(node) ? entry(node).index : 0;
+}
 
 Node TreeModel::nodeAt(int index) const {
     return index < 1 || index > count() ? noNode : m_inOrder[static_cast<std::size_t>(index - 1)];
 }
 
-Node TreeModel::nodeOfKey(const QString& key) const { return m_byKey.value(key, noNode); }
+Node TreeModel::nodeOfKey(const QString& key) const {
+    return m_byKey.value(key, noNode);
+}
 
-QString TreeModel::text(Node node) const { return contains(node) ? entry(node).text : QString(); }
+QString TreeModel::text(Node node) const {
+    return contains(node) ? entry(node).text : QString();
+}
 
 void TreeModel::setText(Node node, const QString& text) {
     if (!contains(node)) return;
@@ -94,13 +100,21 @@ void TreeModel::setText(Node node, const QString& text) {
     emit dataChanged(place(node), place(node));
 }
 
-QString TreeModel::key(Node node) const { return contains(node) ? entry(node).key : QString(); }
+QString TreeModel::key(Node node) const {
+    return contains(node) ? entry(node).key : QString();
+}
 
-int TreeModel::picture(Node node) const { return contains(node) ? entry(node).picture : 0; }
+int TreeModel::picture(Node node) const {
+    return contains(node) ? entry(node).picture : 0;
+}
 
-int TreeModel::selectedPicture(Node node) const { return contains(node) ? entry(node).selectedPicture : 0; }
+int TreeModel::selectedPicture(Node node) const {
+    return contains(node) ? entry(node).selectedPicture : 0;
+}
 
-Node TreeModel::parentOf(Node node) const { return contains(node) ? entry(node).parent : noNode; }
+Node TreeModel::parentOf(Node node) const {
+    return contains(node) ? entry(node).parent : noNode;
+}
 
 int TreeModel::childCount(Node node) const {
     return node == noNode || contains(node) ? static_cast<int>(childrenOf(node).size()) : 0;
@@ -145,14 +159,15 @@ bool TreeModel::isConsistent() const {
         for (std::size_t row = 0; row < children.size(); ++row) {
             const Node child = children[row];
             if (!contains(child) || entry(child).parent != parent) return false;
-            if (entry(child).row != static_cast<int>(row) || nodeAt(entry(child).index) != child) return false;
+            if (entry(child).row != static_cast<int>(row) || nodeAt(entry(child).index) != child)
+                return false;
             parents.push_back(child);
             ++reached;
         }
     }
-    const bool keysLeadBack = std::all_of(m_byKey.keyValueBegin(), m_byKey.keyValueEnd(), [this](auto&& pair) {
-        return contains(pair.second) && entry(pair.second).key == pair.first;
-    });
+    const bool keysLeadBack = std::all_of(
+        m_byKey.keyValueBegin(), m_byKey.keyValueEnd(),
+        [this](auto&& pair) { return contains(pair.second) && entry(pair.second).key == pair.first; });
     return keysLeadBack && reached == m_inOrder.size();
 }
 
@@ -162,23 +177,35 @@ QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) con
     return createIndex(row, 0, static_cast<quintptr>(children[static_cast<std::size_t>(row)]));
 }
 
-QModelIndex TreeModel::parent(const QModelIndex& child) const { return place(parentOf(nodeOf(child))); }
+QModelIndex TreeModel::parent(const QModelIndex& child) const {
+    return place(parentOf(nodeOf(child)));
+}
 
-int TreeModel::rowCount(const QModelIndex& parent) const { return childCount(nodeOf(parent)); }
+int TreeModel::rowCount(const QModelIndex& parent) const {
+    return childCount(nodeOf(parent));
+}
 
-int TreeModel::columnCount(const QModelIndex&) const { return 1; }
+int TreeModel::columnCount(const QModelIndex&) const {
+    return 1;
+}
 
-bool TreeModel::hasChildren(const QModelIndex& parent) const { return childCount(nodeOf(parent)) > 0; }
+bool TreeModel::hasChildren(const QModelIndex& parent) const {
+    return childCount(nodeOf(parent)) > 0;
+}
 
 QVariant TreeModel::data(const QModelIndex& place, int role) const {
     const Node node = nodeOf(place);
     if (!contains(node)) return {};
     switch (role) {
         case Qt::DisplayRole:
-        case Qt::EditRole: return entry(node).text;
-        case Qt::DecorationRole: return controls::picture(entry(node).picture);
-        case SelectedPictureRole: return entry(node).selectedPicture;
-        default: return {};
+        case Qt::EditRole:
+            return entry(node).text;
+        case Qt::DecorationRole:
+            return controls::picture(entry(node).picture);
+        case SelectedPictureRole:
+            return entry(node).selectedPicture;
+        default:
+            return {};
     }
 }
 

@@ -24,8 +24,8 @@ class TreeModel : public QAbstractItemModel {
 
     [[nodiscard]] int count() const { return static_cast<int>(m_inOrder.size()); }
     [[nodiscard]] bool contains(Node node) const;
-    // The index of a node is its place, from 1, in the order in which nodes were added; removal closes the gap.
-    // 0 for no such node.
+    // The index of a node is its place, from 1, in the order in which nodes were added; removal closes the
+    // gap. 0 for no such node.
     [[nodiscard]] int indexOf(Node node) const;
     [[nodiscard]] Node nodeAt(int index) const;
     [[nodiscard]] Node nodeOfKey(const QString& key) const;
@@ -76,7 +76,9 @@ class TreeModel : public QAbstractItemModel {
         short selectedPicture = 0;
     };
 
-    [[nodiscard]] const Entry& entry(Node node) const { return m_entries[static_cast<std::size_t>(node - 1)]; }
+    [[nodiscard]] const Entry& entry(Node node) const {
+        return m_entries[static_cast<std::size_t>(node - 1)];
+    }
     [[nodiscard]] Entry& entry(Node node) { return m_entries[static_cast<std::size_t>(node - 1)]; }
     [[nodiscard]] const std::vector<Node>& childrenOf(Node node) const;
     [[nodiscard]] std::vector<Node>& childrenOf(Node node);

@@ -48,19 +48,29 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent) {
 }
 
 Node TreeView::addNode(Node parent, const QString& text, int picture, int selectedPicture,
-                                 const QString& key) {
+                       const QString& key) {
     return m_model.add(parent, text, picture, selectedPicture, key);
 }
 
-void TreeView::remove(Node node) { m_model.remove(node); }
+void TreeView::remove(Node node) {
+    m_model.remove(node);
+}
 
-void TreeView::clear() { m_model.clear(); }
+void TreeView::clear() {
+    m_model.clear();
+}
 
-void TreeView::setText(Node node, const QString& text) { m_model.setText(node, text); }
+void TreeView::setText(Node node, const QString& text) {
+    m_model.setText(node, text);
+}
 
-bool TreeView::isExpanded(Node node) const { return QTreeView::isExpanded(m_model.place(node)); }
+bool TreeView::isExpanded(Node node) const {
+    return QTreeView::isExpanded(m_model.place(node));
+}
 
-void TreeView::setExpanded(Node node, bool expanded) { QTreeView::setExpanded(m_model.place(node), expanded); }
+void TreeView::setExpanded(Node node, bool expanded) {
+    QTreeView::setExpanded(m_model.place(node), expanded);
+}
 
 Node TreeView::selected() const {
     const QModelIndex current = currentIndex();

@@ -61,7 +61,6 @@ class TreeView : public QTreeView {
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
-
     TreeModel m_model;
 };
 

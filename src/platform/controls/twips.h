@@ -9,6 +9,8 @@ inline constexpr int twipsPerPixel = 15;
     const int half = twips < 0 ? -twipsPerPixel / 2 : twipsPerPixel / 2;
     return (twips + half) / twipsPerPixel;
 }
-[[nodiscard]] constexpr int twips(int pixels) { return pixels * twipsPerPixel; }
+[[nodiscard]] constexpr int twips(int pixels) {
+    return pixels * twipsPerPixel;
+}
 
 }  // namespace controls
