@@ -4,17 +4,18 @@
 
 namespace browse {
 
-// Where the user is, as the clicks on tree, path combo and lists leave it. There is no other model of the location.
+// Where the user is, as the clicks on tree, path combo and lists leave it. There is no other model of the
+// location.
 struct BrowseState {
-    std::string discoactual;    // unit of the node listed
+    std::string discoactual;     // unit of the node listed
     std::size_t largodisco = 0;  // length of discoactual
-    int nivelactual = 0;        // depth listed: 1 a unit, 2 to 11 a folder; the `nivel` of the rows shown
-    std::string rutaactual;     // path combo's text without the unit, as the last folder summary took it
-    bool nodopulsado = false;   // a node was clicked in this run; going up waits for it
+    int nivelactual = 0;         // depth listed: 1 a unit, 2 to 11 a folder; the `nivel` of the rows shown
+    std::string rutaactual;      // path combo's text without the unit, as the last folder summary took it
+    bool nodopulsado = false;    // a node was clicked in this run; going up waits for it
     bool dobleclic = false;
-    bool cargaparada = true;    // no load of a unit is running, or it is to stop
-    bool hijosnodo = false;     // the clicked node had children when it was clicked
-    int indicecombo = 0;        // number of unit items in ImageCombo1; the next one is the path
+    bool cargaparada = true;  // no load of a unit is running, or it is to stop
+    bool hijosnodo = false;   // the clicked node had children when it was clicked
+    int indicecombo = 0;      // number of unit items in ImageCombo1; the next one is the path
 };
 
 }  // namespace browse

@@ -11,15 +11,15 @@ namespace browse {
 void GoingUp::arriba() {
     if (!m_surface.estado.nodopulsado) return;
     controls::TreeView& tree = m_surface.treeView1;
-    const Node node = tree.selectedNode();
+    const Node node = tree.selected();
     if (node == noNode) return;
     if (!m_surface.isUnit(node) && tree.nodes().parentOf(node) != noNode)
-        tree.setSelectedNode(tree.nodes().parentOf(node));
+        tree.setSelected(tree.nodes().parentOf(node));
     volveratras();
 }
 
 void GoingUp::volveratras() {
-    const Node node = m_surface.treeView1.selectedNode();
+    const Node node = m_surface.treeView1.selected();
     if (node == noNode) return;
     const shell::Hourglass hourglass;
     m_surface.lists.listView1.clear();
@@ -49,7 +49,8 @@ void GoingUp::listFolder(jet::Database& database, Node node) {
     showPathItem(m_surface, names.fullPath);
     const int level = m_surface.nombres.levelOf(names.unit(), names.text, names.ancestors);
     if (level > 0)
-        fillList(m_surface, database, raisedFolderListing(level, names.unit(), names.chain(level), names.text));
+        fillList(m_surface, database,
+                 raisedFolderListing(level, names.unit(), names.chain(level), names.text));
     // Not set from the level found: it stays one below wherever the last listing left it.
     --m_surface.estado.nivelactual;
     cantidadytamaños(m_surface, database);

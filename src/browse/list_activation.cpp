@@ -94,7 +94,7 @@ void ListActivation::stepFromBrowsing(const Row& row) {
 // The tree's children stand for the list's rows, whatever the list is sorted by.
 void ListActivation::selectChildNode(int position) {
     controls::TreeView& tree = m_surface.treeView1;
-    const Node parent = tree.selectedNode();
+    const Node parent = tree.selected();
     if (parent == noNode) return;
     tree.setExpanded(parent, true);
     Node child = tree.nodes().firstChild(parent);
@@ -103,7 +103,7 @@ void ListActivation::selectChildNode(int position) {
         if (next == noNode) break;
         child = next;
     }
-    if (child != noNode) tree.setSelectedNode(child);
+    if (child != noNode) tree.setSelected(child);
 }
 
 // Stays in the search list: tree, path combo and sorting are left as they are.

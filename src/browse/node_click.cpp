@@ -20,7 +20,7 @@ void NodeClick::begin(Node node) {
     estado.dobleclic = false;
     m_surface.frame.menus.action(QStringLiteral("abrirnodo"))
         ->setText(QString::fromStdString(m_surface.treeView1.isExpanded(node) ? rotulos.rotulocontraer
-                                                                             : rotulos.rotuloexpandir));
+                                                                              : rotulos.rotuloexpandir));
     m_surface.clic.itemelegido = false;
     m_surface.clic.nodoactual = m_surface.nodeText(node);
     estado.hijosnodo = m_surface.treeView1.nodes().childCount(node) > 0;

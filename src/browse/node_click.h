@@ -5,8 +5,8 @@
 
 namespace browse {
 
-// The click on a tree node: decides from the node's text what it is, loads a unit's folders when that has not happened yet,
-// and fills ListView1 with the rows directly inside the node.
+// The click on a tree node: decides from the node's text what it is, loads a unit's folders when that has not
+// happened yet, and fills ListView1 with the rows directly inside the node.
 class NodeClick {
   public:
     explicit NodeClick(Surface& surface) : m_surface(surface) {}

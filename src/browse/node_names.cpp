@@ -12,9 +12,9 @@ std::vector<std::string> NodeNames::chain(int level) const {
     return names;
 }
 
-NodeNames namesOf(const controls::TreeModel& nodes, controls::TreeModel::Node node) {
+NodeNames namesOf(const controls::TreeModel& nodes, controls::Node node) {
     NodeNames names{nodes.text(node).toStdString(), {}, nodes.fullPath(node).toStdString()};
-    for (auto above = nodes.parentOf(node); above != controls::TreeModel::noNode; above = nodes.parentOf(above))
+    for (auto above = nodes.parentOf(node); above != controls::noNode; above = nodes.parentOf(above))
         names.ancestors.push_back(nodes.text(above).toStdString());
     return names;
 }

@@ -14,10 +14,11 @@ struct NodeNames {
     std::vector<std::string> ancestors;
     std::string fullPath;
 
-    [[nodiscard]] std::string unit() const;                          // the full path up to its first backslash
-    [[nodiscard]] std::vector<std::string> chain(int level) const;  // ancestors below the unit, outermost first
+    [[nodiscard]] std::string unit() const;  // the full path up to its first backslash
+    [[nodiscard]] std::vector<std::string> chain(
+        int level) const;  // ancestors below the unit, outermost first
 };
 
-[[nodiscard]] NodeNames namesOf(const controls::TreeModel& nodes, controls::TreeModel::Node node);
+[[nodiscard]] NodeNames namesOf(const controls::TreeModel& nodes, controls::Node node);
 
 }  // namespace browse

@@ -21,10 +21,8 @@ struct ColumnSpec {
 };
 
 constexpr ColumnSpec visibleColumns[] = {
-    {{"Nombre", "Name"}, 1.0 / 3},
-    {{"Notas", "Notes"}, 1.0 / 12},
-    {{"Tipo", "Type"}, 1.0 / 5},
-    {{"Tamaño", "Size"}, 1.0 / 5, Qt::AlignRight},
+    {{"Nombre", "Name"}, 1.0 / 3},         {{"Notas", "Notes"}, 1.0 / 12},
+    {{"Tipo", "Type"}, 1.0 / 5},           {{"Tamaño", "Size"}, 1.0 / 5, Qt::AlignRight},
     {{"Modificado", "Modified"}, 1.0 / 5},
 };
 constexpr ColumnSpec hiddenColumn{{"", ""}, 0};
@@ -95,7 +93,7 @@ void Opening::resetImageCombo3() {
 void Opening::addUnit(const std::string& disco, int picture, const QString& key) {
     const QString text = qtext(disco);
     if (!m_surface.nombres.isUnit(disco)) m_surface.nombres.addUnit(disco);
-    m_surface.treeView1.setRenamable(m_surface.treeView1.addNode(noNode, text, picture, picture, key), true);
+    m_surface.treeView1.addNode(noNode, text, picture, picture, key);
     m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, key, text, picture);
     m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), text, picture);
 }
@@ -121,7 +119,8 @@ void Opening::agregarcombo3() {
     if (!database) return;
     for (const std::string& disco : core::unitNames(*database).value_or(Names{}))
         if (const int picture = pictureOf(*database, disco))
-            m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), qtext(disco), picture);
+            m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), qtext(disco),
+                                          picture);
 }
 
 void Opening::writeCounters() {

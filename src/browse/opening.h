@@ -9,13 +9,14 @@ namespace browse {
 class OpeningHost {
   public:
     virtual ~OpeningHost() = default;
-    virtual void resetPanels() = 0;  // types of the search panel, kinds of the import panel, notes panel, view cycle
+    virtual void
+    resetPanels() = 0;  // types of the search panel, kinds of the import panel, notes panel, view cycle
     virtual void layOutPanes() = 0;  // tree, lists and panels around the divider
     virtual void selectFirstType() = 0;
 };
 
-// Prepares the browse surface for a freshly opened catalogue: one root per unit, combos, columns and totals. The
-// tree must have been cleared before.
+// Prepares the browse surface for a freshly opened catalogue: one root per unit, combos, columns and totals.
+// The tree must have been cleared before.
 class Opening {
   public:
     Opening(Surface& surface, OpeningHost& host) : m_surface(surface), m_host(host) {}

@@ -11,11 +11,10 @@ namespace browse {
 
 void PathCombo::selectUnitNode(int number) {
     const controls::TreeModel& nodes = m_surface.treeView1.nodes();
-    Node last = nodes.firstChild(noNode);
-    while (last != noNode && nodes.nextSibling(last) != noNode) last = nodes.nextSibling(last);
+    const Node last = nodes.lastChild(noNode);
     // With a path item present the combo has one item more than the tree has units.
     if (last != noNode && nodes.indexOf(last) == m_surface.imageCombo1.count())
-        m_surface.treeView1.setSelectedNode(nodes.nodeAt(number));
+        m_surface.treeView1.setSelected(nodes.nodeAt(number));
 }
 
 Node PathCombo::unitNode(const QString& disco) const {
@@ -31,13 +30,14 @@ void PathCombo::choose(int number) {
     m_surface.clic.nodoactual = chosen.toStdString();
     selectUnitNode(number);
 
-    const Node selected = m_surface.treeView1.selectedNode();
+    const Node selected = m_surface.treeView1.selected();
     const bool hasChildren = selected != noNode && m_surface.treeView1.nodes().childCount(selected) > 0;
     m_surface.estado.hijosnodo = hasChildren;
     if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
         fillList(m_surface, *database, unitListing(m_surface.clic.nodoactual));
         const Node unit = unitNode(chosen);
-        if (!hasChildren && unit != noNode && m_surface.treeView1.nodes().childCount(unit) == 0) loadUnit(*database, unit);
+        if (!hasChildren && unit != noNode && m_surface.treeView1.nodes().childCount(unit) == 0)
+            loadUnit(*database, unit);
         if (unit != noNode && selected == unit) m_surface.treeView1.setExpanded(unit, true);
     }
     showPicture(m_surface);

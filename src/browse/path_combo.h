@@ -5,9 +5,9 @@
 
 namespace browse {
 
-// ImageCombo1 above the list mirrors the current location: the units in tree order and at most one path. Choosing
-// a unit browses to it much as a click on its node does, but its folders are loaded straight from the
-// catalogue and stay unknown to the name lists.
+// ImageCombo1 above the list mirrors the current location: the units in tree order and at most one path.
+// Choosing a unit browses to it much as a click on its node does, but its folders are loaded straight from
+// the catalogue and stay unknown to the name lists.
 class PathCombo {
   public:
     explicit PathCombo(Surface& surface) : m_surface(surface) {}

@@ -11,11 +11,11 @@
 
 namespace browse {
 
-using Node = controls::TreeView::Node;
-inline constexpr Node noNode = controls::TreeView::noNode;
+using controls::Node;
+using controls::noNode;
 
-// What the browsing procedures work on: the controls, which Form1 owns, and the state they share. Lives as long as
-// the main window.
+// What the browsing procedures work on: the controls, which Form1 owns, and the state they share. Lives as
+// long as the main window.
 struct Surface {
     shell::Frame& frame;
     controls::TreeView& treeView1;

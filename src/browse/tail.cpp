@@ -21,7 +21,9 @@ void fillList(Surface& surface, jet::Database& database, const Listing& listing,
     ItemList& shown = surface.lists.listView1;
     shown.clear();
     shown.beginFill();
-    list(database, listing, surface.frame.idioma, [&](const ListItem& item) { shown.add(item); }, lowerCaseKeys);
+    list(
+        database, listing, surface.frame.idioma, [&](const ListItem& item) { shown.add(item); },
+        lowerCaseKeys);
     shown.endFill();
 }
 
@@ -29,7 +31,8 @@ void cantidadytamaños(Surface& surface, jet::Database& database) {
     BrowseState& estado = surface.estado;
     const std::string path = surface.imageCombo1.text().toStdString();
     estado.rutaactual = path.substr(std::min(estado.largodisco, path.size()));
-    const Totals totals = cantidadytamaños(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
+    const Totals totals =
+        cantidadytamaños(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
     surface.frame.status.setSize(core::sizeCaption(totals.kilobytes, surface.frame.idioma));
     surface.frame.status.setText(folderStatus(totals, surface.frame.rotulos()));
     showPicture(surface);
@@ -49,7 +52,8 @@ void showKind(Surface& surface) {
     if (shown.count() == 0) return;
     const QString type = shown.subItem(0, 2);
     const bool isUnitRow = type.contains(QStringLiteral("Unidad")) || type.contains(QStringLiteral("unit"));
-    surface.frame.status.setKind(isUnitRow ? type.toStdString() : surface.frame.rotulos().rotulounidadcarpetas);
+    surface.frame.status.setKind(isUnitRow ? type.toStdString()
+                                           : surface.frame.rotulos().rotulounidadcarpetas);
 }
 
 }  // namespace browse

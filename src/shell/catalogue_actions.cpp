@@ -20,7 +20,6 @@ constexpr core::Bilingual openTitle{"Abrir catálogo...", "Open catalog..."};
 constexpr core::Bilingual saveTitle{"Guardar catálogo como ...", "Save catalog as ..."};
 constexpr core::Bilingual notWritten{"No se pudo escribir el archivo ", "This file could not be written: "};
 
-
 std::string nativePath(const QString& chosen) {
     return QFile::encodeName(chosen).toStdString();
 }
@@ -47,8 +46,8 @@ void CatalogueActions::rememberAsLast() {
 }
 
 void CatalogueActions::reportFailure(const std::string& path, const std::string& reason) {
-    m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) + QFile::decodeName(path.c_str()) +
-                                      QStringLiteral("\n") + qtext(reason),
+    m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) +
+                                      QFile::decodeName(path.c_str()) + QStringLiteral("\n") + qtext(reason),
                                   QStringLiteral("zarquelin"));
 }
 
@@ -56,7 +55,7 @@ void CatalogueActions::nuevo1() {
     rememberAsLast();
     m_surface.imageCombo1.clear();
     const QString chosen = m_surface.frame.dialogs.saveCatalogue(qtext(newTitle.in(m_surface.frame.idioma)),
-                                                                QString::fromUtf8(fileFilter));
+                                                                 QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
         const std::string path = nativePath(chosen);
         if (const auto created = core::createCatalogue(path); !created) {
@@ -76,7 +75,7 @@ void CatalogueActions::abrir1() {
     const Hourglass hourglass;
     rememberAsLast();
     const QString chosen = m_surface.frame.dialogs.openCatalogue(qtext(openTitle.in(m_surface.frame.idioma)),
-                                                                QString::fromUtf8(fileFilter));
+                                                                 QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
         m_surface.frame.catalogue.setPath(nativePath(chosen));
         m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
@@ -122,7 +121,7 @@ void CatalogueActions::guardar() {
         m_surface.frame.toolbar.setRecent(QFile::decodeName(catalogue.last().c_str()));
     }
     const QString chosen = m_surface.frame.dialogs.saveCatalogue(qtext(saveTitle.in(m_surface.frame.idioma)),
-                                                                QString::fromUtf8(fileFilter));
+                                                                 QString::fromUtf8(fileFilter));
     if (chosen.isEmpty()) return;
 
     const std::string path = nativePath(chosen);

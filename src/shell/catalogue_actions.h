@@ -9,7 +9,7 @@ namespace shell {
 class CatalogueWindow {
   public:
     virtual ~CatalogueWindow() = default;
-    virtual void setCatalogueOpen(bool open) = 0;   // menu entries and toolbar buttons
+    virtual void setCatalogueOpen(bool open) = 0;    // menu entries and toolbar buttons
     virtual void showBrowseSurface(bool shown) = 0;  // tree, browse list, band, divider
     virtual void hidePanels() = 0;                   // search, import and notes panels, search list
     virtual void showSearchPanel() = 0;              // in the tree's place

@@ -24,7 +24,8 @@ Form1::Form1(core::Language idioma, Messages& messages, Dialogs& dialogs)
     connectToolbar();
     connectControls();
     m_parts->views.setFontSize(8);
-    m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"), platform::GetSetting("iniciorapido") == "si");
+    m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"),
+                                    platform::GetSetting("iniciorapido") == "si");
     m_parts->openingWindow.showBrowseSurface(false);
     m_parts->openingWindow.hidePanels();
     m_parts->applyState();
@@ -120,7 +121,8 @@ void Form1::connectMenus() {
         {"filacompleta", [&] { parts.views.toggleFullRow(); }},
     };
     for (const Entry& entry : entries)
-        connect(parts.frame.menus.action(QString::fromUtf8(entry.name)), &QAction::triggered, this, entry.run);
+        connect(parts.frame.menus.action(QString::fromUtf8(entry.name)), &QAction::triggered, this,
+                entry.run);
 }
 
 void Form1::connectToolbar() {
@@ -134,20 +136,47 @@ void Form1::runToolbarButton(int button) {
     MainWindowParts& parts = *m_parts;
     Toolbar& toolbar = parts.frame.toolbar;
     switch (button) {
-        case Toolbar::New: parts.catalogueActions.nuevo1(); break;
-        case Toolbar::Open: parts.catalogueActions.abrir1(); break;
-        case Toolbar::Up: parts.goingUp.arriba(); break;
-        case Toolbar::Import: parts.switching.importar1(); break;
-        case Toolbar::Search: parts.switching.buscar1(); break;
-        case Toolbar::Explore: parts.switching.explorar1(); break;
-        case Toolbar::Refresh: refresh(false); break;
-        case Toolbar::Statistics: parts.statistics.graficar1(); break;
-        case Toolbar::Delete: parts.maintenance.borrarunidad(); break;
-        case Toolbar::Views: parts.views.cycleView(); break;
-        case Toolbar::Print: print::Imprimir1(parts.frame, parts.surface.lists); break;
-        case Toolbar::Stop: stop(); break;
-        case Toolbar::Exit: close(); return;
-        default: break;
+        case Toolbar::New:
+            parts.catalogueActions.nuevo1();
+            break;
+        case Toolbar::Open:
+            parts.catalogueActions.abrir1();
+            break;
+        case Toolbar::Up:
+            parts.goingUp.arriba();
+            break;
+        case Toolbar::Import:
+            parts.switching.importar1();
+            break;
+        case Toolbar::Search:
+            parts.switching.buscar1();
+            break;
+        case Toolbar::Explore:
+            parts.switching.explorar1();
+            break;
+        case Toolbar::Refresh:
+            refresh(false);
+            break;
+        case Toolbar::Statistics:
+            parts.statistics.graficar1();
+            break;
+        case Toolbar::Delete:
+            parts.maintenance.borrarunidad();
+            break;
+        case Toolbar::Views:
+            parts.views.cycleView();
+            break;
+        case Toolbar::Print:
+            print::Imprimir1(parts.frame, parts.surface.lists);
+            break;
+        case Toolbar::Stop:
+            stop();
+            break;
+        case Toolbar::Exit:
+            close();
+            return;
+        default:
+            break;
     }
     if (button == Toolbar::Statistics || button == Toolbar::Delete) toolbar.setPressed(button, false);
 }
@@ -163,10 +192,10 @@ void Form1::connectControls() {
     connect(controls.treeView1, &TreeView::nodeDoubleClicked, this,
             [&](int) { parts.surface.estado.dobleclic = true; });
     connect(controls.treeView1, &TreeView::mousePressed, this, &Form1::treePressed);
-    connect(controls.treeView1, &TreeView::afterLabelEdit, this, [&](int node, const QString& text) {
-        parts.maintenance.rename(node, text);
-    });
-    connect(controls.imageCombo1, &ImageCombo::clicked, this, [&](int number) { parts.pathCombo.choose(number); });
+    connect(controls.treeView1, &TreeView::afterLabelEdit, this,
+            [&](int node, const QString& text) { parts.maintenance.rename(node, text); });
+    connect(controls.imageCombo1, &ImageCombo::clicked, this,
+            [&](int number) { parts.pathCombo.choose(number); });
     connect(controls.imageCombo1, &ImageCombo::textTyped, this, [&] { parts.pathCombo.textTyped(); });
     connect(controls.imgSplitter, &Divider::pressed, this, [&] { parts.panes.medidas(); });
     connect(controls.imgSplitter, &Divider::released, this, [&](int x) { parts.panes.sizeControls(x); });
@@ -229,16 +258,17 @@ void Form1::toggleQuickStart() {
 
 void Form1::toggleNode() {
     controls::TreeView& tree = m_parts->surface.treeView1;
-    const browse::Node node = tree.selectedNode();
+    const browse::Node node = tree.selected();
     if (node == browse::noNode) return;
     tree.setExpanded(node, !tree.isExpanded(node));
     const core::Rotulos& rotulos = m_parts->frame.rotulos();
     m_parts->frame.menus.action(QStringLiteral("abrirnodo"))
-        ->setText(QString::fromStdString(tree.isExpanded(node) ? rotulos.rotulocontraer : rotulos.rotuloexpandir));
+        ->setText(
+            QString::fromStdString(tree.isExpanded(node) ? rotulos.rotulocontraer : rotulos.rotuloexpandir));
 }
 
 void Form1::treePressed(Qt::MouseButton button, const QPoint& place) {
-    const browse::Node node = m_parts->surface.treeView1.selectedNode();
+    const browse::Node node = m_parts->surface.treeView1.selected();
     const bool menuWanted = button == Qt::RightButton && node != browse::noNode;
     m_parts->state.menuOfFolder = menuWanted && !m_parts->surface.isUnit(node);
     m_parts->applyState();
@@ -251,7 +281,8 @@ void Form1::listPressed() {
 }
 
 void Form1::listReleased(Qt::MouseButton button, const QPoint& place) {
-    if (button == Qt::RightButton && m_parts->listActivation.popupAllowed()) m_parts->frame.menus.popup2()->popup(place);
+    if (button == Qt::RightButton && m_parts->listActivation.popupAllowed())
+        m_parts->frame.menus.popup2()->popup(place);
 }
 
 void Form1::resizeEvent(QResizeEvent* event) {

@@ -12,8 +12,8 @@ class Dialogs;
 class Messages;
 struct MainWindowParts;
 
-// The main window. Owns the controls, the panels and the actions, and wires each menu entry, button and control
-// event to the procedure that runs for it; the procedures stand in the rooms.
+// The main window. Owns the controls, the panels and the actions, and wires each menu entry, button and
+// control event to the procedure that runs for it; the procedures stand in the rooms.
 class Form1 : public QMainWindow {
     Q_OBJECT
   public:
@@ -32,8 +32,8 @@ class Form1 : public QMainWindow {
     [[nodiscard]] browse::Surface& surface();
 
   signals:
-    void closed();           // the whole program ends with the main window
-    void aboutRequested();   // `acerca`
+    void closed();          // the whole program ends with the main window
+    void aboutRequested();  // `acerca`
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -1,6 +1,7 @@
 #include "shell/maintenance_actions.h"
 
 #include "browse/tail.h"
+#include "core/catalogue_file.h"
 #include "core/maintenance.h"
 #include "platform/controls/qtext.h"
 #include "shell/catalogue_actions.h"
@@ -36,13 +37,15 @@ void MaintenanceActions::reparar() {
 }
 
 bool MaintenanceActions::confirmed(const core::Bilingual& question) {
-    return m_surface.frame.messages.askYesNo(qtext(question.in(m_surface.frame.idioma)), QString::fromUtf8(boxTitle));
+    return m_surface.frame.messages.askYesNo(qtext(question.in(m_surface.frame.idioma)),
+                                             QString::fromUtf8(boxTitle));
 }
 
 void MaintenanceActions::eliminar() {
     if (!confirmed(eraseAll) || !confirmed(reallySure)) return;
     auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
-    const auto erased = database ? core::deleteAll(*database) : jet::Result<>(std::unexpected(database.error()));
+    const auto erased =
+        database ? core::deleteAll(*database) : jet::Result<>(std::unexpected(database.error()));
     if (!erased) {
         m_surface.frame.messages.show(qtext(erased.error().text), QString::fromUtf8(boxTitle));
         return;
@@ -65,7 +68,7 @@ void MaintenanceActions::emptySurface() {
 }
 
 void MaintenanceActions::borrarunidad() {
-    const browse::Node node = m_surface.treeView1.selectedNode();
+    const browse::Node node = m_surface.treeView1.selected();
     if (node == browse::noNode || !m_surface.isUnit(node)) return;
     const core::Language idioma = m_surface.frame.idioma;
     const QString question =
@@ -83,11 +86,12 @@ void MaintenanceActions::borrarunidad() {
 
 void MaintenanceActions::removeSelectedUnit(browse::Node unit) {
     const QString disco = m_surface.treeView1.nodes().text(unit);
-    m_surface.treeView1.removeNode(unit);
+    m_surface.treeView1.remove(unit);
     m_surface.lists.listView1.clear();
     browse::dropPathItem(m_surface);
     for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
-        if (const int number = combo->findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1; number > 0)
+        if (const int number = combo->findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1;
+            number > 0)
             combo->removeItem(number);
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
     m_surface.imageCombo1.setText(QString());
@@ -95,7 +99,7 @@ void MaintenanceActions::removeSelectedUnit(browse::Node unit) {
 }
 
 void MaintenanceActions::cambiarnombre() {
-    const browse::Node node = m_surface.treeView1.selectedNode();
+    const browse::Node node = m_surface.treeView1.selected();
     if (node != browse::noNode && m_surface.isUnit(node)) m_surface.treeView1.editLabel(node);
 }
 
@@ -103,7 +107,8 @@ void MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const QString disco = m_surface.treeView1.nodes().text(unit);
     const std::string typed = newText.toStdString();
     if (core::nameTaken(m_surface.nombres.listanivel(1), typed)) {
-        m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)), QString::fromUtf8(boxTitle));
+        m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)),
+                                      QString::fromUtf8(boxTitle));
         return;
     }
     const Hourglass hourglass;
@@ -122,7 +127,7 @@ void MaintenanceActions::showRenamed(browse::Node unit, const QString& disco, co
     m_surface.treeView1.setText(unit, renamed);
     // Its folders stand in the name lists under the old name: the next click loads them anew.
     while (m_surface.treeView1.nodes().childCount(unit) > 0)
-        m_surface.treeView1.removeNode(m_surface.treeView1.nodes().firstChild(unit));
+        m_surface.treeView1.remove(m_surface.treeView1.nodes().firstChild(unit));
     m_surface.nombres.addUnit(renamed.toStdString());
     if (const int number = m_surface.imageCombo1.findText(disco) + 1; number > 0)
         m_surface.imageCombo1.setItemText(number, renamed);

@@ -8,8 +8,8 @@
 
 namespace shell {
 
-// Where the main window's controls stand: the band of toolbar and path combo, tree and lists around the divider,
-// the status band. The panels take the tree's exact place, the second list the first one's.
+// Where the main window's controls stand: the band of toolbar and path combo, tree and lists around the
+// divider, the status band. The panels take the tree's exact place, the second list the first one's.
 class Panes {
   public:
     struct Controls {
@@ -26,7 +26,7 @@ class Panes {
     };
     explicit Panes(Controls controls) : m_controls(std::move(controls)) {}
 
-    void medidas();                  // lays everything out anew
+    void medidas();                   // lays everything out anew
     void sizeControls(int position);  // the divider was let go at this place, in pixels
     void setDivider(int twips) { m_divider = twips; }
 

@@ -13,11 +13,12 @@ namespace shell {
 
 class Panes;
 
-// Which of browsing, search and import is in front. The search panel and its result list cover the tree and the browse
-// list; every criterion stays as it was.
+// Which of browsing, search and import is in front. The search panel and its result list cover the tree and
+// the browse list; every criterion stays as it was.
 class Switching {
   public:
-    Switching(browse::Surface& surface, search::SearchPanel& picture1, scan::ImportPanel& picture2, Panes& panes)
+    Switching(browse::Surface& surface, search::SearchPanel& picture1, scan::ImportPanel& picture2,
+              Panes& panes)
         : m_surface(surface), m_picture1(picture1), m_picture2(picture2), m_panes(panes) {}
 
     void buscar1();

@@ -44,8 +44,9 @@ void ViewActions::cycleView() {
 }
 
 void ViewActions::setFontSize(int points) {
-    for (QWidget* control : std::initializer_list<QWidget*>{&m_surface.treeView1, &m_surface.lists.listView1,
-                                                            &m_surface.lists.listView2, &m_surface.imageCombo1}) {
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&m_surface.treeView1, &m_surface.lists.listView1,
+                                         &m_surface.lists.listView2, &m_surface.imageCombo1}) {
         QFont font = control->font();
         font.setPointSize(points);
         control->setFont(font);
@@ -68,7 +69,8 @@ void ViewActions::showToolbarTexts(bool shown) {
         m_surface.frame.toolbar.showCaptions();
     else
         m_surface.frame.toolbar.hideCaptions();
-    m_surface.frame.menus.checkOnly(shown ? QStringLiteral("botonescontexto") : QStringLiteral("botonessintexto"));
+    m_surface.frame.menus.checkOnly(shown ? QStringLiteral("botonescontexto")
+                                          : QStringLiteral("botonessintexto"));
 }
 
 }  // namespace shell

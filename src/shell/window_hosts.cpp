@@ -27,8 +27,8 @@ void OpeningWindow::setCatalogueOpen(bool open) {
 
 void OpeningWindow::showBrowseSurface(bool shown) {
     const WindowControls& controls = m_parts.controls;
-    for (QWidget* control : std::initializer_list<QWidget*>{controls.treeView1, controls.listView1,
-                                                            controls.imgSplitter})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{controls.treeView1, controls.listView1, controls.imgSplitter})
         control->setVisible(shown);
 }
 
