@@ -1,6 +1,8 @@
 #include "core/catalogue_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -138,6 +140,55 @@ TEST_F(CatalogueFile, NothingHappensWhileTheCatalogueIsOpenOrReadOnlyOrNowhereTo
     EXPECT_FALSE(core::compactCatalogue(path));
     EXPECT_EQ(fs::file_size(path), size);
     EXPECT_EQ(rowsIn(path), 10);
+}
+
+// Holds a catalogue in the middle of a change, in another process, until it is released.
+class OtherProgram {
+  public:
+    explicit OtherProgram(const std::string& path) {
+        int ready[2], release[2];
+        if (::pipe(ready) != 0 || ::pipe(release) != 0) return;
+        m_child = ::fork();
+        if (m_child == 0) {
+            ::close(release[1]);
+            auto database = jet::OpenDatabase(path);
+            if (!database || !database->BeginTrans()) ::_exit(1);
+            if (!database->Execute("insert into datos (numero,ruta,disco) values (11,'C:\\a','Cds :')"))
+                ::_exit(1);
+            char byte = 0;
+            if (::write(ready[1], &byte, 1) != 1 || ::read(release[0], &byte, 1) != 0) ::_exit(1);
+            ::_exit(database->CommitTrans() ? 0 : 1);
+        }
+        ::close(ready[1]);
+        ::close(release[0]);
+        char byte = 0;
+        isReady = ::read(ready[0], &byte, 1) == 1;
+        ::close(ready[0]);
+        m_release = release[1];
+    }
+    int finish() {
+        ::close(m_release);
+        int status = -1;
+        ::waitpid(m_child, &status, 0);
+        return status;
+    }
+    bool isReady = false;
+
+  private:
+    pid_t m_child = -1;
+    int m_release = -1;
+};
+
+TEST_F(CatalogueFile, CompactionLosesNothingThatAnotherProgramIsWriting) {
+    OtherProgram other(path);
+    ASSERT_TRUE(other.isReady);
+    const auto refused = core::compactCatalogue(path);
+    EXPECT_EQ(other.finish(), 0);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().number, jet::error::locked) << refused.error().text;
+    EXPECT_EQ(rowsIn(path), 11);
+    EXPECT_TRUE(core::compactCatalogue(path));
+    EXPECT_EQ(rowsIn(path), 11);
 }
 
 }  // namespace
