@@ -1,0 +1,97 @@
+#include "scan/row_writer.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "core/inserts.h"
+#include "scan/catalogue_fixture.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+std::string statement(int numero, std::size_t length = 1) {
+    core::CatalogRow row;
+    row.numero = numero;
+    row.ruta = std::string(length, 'r');
+    row.carpeta = "c";
+    row.nivel = "1";
+    row.tipo = "Carpeta de archivos";
+    row.disco = "U :";
+    return core::insertFolder(row);
+}
+
+class Writing : public testing::Test {
+  protected:
+    test::CatalogueFixture catalogue;
+    jet::Database database = catalogue.open();
+    scan::RowWriter::Clock::time_point now{};
+    scan::RowWriter rows{database, [this] { return now; }};
+};
+
+TEST_F(Writing, CommitsAQuarterSecondAfterTheFirstRow) {
+    rows.insert(statement(1));
+    now += 200ms;
+    rows.insert(statement(2));
+    EXPECT_EQ(rows.summary().written, 0);
+    now += 50ms;
+    rows.commitIfDue();
+    EXPECT_EQ(catalogue.rows().size(), 2U);
+    rows.insert(statement(3));
+    now += 250ms;
+    rows.insert(statement(4));
+    EXPECT_EQ(rows.summary().written, 3);
+}
+
+TEST_F(Writing, LosesOnlyTheRowThatTheEngineRefuses) {
+    rows.insert(statement(1));
+    rows.insert("insert into nothing");
+    rows.insert(statement(2));
+    rows.commit();
+    EXPECT_EQ(rows.summary().written, 2);
+    EXPECT_EQ(rows.summary().lost, 1);
+    ASSERT_TRUE(rows.summary().firstError);
+    EXPECT_EQ(catalogue.rows().size(), 2U);
+}
+
+TEST_F(Writing, WaitsBetweenItsTriesForALockedCatalogue) {
+    {
+        jet::Database other = catalogue.open();
+        jet::Transaction held(other);
+        ASSERT_TRUE(held.begin());
+        for (int i = 0; i < 10'000; ++i) rows.insert(statement(i));  // one try, not ten thousand
+        EXPECT_EQ(rows.summary().lost, 10'000);
+        ASSERT_TRUE(rows.summary().firstError);
+        EXPECT_EQ(rows.summary().firstError->number, jet::error::locked);
+    }
+    now += 300ms;
+    rows.insert(statement(1));
+    rows.commit();
+    EXPECT_EQ(rows.summary().written, 1);
+}
+
+// A limit on the file's size stands for the full disk.
+TEST_F(Writing, ReportsAFullDiskAndKeepsTheCatalogueSound) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{512 * 1024, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    constexpr int tried = 3000;
+    for (int i = 0; i < tried; ++i) {
+        now += 1ms;
+        rows.insert(statement(i, 1000));
+    }
+    rows.commit();
+    setrlimit(RLIMIT_FSIZE, &before);
+
+    const auto& summary = rows.summary();
+    EXPECT_TRUE(summary.firstError);
+    EXPECT_GT(summary.written, 0);
+    EXPECT_EQ(summary.written + summary.lost, tried);
+    EXPECT_EQ(std::ssize(catalogue.rows()), summary.written);
+}
+
+}  // namespace
