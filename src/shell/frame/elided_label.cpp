@@ -7,7 +7,7 @@
 
 namespace shell {
 
-ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+ElidedLabel::ElidedLabel(QWidget* parent, Qt::TextElideMode mode) : QLabel(parent), m_mode(mode) {
     setTextFormat(Qt::PlainText);
 }
 
@@ -23,7 +23,7 @@ void ElidedLabel::paintEvent(QPaintEvent* event) {
     if (fits()) return QLabel::paintEvent(event);
     QPainter painter(this);
     const QRect area = contentsRect();
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, area.width());
+    const QString shown = fontMetrics().elidedText(text(), m_mode, area.width());
     style()->drawItemText(&painter, area, static_cast<int>(alignment()), palette(), isEnabled(), shown,
                           foregroundRole());
 }

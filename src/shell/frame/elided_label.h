@@ -8,7 +8,7 @@ namespace shell {
 // tip.
 class ElidedLabel : public QLabel {
   public:
-    explicit ElidedLabel(QWidget* parent = nullptr);
+    explicit ElidedLabel(QWidget* parent = nullptr, Qt::TextElideMode mode = Qt::ElideRight);
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   protected:
@@ -17,6 +17,8 @@ class ElidedLabel : public QLabel {
 
   private:
     [[nodiscard]] bool fits() const;
+
+    Qt::TextElideMode m_mode;
 };
 
 }  // namespace shell

@@ -1,0 +1,118 @@
+#include "shell/properties.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "platform/controls/pictures.h"
+#include "shell/frame/captions.h"
+#include "shell/logo.h"
+
+namespace shell {
+
+namespace {
+
+constexpr int pictureSide = 32;
+constexpr int textWidth = 280;
+
+struct Line {
+    const char* label;
+    core::Bilingual caption;
+};
+
+// From the top, beside Text1 to Text4.
+constexpr std::array<Line, 4> lines{{
+    {"Label5", {"Tipo:", "Type:"}},
+    {"Label6", {"Nombre:", "Name:"}},
+    {"Label7", {"Tamaño:", "Size:"}},
+    {"Label8", {"Contiene:", "Contents:"}},
+}};
+constexpr core::Bilingual accept = {"Aceptar", "OK"};
+
+QLineEdit* makeText(int number, QWidget* parent) {
+    auto* text = new QLineEdit(parent);
+    text->setObjectName(QStringLiteral("Text%1").arg(number));
+    text->setReadOnly(true);
+    text->setFrame(false);
+    text->setMinimumWidth(textWidth);
+    // What can only be read stands on the window's own ground, not in a box that asks for typing.
+    QPalette palette = text->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    text->setPalette(palette);
+    return text;
+}
+
+QFrame* makeLine(QWidget* parent) {
+    auto* line = new QFrame(parent);
+    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    return line;
+}
+
+}  // namespace
+
+Form3::Form3(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialog) {
+    setObjectName(QStringLiteral("Form3"));
+    setWindowTitle(caption(u"Propiedades", idioma));
+    setAccessibleName(windowTitle());
+    setWindowIcon(logo());
+
+    m_picture = new QLabel(this);
+    m_picture->setObjectName(QStringLiteral("Picture1"));
+    m_picture->setAccessibleName(windowTitle());
+    m_picture->setFixedSize(pictureSide, pictureSide);
+    for (int number = 1; number <= 5; ++number) m_texts[number - 1] = makeText(number, this);
+    QLineEdit* heading = m_texts[4];
+    heading->setAccessibleName(windowTitle());
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(20, 16, 20, 14);
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(6);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(m_picture, 0, 0);
+    grid->addWidget(heading, 0, 1);
+    grid->addWidget(makeLine(this), 1, 0, 1, 2);
+    for (int i = 0; i < int(lines.size()); ++i) {
+        auto* label = new QLabel(toQString(lines[i].caption.in(idioma)), this);
+        label->setObjectName(QLatin1String(lines[i].label));
+        label->setAccessibleName(label->text());
+        label->setBuddy(m_texts[i]);
+        m_texts[i]->setAccessibleName(label->text());
+        grid->addWidget(label, i + 2, 0);
+        grid->addWidget(m_texts[i], i + 2, 1);
+    }
+    auto* command = new QPushButton(toQString(accept.in(idioma)), this);
+    command->setObjectName(QStringLiteral("Command1"));
+    command->setAccessibleName(command->text());
+    command->setDefault(true);
+    connect(command, &QPushButton::clicked, this, &QWidget::hide);
+    grid->addWidget(makeLine(this), 6, 0, 1, 2);
+    grid->addWidget(command, 7, 0, 1, 2, Qt::AlignRight);
+    command->setFocus();
+}
+
+void Form3::showProperties(const Properties& properties) {
+    const std::string* texts[] = {&properties.type, &properties.name, &properties.size, &properties.contents,
+                                  &properties.name};
+    for (size_t i = 0; i < m_texts.size(); ++i) {
+        m_texts[i]->setText(toQString(*texts[i]));
+        m_texts[i]->setCursorPosition(0);
+    }
+    m_picture->setPixmap(controls::picture(properties.picture).pixmap(pictureSide, pictureSide));
+    show();
+    activateWindow();
+}
+
+void Form3::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter) return hide();
+    QWidget::keyPressEvent(event);
+}
+
+}  // namespace shell
