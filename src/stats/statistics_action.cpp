@@ -89,16 +89,17 @@ Form4& StatisticsAction::form() {
     return *m_form;
 }
 
-// The line is written first with the counters as they stood, so that something shows while they are counted.
+// The line is written first with the counters as they stood; an empty catalogue leaves it at that.
 void StatisticsAction::rewriteTotals() {
-    const auto rows = hasRows(*m_database);
+    const auto rows = m_database->OpenRecordset("select * from datos order by numero");
     if (!rows) return;
-    m_frame.status.setText(totalsLine(m_host.totals(), m_frame.rotulos()));
-    if (!*rows) return;
-    const auto counted = countCatalogue(*m_database);
+    core::Counters& counters = m_host.counters();
+    m_frame.status.setText(core::statusText(counters, m_frame.idioma));
+    if (rows->Eof()) return;
+    const auto counted = core::countAll(*m_database);
     if (!counted) return;
-    m_host.totals() = *counted;
-    m_frame.status.setText(totalsLine(*counted, m_frame.rotulos()));
+    counters = *counted;
+    m_frame.status.setText(core::statusText(counters, m_frame.idioma));
 }
 
 }  // namespace stats

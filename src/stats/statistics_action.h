@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "core/units.h"
 #include "platform/jet/database.h"
-#include "stats/catalogue_totals.h"
 #include "stats/statistics.h"
 
 class QWidget;
@@ -22,13 +22,17 @@ class StatisticsHost {
   public:
     virtual ~StatisticsHost() = default;
     [[nodiscard]] virtual bool treeIsEmpty() const = 0;
-    [[nodiscard]] virtual std::optional<std::string> selectedNode() const = 0;  // its text
-    [[nodiscard]] virtual bool isUnit(const std::string& nodeText) const = 0;   // by `listanivel1`
-    [[nodiscard]] virtual std::string place() const = 0;                        // the text of ImageCombo1
-    [[nodiscard]] virtual std::string rutaactual() const = 0;  // as the last folder summary left it
-    [[nodiscard]] virtual std::optional<std::string> firstListedUnit()
-        const = 0;                                        // sub-item 8 of ListView1's first item
-    [[nodiscard]] virtual CatalogueTotals& totals() = 0;  // the counters shown last
+    // The text of the selected node; whether such a text is a unit's, by `listanivel1`.
+    [[nodiscard]] virtual std::optional<std::string> selectedNode() const = 0;
+    [[nodiscard]] virtual bool isUnit(const std::string& nodeText) const = 0;
+    // The text of ImageCombo1.
+    [[nodiscard]] virtual std::string place() const = 0;
+    // As the last summary of a folder left it.
+    [[nodiscard]] virtual std::string rutaactual() const = 0;
+    // Sub-item 8 of the first item of ListView1; nothing when the list is empty.
+    [[nodiscard]] virtual std::optional<std::string> firstListedUnit() const = 0;
+    // The catalogue's counters as the status line showed them last.
+    [[nodiscard]] virtual core::Counters& counters() = 0;
 };
 
 // The menu entries `graficos` and `graficos2` and toolbar button 9. Owns the statistics window, which comes
