@@ -1,0 +1,231 @@
+#include "notes/notes_panel.h"
+
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTextDocument>
+#include <QTimer>
+#include <algorithm>
+
+#include "platform/controls/qtext.h"
+#include "platform/controls/twips.h"
+#include "shell/frame/captions.h"
+#include "shell/frame/catalogue.h"
+
+namespace notes {
+namespace {
+
+// The slide in twips, in the standard layout, where the uncovered lists begin at 1200.
+constexpr int listsTop = 1200;
+constexpr int panelHeight = 1600;
+constexpr int lowerStop = 1150;
+constexpr int upperStop = -400;
+constexpr int step = 100;
+constexpr int leftOfLists = 20;
+constexpr int buttonHeight = 270;
+constexpr int belowText = 20;
+constexpr int tickMilliseconds = 50;
+constexpr int ticksOfContest = 2 * panelHeight / step;
+
+constexpr core::Bilingual noNote{"No existen notas en este item.", "There aren´t notes in this item."};
+constexpr core::Bilingual restricted{"Ha introducido un caracter no permitido.",
+                                     "Yo have inserted a restricted character."};
+constexpr core::Bilingual panelName{"Notas", "Notes"};
+
+template <class Object>
+Object* named(Object* object, const char* name) {
+    object->setObjectName(QString::fromLatin1(name));
+    return object;
+}
+
+QTimer* makeTimer(QObject* parent, const char* name) {
+    QTimer* timer = named(new QTimer(parent), name);
+    timer->setInterval(tickMilliseconds);
+    return timer;
+}
+
+}  // namespace
+
+NotesPanel::NotesPanel(browse::Surface& surface, NotesHost& host, QWidget* parent)
+    : QWidget(parent),
+      m_surface(surface),
+      m_host(host),
+      m_Text10(named(new QPlainTextEdit(this), "Text10")),
+      m_Command4(named(new QPushButton(this), "Command4")),
+      m_Command6(named(new QPushButton(this), "Command6")),
+      m_Timer1(makeTimer(this, "Timer1")),
+      m_Timer2(makeTimer(this, "Timer2")),
+      m_top(upperStop) {
+    setObjectName(QStringLiteral("Picture12"));
+    setAutoFillBackground(true);
+    m_Text10->setTabChangesFocus(true);
+    const QString name = controls::qtext(panelName.in(surface.frame.idioma));
+    setAccessibleName(name);
+    m_Text10->setAccessibleName(name);
+    for (QPushButton* button : {m_Command4, m_Command6}) {
+        button->setText(shell::caption(button->objectName(), surface.frame.idioma));
+        button->setAccessibleName(button->text());
+    }
+    connect(m_Command4, &QPushButton::clicked, this, [this] { begin(*m_Timer2); });
+    connect(m_Command6, &QPushButton::clicked, this, &NotesPanel::storeNote);
+    connect(m_Timer1, &QTimer::timeout, this, &NotesPanel::tickTimer1);
+    connect(m_Timer2, &QTimer::timeout, this, &NotesPanel::tickTimer2);
+    lower();  // it comes from behind the toolbar
+    hide();
+}
+
+void NotesPanel::insertarcomentario() {
+    m_Text10->clear();
+    m_Text10->setReadOnly(false);
+    m_buttons = Buttons::StoreAndClose;
+    begin(*m_Timer1);
+    m_Text10->setFocus();
+}
+
+void NotesPanel::vercomentarios() {
+    m_Text10->clear();
+    m_Text10->setReadOnly(true);
+    m_buttons = Buttons::CloseOnly;
+    layOut();
+    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    if (!database) return;
+    const core::Language idioma = m_surface.frame.idioma;
+    const ReadNote read = readNote(*database, target(), idioma);
+    if (read.end == ReadEnd::NoRow) return;
+    m_Text10->setPlainText(controls::qtext(read.end == ReadEnd::Note ? read.note : noNote.in(idioma)));
+    begin(*m_Timer1);
+}
+
+void NotesPanel::storeNote() {
+    const QString text = noteText();
+    const auto stored = [&]() -> jet::Result<StoreEnd> {
+        auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+        if (!database) return std::unexpected(database.error());
+        return notes::storeNote(*database, target(), text.toStdString());
+    }();
+    begin(*m_Timer2);
+    if (stored && *stored == StoreEnd::Stored) showInList(text);
+    if (!stored && stored.error().number == jet::error::syntaxInExpression)
+        m_surface.frame.messages.show(controls::qtext(restricted.in(m_surface.frame.idioma)),
+                                      QStringLiteral("zarquelin"));
+}
+
+// The text as it stands: toPlainText() would turn hard blanks into ordinary ones.
+QString NotesPanel::noteText() const {
+    QString text = m_Text10->document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    return text;
+}
+
+NoteTarget NotesPanel::target() const {
+    const browse::ClickedRow& clic = m_surface.clic;
+    const bool results = m_surface.lists.searchShown();
+    return {.list = results ? ListKind::Results : ListKind::Browse,
+            .indicefila = clic.indicefila,
+            .disco = results ? clic.discofila2 : clic.discofila1,
+            .ruta = results ? clic.rutafila2 : clic.rutafila1,
+            .name = clic.nodoactual,
+            .type = clic.tipofilaelegida};
+}
+
+// The clicked position may hold another row by now.
+void NotesPanel::showInList(const QString& note) {
+    const NoteTarget row = target();
+    browse::ItemList& list = m_surface.lists.shown();
+    if (row.indicefila >= list.count()) return;
+    const auto same = [](const QString& shown, const std::string& text) {
+        return shown.toStdString() == text;
+    };
+    if (same(list.text(row.indicefila), row.name) && same(list.subItem(row.indicefila, 8), row.disco) &&
+        same(list.subItem(row.indicefila, 9), row.ruta))
+        list.setNotes(row.indicefila, note);
+}
+
+void NotesPanel::begin(QTimer& slide) {
+    setEnabled(true);
+    layOut();
+    show();
+    m_begunLast = &slide;
+    m_contestedTicks = 0;
+    slide.start();
+}
+
+void NotesPanel::tickTimer1() {
+    if (m_top < lowerStop && !isContested(*m_Timer1)) {
+        slide(step);
+        return;
+    }
+    m_Timer1->stop();
+    if (m_top >= lowerStop) m_Text10->setFocus();
+}
+
+void NotesPanel::tickTimer2() {
+    if (m_top > upperStop && !isContested(*m_Timer2)) {
+        slide(-step);
+        return;
+    }
+    m_Timer2->stop();
+    if (m_top > upperStop) return;
+    // Out of sight, not hidden; but nobody is to type into it.
+    const bool hadFocus = isAncestorOf(focusWidget()) || hasFocus();
+    setEnabled(false);
+    if (hadFocus) m_surface.lists.shown().setFocus();
+}
+
+// True when the slide of this timer has to give in.
+bool NotesPanel::isContested(const QTimer& ticking) {
+    if (!m_Timer1->isActive() || !m_Timer2->isActive()) return false;
+    return ++m_contestedTicks > ticksOfContest && &ticking != m_begunLast;
+}
+
+void NotesPanel::slide(int twips) {
+    m_top += twips;
+    m_host.setListsPushedDown(controls::pixels(m_top + panelHeight - listsTop));
+    layOut();
+}
+
+void NotesPanel::closeAtOnce() {
+    m_Timer1->stop();
+    m_Timer2->stop();
+    m_top = upperStop;
+    m_host.setListsPushedDown(0);
+    hide();
+}
+
+void NotesPanel::layOut() {
+    using controls::pixels;
+    const QRect area = m_host.listArea();
+    const int height = pixels(panelHeight);
+    setGeometry(area.left() + pixels(leftOfLists), area.top() - pixels(listsTop - m_top), area.width(), height);
+    // What has not come out from behind the toolbar yet is not to show through it.
+    const int hiddenPart = area.top() - y();
+    setMask(QRect(0, hiddenPart, width(), height - hiddenPart + 1));
+
+    layOutButtons();
+    const int row = m_Command4->height();
+    m_Text10->setGeometry(0, row, width(), height - pixels(belowText) - row);
+}
+
+// The row of buttons grows with the font.
+void NotesPanel::layOutButtons() {
+    constexpr int frameAroundText = 4;
+    const int row = std::max(controls::pixels(buttonHeight), fontMetrics().height() + frameAroundText);
+    if (m_buttons == Buttons::CloseOnly) {
+        m_Command4->setGeometry(0, 0, width(), row);
+        m_Command6->setGeometry(0, 0, 0, 0);
+        m_Command6->hide();
+        return;
+    }
+    const int half = width() / 2;
+    m_Command4->setGeometry(0, 0, half, row);
+    m_Command6->setGeometry(half, 0, half, row);
+    m_Command6->show();
+}
+
+void NotesPanel::applyFontSize(int points) {
+    QFont enlarged = font();
+    enlarged.setPointSize(points);
+    setFont(enlarged);
+    layOut();
+}
+
+}  // namespace notes
