@@ -1,0 +1,33 @@
+#include "search/recent_combo.h"
+
+#include <QLineEdit>
+
+#include "core/text.h"
+#include "platform/controls/key_filter.h"
+#include "search/typed_text.h"
+
+namespace search {
+
+QComboBox* makeRecentCombo(const QString& name, const QString& accessibleName,
+                           std::function<void()> onEnter) {
+    auto* combo = new QComboBox;
+    combo->setObjectName(name);
+    combo->setAccessibleName(accessibleName);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setCompleter(nullptr);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(6);
+    combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    controls::KeyFilter::install(
+        combo, [](char32_t typed) { return core::isAllowed(typed, nameCharacters); }, std::move(onEnter));
+    return combo;
+}
+
+void rememberText(QComboBox& combo) {
+    const QString text = combo.currentText();
+    combo.addItem(text);
+    combo.setEditText(text);
+}
+
+}  // namespace search

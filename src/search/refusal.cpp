@@ -1,0 +1,16 @@
+#include "search/refusal.h"
+
+#include "search/search_messages.h"
+
+namespace search {
+
+std::optional<Refusal> refusalOf(const SearchRequest& request, Road road) {
+    using namespace messages;
+    if (request.note && request.noteText.empty())
+        return Refusal{road == Road::Button ? noteOnButton : noteForSize};
+    if (!request.name.empty()) return std::nullopt;
+    if (request.size || road == Road::Straight) return Refusal{itemForSize, true};
+    return Refusal{request.note ? itemForNote : itemForName, true};
+}
+
+}  // namespace search

@@ -1,0 +1,205 @@
+#include "search/search_panel.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <optional>
+
+#include "platform/controls/image_combo.h"
+#include "platform/controls/pictures.h"
+#include "platform/jet/database.h"
+#include "search/criteria_pages.h"
+#include "search/recent_combo.h"
+#include "search/search_messages.h"
+#include "search/tab_strip.h"
+#include "shell/frame/captions.h"
+#include "shell/frame/catalogue.h"
+#include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
+
+namespace search {
+namespace {
+
+constexpr int pictureOfCatalogue = 15;
+
+// Fills the list in one run, so that it is shown once at the end.
+class ListSink : public ResultSink {
+  public:
+    ListSink(ResultList& list, core::Language language, RowMemory& memory)
+        : m_list(list), m_language(language), m_memory(memory) {}
+    ~ListSink() override { end(); }
+
+    void clear() override {
+        end();
+        m_list.clear();
+        m_list.beginFill();
+        m_filling = true;
+    }
+    void add(const jet::Recordset& row, const Pass& pass) override {
+        m_list.add(resultItem(row, pass, m_language, m_memory));
+    }
+
+  private:
+    void end() {
+        if (m_filling) m_list.endFill();
+        m_filling = false;
+    }
+
+    ResultList& m_list;
+    core::Language m_language;
+    RowMemory& m_memory;
+    bool m_filling = false;
+};
+
+QLabel* makeTitle(const QString& name) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setWordWrap(true);
+    return label;
+}
+
+}  // namespace
+
+SearchPanel::SearchPanel(const shell::Frame& frame, ResultList& results, QWidget* parent)
+    : QWidget(parent), m_frame(frame), m_results(results) {
+    setObjectName(QStringLiteral("Picture1"));
+    makeControls();
+    shell::applyCaptions(*this, frame.idioma);
+    setAccessibleName(shell::caption(u"Label1", frame.idioma));
+    m_label5->setAccessibleName(m_label5->text());
+    clearUnits();
+    hide();
+}
+
+void SearchPanel::makeControls() {
+    m_combo2 = makeRecentCombo(QStringLiteral("Combo2"), shell::caption(u"Label1", m_frame.idioma),
+                               [this] { clickLabel5(); });
+    m_label5 = new QPushButton(controls::actionIcon(QStringLiteral("edit-find")), {});
+    m_label5->setObjectName(QStringLiteral("Label5"));
+    m_label5->setAutoDefault(true);  // Enter clicks it
+    connect(m_label5, &QPushButton::clicked, this, &SearchPanel::clickLabel5);
+
+    m_picture15 = new CriteriaPages(m_frame.idioma);
+    connect(m_picture15, &CriteriaPages::enterPressed, this, &SearchPanel::enterInField);
+    connect(m_picture15, &CriteriaPages::noteEnterPressed, this, &SearchPanel::enterInNote);
+
+    auto* grid = new QGridLayout(this);
+    m_tabStrip1 = new TabStrip(this);
+    m_tabStrip1->setObjectName(QStringLiteral("TabStrip1"));
+    m_tabStrip1->setAccessibleName(shell::caption(u"Label12", m_frame.idioma));
+    for (int tab = 0; tab < CriteriaPages::count; ++tab) m_tabStrip1->addTab({});
+    connect(m_tabStrip1, &QTabBar::currentChanged, this, &SearchPanel::showTab);
+    connect(m_tabStrip1, &QTabBar::tabBarClicked, this, &SearchPanel::focusCombo2);
+
+    grid->addWidget(makeTitle(QStringLiteral("Label1")), 0, 0, 1, 2);
+    grid->addWidget(m_combo2, 1, 0);
+    grid->addWidget(m_label5, 1, 1);
+    grid->addWidget(makeTitle(QStringLiteral("Label12")), 2, 0, 1, 2);
+    auto* notebook = new QVBoxLayout;  // the strip stands on its pages
+    notebook->setSpacing(0);
+    notebook->addWidget(m_tabStrip1);
+    notebook->addWidget(m_picture15);
+    grid->addLayout(notebook, 3, 0, 1, 2);
+    grid->setRowStretch(4, 1);
+    grid->setColumnStretch(0, 1);
+}
+
+void SearchPanel::setTabOrder() {
+    QWidget::setTabOrder(m_combo2, m_label5);
+    QWidget::setTabOrder(m_label5, m_tabStrip1);
+}
+
+void SearchPanel::focusCombo2() {
+    m_combo2->setFocus();
+}
+
+void SearchPanel::showTab(int tab) {
+    m_picture15->showPage(tab);
+    focusCombo2();
+}
+
+void SearchPanel::fillTypes() {
+    m_picture15->fillTypes();
+}
+
+void SearchPanel::clearUnits() {
+    imageCombo3().clear();
+    imageCombo3().addItem(1, {}, shell::toQString(m_frame.rotulos().rotulocatalogo), pictureOfCatalogue);
+    imageCombo3().setSelected(1);
+}
+
+void SearchPanel::addUnit(const QString& disco, int picture) {
+    imageCombo3().addItem(imageCombo3().count() + 1, {}, disco, picture);
+}
+
+controls::ImageCombo& SearchPanel::imageCombo3() {
+    return m_picture15->units();
+}
+
+SearchRequest SearchPanel::request() const {
+    SearchRequest request;
+    request.name = m_combo2->currentText().toStdString();
+    m_picture15->readInto(request);
+    return request;
+}
+
+void SearchPanel::enterInField() {
+    if (m_picture15->isOn(CriteriaPages::Size))
+        busquedaconfecha();
+    else
+        clickLabel5();
+}
+
+void SearchPanel::enterInNote() {
+    QComboBox& note = m_picture15->noteField();
+    if (note.currentText().isEmpty()) return warn(messages::noteOnEnter);
+    const bool size = m_picture15->isOn(CriteriaPages::Size);
+    enterInField();
+    if (!size) rememberText(note);
+}
+
+void SearchPanel::clickLabel5() {
+    m_counters = {};
+    showCounters();
+    search(Road::Button);
+}
+
+void SearchPanel::busquedaconfecha() {
+    search(Road::Straight);
+}
+
+void SearchPanel::search(Road road) {
+    const SearchRequest asked = request();
+    if (const auto refusal = refusalOf(asked, road)) {
+        warn(refusal->message);
+        if (refusal->asksForName) focusCombo2();
+        return;
+    }
+    std::optional<shell::Hourglass> busy;
+    if (road == Road::Button) busy.emplace();
+    run(asked);
+}
+
+// An engine's error text stays hidden: a catalogue that can't be read leaves the list as it is.
+void SearchPanel::run(const SearchRequest& request) {
+    auto database = jet::OpenDatabase(m_frame.catalogue.path(), jet::Use::ReadOnly);
+    if (!database) return;
+    if (familyOf(request) == Family::Name) rememberText(*m_combo2);
+    {
+        ListSink sink(m_results, m_frame.idioma, m_memory);
+        const auto done = runPasses(*database, passesOf(request, m_frame.rotulos()), m_counters, sink);
+        static_cast<void>(done);  // what was found before the failure is shown
+    }
+    showCounters();
+}
+
+void SearchPanel::showCounters() {
+    m_frame.status.setText(countersText(m_counters, m_frame.rotulos()));
+}
+
+void SearchPanel::warn(core::Bilingual message) {
+    m_frame.messages.show(shell::toQString(message.in(m_frame.idioma)), QStringLiteral("zarquelin"));
+}
+
+}  // namespace search

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QWidget>
+
+#include "search/refusal.h"
+#include "search/result_list.h"
+#include "search/result_row.h"
+#include "search/search_run.h"
+#include "shell/frame/frame.h"
+
+class QComboBox;
+class QPushButton;
+
+namespace controls {
+class ImageCombo;
+}
+
+namespace search {
+
+class CriteriaPages;
+class TabStrip;
+
+// Picture1: what to look for, and the button that looks for it. It takes the place of the tree while it is
+// shown; whoever shows it also gives it the focus and the tab order.
+class SearchPanel : public QWidget {
+    Q_OBJECT
+  public:
+    // The frame and the list outlive the panel.
+    SearchPanel(const shell::Frame& frame, ResultList& results, QWidget* parent = nullptr);
+
+    void setTabOrder();  // Combo2, Label5, TabStrip1
+    void focusCombo2();
+
+    // ImageCombo2: the eight types anew, the first selected.
+    void fillTypes();
+    // ImageCombo3: the whole catalogue as the only item, selected; then one item per unit, its text with "
+    // :".
+    void clearUnits();
+    void addUnit(const QString& disco, int picture);
+    [[nodiscard]] controls::ImageCombo& imageCombo3();
+
+    [[nodiscard]] SearchRequest request() const;
+    [[nodiscard]] const Counters& counters() const { return m_counters; }
+
+    void clickLabel5();
+    void busquedaconfecha();
+
+  private:
+    void makeControls();
+    void showTab(int tab);
+    void enterInField();
+    void enterInNote();
+    void search(Road road);
+    void run(const SearchRequest& request);
+    void showCounters();
+    void warn(core::Bilingual message);
+
+    const shell::Frame& m_frame;
+    ResultList& m_results;
+    RowMemory m_memory;
+    Counters m_counters;
+    QComboBox* m_combo2;
+    QPushButton* m_label5;
+    TabStrip* m_tabStrip1;
+    CriteriaPages* m_picture15;
+};
+
+}  // namespace search

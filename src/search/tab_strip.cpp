@@ -1,0 +1,69 @@
+#include "search/tab_strip.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+namespace search {
+namespace {
+
+constexpr int widestPadding = 28;
+constexpr int narrowestPadding = 6;
+constexpr int smallestPoints = 6;
+
+}  // namespace
+
+TabStrip::TabStrip(QWidget* parent) : QTabBar(parent) {
+    setUsesScrollButtons(false);
+    setElideMode(Qt::ElideNone);
+    setExpanding(false);
+    setDrawBase(false);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+QSize TabStrip::minimumSizeHint() const {
+    return {1, QTabBar::minimumSizeHint().height()};
+}
+
+int TabStrip::textWidth(const QFont& font, int index) const {
+    return QFontMetrics(font).horizontalAdvance(tabText(index).trimmed());
+}
+
+int TabStrip::textsWidth(const QFont& font) const {
+    int width = 0;
+    for (int index = 0; index < count(); ++index) width += textWidth(font, index);
+    return width;
+}
+
+QSize TabStrip::tabSizeHint(int index) const {
+    const int padding = (width() - textsWidth(font())) / std::max(1, count());
+    return {textWidth(font(), index) + std::clamp(padding, narrowestPadding, widestPadding),
+            QTabBar::tabSizeHint(index).height()};
+}
+
+void TabStrip::fitLetters() {
+    if (m_fitting || parentWidget() == nullptr) return;
+    const QScopedValueRollback guard(m_fitting, true);
+    QFont fitting = parentWidget()->font();
+    while (fitting.pointSize() > smallestPoints && textsWidth(fitting) + count() * narrowestPadding > width())
+        fitting.setPointSize(fitting.pointSize() - 1);
+    if (fitting.pointSize() != font().pointSize()) setFont(fitting);
+}
+
+void TabStrip::resizeEvent(QResizeEvent* event) {
+    fitLetters();
+    QTabBar::resizeEvent(event);
+}
+
+void TabStrip::changeEvent(QEvent* event) {
+    QTabBar::changeEvent(event);
+    if (event->type() == QEvent::FontChange) fitLetters();
+}
+
+void TabStrip::tabLayoutChange() {
+    QTabBar::tabLayoutChange();
+    fitLetters();
+}
+
+}  // namespace search
