@@ -65,7 +65,7 @@ TEST(Drives, NothingLeadsOutOfADrive) {
     const Drives drives = Drives::parse("C=/;D=/mnt/a;H=,optical");
     using namespace std::string_literals;
     for (const std::string& path : {"D:\\..\\x"s, "D:\\a\\.\\b"s, "D:\\a\\.."s, "D:\\a/../b"s, "D:\\a\0b"s,
-                                   "D:x"s, "Z:\\x"s, "H:\\x"s, "\\x"s, ""s})
+                                    "D:x"s, "Z:\\x"s, "H:\\x"s, "\\x"s, ""s})
         EXPECT_EQ(drives.toNativePath(path), std::nullopt) << path;
     EXPECT_EQ(drives.toNativePath("D:\\...\\..a"), "/mnt/a/.../..a");
 }
