@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include "platform/jet/path_lookup.h"
 #include "platform/jet/query.h"
 #include "platform/jet/recordset_impl.h"
 #include "platform/jet/sql_writer.h"
@@ -10,8 +11,9 @@ namespace jet {
 
 struct Database::Impl {
     std::shared_ptr<Connection> connection;
-    std::shared_ptr<Units> units;
+    std::shared_ptr<Census> census;
     ShapeCache shapes;
+    PathLookup paths;
     LiftedStatement lifted;
     std::vector<BoundValue> values;
 
@@ -30,7 +32,7 @@ Result<long long> Database::Impl::runChange(const std::string& sql, const std::v
 }
 
 Result<long long> Database::Impl::insert(const Statement& statement) {
-    SqlWriter writer(lifted.literals, *units);
+    SqlWriter writer(lifted.literals, *census);
     writer.writeInsert(statement);
     values.clear();
     std::deque<std::string> storage;
@@ -46,7 +48,7 @@ Result<long long> Database::Impl::insert(const Statement& statement) {
 }
 
 Result<long long> Database::Impl::change(const Statement& statement) {
-    SqlWriter writer(lifted.literals, *units);
+    SqlWriter writer(lifted.literals, *census);
     if (statement.kind == Statement::Update) {
         writer.write("update datos set ");
         writer.writeAssignments(statement);
@@ -73,7 +75,7 @@ Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
     if (!connection) return std::unexpected(connection.error());
     auto impl = std::make_unique<Database::Impl>();
     impl->connection = std::move(*connection);
-    impl->units = std::make_shared<Units>(*impl->connection);
+    impl->census = std::make_shared<Census>(*impl->connection);
     return Database(std::move(impl));
 }
 
@@ -98,12 +100,12 @@ Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     if (!statement) return std::unexpected(statement.error());
     query->statement = *statement;
     if (query->statement->kind != Statement::Select) return std::unexpected(syntaxError(sql));
-    auto rows = std::make_unique<Recordset::Impl>();
-    rows->connection = m_impl->connection;
-    rows->units = m_impl->units;
-    rows->query = std::move(query);
-    if (auto opened = rows->open(); !opened) return std::unexpected(opened.error());
-    return Recordset(std::move(rows));
+    if (auto current = m_impl->census->refresh(); !current) return std::unexpected(current.error());
+    OwnedScan scan{m_impl->connection, m_impl->census, std::move(query)};
+    if (auto known = m_impl->paths.open(scan, m_impl->census->version())) return Recordset(std::move(known));
+    auto rows = openRows(std::move(scan));
+    if (!rows) return std::unexpected(rows.error());
+    return Recordset(std::move(*rows));
 }
 
 Result<> Database::BeginTrans() {

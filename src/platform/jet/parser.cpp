@@ -23,6 +23,10 @@ bool isReserved(std::string_view word) {
                        [word](std::string_view one) { return equalFolded(one, word); });
 }
 
+bool contains(const std::vector<Column>& list, Column column) {
+    return std::find(list.begin(), list.end(), column) != list.end();
+}
+
 // Recursive descent. The first mistake is kept and everything after it fails: `false` runs up to the top.
 class Parser {
   public:
@@ -68,8 +72,12 @@ class Parser {
         m_statement.kind = Statement::Select;
         if (takeSign("*")) {
             for (std::size_t i = 0; i < columns.size(); ++i) m_statement.fields.push_back(static_cast<Column>(i));
-        } else if (!parseColumns(m_statement.fields)) {
-            return false;
+        } else {
+            std::vector<Column> fields;
+            if (!parseColumns(fields)) return false;
+            for (const Column field : fields) {
+                if (!contains(m_statement.fields, field)) m_statement.fields.push_back(field);
+            }
         }
         return takeWord("from") && parseTable() && parseWhere() && parseGroupBy() && parseOrderBy();
     }
@@ -152,9 +160,8 @@ class Parser {
 
     [[nodiscard]] bool groupedFieldsAreGrouped() const {
         const auto& grouped = m_statement.groupBy;
-        return std::all_of(m_statement.fields.begin(), m_statement.fields.end(), [&](Column field) {
-            return std::find(grouped.begin(), grouped.end(), field) != grouped.end();
-        });
+        return std::all_of(m_statement.fields.begin(), m_statement.fields.end(),
+                           [&](Column field) { return contains(grouped, field); });
     }
 
     bool parseOrderBy() {

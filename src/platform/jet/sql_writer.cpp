@@ -1,8 +1,7 @@
 #include "platform/jet/sql_writer.h"
 
 #include <algorithm>
-
-#include "platform/jet/unit_condition.h"
+#include <utility>
 
 namespace jet {
 
@@ -17,6 +16,20 @@ Type typeOf(const Condition& condition) {
     const bool numbers = std::all_of(operands.begin(), operands.end(),
                                      [](const Operand& operand) { return operand.kind == Operand::Number; });
     return numbers ? Type::Real : Type::Text;
+}
+
+// True for a condition on `disco` alone, compared with literals: the census knows the units that meet it.
+bool isUnitCondition(const Condition& condition) {
+    const auto isText = [](const Operand& operand) { return operand.kind == Operand::Text; };
+    const auto& operands = condition.operands;
+    return operands.size() > 1 && operands.front().kind == Operand::Field &&
+           operands.front().column == Column::disco && std::all_of(operands.begin() + 1, operands.end(), isText);
+}
+
+// Patterns cost the most: what stands beside them is tested first.
+bool isExpensive(const Condition& condition) {
+    return condition.kind == Condition::Like ||
+           std::any_of(condition.children.begin(), condition.children.end(), isExpensive);
 }
 
 bool compares(const Condition& condition, Column column) {
@@ -58,24 +71,18 @@ void SqlWriter::writeOperand(const Operand& operand, Type type) {
 
 void SqlWriter::writeJoined(const Condition& condition, std::string_view word) {
     m_sql += '(';
-    for (std::size_t i = 0; i < condition.children.size(); ++i) {
-        if (i > 0) m_sql += word;
-        writeCondition(condition.children[i]);
+    bool first = true;
+    for (const bool expensive : {false, true}) {
+        for (const Condition& child : condition.children) {
+            if (isExpensive(child) != expensive) continue;
+            if (!std::exchange(first, false)) m_sql += word;
+            writeCondition(child);
+        }
     }
     m_sql += ')';
 }
 
-void SqlWriter::writeComparison(const Condition& condition, std::string_view sign) {
-    const Type type = typeOf(condition);
-    writeOperand(condition.operands[0], type);
-    m_sql += collationOf(condition);
-    m_sql += sign;
-    writeOperand(condition.operands[1], type);
-}
-
 void SqlWriter::writeCondition(const Condition& condition) {
-    if (isUnitCondition(condition)) return writeUnits(condition);
-    const Type type = typeOf(condition);
     switch (condition.kind) {
         case Condition::And: return writeJoined(condition, " and ");
         case Condition::Or: return writeJoined(condition, " or ");
@@ -84,42 +91,40 @@ void SqlWriter::writeCondition(const Condition& condition) {
             writeCondition(condition.children.front());
             m_sql += ')';
             return;
-        case Condition::Equal: return writeComparison(condition, " = ");
-        case Condition::Unequal: return writeComparison(condition, " <> ");
-        case Condition::Less: return writeComparison(condition, " < ");
-        case Condition::LessOrEqual: return writeComparison(condition, " <= ");
-        case Condition::Greater: return writeComparison(condition, " > ");
-        case Condition::GreaterOrEqual: return writeComparison(condition, " >= ");
-        case Condition::Like:
-            m_sql += "jet_like(";
-            writeOperand(condition.operands[0], Type::Text);
-            m_sql += ", ";
-            writeValue(PatternText{m_literals[condition.operands[1].literal].text});
-            m_sql += ')';
-            return;
-        case Condition::Between:
-            writeOperand(condition.operands[0], type);
-            m_sql += collationOf(condition);
-            m_sql += " between ";
-            writeOperand(condition.operands[1], type);
-            m_sql += " and ";
-            writeOperand(condition.operands[2], type);
-            return;
-        case Condition::In:
-            writeOperand(condition.operands[0], type);
-            m_sql += collationOf(condition);
-            m_sql += " in (";
-            for (std::size_t i = 1; i < condition.operands.size(); ++i) {
-                if (i > 1) m_sql += ", ";
-                writeOperand(condition.operands[i], type);
-            }
-            m_sql += ')';
-            return;
-        case Condition::IsNull:
-            writeOperand(condition.operands[0], type);
-            m_sql += " is null";
-            return;
+        default: return isUnitCondition(condition) ? writeUnits(condition) : writeTest(condition);
     }
+}
+
+void SqlWriter::writeTest(const Condition& condition) {
+    const auto& operands = condition.operands;
+    const Type type = typeOf(condition);
+    if (condition.kind == Condition::Like) {
+        m_sql += "jet_like(";
+        writeOperand(operands[0], Type::Text);
+        m_sql += ", ";
+        writeValue(PatternText{m_literals[operands[1].literal].text});
+        m_sql += ')';
+        return;
+    }
+    writeOperand(operands[0], type);
+    m_sql += collationOf(condition);
+    switch (condition.kind) {
+        case Condition::Equal: m_sql += " = "; break;
+        case Condition::Unequal: m_sql += " <> "; break;
+        case Condition::Less: m_sql += " < "; break;
+        case Condition::LessOrEqual: m_sql += " <= "; break;
+        case Condition::Greater: m_sql += " > "; break;
+        case Condition::GreaterOrEqual: m_sql += " >= "; break;
+        case Condition::Between: m_sql += " between "; break;
+        case Condition::In: m_sql += " in ("; break;
+        default: m_sql += " is null"; return;
+    }
+    const std::string_view separator = condition.kind == Condition::Between ? " and " : ", ";
+    for (std::size_t i = 1; i < operands.size(); ++i) {
+        if (i > 1) m_sql += separator;
+        writeOperand(operands[i], type);
+    }
+    if (condition.kind == Condition::In) m_sql += ')';
 }
 
 // `disco` meets the condition when it is one of the spellings that do. A null meets none.
@@ -128,8 +133,10 @@ void SqlWriter::writeUnits(const Condition& condition) {
     const bool excluded = condition.kind == Condition::Unequal;
     if (excluded) listed.kind = Condition::Equal;
     std::vector<BoundValue> names;
-    for (const std::string& name : m_units.spellings()) {
-        if (unitMeets(listed, name, m_literals)) names.emplace_back(std::string_view(name));
+    for (const Census::Unit& unit : m_census.units()) {
+        KnownTexts known;
+        known.set(Column::disco, unit.name);
+        if (decide(listed, known, m_literals) == Truth::Yes) names.emplace_back(std::string_view(*unit.name));
     }
     if (names.size() <= 1) {
         m_sql += excluded ? "disco <> " : "disco = ";
@@ -156,11 +163,20 @@ void SqlWriter::writeWhere(const Statement& statement) {
     writeCondition(*statement.where);
 }
 
-void SqlWriter::writeOrder(const Statement& statement) {
-    if (!statement.groupBy.empty()) {
-        m_sql += " group by ";
-        writeFields(statement.groupBy);
-    }
+void SqlWriter::writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow) {
+    m_sql += " not indexed where rowid between ";
+    writeValue(firstRow);
+    m_sql += " and ";
+    writeValue(lastRow);
+    if (!statement.where) return;
+    m_sql += " and ";
+    writeCondition(*statement.where);
+}
+
+void SqlWriter::writeGroupAndOrder(const Statement& statement) {
+    if (statement.groupBy.empty()) return;
+    m_sql += " group by ";
+    writeFields(statement.groupBy);
     if (statement.orderBy.empty()) return;
     m_sql += " order by ";
     for (const Ordering& ordering : statement.orderBy) {
@@ -168,11 +184,7 @@ void SqlWriter::writeOrder(const Statement& statement) {
         if (info(ordering.column).type == Type::Text) m_sql += " collate jet_sorted";
         m_sql += ordering.descending ? " desc, " : ", ";
     }
-    if (statement.groupBy.empty()) {
-        m_sql += "rowid";
-    } else {
-        writeFields(statement.groupBy);  // spellings apart only in case
-    }
+    writeFields(statement.groupBy);  // spellings apart only in case
 }
 
 void SqlWriter::writeAssignments(const Statement& statement) {

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "platform/jet/bound_value.h"
+#include "platform/jet/census.h"
 #include "platform/jet/literals.h"
 #include "platform/jet/statement.h"
-#include "platform/jet/units.h"
 
 namespace jet {
 
@@ -15,13 +15,16 @@ namespace jet {
 // ever becomes part of the text.
 class SqlWriter {
   public:
-    SqlWriter(const std::vector<Literal>& literals, Units& units) : m_literals(literals), m_units(units) {}
+    SqlWriter(const std::vector<Literal>& literals, Census& census) : m_literals(literals), m_census(census) {}
 
     void write(std::string_view sql) { m_sql += sql; }
     void writeFields(const std::vector<Column>& fields);
     void writeCondition(const Condition& condition);
     void writeWhere(const Statement& statement);      // " where ..." or nothing
-    void writeOrder(const Statement& statement);      // " order by ...", ties by rowid
+
+    // The same for the rows between two rowids only, read in their order.
+    void writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow);
+    void writeGroupAndOrder(const Statement& statement);
     void writeAssignments(const Statement& statement);  // of an update
     void writeInsert(const Statement& statement);
 
@@ -30,13 +33,13 @@ class SqlWriter {
 
   private:
     void writeJoined(const Condition& condition, std::string_view word);
-    void writeComparison(const Condition& condition, std::string_view sign);
     void writeUnits(const Condition& condition);
+    void writeTest(const Condition& condition);
     void writeOperand(const Operand& operand, Type type);
     void writeValue(const BoundValue& value);
 
     const std::vector<Literal>& m_literals;
-    Units& m_units;
+    Census& m_census;
     std::string m_sql;
     std::vector<BoundValue> m_values;
     std::deque<std::string> m_storage;  // for values that no literal holds as they are

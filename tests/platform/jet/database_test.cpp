@@ -23,9 +23,11 @@ TEST(Smoke, Works) {
     EXPECT_EQ(rs->Field("fecha").number(), 38000.5);
     EXPECT_TRUE(rs->Field("archivo").isNull());
     rs = db->OpenRecordset("select * from datos where disco=('UNO :') order by carpeta");
+    ASSERT_TRUE(rs) << rs.error().text;
     EXPECT_EQ(rs->RecordCount(), 2);
     EXPECT_EQ(rs->Field("carpeta").text(), "nz");
     rs = db->OpenRecordset("select disco from datos group by disco order by disco");
+    ASSERT_TRUE(rs) << rs.error().text;
     EXPECT_EQ(rs->RecordCount(), 2);
     EXPECT_EQ(db->Execute("update datos set comentario='it's' where disco='Uno :'").error().number, 3075);
     EXPECT_EQ(db->OpenRecordset("select x from datos").error().number, 3061);

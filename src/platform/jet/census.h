@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/jet/connection.h"
+#include "platform/jet/known_texts.h"
+
+namespace jet {
+
+// How the rows of the table divide by unit, level and kind: read from the index alone, unit by unit as needed, and
+// kept until the file changes. It turns a unit's name into its exact spellings, answers counts that ask for nothing
+// else, and tells where in the table the rows of a statement can lie.
+class Census {
+  public:
+    struct Group {
+        KnownTexts::Text nivel;
+        KnownTexts::Text tipo;
+        long long rows = 0;
+        std::int64_t firstRow = 0;
+        std::int64_t lastRow = 0;
+    };
+    struct Unit {
+        KnownTexts::Text name;  // null for rows without a unit
+        std::optional<std::vector<Group>> groups;
+    };
+    // The rows that can meet a condition: how many at most, and between which rowids.
+    struct Extent {
+        long long rows = 0;
+        std::int64_t firstRow = 0;
+        std::int64_t lastRow = -1;
+    };
+
+    explicit Census(Connection& connection) : m_connection(connection) {}
+
+    // Makes sure that what is kept holds for the file as it is now. To be called before each statement.
+    [[nodiscard]] Result<> refresh();
+
+    // Of the file at the last refresh.
+    [[nodiscard]] long long version() const { return m_version.value_or(-1); }
+
+    // By code point, one for each spelling; a null unit comes first.
+    [[nodiscard]] const std::vector<Unit>& units();
+
+    // Nothing when the condition asks for more than unit, level and kind.
+    [[nodiscard]] std::optional<long long> count(const Condition* where, const std::vector<Literal>& literals);
+
+    // Nothing when the condition leaves all units open.
+    [[nodiscard]] std::optional<Extent> extent(const Condition* where, const std::vector<Literal>& literals);
+
+  private:
+    void readUnits();
+    [[nodiscard]] const std::vector<Group>& groupsOf(Unit& unit);
+
+    Connection& m_connection;
+    std::optional<long long> m_version;
+    std::optional<std::vector<Unit>> m_units;
+};
+
+}  // namespace jet

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "platform/jet/row_store.h"
+
+namespace jet {
+
+// The rows of a select, gathered and brought into order. Rows beyond a bound of memory are kept by their rowid only, to be
+// read again when they are wanted.
+class CollectedRows {
+  public:
+    struct Row {
+        std::uint64_t keyStart = 0;  // the first eight bytes of the sort key
+        const char* keyRest = nullptr;
+        std::uint32_t keySize = 0;
+        std::int64_t rowid = 0;
+        const char* packed = nullptr;  // in the store; nullptr when only the rowid is kept
+    };
+
+    // Adds the current row of `row`, whose columns are: rowid, then `fields`.
+    void add(const Prepared& row, const std::vector<Column>& fields, std::string_view key);
+
+    void absorb(CollectedRows&& other);
+    void sort();  // by key, then by rowid
+
+    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
+
+    // How much is kept in memory at most. For tests; 128 MiB otherwise.
+    static std::size_t memoryBound;
+
+  private:
+    RowStore m_store;
+    std::vector<Row> m_rows;
+};
+
+}  // namespace jet

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/jet/recordset_impl.h"
+#include "platform/jet/stored_rows.h"
+
+namespace jet {
+
+// Rows straight from SQLite, one step at a time, in the order in which they are found.
+class DirectRows final : public Recordset::Impl {
+  public:
+    [[nodiscard]] static Result<std::unique_ptr<Recordset::Impl>> open(OwnedScan scan);
+
+    bool atEnd() override;
+    void moveNext() override;
+    long long count() override;
+    Value field(Column column) override;
+
+  private:
+    explicit DirectRows(OwnedScan scan);
+
+    void step();
+    [[nodiscard]] long long countPatternRows();
+
+    OwnedScan m_scan;
+    Prepared m_rows;
+    FieldPlaces m_places;
+    bool m_atEnd = false;
+    long long m_passed = 0;
+    std::optional<long long> m_count;
+    std::unique_ptr<StoredRows> m_rest;  // the current row and all behind it, once they were counted
+};
+
+}  // namespace jet

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/jet/census.h"
+#include "platform/jet/collected_rows.h"
+#include "platform/jet/query.h"
+#include "platform/jet/sql_writer.h"
+
+namespace jet {
+
+// What one statement needs to run.
+struct Scan {
+    Connection& connection;
+    Census& census;
+    const Statement& statement;
+    const std::vector<Literal>& literals;
+};
+
+// Where a statement's rows are looked for.
+struct Access {
+    enum Kind { Nowhere, Range, AsSqliteChooses };
+    Kind kind = AsSqliteChooses;
+    std::int64_t firstRow = 0;  // of a Range
+    std::int64_t lastRow = 0;
+};
+[[nodiscard]] Access accessFor(const Scan& scan);
+
+// " from datos where ..." for this access.
+void writeSource(SqlWriter& writer, const Statement& statement, const Access& access);
+
+// True when the condition tries a pattern on row after row, so that a second pass would be dear.
+[[nodiscard]] bool triesPattern(const Statement& statement);
+
+// The rows in the order that they are found: first column rowid, then the fields.
+[[nodiscard]] Result<Prepared> scanRows(const Scan& scan);
+
+// All rows at once, in the statement's order.
+[[nodiscard]] Result<CollectedRows> collectRows(const Scan& scan);
+
+// The number of rows, fetching none.
+[[nodiscard]] Result<long long> countRows(const Scan& scan);
+[[nodiscard]] Result<bool> hasRows(const Scan& scan);
+
+}  // namespace jet

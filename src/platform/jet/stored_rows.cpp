@@ -1,0 +1,61 @@
+#include "platform/jet/stored_rows.h"
+
+namespace jet {
+
+namespace {
+
+std::string namesOf(const std::vector<Column>& fields) {
+    std::string names;
+    for (const Column field : fields) {
+        if (!names.empty()) names += ", ";
+        names += info(field).name;
+    }
+    return names;
+}
+
+}  // namespace
+
+StoredRows::StoredRows(std::shared_ptr<Connection> connection, std::shared_ptr<const CollectedRows> rows,
+                       std::vector<Column> fields, const Selection* selection)
+    : Impl(std::move(connection)),
+      m_rows(std::move(rows)),
+      m_fields(std::move(fields)),
+      m_places(m_fields),
+      m_selection(selection),
+      m_readAgain("select " + namesOf(m_fields) + " from datos where rowid = ?") {}
+
+void StoredRows::moveNext() {
+    ++m_at;
+    m_loaded = false;
+}
+
+Value StoredRows::field(Column column) {
+    const int place = m_places[column];
+    if (place < 0) return {};
+    if (!m_loaded) load();
+    return m_values[place];
+}
+
+void StoredRows::load() {
+    m_loaded = true;
+    if (row().packed) {
+        RowStore::unpack(row().packed, std::span(m_values).first(m_fields.size()));
+    } else {
+        readAgain();
+    }
+}
+
+// A row that is gone by now reads as nulls.
+void StoredRows::readAgain() {
+    m_values.fill({});
+    auto found = connection->prepare(m_readAgain);
+    if (!found) return;
+    found->bind(0, row().rowid);
+    const auto step = found->step();
+    if (step == Prepared::Step::Failed) failure = connection->lastError();
+    if (step != Prepared::Step::Row) return;
+    m_again = RowStore();
+    RowStore::unpack(m_again.add(*found, m_fields, 0), std::span(m_values).first(m_fields.size()));
+}
+
+}  // namespace jet

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/jet/recordset_impl.h"
+
+namespace jet {
+
+// Rows collected before. Those that memory did not hold are read again by their rowid.
+class StoredRows final : public Recordset::Impl {
+  public:
+    using Selection = std::vector<std::uint32_t>;
+
+    // All rows, or those of a selection (positions among the rows, which the caller keeps alive through `rows`).
+    StoredRows(std::shared_ptr<Connection> connection, std::shared_ptr<const CollectedRows> rows,
+               std::vector<Column> fields, const Selection* selection = nullptr);
+
+    bool atEnd() override { return m_at >= size(); }
+    void moveNext() override;
+    long long count() override { return static_cast<long long>(size()); }
+    Value field(Column column) override;
+
+  private:
+    [[nodiscard]] std::size_t size() const { return m_selection ? m_selection->size() : m_rows->rows().size(); }
+    [[nodiscard]] const CollectedRows::Row& row() const {
+        return m_rows->rows()[m_selection ? (*m_selection)[m_at] : m_at];
+    }
+    void load();
+    void readAgain();
+
+    std::shared_ptr<const CollectedRows> m_rows;
+    std::vector<Column> m_fields;
+    FieldPlaces m_places;
+    const Selection* m_selection;
+    std::string m_readAgain;
+    std::size_t m_at = 0;
+    bool m_loaded = false;
+    std::array<Value, columns.size()> m_values;
+    RowStore m_again;  // the current row, when it was read again
+};
+
+}  // namespace jet
