@@ -10,7 +10,8 @@
 namespace cli {
 namespace {
 
-// What a unit is called: the kind's word for a hand-made one, for a scanned one the word that is never stored.
+// What a unit is called: the kind's word for a hand-made one, for a scanned one the word that is never
+// stored.
 std::string kindOf(const core::Unit& unit, core::Language language) {
     if (unit.picture == core::scannedUnitPicture) return core::rotulos(language).rotulounidadcarpetas;
     for (const core::UnitKind& kind : core::unitKinds)

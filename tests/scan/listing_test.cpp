@@ -18,8 +18,8 @@ std::vector<std::string> sorted(std::vector<std::string> names) {
 }
 
 TEST(Listing, OrdersByNameWithoutRegardToCase) {
-    const std::vector<std::string> expected{".x",   "10",   "9",    "a",      "A b",    "abcdefgh", "ABCDEFGHa",
-                                            "abcdefghB", "Ba", "zeta", "áb", "Ác", "Ñu"};
+    const std::vector<std::string> expected{".x",        "10", "9",    "a",  "A b", "abcdefgh", "ABCDEFGHa",
+                                            "abcdefghB", "Ba", "zeta", "áb", "Ác",  "Ñu"};
     std::vector<std::string> shuffled = expected;
     for (int i = 0; i < 50; ++i) {
         std::ranges::rotate(shuffled, shuffled.begin() + 5);
@@ -29,7 +29,8 @@ TEST(Listing, OrdersByNameWithoutRegardToCase) {
 }
 
 TEST(Listing, OrdersSpellingsThatDifferInCaseByTheirBytes) {
-    EXPECT_EQ(sorted({"readme", "README", "Readme"}), (std::vector<std::string>{"README", "Readme", "readme"}));
+    EXPECT_EQ(sorted({"readme", "README", "Readme"}),
+              (std::vector<std::string>{"README", "Readme", "readme"}));
 }
 
 TEST(Listing, KeepsNamesThatAreNoText) {

@@ -107,8 +107,8 @@ TEST_F(Walk, PutsSubfoldersFirstAndTurnsRoundAtTheLastLevel) {
     EXPECT_EQ(result.writes.written, 20);
     EXPECT_EQ(watcher.topLevel, 2);
     EXPECT_EQ(watcher.topDone, 2);
-    EXPECT_EQ(watcher.yields, 11);                // levels 1 to 10
-    EXPECT_EQ(watcher.statuses, 20 - 2);          // all but the folders at the top
+    EXPECT_EQ(watcher.yields, 11);        // levels 1 to 10
+    EXPECT_EQ(watcher.statuses, 20 - 2);  // all but the folders at the top
     for (std::size_t i = 0; i < rows.size(); ++i) {
         EXPECT_EQ(rows[i].numero, static_cast<std::int64_t>(i) + 1);
         EXPECT_EQ(rows[i].disco, "U :");
@@ -119,7 +119,8 @@ TEST_F(Walk, PutsSubfoldersFirstAndTurnsRoundAtTheLastLevel) {
 TEST_F(Walk, RoundsSizesAndTakesTheDateOfTheItem) {
     for (const int bytes : {511, 512, 513, 1536}) file("t/" + std::to_string(bytes), bytes);
     folder("t/d");
-    const timespec times[2]{{1064052000, 0}, {1064052000, 999}};  // 20 September 2003, 10:00 in universal time
+    const timespec times[2]{{1064052000, 0},
+                            {1064052000, 999}};  // 20 September 2003, 10:00 in universal time
     for (const char* name : {"t/511", "t/d"}) utimensat(AT_FDCWD, at(name).c_str(), times, 0);
 
     EXPECT_EQ(scanned("t"), (Lines{R"(1 E:\t\d d - -)", R"(1 E:\t t 1536 2)", R"(1 E:\t t 511 0)",
@@ -133,8 +134,7 @@ TEST_F(Walk, RoundsSizesAndTakesTheDateOfTheItem) {
 TEST_F(Walk, NamesFilesOfADriveRootByTheDrive) {
     file("f", 2048);
     file("d/g");
-    EXPECT_EQ(scanned(""),
-              (Lines{R"(1 E:\d d - -)", R"(2 E:\d d g 0)", R"(1 E:\ E: f 2)"}));
+    EXPECT_EQ(scanned(""), (Lines{R"(1 E:\d d - -)", R"(2 E:\d d g 0)", R"(1 E:\ E: f 2)"}));
 }
 
 TEST_F(Walk, StoresHostileNamesAsData) {
@@ -178,9 +178,9 @@ TEST_F(Walk, GivesLinksARowAndFollowsNone) {
     fs::create_symlink(at("elsewhere/inside"), at("t/tofile"));
     fs::create_symlink("nowhere", at("t/dangling"));
     fs::create_symlink("ring", at("t/ring"));
-    EXPECT_EQ(scanned("t"), (Lines{R"(1 E:\t\away away - -)", R"(1 E:\t\real real - -)",
-                                   R"(2 E:\t\real\loop loop - -)", R"(1 E:\t t dangling 0)",
-                                   R"(1 E:\t t ring 0)", R"(1 E:\t t tofile 4)"}));
+    EXPECT_EQ(scanned("t"),
+              (Lines{R"(1 E:\t\away away - -)", R"(1 E:\t\real real - -)", R"(2 E:\t\real\loop loop - -)",
+                     R"(1 E:\t t dangling 0)", R"(1 E:\t t ring 0)", R"(1 E:\t t tofile 4)"}));
 }
 
 TEST_F(Walk, OpensNoFifoOrSocket) {
@@ -240,8 +240,8 @@ TEST_F(Walk, StopsAtTheNextFolderAndKeepsWhatIsIn) {
     };
     const auto result = scanInto("U", "t");
     EXPECT_TRUE(result.stopped);
-    EXPECT_EQ(test::summaries(catalogue.rows()), (Lines{R"(1 E:\t\a a - -)", R"(2 E:\t\a a 1 0)",
-                                                        R"(2 E:\t\a a 2 0)", R"(1 E:\t\b b - -)"}));
+    EXPECT_EQ(test::summaries(catalogue.rows()),
+              (Lines{R"(1 E:\t\a a - -)", R"(2 E:\t\a a 1 0)", R"(2 E:\t\a a 2 0)", R"(1 E:\t\b b - -)"}));
 }
 
 TEST_F(Walk, ShowsItsRowsToWhoeverLooksAfterACommit) {
