@@ -85,9 +85,10 @@ void TreeView::setSelected(Node node) {
 }
 
 void TreeView::editLabel(Node node) {
-    if (!m_model.contains(node)) return;
-    setCurrentIndex(m_model.place(node));
-    edit(m_model.place(node));
+    const QModelIndex place = m_model.place(node);
+    if ((m_model.flags(place) & Qt::ItemIsEditable) == 0) return;
+    setCurrentIndex(place);
+    edit(place);
 }
 
 void TreeView::repaintNow() {

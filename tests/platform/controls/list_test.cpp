@@ -93,7 +93,6 @@ TEST_F(ListTest, WithoutFullRowsOnlyTheFirstColumnReacts) {
     EXPECT_EQ(selection(), Rows{4});
 
     // The highlight stops where the first column ends.
-    const QColor highlight = list.palette().color(QPalette::Active, QPalette::Highlight);
     const auto colourAt = [&](int column) {
         const QRect cell = list.shownView()->visualRect(model.index(4, column - 1));
         const QImage image = list.shownView()->viewport()->grab().toImage();

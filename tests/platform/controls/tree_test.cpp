@@ -136,8 +136,8 @@ TEST_F(TreeTest, ALabelEditProposesATextAndTheListenerDecides) {
         editor->selectAll();
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, end);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return true;
     };
     ASSERT_TRUE(type(one, "Tres", Qt::Key_Return));

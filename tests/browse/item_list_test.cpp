@@ -1,0 +1,164 @@
+#include "browse/item_list.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QAbstractItemView>
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTreeView>
+#include <cstring>
+
+#include "browse/column_sort.h"
+#include "browse/item_model.h"
+
+namespace browse {
+namespace {
+
+ListItem file(const std::string& name, std::int64_t largo) {
+    return {.text = name, .picture = 1, .smallPicture = 1, .notes = "", .type = "Archivo", .largo = largo,
+            .fecha = 38123, .nameKey = "b" + name, .disco = "Uno :", .ruta = "E:\\"};
+}
+
+class ItemListTest : public testing::Test {
+  protected:
+    ItemListTest() {
+        std::vector<ItemList::Column> columns(10);
+        columns[0] = {"Nombre", 1.0 / 3};
+        columns[3] = {"Tamaño", 1.0 / 5, Qt::AlignRight};
+        columns[4] = {"Modificado", 1.0 / 5};
+        list.resize(700, 400);
+        list.setColumns(columns);
+        list.show();
+    }
+
+    void fill(std::initializer_list<const char*> names) {
+        list.beginFill();
+        for (const char* name : names) list.add(file(name, static_cast<std::int64_t>(std::strlen(name))));
+        list.endFill();
+    }
+    [[nodiscard]] QString shown() const {
+        QStringList texts;
+        for (int position = 0; position < list.model().rowCount(); ++position) texts << list.text(position);
+        return texts.join(' ');
+    }
+    [[nodiscard]] QString selected() const {
+        QStringList texts;
+        for (int position = 0; position < list.count(); ++position)
+            if (list.isSelected(position)) texts << list.text(position);
+        return texts.join(' ');
+    }
+    [[nodiscard]] QTreeView& report() const { return *list.findChild<QTreeView*>("report"); }
+    void click(int position, Qt::KeyboardModifiers keys = {}) {
+        const QPoint at = report().visualRect(list.model().index(position, 0)).center();
+        QTest::mouseClick(report().viewport(), Qt::LeftButton, keys, at);
+    }
+
+    ItemList list;
+    QAbstractItemModelTester tester{report().model(), QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST_F(ItemListTest, ShowsWhatWasAddedWhenTheFillEnds) {
+    fill({"b", "a"});
+    EXPECT_EQ(shown(), "b a");
+    list.beginFill();
+    list.add(file("c", 1));
+    EXPECT_EQ(shown(), "b a");
+    EXPECT_EQ(list.count(), 3);
+    list.endFill();
+    EXPECT_EQ(shown(), "b a c");
+    list.add(file("d", 1));
+    EXPECT_EQ(shown(), "b a c d");
+    list.setNotes(1, "n");
+    EXPECT_EQ(list.subItem(1, 1), "n");
+    EXPECT_EQ(list.subItem(9, 1), "");
+    EXPECT_EQ(list.text(-1), "");
+    EXPECT_TRUE(list.model().isConsistent());
+    list.clear();
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_EQ(list.selectedPosition(), -1);
+}
+
+TEST_F(ItemListTest, SortingMovesTheSelectionWithItsItems) {
+    fill({"bb", "d", "aaa", "c"});
+    click(0);
+    click(1, Qt::ControlModifier);
+    QSignalSpy clicks(&list, &ItemList::itemClicked);
+    list.sort({.on = true, .key = 7});
+    EXPECT_EQ(shown(), "aaa bb c d");
+    EXPECT_EQ(selected(), "bb d");
+    EXPECT_EQ(list.text(list.selectedPosition()), "d");
+    list.sort({.on = true, .key = 6, .descending = true});
+    EXPECT_EQ(shown(), "aaa bb c d");
+    EXPECT_EQ(clicks.count(), 0);
+
+    fill({"eeee"});
+    EXPECT_EQ(shown(), "eeee aaa bb c d") << "sorting stays on";
+    EXPECT_EQ(selected(), "bb d");
+    list.clear();
+    fill({"x", "yyy"});
+    EXPECT_EQ(shown(), "yyy x");
+}
+
+TEST_F(ItemListTest, AHeaderClickAsksForASort) {
+    fill({"bb", "aaa"});
+    QObject::connect(&list, &ItemList::columnClicked, &list,
+                     [&](int column) { list.sort(sortingAfterClick(list.store().sorting(), column)); });
+    QHeaderView& header = *report().header();
+    const auto clickHeader = [&](int section) {
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionPosition(section) + 20, 8});
+    };
+    clickHeader(3);
+    EXPECT_EQ(shown(), "aaa bb");
+    EXPECT_EQ(header.sortIndicatorSection(), 3);
+    EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
+    clickHeader(0);
+    EXPECT_EQ(shown(), "aaa bb");
+    EXPECT_EQ(header.sortIndicatorSection(), 0);
+    EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder);
+}
+
+TEST_F(ItemListTest, ColumnsFollowTheListUntilTheUserDragsOne) {
+    const int before = report().columnWidth(0);
+    EXPECT_NEAR(before, 700 / 3, 12);
+    EXPECT_EQ(report().columnWidth(5), 0);
+    list.resize(1000, 400);
+    EXPECT_GT(report().columnWidth(0), before + 80);
+    report().header()->resizeSection(0, 77);
+    list.resize(700, 400);
+    EXPECT_EQ(report().columnWidth(0), 77);
+    report().header()->resizeSection(6, 50);
+    EXPECT_EQ(report().columnWidth(6), 0);
+}
+
+TEST_F(ItemListTest, TypingFindsAName) {
+    fill({"alfa", "beta", "Ñu", "betún"});
+    list.setFocus();
+    click(0);
+    QTest::keyClicks(&report(), "BET");
+    EXPECT_EQ(selected(), "beta");
+    EXPECT_EQ(list.model().match(list.model().index(0, 0), Qt::DisplayRole, "ñ", 1, {}).value(0).row(), 2);
+    EXPECT_EQ(list.model().match(list.model().index(2, 0), Qt::DisplayRole, "beta", 1, {}).value(0).row(), 1);
+    EXPECT_TRUE(list.model().match(list.model().index(0, 0), Qt::DisplayRole, "zz", 1, {}).empty());
+}
+
+TEST_F(ItemListTest, TellsClicksAndActivation) {
+    fill({"a", "b"});
+    QSignalSpy clicks(&list, &ItemList::itemClicked);
+    QSignalSpy activations(&list, &ItemList::itemActivated);
+    QSignalSpy releases(&list, &ItemList::mouseReleased);
+    click(1);
+    QTest::keyClick(&report(), Qt::Key_Return);
+    ASSERT_EQ(clicks.count(), 1);
+    EXPECT_EQ(clicks[0].at(0).toInt(), 1);
+    ASSERT_EQ(activations.count(), 1);
+    EXPECT_EQ(activations[0].at(0).toInt(), 1);
+    EXPECT_EQ(releases.count(), 1);
+    list.select(0);
+    EXPECT_EQ(list.selectedPosition(), 0);
+    EXPECT_EQ(clicks.count(), 1);
+}
+
+}  // namespace
+}  // namespace browse
