@@ -1,0 +1,105 @@
+#include "browse/open_file.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "platform/shell_open.h"
+#include "support/mounted_discs.h"
+
+namespace {
+
+using core::Language;
+using core::Notice;
+
+class OpenFile : public testing::Test {
+  protected:
+    OpenFile() {
+        platform::setShellOpener([this](const std::string& target, const std::string& folder) {
+            opened.push_back(target);
+            folders.push_back(folder);
+            return true;
+        });
+    }
+    ~OpenFile() override { platform::setShellOpener({}); }
+
+    browse::OpenEnd open(const std::string& ruta, const std::string& name,
+                         Language language = Language::Spanish) {
+        return browse::openFile({ruta, name}, "Fotos :", language, [this] { return discs(); },
+                                [this](const Notice& notice) {
+                                    told.push_back(notice);
+                                    if (onTell) onTell();
+                                });
+    }
+
+    test::MountedDiscs discs;
+    std::vector<std::string> opened, folders;
+    std::vector<Notice> told;
+    std::function<void()> onTell;
+};
+
+TEST_F(OpenFile, TriesTheSpellingsInOrderAndPassesTheFolder) {
+    const std::string plain = discs.write("disk", "it's/plain.txt", "");
+    const std::string both = discs.write("disk", "l'été/d'or.txt", "");
+    const std::string onlyName = discs.write("disk", "l´été/d'or.txt", "");
+    const std::string accent = discs.write("disk", "l´été/d´or.txt", "");
+    const std::string inRoot = discs.write("disk", "o'clock", "");
+
+    open("C:\\it´s", "plain.txt");
+    open("C:\\l´été", "d´or.txt");
+    std::filesystem::remove(accent);
+    open("C:\\l´été", "d´or.txt");
+    std::filesystem::remove(onlyName);
+    open("C:\\l´été", "d´or.txt");
+    open("C:\\", "o´clock");
+    EXPECT_EQ(opened, (std::vector{plain, accent, onlyName, both, inRoot}));
+    EXPECT_EQ(folders.front(), discs.disc("disk/it's"));
+    EXPECT_EQ(folders.back(), discs.disc("disk"));
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(OpenFile, AFixedDiskIsNotLookedForInOtherDrives) {
+    discs.insert('D', "other", "fixed");
+    discs.write("other", "a/x.txt", "");
+    EXPECT_EQ(open("C:\\a", "x.txt"), browse::OpenEnd::NotFound);
+    open("C:\\", "y.txt", Language::English);
+    EXPECT_EQ(told,
+              (std::vector<Notice>{{"No se encontró el archivo x.txt"}, {"This file can´t be find as y.txt"}}));
+    EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(OpenFile, FindsADiscInAnotherDrive) {
+    discs.insert('G', "dvd", "removable");
+    const std::string file = discs.write("dvd", "E:/it's.txt", "");  // a folder that looks like a drive
+    const std::string inRoot = discs.write("dvd", "readme", "");
+    EXPECT_EQ(open("E:\\E:", "it´s.txt"), browse::OpenEnd::Opened);
+    EXPECT_EQ(open("E:\\", "readme"), browse::OpenEnd::Opened);
+    EXPECT_EQ(opened, (std::vector{file, inRoot}));
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(OpenFile, AsksForTheUnitOnceAndLooksAgain) {
+    discs.eject('E');
+    const std::string file = discs.write("dvd", "a/x.txt", "");
+    onTell = [this] { discs.insert('E', "dvd"); };
+    EXPECT_EQ(open("E:\\a", "x.txt"), browse::OpenEnd::Opened);
+    EXPECT_EQ(told, (std::vector<Notice>{{"Introduzca la unidad Fotos :", "Zarquelin"}}));
+    EXPECT_EQ(opened, std::vector{file});
+
+    told.clear();
+    EXPECT_EQ(open("E:\\a", "gone.txt", Language::English), browse::OpenEnd::NotFound);
+    EXPECT_EQ(told, (std::vector<Notice>{{"Introduce the unit Fotos :", "Zarquelin"},
+                                         {"This file can´t be find as gone.txt"}}));
+}
+
+TEST_F(OpenFile, PathsThatNoDriveHoldsAreNotFound) {
+    discs.write("disk", "secret", "");
+    for (const char* ruta : {"C:Pelis", "", "\\", "E:\\..\\disk", "nonsense", "C:\\a\\.."})
+        EXPECT_EQ(open(ruta, "secret"), browse::OpenEnd::NotFound) << ruta;
+    EXPECT_EQ(open("C:\\", ".."), browse::OpenEnd::NotFound);
+    EXPECT_EQ(open("C:\\", "a/../secret"), browse::OpenEnd::NotFound);
+    EXPECT_EQ(open("C:\\", ""), browse::OpenEnd::NotFound);
+    EXPECT_TRUE(opened.empty());
+}
+
+}  // namespace
