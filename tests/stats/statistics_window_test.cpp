@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPrinter>
 #include <QProgressBar>
