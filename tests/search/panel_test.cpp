@@ -218,10 +218,13 @@ TEST_F(SearchPanelTest, NothingIsCutOffInANarrowPanel) {
                 QApplication::processEvents();
                 EXPECT_LE(tabs->tabRect(tab).right(), tabs->width()) << points;
                 for (const QLabel* label : narrow.findChildren<QLabel*>())
-                    if (label->isVisible())
-                        EXPECT_GE(label->height(), label->heightForWidth(label->width())) << qPrintable(label->text());
+                    if (label->isVisible()) {
+                        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                            << qPrintable(label->text());
+                    }
                 if (const QString folder = qEnvironmentVariable("PANEL_PICTURES"); !folder.isEmpty())
-                    narrow.grab().save(QString("%1/%2-%3-%4.png").arg(folder).arg(int(language)).arg(points).arg(tab));
+                    narrow.grab().save(
+                        QString("%1/%2-%3-%4.png").arg(folder).arg(int(language)).arg(points).arg(tab));
             }
         }
 }

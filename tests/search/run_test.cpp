@@ -1,0 +1,223 @@
+#include "search/search_run.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <functional>
+#include <string>
+
+#include "search/result_row.h"
+#include "search/sample_catalogue.h"
+#include "search/typed_text.h"
+
+namespace {
+
+using search::SearchRequest;
+using Names = std::vector<std::string>;
+
+const core::Rotulos& captions = core::rotulos(core::Language::English);
+
+class Collected : public search::ResultSink {
+  public:
+    explicit Collected(search::RowMemory& memory) : m_memory(memory) {}
+    void clear() override { items.clear(); }
+    void add(const jet::Recordset& row, const search::Pass& pass) override {
+        items.push_back(search::resultItem(row, pass, core::Language::English, m_memory));
+    }
+    std::vector<browse::ListItem> items;
+
+  private:
+    search::RowMemory& m_memory;
+};
+
+class SearchRun : public testing::Test {
+  protected:
+    // Only what differs from a search for "" of all types and units is stated.
+    Names find(const std::function<void(SearchRequest&)>& state) {
+        SearchRequest request = search::requestFor("", captions);
+        request.maximum = "100000";
+        state(request);
+        Collected collected(memory);
+        outcome = search::runPasses(database, search::passesOf(request, captions), counters, collected);
+        items = collected.items;
+        Names names;
+        for (const browse::ListItem& item : items) names.push_back(item.text);
+        return names;
+    }
+    static void dated(SearchRequest& request, double from, double until) {
+        request.date = true;
+        request.from = from;
+        request.until = until;
+    }
+
+    SampleCatalogue sample;
+    jet::Database database = sample.open();
+    search::RowMemory memory;
+    search::Counters counters;
+    jet::Result<> outcome;
+    std::vector<browse::ListItem> items;
+    const double ofTheYears[2] = {core::serialOfDate(2000, 1, 1), core::serialOfDate(2010, 1, 1)};
+};
+
+TEST_F(SearchRun, FoldersComeFirstThenFilesEachInOrderOfName) {
+    EXPECT_EQ(find([](auto& r) { r.name = "FOTO"; }), (Names{"fotos", "foto1.jpg", "foto2.JPG"}));
+    EXPECT_EQ(counters, (search::Counters{1, 2}));
+    EXPECT_EQ(find([](auto& r) { r.name = "?.a"; }), (Names{"a.asfa", "a.avi"}));
+    EXPECT_EQ(counters, (search::Counters{0, 2}));
+    EXPECT_EQ(find([](auto& r) { r.unit = "Fotos :"; }),
+              (Names{"fotos", "cinta.mpeg", "foto1.jpg", "foto2.JPG"}));
+    EXPECT_EQ(find([](auto& r) { r.name = "nowhere"; }), Names{});
+    EXPECT_EQ(counters, search::Counters{});
+}
+
+TEST_F(SearchRun, ItemsOfFoldersAndFiles) {
+    find([](auto& r) { r.name = "foto"; });
+    EXPECT_EQ(items[0].picture, 3);
+    EXPECT_EQ(items[0].smallPicture, 2);
+    EXPECT_EQ(items[0].type, "Files folder");
+    EXPECT_EQ(items[0].nameKey, "afotos");
+    EXPECT_FALSE(items[0].largo);
+    EXPECT_EQ(items[1].picture, 8);
+    EXPECT_EQ(items[1].type, "Picture file");
+    EXPECT_EQ(items[1].notes, "en la playa");
+    EXPECT_EQ(items[1].largo, 100);
+    EXPECT_EQ(items[1].nameKey, "bfoto1.jpg");
+    EXPECT_TRUE(items[1].dateKeyIsSerial);
+    EXPECT_EQ(items[1].disco, "Fotos :");
+    EXPECT_EQ(items[1].ruta, "E:\\fotos");
+    EXPECT_EQ(items[2].notes, "");
+    // Among results .vox is audio and .mpeg a plain file; capital and small letters mixed are none's.
+    find([](auto& r) { r.name = "a.vox"; });
+    EXPECT_EQ(items.at(0).type, "Audio file");
+    find([](auto& r) { r.name = "cinta"; });
+    EXPECT_EQ(items.at(0).type, "File");
+}
+
+TEST_F(SearchRun, SizeFoldersHaveNeitherNoteNorKey) {
+    find([](auto& r) { r.name = "foto", r.size = true; });
+    ASSERT_EQ(items.size(), 3u);
+    EXPECT_EQ(items[0].nameKey, "");
+    EXPECT_EQ(items[0].notes, "");
+    EXPECT_EQ(items[1].nameKey, "bfoto1.jpg");
+}
+
+TEST_F(SearchRun, ANameSearchOfTypeAndUnitShowsTheNoteShownLast) {
+    find([](auto& r) { r.name = "foto1"; });
+    find([](auto& r) { r.unit = "Discos :", r.type = captions.rotuloaudio; });
+    ASSERT_EQ(items.size(), 3u);
+    for (const auto& item : items) EXPECT_EQ(item.notes, "en la playa");
+}
+
+TEST_F(SearchRun, SizeHoldsForEveryExtensionOnlyWithoutUnit) {
+    const auto sized = [](SearchRequest& r) {
+        r.type = captions.rotuloaudio, r.size = true, r.maximum = "15";
+    };
+    EXPECT_EQ(find(sized), Names{"a.mid"});
+    EXPECT_EQ(find([&](auto& r) { sized(r), r.unit = "Discos :"; }), Names{"a.mid"});
+    // With a unit the first extension alone obeys.
+    const auto tooBig = [](SearchRequest& r) {
+        r.type = captions.rotuloaudio, r.size = true, r.maximum = "5";
+    };
+    EXPECT_EQ(find(tooBig), Names{});
+    EXPECT_EQ(find([&](auto& r) { tooBig(r), r.unit = "Discos :"; }), Names{"a.mid"});
+    EXPECT_EQ(find([](auto& r) { r.size = true, r.minimum = "50", r.maximum = "10"; }),
+              (Names{"fotos", "sonidos"}));
+}
+
+TEST_F(SearchRun, DatesIncludeTheWholeLastDay) {
+    const double day = core::serialOfDate(2003, 5, 31);
+    EXPECT_EQ(find([&](auto& r) { dated(r, day, day); }), (Names{"cinta.mpeg", "foto2.JPG"}));
+    EXPECT_EQ(find([&](auto& r) { dated(r, day - 1, day - 1); }), Names{"foto2.JPG"});
+    EXPECT_EQ(find([&](auto& r) { dated(r, day, day - 40); }), Names{});
+}
+
+TEST_F(SearchRun, SizeDateAndTypeForgetSomeExtensions) {
+    const auto everyYear = [&](SearchRequest& r) { r.size = true, dated(r, ofTheYears[0], ofTheYears[1]); };
+    EXPECT_EQ(find([&](auto& r) { everyYear(r), r.type = captions.rotuloaudio; }), (Names{"b.mp3", "a.Mp3"}));
+    EXPECT_EQ(items[1].type, "Audio file");
+    EXPECT_EQ(find([&](auto& r) { everyYear(r), r.type = captions.rotuloaudio, r.unit = "Discos :"; }),
+              (Names{"b.mp3", "a.Mp3", "a.mid"}));  // by extension, not by number
+    EXPECT_EQ(items[1].type, "Audio file");         // by the chosen type
+    EXPECT_EQ(counters.archivosencontrados, 3);
+}
+
+TEST_F(SearchRun, AClosingStarFindsNamesThatGoOn) {
+    const auto video = [](SearchRequest& r) { r.type = captions.rotulovideo, r.unit = "Discos :"; };
+    EXPECT_EQ(find(video), Names{"a.avi"});
+    EXPECT_EQ(find([&](auto& r) { video(r), dated(r, ofTheYears[0], ofTheYears[1]); }),
+              (Names{"a.asfa", "a.avi"}));
+}
+
+TEST_F(SearchRun, RefusedStatementsAndForgottenNotes) {
+    const auto all = [&](SearchRequest& r) {
+        r.size = r.note = true;
+        r.noteText = "jazz";
+        r.unit = "Discos :";
+        dated(r, ofTheYears[0], ofTheYears[1]);
+    };
+    for (const std::string& type : {captions.rotuloweb, captions.rotulocomprimido}) {
+        counters = {7, 7};
+        EXPECT_EQ(find([&](auto& r) { all(r), r.type = type; }), Names{}) << type;
+        EXPECT_TRUE(outcome);
+        EXPECT_EQ(counters, (search::Counters{7, 0}));
+    }
+    EXPECT_EQ(find([&](auto& r) { all(r), r.type = captions.rotuloejecutable; }), Names{"z.exe"});
+    EXPECT_EQ(find([&](auto& r) { all(r), r.type = captions.rotulovideo; }), Names{"a.avi"});
+    EXPECT_EQ(find([](auto& r) { r.note = true, r.noteText = "jazz", r.type = captions.rotuloaudio; }),
+              (Names{"b.mp3", "a.mid"}));
+}
+
+// Whatever can be typed does no harm: no crash, and not a byte of the catalogue changes.
+TEST_F(SearchRun, EveryTypedCharacterAloneAndInPairs) {
+    const auto bytes = [&] {
+        QFile file(QString::fromStdString(sample.path()));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QByteArray before = bytes();
+    const QList<uint> typed =
+        QString::fromUtf8(search::nameCharacters.data(), search::nameCharacters.size()).toUcs4();
+    const auto tryText = [&](const std::u32string& characters) {
+        const std::string text =
+            QString::fromUcs4(characters.data(), qsizetype(characters.size())).toStdString();
+        find([&](auto& r) { r.name = text; });
+        find([&](auto& r) { r.note = true, r.noteText = text, r.type = captions.rotuloaudio; });
+    };
+    for (const char32_t first : typed) {
+        tryText({first});
+        for (const char32_t second : typed) tryText({first, second});
+    }
+    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(find([](auto& r) { r.name = "foto1"; }), Names{"foto1.jpg"});
+}
+
+TEST(SizeTexts, NumberAtTheBeginning) {
+    const std::pair<const char*, double> texts[] = {
+        {"", 0},   {"0", 0},   {"-10", -10}, {" 1 2 3x4", 123}, {"abc", 0},   {"1.5", 1.5}, {"-", 0},
+        {"+7", 7}, {"inf", 0}, {"nan", 0},   {"-.5", -.5},      {"1e2", 100}, {"--5", 0},   {"- 1 0", -10}};
+    for (const auto& [text, value] : texts) EXPECT_EQ(search::numericValue(text), value) << text;
+}
+
+TEST(Passes, SayHowTheirRowsAreTaken) {
+    SearchRequest request = search::requestFor("x", captions);
+    request.from = 37742;
+    request.until = 37742;
+    request.date = true;
+    const auto folders = search::passesOf(request, captions);
+    ASSERT_EQ(folders.size(), 2u);
+    EXPECT_NE(folders[0].sql.find("between(37742)and (37743)"), std::string::npos);
+    EXPECT_FALSE(folders[0].silent || folders[1].silent);
+    request.unit = "U :";
+    EXPECT_FALSE(search::passesOf(request, captions)[0].silent);
+    EXPECT_TRUE(search::passesOf(request, captions)[1].silent);
+    request.type = captions.rotulotexto;
+    request.note = true;
+    const auto split = search::passesOf(request, captions);
+    ASSERT_EQ(split.size(), 5u);
+    EXPECT_FALSE(split[0].addsToCount);
+    EXPECT_TRUE(split[4].addsToCount);
+    EXPECT_EQ(split[4].shownType, search::FileType::Text);
+    request.type = "no such type";
+    EXPECT_TRUE(search::passesOf(request, captions).empty());
+}
+
+}  // namespace
