@@ -25,6 +25,8 @@ using controls::ImageCombo;
 using controls::KeyFilter;
 using controls::UpDown;
 
+constexpr int pageMargin = 6;
+constexpr int narrowestField = 48;
 constexpr QColor switchedOff(0x80, 0x80, 0x80);
 
 void tint(QWidget& field, bool on) {
@@ -86,6 +88,7 @@ QVBoxLayout* CriteriaPages::addPage(Criterion criterion, const QString& label, c
     auto* page = new QWidget(this);
     page->setObjectName(numbered("Picture11", criterion));
     auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     column->addWidget(new CriterionHeading(check, label, shadow));
     m_pages[criterion] = page;
     m_checks[criterion] = check;
@@ -99,6 +102,7 @@ ImageCombo* CriteriaPages::makeImageCombo(const QString& name, const QString& he
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     KeyFilter::install(
         combo, [](char32_t) { return false; }, [this] { emit enterPressed(); });
+    connect(combo, &QComboBox::currentTextChanged, combo, &QWidget::setToolTip);  // a narrow panel cuts it
     return combo;
 }
 
@@ -159,6 +163,7 @@ QLineEdit* CriteriaPages::makeSizeField(const QString& name, const QString& labe
     auto* field = new QLineEdit(QStringLiteral("0"));
     field->setObjectName(name);
     field->setAccessibleName(shell::caption(label, m_idioma));
+    field->setMinimumWidth(narrowestField);
     KeyFilter::install(
         field, [](char32_t typed) { return core::isAllowed(typed, sizeCharacters); },
         [this] { emit enterPressed(); });
@@ -177,6 +182,7 @@ void CriteriaPages::makeSizePage() {
                             const QString& name) {
         steps->setObjectName(name);
         steps->setAccessibleName(field->accessibleName());
+        steps->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);  // as high as the field
         QLabel* unit = makeLabel(numbered("Label11", row), field);
         unit->setText(QStringLiteral("KB"));
         grid->addWidget(makeLabel(label, field), row, 0);

@@ -22,6 +22,7 @@ namespace search {
 namespace {
 
 constexpr int pictureOfCatalogue = 15;
+constexpr int margin = 6;
 
 // Fills the list in one run, so that it is shown once at the end.
 class ListSink : public ResultSink {
@@ -85,6 +86,7 @@ void SearchPanel::makeControls() {
     connect(m_picture15, &CriteriaPages::noteEnterPressed, this, &SearchPanel::enterInNote);
 
     auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(margin, margin, margin, margin);
     m_tabStrip1 = new TabStrip(this);
     m_tabStrip1->setObjectName(QStringLiteral("TabStrip1"));
     m_tabStrip1->setAccessibleName(shell::caption(u"Label12", m_frame.idioma));

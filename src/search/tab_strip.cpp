@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QScopedValueRollback>
+#include <QStyleOptionTab>
+#include <QStylePainter>
 #include <algorithm>
 
 namespace search {
@@ -49,6 +51,26 @@ void TabStrip::fitLetters() {
     while (fitting.pointSize() > smallestPoints && textsWidth(fitting) + count() * narrowestPadding > width())
         fitting.setPointSize(fitting.pointSize() - 1);
     if (fitting.pointSize() != font().pointSize()) setFont(fitting);
+}
+
+// The style would cut the text at margins of its own, which narrow tabs don't have.
+void TabStrip::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    const auto paintTab = [&](int index) {
+        QStyleOptionTab option;
+        initStyleOption(&option, index);
+        painter.drawControl(QStyle::CE_TabBarTabShape, option);
+        painter.drawItemText(option.rect, Qt::AlignCenter, palette(), isEnabled(), tabText(index).trimmed(),
+                             QPalette::WindowText);
+        if (!(option.state & QStyle::State_HasFocus)) return;
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        focus.rect = option.rect.adjusted(3, 3, -3, -3);
+        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    };
+    for (int index = 0; index < count(); ++index)
+        if (index != currentIndex()) paintTab(index);
+    if (currentIndex() >= 0) paintTab(currentIndex());  // over its neighbours
 }
 
 void TabStrip::resizeEvent(QResizeEvent* event) {

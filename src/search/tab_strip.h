@@ -14,6 +14,7 @@ class TabStrip : public QTabBar {
 
   protected:
     [[nodiscard]] QSize tabSizeHint(int index) const override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void tabLayoutChange() override;

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -54,6 +55,13 @@ class SearchPanelTest : public testing::Test {
     void switchOn(int criterion, bool on = true) {
         control<QCheckBox>(qPrintable(QString("Check1(%1)").arg(criterion)))->setChecked(on);
     }
+    // The test library's own typing knows ASCII only.
+    static void type(QWidget* field, const char* text) {
+        for (const QChar character : QString::fromUtf8(text)) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+            QApplication::sendEvent(field, &press);
+        }
+    }
     static void enter(QWidget* field) { QTest::keyClick(field, Qt::Key_Return); }
     QString lastMessage() const { return messages.shown.empty() ? QString() : messages.shown.back().text; }
 
@@ -71,12 +79,12 @@ class SearchPanelTest : public testing::Test {
 
 TEST_F(SearchPanelTest, TypingPassesTheAllowedSetOnly) {
     QComboBox* name = combo("Combo2");
-    QTest::keyClicks(name->lineEdit(), "A'b\"Ñ*[ü");
+    type(name->lineEdit(), "A'b\"Ñ*[ü");
     EXPECT_EQ(name->currentText(), QString::fromUtf8("AbÑ*["));
     QTest::keyClick(name->lineEdit(), Qt::Key_Backspace);
     EXPECT_EQ(name->currentText(), QString::fromUtf8("AbÑ*"));
     switchOn(3);
-    QTest::keyClicks(control<QLineEdit>("Text6"), "1a-5 ");
+    type(control<QLineEdit>("Text6"), "1a-5 ");
     EXPECT_EQ(control<QLineEdit>("Text6")->text(), "015 ");
 }
 
@@ -127,7 +135,7 @@ TEST_F(SearchPanelTest, ATabShowsItsPageAndGivesTheFocusBack) {
 
 TEST_F(SearchPanelTest, ANameSearchRemembersItsTextEachTime) {
     QComboBox* name = combo("Combo2");
-    QTest::keyClicks(name->lineEdit(), "foto");
+    type(name->lineEdit(), "foto");
     enter(name->lineEdit());
     EXPECT_EQ(list.names, QStringList({"fotos", "foto1.jpg", "foto2.JPG"}));
     EXPECT_EQ(status.text(), " Folders found: 1  Files found: 2");
@@ -161,7 +169,7 @@ TEST_F(SearchPanelTest, NotesAreRememberedOnlyWithTheSizeOff) {
     QComboBox* note = combo("Combo1");
     enter(note->lineEdit());
     EXPECT_EQ(lastMessage(), "Write the note to search.");
-    QTest::keyClicks(note->lineEdit(), "playa");
+    type(note->lineEdit(), "playa");
     enter(note->lineEdit());
     EXPECT_EQ(list.names, QStringList({"foto1.jpg"}));
     EXPECT_EQ(note->count(), 1);
@@ -211,12 +219,14 @@ TEST_F(SearchPanelTest, NothingIsCutOffInANarrowPanel) {
             narrow.setFont(font);
             narrow.resize(250, 400);
             narrow.show();
-            EXPECT_LE(narrow.minimumSizeHint().width(), 250) << points;
             auto* tabs = narrow.findChild<QTabBar*>("TabStrip1");
             for (int tab = 0; tab < tabs->count(); ++tab) {
                 tabs->setCurrentIndex(tab);
                 QApplication::processEvents();
+                EXPECT_EQ(narrow.width(), 250) << points << " page " << tab;
                 EXPECT_LE(tabs->tabRect(tab).right(), tabs->width()) << points;
+                EXPECT_LE(tabs->fontMetrics().horizontalAdvance(tabs->tabText(tab).trimmed()),
+                          tabs->tabRect(tab).width());
                 for (const QLabel* label : narrow.findChildren<QLabel*>())
                     if (label->isVisible()) {
                         EXPECT_GE(label->height(), label->heightForWidth(label->width()))
