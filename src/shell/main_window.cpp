@@ -5,31 +5,33 @@
 #include <QMenu>
 #include <functional>
 
-#include "platform/settings.h"
 #include "print/print_action.h"
-#include "shell/language_choice.h"
+#include "shell/frame/pointer.h"
 #include "shell/links.h"
+#include "shell/logo.h"
 #include "shell/main_window_parts.h"
+#include "shell/preferences.h"
+#include "shell/properties.h"
 
 namespace shell {
 
-Form1::Form1(core::Language idioma, Messages& messages, Dialogs& dialogs)
-    : m_parts(std::make_unique<MainWindowParts>(*this, idioma, messages, dialogs)) {
+Form1::Form1(core::Language idioma, Catalogue& catalogue, Messages& messages, Dialogs& dialogs)
+    : m_parts(std::make_unique<MainWindowParts>(*this, idioma, catalogue, messages, dialogs)) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Zarquelin"));
+    setWindowIcon(logo());
     resize(1000, 660);
     setMinimumSize(480, 320);
 
     connectMenus();
     connectToolbar();
     connectControls();
-    m_parts->views.setFontSize(8);
-    m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"),
-                                    platform::GetSetting("iniciorapido") == "si");
+    setFontSize(8);
+    m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"), isQuickStartOn());
     m_parts->openingWindow.showBrowseSurface(false);
     m_parts->openingWindow.hidePanels();
     m_parts->applyState();
-    m_parts->catalogue.readLast();
+    m_parts->frame.catalogue.readLast();
 }
 
 Form1::~Form1() = default;
@@ -38,8 +40,9 @@ browse::Surface& Form1::surface() {
     return m_parts->surface;
 }
 
-void Form1::openFromCommandLine(const std::string& path) {
-    m_parts->catalogue.setPath(path);
+void Form1::begin() {
+    show();
+    if (!m_parts->frame.catalogue.isSet()) return;
     yieldToQueue();
     m_parts->catalogueActions.abrirdesdearchivo();
 }
@@ -56,7 +59,7 @@ void Form1::reciente1() {
     m_parts->catalogueActions.reciente1();
 }
 
-void Form1::setRecentMissing() {
+void Form1::recentIsMissing() {
     m_parts->state.recentMissing = true;
     m_parts->applyState();
 }
@@ -101,10 +104,12 @@ void Form1::connectMenus() {
         {"compactar", [&] { parts.maintenance.compactar(); }},
         {"reparar", [&] { parts.maintenance.reparar(); }},
 
-        {"español", [&] { chooseLanguage(core::Language::Spanish, parts.frame); }},
-        {"English", [&] { chooseLanguage(core::Language::English, parts.frame); }},
-        {"soporte", [&] { openLink(Link::Support); }},
-        {"website", [&] { openLink(Link::Website); }},
+        {"español",
+         [&] { changeLanguage(core::Language::Spanish, parts.frame.idioma, parts.frame.messages); }},
+        {"English",
+         [&] { changeLanguage(core::Language::English, parts.frame.idioma, parts.frame.messages); }},
+        {"soporte", [&] { openSupport(parts.frame.idioma); }},
+        {"website", [&] { openWebsite(parts.frame.idioma); }},
         {"feedback", [&] { openFeedback(parts.frame.idioma); }},
         {"acerca", [this] { emit aboutRequested(); }},
 
@@ -197,7 +202,7 @@ void Form1::connectControls() {
     connect(controls.imageCombo1, &ImageCombo::clicked, this,
             [&](int number) { parts.pathCombo.choose(number); });
     connect(controls.imageCombo1, &ImageCombo::textTyped, this, [&] { parts.pathCombo.textTyped(); });
-    connect(controls.imgSplitter, &Divider::pressed, this, [&] { parts.panes.medidas(); });
+    connect(controls.imgSplitter, &Divider::pressed, this, [this] { layOut(); });
     connect(controls.imgSplitter, &Divider::released, this, [&](int x) { parts.panes.sizeControls(x); });
     for (browse::ItemList* list : {controls.listView1, controls.listView2}) {
         connect(list, &browse::ItemList::itemClicked, this,
@@ -240,19 +245,20 @@ void Form1::copyFiles() {
 
 void Form1::setFontSize(int points) {
     m_parts->views.setFontSize(points);
-    m_parts->panes.medidas();
+    m_parts->picture12->applyFontSize(points);
+    layOut();
 }
 
 void Form1::showToolbarTexts(bool shown) {
     m_parts->views.showToolbarTexts(shown);
-    m_parts->panes.medidas();
+    layOut();
 }
 
 void Form1::toggleQuickStart() {
     MenuBar& menus = m_parts->frame.menus;
     const QString entry = QStringLiteral("iniciomenu");
     const bool wanted = !menus.action(entry)->isChecked();
-    platform::SaveSetting("iniciorapido", wanted ? "si" : "no");
+    saveQuickStart(wanted);
     menus.setChecked(entry, wanted);
 }
 
@@ -265,6 +271,25 @@ void Form1::toggleNode() {
     m_parts->frame.menus.action(QStringLiteral("abrirnodo"))
         ->setText(
             QString::fromStdString(tree.isExpanded(node) ? rotulos.rotulocontraer : rotulos.rotuloexpandir));
+}
+
+void Form1::showProperties() {
+    browse::Surface& surface = m_parts->surface;
+    const browse::Node node = surface.treeView1.selected();
+    auto database = jet::OpenDatabase(m_parts->frame.catalogue.path());
+    if (node == browse::noNode || !database) return;
+    if (!m_properties) m_properties = new Form3(m_parts->frame.idioma, this);
+
+    const browse::ItemList& list = surface.lists.listView1;
+    PropertiesRequest request;
+    request.node = surface.nodeText(node);
+    request.isUnit = surface.isUnit(node);
+    request.discoactual = surface.estado.discoactual;
+    request.rutaactual = surface.estado.rutaactual;
+    request.nivelactual = surface.estado.nivelactual;
+    request.picture = surface.imageCombo1.itemPicture(surface.imageCombo1.selectedItem());
+    if (list.count() > 0) request.firstListType = list.subItem(0, 2).toStdString();
+    m_properties->showProperties(propertiesOf(request, *database, m_parts->frame.idioma));
 }
 
 void Form1::treePressed(Qt::MouseButton button, const QPoint& place) {
@@ -285,9 +310,14 @@ void Form1::listReleased(Qt::MouseButton button, const QPoint& place) {
         m_parts->frame.menus.popup2()->popup(place);
 }
 
+void Form1::layOut() {
+    m_parts->panes.medidas();
+    m_parts->picture12->layOut();
+}
+
 void Form1::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    m_parts->panes.medidas();
+    layOut();
 }
 
 void Form1::changeEvent(QEvent* event) {
@@ -299,7 +329,7 @@ void Form1::closeEvent(QCloseEvent* event) {
     m_parts->surface.estado.cargaparada = true;
     m_parts->picture2->abandon();
     QMainWindow::closeEvent(event);
-    emit closed();
+    salida();
 }
 
 }  // namespace shell

@@ -1,38 +1,39 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <memory>
 
 #include "browse/surface.h"
 #include "core/language.h"
+#include "shell/startup.h"
 
 namespace shell {
 
+class Catalogue;
 class Dialogs;
+class Form3;
 class Messages;
 struct MainWindowParts;
 
 // The main window. Owns the controls, the panels and the actions, and wires each menu entry, button and
 // control event to the procedure that runs for it; the procedures stand in the rooms.
-class Form1 : public QMainWindow {
+class Form1 : public QMainWindow, public MainEntry {
     Q_OBJECT
   public:
-    // The seams are borrowed and outlive the window.
-    Form1(core::Language idioma, Messages& messages, Dialogs& dialogs);
+    // The catalogue and the seams are borrowed and outlive the window.
+    Form1(core::Language idioma, Catalogue& catalogue, Messages& messages, Dialogs& dialogs);
     ~Form1() override;
 
-    // A catalogue's native path from the command line; opened when the window is shown.
-    void openFromCommandLine(const std::string& path);
-    // The quick start's three buttons.
-    void nuevo1();
-    void abrir1();
-    void reciente1();
-    void setRecentMissing();  // there is no last file to open again
+    void begin() override;
+    void recentIsMissing() override;
+    void nuevo1() override;
+    void abrir1() override;
+    void reciente1() override;
 
     [[nodiscard]] browse::Surface& surface();
 
   signals:
-    void closed();          // the whole program ends with the main window
     void aboutRequested();  // `acerca`
 
   protected:
@@ -56,11 +57,13 @@ class Form1 : public QMainWindow {
     void toggleQuickStart();
     void toggleNode();
     void showProperties();
+    void layOut();
     void treePressed(Qt::MouseButton button, const QPoint& place);
     void listPressed();
     void listReleased(Qt::MouseButton button, const QPoint& place);
 
     std::unique_ptr<MainWindowParts> m_parts;
+    QPointer<Form3> m_properties;
 };
 
 }  // namespace shell

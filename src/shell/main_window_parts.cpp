@@ -1,12 +1,13 @@
 #include "shell/main_window_parts.h"
 
+#include "platform/controls/twips.h"
 #include "shell/frame/captions.h"
 #include "shell/main_window.h"
 
 namespace shell {
 namespace {
 
-template <class Control, class... Arguments>
+template <class Control>
 Control* named(const char* name, Control* control) {
     control->setObjectName(QString::fromUtf8(name));
     return control;
@@ -37,7 +38,8 @@ WindowControls::WindowControls(Form1& window, core::Language idioma)
     treeView1->setAccessibleName(QString::fromStdString(core::rotulos(idioma).rotulounidad));
 }
 
-MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& messages, Dialogs& dialogs)
+MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Catalogue& catalogue,
+                                 Messages& messages, Dialogs& dialogs)
     : window(owner),
       controls(owner, idioma),
       frame{idioma,
@@ -67,7 +69,7 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& 
               {},
               {},
               {}},
-      picture12(new notes::NotesPanel(frame, notesWindow, controls.client)),
+      picture12(new notes::NotesPanel(surface, notesWindow, controls.client)),
       panes({controls.client,
              controls.frame1,
              controls.toolbar,

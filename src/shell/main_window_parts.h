@@ -21,7 +21,6 @@
 #include "shell/frame/toolbar.h"
 #include "shell/maintenance_actions.h"
 #include "shell/panes.h"
-#include "shell/properties.h"
 #include "shell/switching.h"
 #include "shell/view_actions.h"
 #include "shell/window_hosts.h"
@@ -50,14 +49,14 @@ struct WindowControls {
 
 // Everything that the main window owns, in the order in which it comes into being.
 struct MainWindowParts {
-    MainWindowParts(Form1& window, core::Language idioma, Messages& messages, Dialogs& dialogs);
+    MainWindowParts(Form1& window, core::Language idioma, Catalogue& catalogue, Messages& messages,
+                    Dialogs& dialogs);
 
     // What is enabled now follows from the state alone.
     void applyState() { apply(enabledIn(state), *controls.menus, *controls.toolbar); }
 
     Form1& window;
     WindowControls controls;
-    Catalogue catalogue;
     WindowState state;
     Frame frame;
 

@@ -7,7 +7,6 @@
 namespace shell {
 
 void OpeningWindow::resetPanels() {
-    m_parts.picture1->fillTypes();
     m_parts.picture2->fillKinds();
     m_parts.views.resetCycle();
 }
@@ -17,7 +16,7 @@ void OpeningWindow::layOutPanes() {
 }
 
 void OpeningWindow::selectFirstType() {
-    m_parts.picture1->selectFirstType();
+    m_parts.picture1->fillTypes();
 }
 
 void OpeningWindow::setCatalogueOpen(bool open) {
@@ -103,6 +102,62 @@ void ImportWindow::explorar1() {
 
 void ImportWindow::reciente1() {
     m_parts.catalogueActions.reciente1();
+}
+
+void SearchWindow::clear() {
+    m_parts.surface.lists.listView2.clear();
+}
+
+void SearchWindow::beginFill() {
+    m_parts.surface.lists.listView2.beginFill();
+}
+
+void SearchWindow::add(const browse::ListItem& item) {
+    m_parts.surface.lists.listView2.add(item);
+}
+
+void SearchWindow::endFill() {
+    m_parts.surface.lists.listView2.endFill();
+}
+
+QRect NotesWindow::listArea() const {
+    return m_parts.panes.listArea();
+}
+
+void NotesWindow::setListsPushedDown(int pixels) {
+    m_parts.panes.setListsPushedDown(pixels);
+}
+
+bool StatisticsWindow::treeIsEmpty() const {
+    return m_parts.surface.treeView1.count() == 0;
+}
+
+std::optional<std::string> StatisticsWindow::selectedNode() const {
+    const browse::Node node = m_parts.surface.treeView1.selected();
+    if (node == browse::noNode) return std::nullopt;
+    return m_parts.surface.nodeText(node);
+}
+
+bool StatisticsWindow::isUnit(const std::string& nodeText) const {
+    return m_parts.surface.nombres.isUnit(nodeText);
+}
+
+std::string StatisticsWindow::place() const {
+    return m_parts.surface.imageCombo1.text().toStdString();
+}
+
+std::string StatisticsWindow::rutaactual() const {
+    return m_parts.surface.estado.rutaactual;
+}
+
+std::optional<std::string> StatisticsWindow::firstListedUnit() const {
+    const browse::ItemList& list = m_parts.surface.lists.listView1;
+    if (list.count() == 0) return std::nullopt;
+    return list.subItem(0, 8).toStdString();
+}
+
+core::Counters& StatisticsWindow::counters() {
+    return m_parts.surface.contadores;
 }
 
 }  // namespace shell

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "browse/opening.h"
+#include "notes/notes_panel.h"
 #include "scan/import_host.h"
+#include "search/result_list.h"
 #include "shell/catalogue_actions.h"
+#include "stats/statistics_action.h"
 
 namespace shell {
 
@@ -44,6 +47,49 @@ class ImportWindow : public scan::ImportHost {
     void actualizar() override;
     void explorar1() override;
     void reciente1() override;
+
+  private:
+    MainWindowParts& m_parts;
+};
+
+// ListView2 as the search fills it.
+class SearchWindow : public search::ResultList {
+  public:
+    explicit SearchWindow(MainWindowParts& parts) : m_parts(parts) {}
+
+    void clear() override;
+    void beginFill() override;
+    void add(const browse::ListItem& item) override;
+    void endFill() override;
+
+  private:
+    MainWindowParts& m_parts;
+};
+
+// The lists' place, for the notes panel that pushes them down.
+class NotesWindow : public notes::NotesHost {
+  public:
+    explicit NotesWindow(MainWindowParts& parts) : m_parts(parts) {}
+
+    [[nodiscard]] QRect listArea() const override;
+    void setListsPushedDown(int pixels) override;
+
+  private:
+    MainWindowParts& m_parts;
+};
+
+// The browsing state, as the statistics read it.
+class StatisticsWindow : public stats::StatisticsHost {
+  public:
+    explicit StatisticsWindow(MainWindowParts& parts) : m_parts(parts) {}
+
+    [[nodiscard]] bool treeIsEmpty() const override;
+    [[nodiscard]] std::optional<std::string> selectedNode() const override;
+    [[nodiscard]] bool isUnit(const std::string& nodeText) const override;
+    [[nodiscard]] std::string place() const override;
+    [[nodiscard]] std::string rutaactual() const override;
+    [[nodiscard]] std::optional<std::string> firstListedUnit() const override;
+    [[nodiscard]] core::Counters& counters() override;
 
   private:
     MainWindowParts& m_parts;

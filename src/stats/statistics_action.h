@@ -7,6 +7,7 @@
 #include "core/units.h"
 #include "platform/jet/database.h"
 #include "stats/statistics.h"
+#include "stats/statistics_window.h"
 
 class QWidget;
 namespace shell {
@@ -15,7 +16,7 @@ struct Frame;
 
 namespace stats {
 
-class Form4;
+
 
 // What a run of the statistics reads of the browsing state. The main window answers.
 class StatisticsHost {

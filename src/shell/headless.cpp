@@ -1,0 +1,100 @@
+#include "shell/headless.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QPixmap>
+#include <cstdio>
+
+#include "core/catalogue_file.h"
+#include "core/text.h"
+#include "core/unit_kinds.h"
+#include "platform/controls/link_label.h"
+#include "platform/files.h"
+#include "scan/allowed_keys.h"
+#include "shell/frame/menus.h"
+#include "shell/frame/pointer.h"
+#include "shell/main_window.h"
+#include "shell/preferences.h"
+
+namespace shell {
+namespace {
+
+// Nobody is there to see a box: messages go to stderr, questions are answered with no.
+class PrintedMessages : public Messages {
+  public:
+    void show(const QString& text, const QString&, MessageStyle) override {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+    }
+    bool askYesNo(const QString&, const QString&) override { return false; }
+};
+
+// The folder chooser's answer is known; nothing else is asked.
+class KnownFolder : public Dialogs {
+  public:
+    explicit KnownFolder(QString folder) : m_folder(std::move(folder)) {}
+    QString openCatalogue(const QString&, const QString&) override { return {}; }
+    QString saveCatalogue(const QString&, const QString&) override { return {}; }
+    QString chooseFolder(const QString&) override { return m_folder; }
+    std::optional<int> print(QPrinter&) override { return std::nullopt; }
+
+  private:
+    QString m_folder;
+};
+
+// The folder's own name, of the characters that could have been typed.
+QString unitName(const QString& folder) {
+    QString name;
+    for (const char32_t character : QFileInfo(folder).fileName().toStdU32String())
+        if (core::isAllowed(character, scan::allowedInNames)) name += QString::fromUcs4(&character, 1);
+    return name.isEmpty() ? QStringLiteral("Root") : name;
+}
+
+// Types and clicks what a user would on the import panel.
+void importFolder(Form1& window, const QString& name) {
+    window.surface().frame.menus.action(QStringLiteral("explore"))->trigger();
+    window.findChild<controls::ClickableLabel*>(QStringLiteral("Label19"))->click();
+    window.findChild<QLineEdit*>(QStringLiteral("Text3"))->setText(name);
+    window.findChild<controls::ClickableLabel*>(QStringLiteral("Label20"))->click();
+}
+
+void showUnit(Form1& window, const QString& disco) {
+    controls::TreeView& tree = window.surface().treeView1;
+    browse::Node unit = tree.firstRoot();
+    for (browse::Node root = unit; root != browse::noNode; root = tree.nextSibling(root))
+        if (tree.text(root) == disco) unit = root;
+    if (unit == browse::noNode) return;
+    tree.setSelected(unit);
+    emit tree.nodeClicked(unit);
+    tree.setExpanded(unit, true);
+}
+
+}  // namespace
+
+int runHeadless(const HeadlessJob& job) {
+    if (!platform::FileExists(job.catalogue)) {
+        if (const auto created = core::createCatalogue(job.catalogue); !created) {
+            std::fprintf(stderr, "%s: %s\n", job.catalogue.c_str(), created.error().text.c_str());
+            return 1;
+        }
+    }
+    PrintedMessages messages;
+    KnownFolder dialogs(QFile::decodeName(job.folder.c_str()));
+    Catalogue catalogue;
+    catalogue.setPath(job.catalogue);
+    Form1 window(chosenLanguage(), catalogue, messages, dialogs);
+    window.begin();
+
+    const QString name = unitName(dialogs.chooseFolder({}));
+    const std::string disco = name.toStdString() + std::string(core::unitSuffix);
+    if (!job.folder.empty() && !window.surface().nombres.isUnit(disco)) importFolder(window, name);
+    showUnit(window, QString::fromStdString(disco));
+    yieldToQueue();
+    if (!window.grab().save(QFile::decodeName(job.picture.c_str()), "PNG")) {
+        std::fprintf(stderr, "%s: the picture could not be written\n", job.picture.c_str());
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace shell

@@ -1,0 +1,54 @@
+#include <QApplication>
+#include <QLocale>
+#include <cstring>
+
+#include "platform/command_line.h"
+#include "platform/controls/pictures.h"
+#include "shell/frame/desktop_dialogs.h"
+#include "shell/frame/message_boxes.h"
+#include "shell/headless.h"
+#include "shell/main_window.h"
+#include "shell/startup.h"
+
+namespace {
+
+// Prepares what every run needs of the toolkit.
+void prepare(QApplication& application) {
+    QApplication::setApplicationName(QStringLiteral("zarquelin"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Zarquelin"));
+    QApplication::setDesktopFileName(QStringLiteral("zarquelin"));
+    application.setQuitOnLastWindowClosed(false);  // hidden windows of the start come and go
+    controls::installIconTheme();
+}
+
+int runOnDesktop(int argc, char** argv) {
+    QApplication application(argc, argv);
+    prepare(application);
+
+    std::unique_ptr<shell::MessageBoxes> messages;
+    shell::DesktopDialogs dialogs;
+    shell::Startup* chain = nullptr;
+    shell::Startup startup(
+        platform::commandLine(argc, argv),
+        [&](core::Language idioma, shell::Catalogue& catalogue) -> std::unique_ptr<shell::MainEntry> {
+            messages = std::make_unique<shell::MessageBoxes>(idioma);
+            auto window = std::make_unique<shell::Form1>(idioma, catalogue, *messages, dialogs);
+            QObject::connect(window.get(), &shell::Form1::aboutRequested, chain, &shell::Startup::showAbout);
+            return window;
+        });
+    chain = &startup;
+    startup.begin();
+    return QApplication::exec();
+}
+
+}  // namespace
+
+// zarquelin [CATALOGUE], or without a display: zarquelin --headless CATALOGUE FOLDER PICTURE
+int main(int argc, char** argv) {
+    if (argc == 5 && std::strcmp(argv[1], "--headless") == 0) {
+        QApplication application(argc, argv);
+        prepare(application);
+        return shell::runHeadless({argv[2], argv[3], argv[4]});
+    }
+    return runOnDesktop(argc, argv);
+}
