@@ -99,6 +99,8 @@ void Toolbar::setRecent(const QString& path) {
 }
 
 void Toolbar::setPressed(int button, bool pressed) {
+    if (pressed && button >= Import && button <= Explore)  // which of the three is in front
+        releaseAll(Import, Explore);
     m_items[button].pressed = pressed;
     if (m_items[button].button) m_items[button].button->setChecked(pressed);
 }

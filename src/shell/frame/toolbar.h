@@ -39,7 +39,7 @@ class Toolbar : public QWidget {
 
     explicit Toolbar(core::Language idioma, QWidget* parent = nullptr);
 
-    void setPressed(int button, bool pressed);  // Explore, Search and Import exclude nothing by themselves
+    void setPressed(int button, bool pressed);  // of Import, Search and Explore only one is pressed
     [[nodiscard]] bool isPressed(int button) const;
     void releaseAll(int first, int last);
     void setEnabled(int button, bool enabled);
