@@ -17,8 +17,16 @@ namespace browse {
 namespace {
 
 ListItem file(const std::string& name, std::int64_t largo) {
-    return {.text = name, .picture = 1, .smallPicture = 1, .notes = "", .type = "Archivo", .largo = largo,
-            .fecha = 38123, .nameKey = "b" + name, .disco = "Uno :", .ruta = "E:\\"};
+    return {.text = name,
+            .picture = 1,
+            .smallPicture = 1,
+            .notes = "",
+            .type = "Archivo",
+            .largo = largo,
+            .fecha = 38123,
+            .nameKey = "b" + name,
+            .disco = "Uno :",
+            .ruta = "E:\\"};
 }
 
 class ItemListTest : public testing::Test {

@@ -12,13 +12,29 @@ namespace browse {
 namespace {
 
 ListItem folder(const std::string& name) {
-    return {.text = name, .picture = 3, .smallPicture = 2, .notes = "", .type = "Carpeta de archivos", .largo = {},
-            .fecha = 38123, .nameKey = "a" + name, .disco = "Uno :", .ruta = "E:\\fotos\\" + name};
+    return {.text = name,
+            .picture = 3,
+            .smallPicture = 2,
+            .notes = "",
+            .type = "Carpeta de archivos",
+            .largo = {},
+            .fecha = 38123,
+            .nameKey = "a" + name,
+            .disco = "Uno :",
+            .ruta = "E:\\fotos\\" + name};
 }
 
 ListItem file(const std::string& name, std::int64_t largo, double fecha = 38123.5) {
-    return {.text = name, .picture = 8, .smallPicture = 8, .notes = "", .type = "archivo de imagen", .largo = largo,
-            .fecha = fecha, .nameKey = "b" + name, .disco = "Uno :", .ruta = "E:\\fotos"};
+    return {.text = name,
+            .picture = 8,
+            .smallPicture = 8,
+            .notes = "",
+            .type = "archivo de imagen",
+            .largo = largo,
+            .fecha = fecha,
+            .nameKey = "b" + name,
+            .disco = "Uno :",
+            .ruta = "E:\\fotos"};
 }
 
 std::vector<std::string> texts(const ItemStore& store) {
@@ -61,8 +77,8 @@ TEST(ItemStore, ComputesTheColumnsOfFolderAndFile) {
 
 TEST(ItemStore, ReturnsEveryNameKeyAsItWasGiven) {
     const std::string text = "Ñandú.JPG";
-    for (const std::string key : {"aÑandú.JPG", "bÑandú.JPG", "bÑandú.jpg", "bñandú.jpg", "", "b", "xÑandú.JPG",
-                                  "something much longer than the name"}) {
+    for (const std::string key : {"aÑandú.JPG", "bÑandú.JPG", "bÑandú.jpg", "bñandú.jpg", "", "b",
+                                  "xÑandú.JPG", "something much longer than the name"}) {
         ItemStore store;
         ListItem item = file(text, 1);
         item.nameKey = key;
@@ -100,7 +116,8 @@ TEST(ItemStore, SortsFoldersFirstUpAndLastDownWithTiesInPlace) {
 // Against a plain sort of the same keys: common beginnings, keys within keys, bytes of zero and above 127.
 TEST(ItemStore, SortsLikeAPlainSort) {
     std::mt19937 random(7);
-    const Texts pieces{"", "a", "folder", "img_000", "ñ", "é", "\xef\xbf\xbd", "Z", std::string(1, '\0'), "日本"};
+    const Texts pieces{"",    "a", "folder", "img_000", "ñ", "é", "\xef\xbf\xbd", "Z", std::string(1, '\0'),
+                       "日本"};
     for (const bool descending : {false, true}) {
         ItemStore store;
         Texts expected;
@@ -127,7 +144,8 @@ TEST(ItemStore, SizesSortAsNumbersAndDatesAsShown) {
     store.sort({.on = true, .key = sortKeyOfColumn(4)});
     EXPECT_EQ(texts(store), (Texts{"nine", "ten", "hundred"}));
     store.sort({.on = true, .key = sortKeyOfColumn(5)});
-    for (std::size_t at = 1; at < store.size(); ++at) EXPECT_LE(store.subItem(at - 1, 4), store.subItem(at, 4));
+    for (std::size_t at = 1; at < store.size(); ++at)
+        EXPECT_LE(store.subItem(at - 1, 4), store.subItem(at, 4));
 }
 
 TEST(ItemStore, HoldsAnOrdinaryItemInFarLessThanFourHundredBytes) {

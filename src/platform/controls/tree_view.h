@@ -19,22 +19,8 @@ class TreeView : public QTreeView {
     void clear();
     void setText(Node node, const QString& text);
 
-    // See TreeModel for what these answer.
+    // What the nodes are and how they hang together.
     [[nodiscard]] const TreeModel& nodes() const { return m_model; }
-    [[nodiscard]] bool contains(Node node) const { return m_model.contains(node); }
-    [[nodiscard]] QString text(Node node) const { return m_model.text(node); }
-    [[nodiscard]] QString key(Node node) const { return m_model.key(node); }
-    [[nodiscard]] int picture(Node node) const { return m_model.picture(node); }
-    [[nodiscard]] QString fullPath(Node node) const { return m_model.fullPath(node); }
-    [[nodiscard]] int indexOf(Node node) const { return m_model.indexOf(node); }
-    [[nodiscard]] Node nodeAt(int index) const { return m_model.nodeAt(index); }
-    [[nodiscard]] int count() const { return m_model.count(); }
-    [[nodiscard]] int childCount(Node node) const { return m_model.childCount(node); }
-    [[nodiscard]] Node parentOf(Node node) const { return m_model.parentOf(node); }
-    [[nodiscard]] Node firstRoot() const { return m_model.firstChild(noNode); }
-    [[nodiscard]] Node lastRoot() const { return m_model.lastChild(noNode); }
-    [[nodiscard]] Node firstChild(Node node) const { return m_model.firstChild(node); }
-    [[nodiscard]] Node nextSibling(Node node) const { return m_model.nextSibling(node); }
 
     using QTreeView::isExpanded;
     using QTreeView::setExpanded;

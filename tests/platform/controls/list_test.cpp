@@ -16,8 +16,8 @@ class ListTest : public testing::Test {
   protected:
     ListTest() {
         for (int row = 0; row < 6; ++row)
-            model.appendRow({new QStandardItem(QString(QChar('a' + row)) + "-name"), new QStandardItem("type"),
-                             new QStandardItem("hidden")});
+            model.appendRow({new QStandardItem(QString(QChar('a' + row)) + "-name"),
+                             new QStandardItem("type"), new QStandardItem("hidden")});
         list.setModel(&model);
         list.resize(500, 300);
         list.setColumnWidth(1, 150);
@@ -29,7 +29,8 @@ class ListTest : public testing::Test {
     [[nodiscard]] QPoint at(int row, int column = 1) const {
         return list.shownView()->visualRect(model.index(row, column - 1)).center();
     }
-    void click(int row, int column = 1, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {}) {
+    void click(int row, int column = 1, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers keys = {}) {
         QTest::mouseClick(list.shownView()->viewport(), button, keys, at(row, column));
     }
     [[nodiscard]] std::vector<int> selection() const {
@@ -48,8 +49,8 @@ using Rows = std::vector<int>;
 
 TEST_F(ListTest, TheSelectionIsOneInAllViews) {
     QSignalSpy clicks(&list, &ListView::rowClicked);
-    for (const auto view :
-         {ListView::View::Report, ListView::View::List, ListView::View::SmallIcons, ListView::View::LargeIcons}) {
+    for (const auto view : {ListView::View::Report, ListView::View::List, ListView::View::SmallIcons,
+                            ListView::View::LargeIcons}) {
         list.setView(view);
         QCoreApplication::processEvents();
         click(1);

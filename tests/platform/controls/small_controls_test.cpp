@@ -93,7 +93,8 @@ TEST(Combo, TellsTheUsersChoiceAndTyping) {
 TEST(Filter, HoldsBackCharactersAndNothingElse) {
     QLineEdit field;
     int entered = 0;
-    KeyFilter::install(&field, [](char32_t c) { return c == U'ñ' || (c >= U'a' && c <= U'd'); }, [&] { ++entered; });
+    KeyFilter::install(
+        &field, [](char32_t c) { return c == U'ñ' || (c >= U'a' && c <= U'd'); }, [&] { ++entered; });
     field.show();
     QTest::keyClicks(&field, "azb'*c");
     QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_Ntilde, QString::fromUtf8("ñ"), Qt::NoModifier);

@@ -45,40 +45,40 @@ class TreeTest : public testing::Test {
 using Nodes = std::vector<int>;
 
 TEST_F(TreeTest, NodesKnowTheirPlace) {
-    EXPECT_EQ(tree.fullPath(b), "Uno :\\A\\B");
-    EXPECT_EQ(tree.parentOf(b), a);
-    EXPECT_EQ(tree.parentOf(one), noNode);
-    EXPECT_EQ(tree.firstChild(one), a);
-    EXPECT_EQ(tree.nextSibling(a), c);
-    EXPECT_EQ(tree.nextSibling(c), noNode);
-    EXPECT_EQ(tree.firstRoot(), one);
-    EXPECT_EQ(tree.lastRoot(), two);
-    EXPECT_EQ(tree.childCount(one), 2);
-    EXPECT_EQ(tree.indexOf(c), 5);
-    EXPECT_EQ(tree.nodeAt(2), two);
+    EXPECT_EQ(tree.nodes().fullPath(b), "Uno :\\A\\B");
+    EXPECT_EQ(tree.nodes().parentOf(b), a);
+    EXPECT_EQ(tree.nodes().parentOf(one), noNode);
+    EXPECT_EQ(tree.nodes().firstChild(one), a);
+    EXPECT_EQ(tree.nodes().nextSibling(a), c);
+    EXPECT_EQ(tree.nodes().nextSibling(c), noNode);
+    EXPECT_EQ(tree.nodes().firstChild(noNode), one);
+    EXPECT_EQ(tree.nodes().lastChild(noNode), two);
+    EXPECT_EQ(tree.nodes().childCount(one), 2);
+    EXPECT_EQ(tree.nodes().indexOf(c), 5);
+    EXPECT_EQ(tree.nodes().nodeAt(2), two);
     EXPECT_EQ(tree.nodes().nodeOfKey("Dos :"), two);
-    EXPECT_EQ(tree.picture(two), 9);
+    EXPECT_EQ(tree.nodes().picture(two), 9);
     EXPECT_EQ(tree.addNode(99, "lost", 1, 1), noNode);
     EXPECT_TRUE(tree.nodes().isConsistent());
 }
 
 TEST_F(TreeTest, RemovalTakesAllBelowAndClosesTheGapInTheIndices) {
     tree.remove(a);
-    EXPECT_FALSE(tree.contains(b));
-    EXPECT_EQ(tree.text(b), "");
-    EXPECT_EQ(tree.indexOf(c), 3);
-    EXPECT_EQ(tree.nodeAt(3), c);
-    EXPECT_EQ(tree.count(), 3);
+    EXPECT_FALSE(tree.nodes().contains(b));
+    EXPECT_EQ(tree.nodes().text(b), "");
+    EXPECT_EQ(tree.nodes().indexOf(c), 3);
+    EXPECT_EQ(tree.nodes().nodeAt(3), c);
+    EXPECT_EQ(tree.nodes().count(), 3);
     tree.remove(one);
-    EXPECT_EQ(tree.indexOf(two), 1);
+    EXPECT_EQ(tree.nodes().indexOf(two), 1);
     EXPECT_EQ(tree.nodes().nodeOfKey("Uno :"), noNode);
     EXPECT_TRUE(tree.nodes().isConsistent());
 
     const Node again = tree.addNode(noNode, "Uno :", 7, 7, "Uno :");
-    EXPECT_FALSE(tree.contains(one)) << "an old handle must not name a new node";
-    EXPECT_EQ(tree.indexOf(again), 2);
+    EXPECT_FALSE(tree.nodes().contains(one)) << "an old handle must not name a new node";
+    EXPECT_EQ(tree.nodes().indexOf(again), 2);
     tree.clear();
-    EXPECT_EQ(tree.count(), 0);
+    EXPECT_EQ(tree.nodes().count(), 0);
     EXPECT_EQ(tree.selected(), noNode);
     EXPECT_TRUE(tree.nodes().isConsistent());
 }
@@ -143,15 +143,15 @@ TEST_F(TreeTest, ALabelEditProposesATextAndTheListenerDecides) {
     ASSERT_TRUE(type(one, "Tres", Qt::Key_Return));
     ASSERT_EQ(edits.count(), 1);
     EXPECT_EQ(edits[0].at(1).toString(), "Tres");
-    EXPECT_EQ(tree.text(one), "Uno :");
+    EXPECT_EQ(tree.nodes().text(one), "Uno :");
     EXPECT_TRUE(clicked().empty()) << "Enter ended the edit and clicked nothing";
 
     QObject::connect(&tree, &TreeView::afterLabelEdit, &tree,
                      [&](int node, const QString& text) { tree.setText(node, text + " :"); });
     ASSERT_TRUE(type(one, "Tres", Qt::Key_Return));
-    EXPECT_EQ(tree.text(one), "Tres :");
+    EXPECT_EQ(tree.nodes().text(one), "Tres :");
     ASSERT_TRUE(type(one, "Cuatro", Qt::Key_Escape));
-    EXPECT_EQ(tree.text(one), "Tres :");
+    EXPECT_EQ(tree.nodes().text(one), "Tres :");
     EXPECT_EQ(edits.count(), 2);
     EXPECT_FALSE(type(a, "x", Qt::Key_Return)) << "folders have no label edit";
 }
@@ -168,10 +168,10 @@ TEST(TreeSize, AHundredThousandNodesUnderAnOpenUnit) {
         const Node node = tree.addNode(added % 3 == 0 ? unit : parent, "folder", 2, 3);
         if (added % 5 == 0) parent = node;
     }
-    EXPECT_EQ(tree.count(), 100'002);
+    EXPECT_EQ(tree.nodes().count(), 100'002);
     EXPECT_TRUE(tree.nodes().isConsistent());
     tree.remove(unit);
-    EXPECT_EQ(tree.count(), 0);
+    EXPECT_EQ(tree.nodes().count(), 0);
 }
 
 }  // namespace
