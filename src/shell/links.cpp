@@ -15,20 +15,24 @@ constexpr core::Bilingual feedbackAddress = {"mailto:opinion@zarquelin.example",
                                              "mailto:feedback@zarquelin.example"};
 constexpr std::string_view authorAddress = "mailto:zarquelin@zarquelin.example";
 
-void openLinkFile(std::string_view name) {
-    const std::string folder = platform::programFolder();
-    const std::string file = folder + "/" + std::string(name);
-    if (platform::FileExists(file)) (void)platform::ShellExecute(file, folder);
+constexpr const core::Bilingual& fileOf(Link link) {
+    return link == Link::Website ? websiteFile : supportFile;
+}
+
+constexpr core::Language other(core::Language language) {
+    return language == core::Language::Spanish ? core::Language::English : core::Language::Spanish;
 }
 
 }  // namespace
 
-void openWebsite(core::Language idioma) {
-    openLinkFile(websiteFile.in(idioma));
-}
-
-void openSupport(core::Language idioma) {
-    openLinkFile(supportFile.in(idioma));
+void openLink(Link link, core::Language idioma) {
+    const std::string folder = platform::programFolder();
+    for (const core::Language language : {idioma, other(idioma)}) {
+        const std::string file = folder + "/" + std::string(fileOf(link).in(language));
+        if (!platform::FileExists(file)) continue;
+        (void)platform::ShellExecute(file, folder);
+        return;
+    }
 }
 
 void openFeedback(core::Language idioma) {

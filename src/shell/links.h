@@ -4,10 +4,10 @@
 
 namespace shell {
 
-// The menu entries that lead outside: link files beside the program, and mail. Whatever cannot be opened is
-// left in silence.
-void openWebsite(core::Language idioma);
-void openSupport(core::Language idioma);
+// What leads outside: link files beside the program, and mail. Whatever cannot be opened is left in silence.
+enum class Link { Website, Support };
+
+void openLink(Link link, core::Language idioma);  // the language's own file, else the other's
 void openFeedback(core::Language idioma);
 void openAuthorMail();  // of the about box
 

@@ -11,14 +11,14 @@
 #include "shell/frame/captions.h"
 #include "shell/frame/elided_label.h"
 #include "shell/logo.h"
-#include "shell/preferences.h"
+#include "shell/quick_start_setting.h"
 
 namespace shell {
 
 namespace {
 
 constexpr int iconSide = 32;
-constexpr int nameWidth = 320;
+constexpr int nameWidth = 340;
 
 constexpr core::Bilingual recentFile = {"Archivo reciente:", "Recent file:"};
 constexpr core::Bilingual openFile = {"Abrir un archivo", "Open a file"};
@@ -45,7 +45,7 @@ Form8::Form8(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     m_recentHeading =
         addLabel(new QLabel(toQString(recentFile.in(idioma)), this), QStringLiteral("Label2"), m_recent);
     m_recentName = addLabel(new ElidedLabel(this, Qt::ElideMiddle), QStringLiteral("Label1"), m_recent);
-    m_recentName->setMinimumWidth(nameWidth);
+    m_recentName->setFixedWidth(nameWidth);
     auto* open = addLabel(new QLabel(toQString(openFile.in(idioma)), this), QStringLiteral("Label3"), m_open);
     auto* create =
         addLabel(new QLabel(toQString(createFile.in(idioma)), this), QStringLiteral("Label4"), m_create);
@@ -66,6 +66,7 @@ Form8::Form8(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     grid->addWidget(open, 2, 1);
     grid->addWidget(m_create, 3, 0);
     grid->addWidget(create, 3, 1);
+    grid->setRowMinimumHeight(4, 14);
     grid->addWidget(makeLine(this), 4, 0, 1, 2);
     grid->addWidget(m_notAgain, 5, 0, 1, 2);
     layout()->setSizeConstraint(QLayout::SetFixedSize);

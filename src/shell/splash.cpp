@@ -3,11 +3,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "platform/controls/link_label.h"
 #include "shell/frame/captions.h"
 #include "shell/links.h"
 #include "shell/logo.h"
@@ -63,12 +61,12 @@ void Form2::buildContents() {
     line->setObjectName(QStringLiteral("Label3"));
     auto* number = new QLabel(toQString(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
     number->setObjectName(QStringLiteral("Label2"));
-    auto* mail = new controls::ClickableLabel(toQString(writeToUs.in(m_idioma)), this);
+    auto* mail =
+        new QLabel(QStringLiteral("<a href=\"mail\">%1</a>").arg(toQString(writeToUs.in(m_idioma))), this);
     mail->setObjectName(QStringLiteral("Label4"));
-    mail->setAccessibleName(mail->text());
-    mail->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    mail->setCursor(Qt::PointingHandCursor);
-    connect(mail, &QAbstractButton::clicked, this, [] { openAuthorMail(); });
+    mail->setAccessibleName(toQString(writeToUs.in(m_idioma)));
+    mail->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(mail, &QLabel::linkActivated, this, [] { openAuthorMail(); });
 
     auto* words = new QVBoxLayout;
     words->setSpacing(6);
@@ -77,7 +75,7 @@ void Form2::buildContents() {
     words->addWidget(line);
     words->addSpacing(10);
     words->addWidget(number);
-    words->addWidget(mail);
+    words->addWidget(mail, 0, Qt::AlignLeft);
     words->addStretch();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(28, 24, 36, 24);

@@ -9,10 +9,12 @@
 
 #include "platform/command_line.h"
 #include "platform/files.h"
+#include "platform/settings.h"
+#include "shell/language_choice.h"
 #include "shell/language_chooser.h"
 #include "shell/logo.h"
-#include "shell/preferences.h"
 #include "shell/quick_start.h"
+#include "shell/quick_start_setting.h"
 #include "shell/splash.h"
 
 namespace shell {
@@ -30,8 +32,8 @@ void translateToolkit(core::Language idioma) {
 
 }  // namespace
 
-Startup::Startup(std::string commandLine, MakeMain makeMain)
-    : m_commandLine(std::move(commandLine)), m_makeMain(std::move(makeMain)) {
+Startup::Startup(std::string_view commandLine, MakeMain makeMain)
+    : m_catalogue(platform::catalogueFromCommandLine(commandLine)), m_makeMain(std::move(makeMain)) {
     // Windows are only hidden when their part is over, so the last one in sight decides nothing.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(logo());
@@ -57,17 +59,15 @@ void Startup::takeLanguage() {
 void Startup::showSplash() {
     m_idioma = chosenLanguage();
     translateToolkit(m_idioma);
-    if (!m_commandLine.empty()) m_catalogue.setPath(platform::catalogueFromCommandLine(m_commandLine));
     m_splash = std::make_unique<Form2>(m_idioma);
     connect(m_splash.get(), &Form2::finished, this, &Startup::endSplash);
     m_splash->showAsSplash();
 }
 
 void Startup::endSplash() {
-    const bool wantsQuickStart = !m_catalogue.isSet() && isQuickStartOn();
-    m_main = m_makeMain(m_idioma, m_catalogue);
-    if (wantsQuickStart) m_catalogue.readLast();
-    m_main->begin();
+    const bool wantsQuickStart = m_catalogue.empty() && isQuickStartOn();
+    m_main = m_makeMain(m_idioma);
+    m_main->begin(m_catalogue);
     if (wantsQuickStart) showQuickStart();
 }
 
@@ -76,7 +76,7 @@ void Startup::showQuickStart() {
     connect(m_quickStart.get(), &Form8::createChosen, this, [this] { m_main->nuevo1(); });
     connect(m_quickStart.get(), &Form8::openChosen, this, [this] { m_main->abrir1(); });
     connect(m_quickStart.get(), &Form8::recentChosen, this, [this] { m_main->reciente1(); });
-    const std::string& last = m_catalogue.last();
+    const std::string last = platform::GetSetting("lastfile");
     if (!last.empty() && platform::FileExists(last)) {
         m_quickStart->setRecent(QFile::decodeName(QByteArray::fromStdString(last)));
     } else {

@@ -4,9 +4,9 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "core/language.h"
-#include "shell/frame/catalogue.h"
 
 namespace shell {
 
@@ -14,11 +14,12 @@ class Form2;
 class Form5;
 class Form8;
 
-// What the start-up asks of the main window. The same three operations stand in its menus.
+// What the start-up asks of the main window. The last three stand in its menus too.
 class MainEntry {
   public:
     virtual ~MainEntry() = default;
-    virtual void begin() = 0;            // loads and shows the window; opens the catalogue if one is set
+    // Loads and shows the window, and opens the catalogue of the command line unless the path is empty.
+    virtual void begin(const std::string& catalogue) = 0;
     virtual void recentIsMissing() = 0;  // there is no last file to go back to: disables `reciente`
     virtual void nuevo1() = 0;
     virtual void abrir1() = 0;
@@ -31,16 +32,15 @@ class MainEntry {
 class Startup : public QObject {
     Q_OBJECT
   public:
-    using MakeMain = std::function<std::unique_ptr<MainEntry>(core::Language idioma, Catalogue& catalogue)>;
+    using MakeMain = std::function<std::unique_ptr<MainEntry>(core::Language idioma)>;
 
     // `commandLine` is one path between double quotes, or empty.
-    Startup(std::string commandLine, MakeMain makeMain);
+    Startup(std::string_view commandLine, MakeMain makeMain);
     ~Startup() override;
 
     void begin();
     void showAbout();  // `acerca`
 
-    [[nodiscard]] Catalogue& catalogue() { return m_catalogue; }
     // Null until the chain has come to it.
     [[nodiscard]] Form5* languageChooser() const { return m_chooser.get(); }
     [[nodiscard]] Form2* splash() const { return m_splash.get(); }
@@ -52,10 +52,9 @@ class Startup : public QObject {
     void endSplash();
     void showQuickStart();
 
-    std::string m_commandLine;
+    std::string m_catalogue;  // of the command line
     MakeMain m_makeMain;
     core::Language m_idioma = core::Language::English;
-    Catalogue m_catalogue;
     std::unique_ptr<Form5> m_chooser;
     std::unique_ptr<Form2> m_splash;
     std::unique_ptr<MainEntry> m_main;

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "core/language.h"
+
+namespace shell {
+
+struct Frame;
+
+// The setting "idioma". A language once chosen holds from the next start on.
+[[nodiscard]] bool isLanguageChosen();
+[[nodiscard]] core::Language chosenLanguage();
+void saveLanguage(core::Language language);
+
+// The menu entries `español` and `English`: saves, and says so in the language still running.
+void chooseLanguage(core::Language language, Frame& frame);
+
+}  // namespace shell
