@@ -9,7 +9,8 @@ namespace cli {
 std::span<const Command> commands() {
     static const std::vector<Command> all = [] {
         std::vector<Command> joined;
-        for (const auto family : {catalogueCommands(), enteringCommands(), unitCommands(), exportCommands()})
+        for (const auto family :
+             {catalogueCommands(), enteringCommands(), unitCommands(), statsCommands(), exportCommands()})
             joined.insert(joined.end(), family.begin(), family.end());
         return joined;
     }();

@@ -10,6 +10,7 @@ namespace cli {
 [[nodiscard]] std::span<const Command> catalogueCommands();  // new
 [[nodiscard]] std::span<const Command> enteringCommands();   // scan, add
 [[nodiscard]] std::span<const Command> unitCommands();       // units
+[[nodiscard]] std::span<const Command> statsCommands();      // stats
 [[nodiscard]] std::span<const Command> exportCommands();     // export
 
 }  // namespace cli
