@@ -69,6 +69,7 @@ jet::Result<bool> StatisticsAction::showScope() {
     if (statistics->totalarchivos < 1) return false;
 
     form().setStatistics(*statistics, *scope);
+    form().setWindowState(form().windowState() & ~Qt::WindowMinimized);
     form().show();
     form().raise();
     m_frame.status.hideProgress();

@@ -123,13 +123,14 @@ QWidget* Form4::buildTable() {
         const int row = 2 + static_cast<int>(category);
         auto* colour = new QLabel;
         colour->setPixmap(swatch(category, devicePixelRatioF()));
-        auto* icon = label(indexed("Picture2", category));
-        icon->setPixmap(m_icons[category].pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
+        m_iconLabels[category] = label(indexed("Picture2", category));
+        m_iconLabels[category]->setPixmap(
+            m_icons[category].pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
         m_names[category] = label(QStringLiteral("Label%1").arg(category + 1));
         m_counts[category] = label(indexed("Label11", category));
         m_shares[category] = label(indexed("Label11", categoryCount + category));
         grid->addWidget(colour, row, Swatch);
-        grid->addWidget(icon, row, Icon);
+        grid->addWidget(m_iconLabels[category], row, Icon);
         grid->addWidget(m_names[category], row, Name);
         grid->addWidget(m_shares[category], row, Share, Qt::AlignRight);
         grid->addWidget(m_counts[category], row, Count, Qt::AlignRight);
@@ -231,6 +232,7 @@ void Form4::setStatistics(const Statistics& statistics, const Scope& scope) {
         m_names[category]->setText(toQString(categoryName(m_idioma, scope, category)));
         m_counts[category]->setText(QString::number(statistics.cantidadcategoria[category]));
         m_shares[category]->setText(QString::number(statistics.percentage(category)) + QStringLiteral(" %"));
+        m_iconLabels[category]->setAccessibleName(m_names[category]->text());
         spoken += m_names[category]->text() + u' ' + shareText(statistics, category) + u'\n';
     }
     m_total->setText(QString::number(statistics.totalarchivos));

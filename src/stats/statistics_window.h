@@ -48,12 +48,13 @@ class Form4 : public QDialog {
     core::Language m_idioma;
     shell::Dialogs& m_dialogs;
     CategoryIcons m_icons;
-    QLabel* m_scopeTitle = nullptr;                 // Label13
-    std::array<QLabel*, categoryCount> m_names{};   // Label1 to Label8
-    std::array<QLabel*, categoryCount> m_counts{};  // Label11(0) to (7)
-    std::array<QLabel*, categoryCount> m_shares{};  // Label11(8) to (15)
-    QLabel* m_total = nullptr;                      // Label10(4)
-    QTabBar* m_tabs = nullptr;                      // TabStrip1
+    QLabel* m_scopeTitle = nullptr;                     // Label13
+    std::array<QLabel*, categoryCount> m_iconLabels{};  // Picture2(0) to (7)
+    std::array<QLabel*, categoryCount> m_names{};       // Label1 to Label8
+    std::array<QLabel*, categoryCount> m_counts{};      // Label11(0) to (7)
+    std::array<QLabel*, categoryCount> m_shares{};      // Label11(8) to (15)
+    QLabel* m_total = nullptr;                          // Label10(4)
+    QTabBar* m_tabs = nullptr;                          // TabStrip1
     QStackedWidget* m_pages = nullptr;
     PieChart* m_pie = nullptr;       // MSChart1
     BarChart3D* m_bars3D = nullptr;  // MSChart2
