@@ -10,7 +10,8 @@ std::span<const Command> commands() {
     static const std::vector<Command> all = [] {
         std::vector<Command> joined;
         for (const auto family :
-             {catalogueCommands(), enteringCommands(), unitCommands(), statsCommands(), exportCommands()})
+             {catalogueCommands(), enteringCommands(), unitCommands(), searchCommands(), statsCommands(),
+              exportCommands()})
             joined.insert(joined.end(), family.begin(), family.end());
         return joined;
     }();

@@ -12,5 +12,6 @@ namespace cli {
 [[nodiscard]] std::span<const Command> unitCommands();       // units
 [[nodiscard]] std::span<const Command> statsCommands();      // stats
 [[nodiscard]] std::span<const Command> exportCommands();     // export
+[[nodiscard]] std::span<const Command> searchCommands();     // search
 
 }  // namespace cli

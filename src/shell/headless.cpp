@@ -14,8 +14,8 @@
 #include "scan/allowed_keys.h"
 #include "shell/frame/menus.h"
 #include "shell/frame/pointer.h"
+#include "shell/language_choice.h"
 #include "shell/main_window.h"
-#include "shell/preferences.h"
 
 namespace shell {
 namespace {
@@ -60,9 +60,9 @@ void importFolder(Form1& window, const QString& name) {
 
 void showUnit(Form1& window, const QString& disco) {
     controls::TreeView& tree = window.surface().treeView1;
-    browse::Node unit = tree.firstRoot();
-    for (browse::Node root = unit; root != browse::noNode; root = tree.nextSibling(root))
-        if (tree.text(root) == disco) unit = root;
+    browse::Node unit = tree.nodes().firstChild(browse::noNode);
+    for (browse::Node root = unit; root != browse::noNode; root = tree.nodes().nextSibling(root))
+        if (tree.nodes().text(root) == disco) unit = root;
     if (unit == browse::noNode) return;
     tree.setSelected(unit);
     emit tree.nodeClicked(unit);

@@ -7,11 +7,12 @@
 
 #include "print/print_action.h"
 #include "shell/frame/pointer.h"
+#include "shell/language_choice.h"
 #include "shell/links.h"
 #include "shell/logo.h"
 #include "shell/main_window_parts.h"
-#include "shell/preferences.h"
 #include "shell/properties.h"
+#include "shell/quick_start_setting.h"
 
 namespace shell {
 
@@ -104,12 +105,10 @@ void Form1::connectMenus() {
         {"compactar", [&] { parts.maintenance.compactar(); }},
         {"reparar", [&] { parts.maintenance.reparar(); }},
 
-        {"español",
-         [&] { changeLanguage(core::Language::Spanish, parts.frame.idioma, parts.frame.messages); }},
-        {"English",
-         [&] { changeLanguage(core::Language::English, parts.frame.idioma, parts.frame.messages); }},
-        {"soporte", [&] { openSupport(parts.frame.idioma); }},
-        {"website", [&] { openWebsite(parts.frame.idioma); }},
+        {"español", [&] { chooseLanguage(core::Language::Spanish, parts.frame); }},
+        {"English", [&] { chooseLanguage(core::Language::English, parts.frame); }},
+        {"soporte", [&] { openLink(Link::Support, parts.frame.idioma); }},
+        {"website", [&] { openLink(Link::Website, parts.frame.idioma); }},
         {"feedback", [&] { openFeedback(parts.frame.idioma); }},
         {"acerca", [this] { emit aboutRequested(); }},
 

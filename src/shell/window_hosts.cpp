@@ -129,7 +129,7 @@ void NotesWindow::setListsPushedDown(int pixels) {
 }
 
 bool StatisticsWindow::treeIsEmpty() const {
-    return m_parts.surface.treeView1.count() == 0;
+    return m_parts.surface.treeView1.nodes().count() == 0;
 }
 
 std::optional<std::string> StatisticsWindow::selectedNode() const {
