@@ -6,6 +6,7 @@
 #include "cli/console.h"
 #include "cli/families.h"
 #include "core/catalogue_file.h"
+#include "core/maintenance.h"
 
 namespace cli {
 namespace {
@@ -23,8 +24,39 @@ int runNew(const Invocation& invocation) {
     return Done;
 }
 
+// The file in between is made in the current directory: that of the catalogue is one where it surely fits.
+int runCompact(const Invocation& invocation) {
+    std::error_code ignored;
+    const std::string path = std::filesystem::absolute(invocation.arguments.operands[0], ignored);
+    std::filesystem::current_path(std::filesystem::path(path).parent_path(), ignored);
+    if (const auto compacted = core::compactCatalogue(path); !compacted)
+        return fail(UnusableCatalogue, path, compacted.error().text);
+    return Done;
+}
+
+int runRepair(const Invocation& invocation) {
+    const std::string& path = invocation.arguments.operands[0];
+    if (const auto repaired = core::repairCatalogue(path); !repaired)
+        return fail(UnusableCatalogue, path, repaired.error().text);
+    return Done;
+}
+
 constexpr Command table[]{
     {"new", "CAT.zrq", {"Crea un catálogo vacío.", "Makes an empty catalogue."}, 1, 1, {}, runNew},
+    {"compact",
+     "CAT.zrq",
+     {"Devuelve el espacio sin usar.", "Gives unused space back."},
+     1,
+     1,
+     {},
+     runCompact},
+    {"repair",
+     "CAT.zrq",
+     {"Rehace un catálogo dañado.", "Rebuilds a damaged catalogue."},
+     1,
+     1,
+     {},
+     runRepair},
 };
 
 }  // namespace

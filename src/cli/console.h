@@ -20,5 +20,7 @@ int fail(ExitStatus status, std::string_view reason);
 
 // True when every character of the text could be typed in a field that takes only `allowed`.
 [[nodiscard]] bool canBeTyped(std::string_view text, std::string_view allowed);
+inline constexpr core::Bilingual notTypeable{"contiene un carácter no permitido",
+                                             "holds a character that is not allowed"};
 
 }  // namespace cli

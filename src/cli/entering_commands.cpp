@@ -19,8 +19,6 @@
 namespace cli {
 namespace {
 
-constexpr core::Bilingual notTypeable{"contiene un carácter no permitido",
-                                      "holds a character that is not allowed"};
 constexpr core::Bilingual noFolder{"no es una carpeta", "is no folder"};
 constexpr core::Bilingual unreadableFolder{"no se puede leer", "cannot be read"};
 constexpr core::Bilingual unknownKind{"--kind es mixed, audio, video, programs o games",

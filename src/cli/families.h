@@ -7,9 +7,9 @@
 namespace cli {
 
 // The commands by what they do, one source file each.
-[[nodiscard]] std::span<const Command> catalogueCommands();  // new
+[[nodiscard]] std::span<const Command> catalogueCommands();  // new, compact, repair
 [[nodiscard]] std::span<const Command> enteringCommands();   // scan, add
-[[nodiscard]] std::span<const Command> unitCommands();       // units
+[[nodiscard]] std::span<const Command> unitCommands();       // units, rename, delete
 [[nodiscard]] std::span<const Command> statsCommands();      // stats
 [[nodiscard]] std::span<const Command> exportCommands();     // export
 [[nodiscard]] std::span<const Command> searchCommands();     // search

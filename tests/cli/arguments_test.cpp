@@ -1,0 +1,43 @@
+#include "cli/arguments.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Words = std::vector<const char*>;
+
+std::expected<cli::Arguments, core::Bilingual> parsed(const Words& words) {
+    return cli::parse(words);
+}
+
+TEST(Arguments, OptionsMayStandAnywhereBehindTheCommand) {
+    for (const Words& words : {Words{"add", "--kind", "audio", "c", "n", "x", "--json"},
+                               Words{"--json", "add", "c", "--kind=audio", "n", "x"}}) {
+        const auto arguments = parsed(words);
+        ASSERT_TRUE(arguments);
+        EXPECT_EQ(arguments->command->name, "add");
+        EXPECT_EQ(arguments->operands, (std::vector<std::string>{"c", "n", "x"}));
+        EXPECT_EQ(arguments->value("--kind"), "audio");
+        EXPECT_TRUE(arguments->json);
+    }
+}
+
+TEST(Arguments, OperandsAreBytesAndMayLookLikeOptions) {
+    const auto arguments = parsed({"add", "-c", "\xff\xfe", "--", "--json"});
+    ASSERT_TRUE(arguments);
+    EXPECT_EQ(arguments->operands, (std::vector<std::string>{"-c", "\xff\xfe", "--json"}));
+    EXPECT_FALSE(arguments->json);
+}
+
+TEST(Arguments, RefusesWhatItDoesNotKnow) {
+    for (const Words& words : {Words{}, Words{"nothing"}, Words{"units"}, Words{"units", "a", "b"},
+                               Words{"units", "a", "--kind", "b"}, Words{"--kind", "b", "units", "a"},
+                               Words{"units", "a", "--json=yes"}, Words{"units", "a", "--lang"},
+                               Words{"units", "a", "--lang", "fr"}, Words{"add", "a", "b", "c", "--kind"}})
+        EXPECT_FALSE(parsed(words)) << (words.empty() ? "" : words.back());
+    EXPECT_TRUE(parsed({"units", "--help"}));  // no operands needed
+    EXPECT_TRUE(parsed({"-h"}));
+    EXPECT_EQ(parsed({"--lang", "es", "units", "a"})->language, core::Language::Spanish);
+}
+
+}  // namespace
