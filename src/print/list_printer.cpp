@@ -2,10 +2,9 @@
 
 #include <QFont>
 #include <QFontMetricsF>
-#include <QHash>
 #include <QIcon>
 #include <QPainter>
-#include <QPixmap>
+#include <QPixmapCache>
 #include <QPrinter>
 #include <cmath>
 
@@ -34,13 +33,14 @@ void drawText(QPainter& painter, const PlacedText& placed, const QFontMetricsF& 
     painter.restore();
 }
 
-const QPixmap& picturePixmap(int number) {
-    static QHash<int, QPixmap> cache;
-    auto found = cache.find(number);
-    if (found == cache.end())
-        found = cache.insert(number,
-                             controls::picture(number).pixmap(QSize(pixelsOfPicture, pixelsOfPicture), 1));
-    return *found;
+QPixmap reportPicture(int number) {
+    const QString key = QStringLiteral("report-picture-%1").arg(number);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = controls::picture(number).pixmap(QSize(pixelsOfPicture, pixelsOfPicture), 1);
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
 }
 
 }  // namespace
@@ -60,10 +60,9 @@ int reportLineHeight() {
 void drawPage(QPainter& painter, const Page& page) {
     painter.setFont(reportFont());
     const QFontMetricsF metrics(painter.font());
-    for (const PlacedPicture& placed : page.pictures) {
-        const QPixmap& pixmap = picturePixmap(placed.picture);
-        painter.drawPixmap(QRect(placed.x, placed.y, placed.size, placed.size), pixmap);
-    }
+    for (const PlacedPicture& placed : page.pictures)
+        painter.drawPixmap(QRect(placed.x, placed.y, placed.size, placed.size),
+                           reportPicture(placed.picture));
     for (const PlacedText& placed : page.texts) drawText(painter, placed, metrics);
 }
 
