@@ -16,8 +16,6 @@ struct Frame;
 
 namespace stats {
 
-
-
 // What a run of the statistics reads of the browsing state. The main window answers.
 class StatisticsHost {
   public:
