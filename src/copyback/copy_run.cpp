@@ -102,9 +102,9 @@ CopyRun::Turn CopyRun::treatBeside(const core::CataloguedFile& file, int positio
 }
 
 CopyRun::Turn CopyRun::treatByScan(const core::CataloguedFile& file, const Item& item, int position) {
-    const auto found = core::scanDrivesAsking(
-        [this] { return m_drives = m_ports.drives(); }, file, scanCandidates,
-        [&] { m_ports.tell(core::introduceUnit(item.disco, m_request.idioma)); });
+    const auto found =
+        core::scanDrivesAsking([this] { return m_drives = m_ports.drives(); }, file, scanCandidates,
+                               [&] { m_ports.tell(core::introduceUnit(item.disco, m_request.idioma)); });
     if (!found) {
         m_ports.tell(core::noSuchFile(item.text, m_request.idioma));
         return Turn::Next;

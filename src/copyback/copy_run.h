@@ -48,11 +48,11 @@ enum class RunEnd {
     Broken,    // a walk of ListView1 strayed into ListView2, see below
 };
 
-// Copies the selected files to a folder, from the last item to the first. What was copied stays copied, however
-// the run ends.
+// Copies the selected files to a folder, from the last item to the first. What was copied stays copied,
+// however the run ends.
 //
-// A file of ListView1 that is found in another drive than its own ends the run: the walk goes on in ListView2 at
-// the same index and does not move from there, so that its item has one turn if it is selected.
+// A file of ListView1 that is found in another drive than its own ends the run: the walk goes on in ListView2
+// at the same index and does not move from there, so that its item has one turn if it is selected.
 RunEnd copyFiles(const CopyRequest& request, const CopyPorts& ports);
 
 }  // namespace copyback

@@ -11,8 +11,9 @@ bool isOnFixedDisk(const platform::Drives& drives, const core::CataloguedFile& f
 std::optional<core::FoundFile> findWhereScanned(const platform::Drives& drives,
                                                 const core::CataloguedFile& file) {
     const bool allSpellings = isOnFixedDisk(drives, file) || file.liesInRoot();
-    return core::findFile(drives, file.ruta, file.name,
-                          allSpellings ? std::span<const core::Candidate>(core::copyCandidates) : scanCandidates);
+    return core::findFile(
+        drives, file.ruta, file.name,
+        allSpellings ? std::span<const core::Candidate>(core::copyCandidates) : scanCandidates);
 }
 
 std::optional<core::FoundFile> locate(const platform::Drives& drives, const core::CataloguedFile& file) {

@@ -22,8 +22,8 @@ std::string spelled(std::string_view text, Spelling spelling) {
     return spelling == Spelling::Restored ? withApostrophes(text) : std::string(text);
 }
 
-std::optional<FoundFile> findFile(const platform::Drives& drives, std::string_view base, std::string_view name,
-                                  std::span<const Candidate> candidates) {
+std::optional<FoundFile> findFile(const platform::Drives& drives, std::string_view base,
+                                  std::string_view name, std::span<const Candidate> candidates) {
     for (const Candidate& candidate : candidates) {
         FoundFile found{.path = {},
                         .folder = {},

@@ -27,14 +27,12 @@ struct Candidate {
 
 // The spellings in the order in which opening and copying try them.
 inline constexpr std::array openingTries{
-    Candidate{Spelling::Stored, Spelling::Stored},
-    Candidate{Spelling::Stored, Spelling::Restored},
+    Candidate{Spelling::Stored, Spelling::Stored}, Candidate{Spelling::Stored, Spelling::Restored},
     Candidate{Spelling::Restored, Spelling::Restored},
     Candidate{Spelling::Stored, Spelling::Stored},  // once more before giving up
 };
 inline constexpr std::array copyCandidates{
-    Candidate{Spelling::Stored, Spelling::Stored},
-    Candidate{Spelling::Restored, Spelling::Stored},
+    Candidate{Spelling::Stored, Spelling::Stored}, Candidate{Spelling::Restored, Spelling::Stored},
     Candidate{Spelling::Restored, Spelling::Restored},
     Candidate{Spelling::Stored, Spelling::Restored},  // on fixed disks and in the root of a drive only
 };

@@ -1,6 +1,5 @@
 #include "notes/note_store.h"
 
-
 #include "core/unit_kinds.h"
 
 namespace notes {

@@ -195,14 +195,15 @@ void NotesPanel::layOut() {
     using controls::pixels;
     const QRect area = m_host.listArea();
     const int height = pixels(panelHeight);
-    setGeometry(area.left() + pixels(leftOfLists), area.top() - pixels(listsTop - m_top), area.width(), height);
+    setGeometry(area.left() + pixels(leftOfLists), area.top() - pixels(listsTop - m_top), area.width(),
+                height);
     // What has not come out from behind the toolbar yet is not to show through it.
     const int hiddenPart = area.top() - y();
     setMask(QRect(0, hiddenPart, width(), height - hiddenPart + 1));
 
     layOutButtons();
     const int row = m_Command4->height();
-    m_Text10->setGeometry(0, row, width(), height - pixels(belowText) - row);
+    m_Text10->setGeometry(0, row, width(), pixels(panelHeight - belowText) - row);
 }
 
 // The row of buttons grows with the font.

@@ -22,8 +22,8 @@ class NotesHost {
     virtual void setListsPushedDown(int pixels) = 0;
 };
 
-// Picture12, where the note of the clicked row is written and read. It slides down above the lists and back up
-// out of sight, one step every 50 milliseconds.
+// Picture12, where the note of the clicked row is written and read. It slides down above the lists and back
+// up out of sight, one step every 50 milliseconds.
 class NotesPanel : public QWidget {
     Q_OBJECT
   public:

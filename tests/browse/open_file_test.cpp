@@ -25,11 +25,12 @@ class OpenFile : public testing::Test {
 
     browse::OpenEnd open(const std::string& ruta, const std::string& name,
                          Language language = Language::Spanish) {
-        return browse::openFile({ruta, name}, "Fotos :", language, [this] { return discs(); },
-                                [this](const Notice& notice) {
-                                    told.push_back(notice);
-                                    if (onTell) onTell();
-                                });
+        return browse::openFile(
+            {ruta, name}, "Fotos :", language, [this] { return discs(); },
+            [this](const Notice& notice) {
+                told.push_back(notice);
+                if (onTell) onTell();
+            });
     }
 
     test::MountedDiscs discs;
@@ -63,8 +64,8 @@ TEST_F(OpenFile, AFixedDiskIsNotLookedForInOtherDrives) {
     discs.write("other", "a/x.txt", "");
     EXPECT_EQ(open("C:\\a", "x.txt"), browse::OpenEnd::NotFound);
     open("C:\\", "y.txt", Language::English);
-    EXPECT_EQ(told,
-              (std::vector<Notice>{{"No se encontró el archivo x.txt"}, {"This file can´t be find as y.txt"}}));
+    EXPECT_EQ(told, (std::vector<Notice>{{"No se encontró el archivo x.txt"},
+                                         {"This file can´t be find as y.txt"}}));
     EXPECT_TRUE(opened.empty());
 }
 

@@ -79,9 +79,9 @@ TEST_F(CopyRun, NothingSelectedOrClickedOnlyEnds) {
     list1.unselected = {0};
     language = Language::English;
     EXPECT_EQ(run(), RunEnd::Complete);
-    EXPECT_EQ(told, (std::vector<Notice>{finished,
-                                         {"The copy has finished successfully.", "zarquelin",
-                                          Notice::Style::Information}}));
+    EXPECT_EQ(told, (std::vector<Notice>{
+                        finished,
+                        {"The copy has finished successfully.", "zarquelin", Notice::Style::Information}}));
 }
 
 // Each candidate by a file that only it can find; a fixed disk has all four, other drives three.
@@ -176,7 +176,8 @@ TEST_F(CopyRun, ACancelledChooserCopiesToTheRoot) {
 }
 
 TEST_F(CopyRun, AsksForTheDiscOnceAndFindsItsOtherFilesBesideTheFirst) {
-    for (const char* name : {"a", "b´2", "it's", "deep/c"}) discs.write("dvd", std::string("x/") + name, name);
+    for (const char* name : {"a", "b´2", "it's", "deep/c"})
+        discs.write("dvd", std::string("x/") + name, name);
     list2.add("E:\\x", "a");
     list2.add("E:\\x\\deep", "c");  // on the disc, but not beside the first: passed over silently
     list2.add("E:\\x", "gone");

@@ -72,13 +72,15 @@ TEST_F(NoteStore, StatementsDifferBetweenTheLists) {
     const NoteTarget one{ListKind::Browse, 0, "U", "R", "N", ""};
     const NoteTarget two{ListKind::Results, 0, "U", "R", "N", ""};
     const std::string browse =
-        "select * from datos where disco=('U') and ruta =('R') and archivo =('N') or disco=('U') and ruta =('R') "
+        "select * from datos where disco=('U') and ruta =('R') and archivo =('N') or disco=('U') and ruta "
+        "=('R') "
         "and carpeta =('N')";
     EXPECT_EQ(selectForReading(one), browse);
     EXPECT_EQ(selectForStoring(one), browse);
-    EXPECT_EQ(selectForReading(two),
-              "select * from datos where disco=('U') and ruta =('R') and archivo =('N')or disco=('U') and ruta "
-              "=('R') and carpeta =('N')");
+    EXPECT_EQ(
+        selectForReading(two),
+        "select * from datos where disco=('U') and ruta =('R') and archivo =('N')or disco=('U') and ruta "
+        "=('R') and carpeta =('N')");
     EXPECT_EQ(selectForStoring(two),
               "select * from datos where disco=('U') and ruta =('R') and archivo =('N')");
     EXPECT_EQ(updateNote(one, "T"),
@@ -93,7 +95,8 @@ TEST_F(NoteStore, ANoteIsWrittenReadReplacedAndRemoved) {
     EXPECT_EQ(readNote(database(), target, Language::Spanish).end, ReadEnd::NoNote);
     EXPECT_EQ(storeNote(database(), target, "uno"), StoreEnd::Stored);
     // Rows that agree in unit, path and name share their note.
-    EXPECT_EQ(notes(), (std::vector<std::string>{"Viajes=null", "mapa.txt=uno", "mapa.txt=uno", "otro.txt=null"}));
+    EXPECT_EQ(notes(),
+              (std::vector<std::string>{"Viajes=null", "mapa.txt=uno", "mapa.txt=uno", "otro.txt=null"}));
 
     const std::string longNote = std::string(65536, 'x') + "\n\"línea\" ; -- *?[#] %\r\nñ";
     EXPECT_EQ(storeNote(database(), file("mapa.txt", ListKind::Results), longNote), StoreEnd::Stored);
@@ -130,7 +133,8 @@ TEST_F(NoteStore, NothingClickedOrNoSuchRowDoesNothing) {
 
 TEST_F(NoteStore, AnApostropheIsASyntaxErrorAndChangesNothing) {
     const auto before = notes();
-    for (const char* note : {"it's", "'", "''", "a', disco='x", "x' where numero>0 or 'a'='a", "x'--", "\\'", "’'"}) {
+    for (const char* note :
+         {"it's", "'", "''", "a', disco='x", "x' where numero>0 or 'a'='a", "x'--", "\\'", "’'"}) {
         for (const ListKind list : {ListKind::Browse, ListKind::Results}) {
             const auto stored = storeNote(database(), file("mapa.txt", list), note);
             ASSERT_FALSE(stored) << note;
