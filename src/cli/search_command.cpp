@@ -36,9 +36,8 @@ struct Complaint {
 };
 using Checked = std::expected<void, Complaint>;
 
-// In the order of search::fileTypes.
-constexpr std::string_view typeNames[]{"all",         "audio", "picture", "video",
-                                       "application", "text",  "web",     "zipped"};
+// In the order of search::fileTypes, which begins with all of them.
+constexpr std::string_view typeNames[]{"audio", "picture", "video", "application", "text", "web", "zipped"};
 
 Checked readTexts(SearchRequest& request, const Arguments& arguments) {
     request.name = arguments.operands[1];
@@ -59,7 +58,7 @@ Checked readType(SearchRequest& request, const Arguments& arguments, const core:
     if (!name) return {};
     const auto found = std::ranges::find(typeNames, *name);
     if (found == std::end(typeNames)) return std::unexpected(Complaint{unknownType, *name});
-    request.type = captionOf(search::fileTypes[std::size_t(found - std::begin(typeNames))], rotulos);
+    request.type = captionOf(search::fileTypes[1 + std::size_t(found - std::begin(typeNames))], rotulos);
     return {};
 }
 
