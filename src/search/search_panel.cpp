@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <optional>
 
+#include "browse/item_list.h"
 #include "platform/controls/image_combo.h"
 #include "platform/controls/pictures.h"
 #include "platform/jet/database.h"
@@ -27,7 +28,7 @@ constexpr int margin = 6;
 // Fills the list in one run, so that it is shown once at the end.
 class ListSink : public ResultSink {
   public:
-    ListSink(ResultList& list, core::Language language, RowMemory& memory)
+    ListSink(browse::ItemList& list, core::Language language, RowMemory& memory)
         : m_list(list), m_language(language), m_memory(memory) {}
     ~ListSink() override { end(); }
 
@@ -47,7 +48,7 @@ class ListSink : public ResultSink {
         m_filling = false;
     }
 
-    ResultList& m_list;
+    browse::ItemList& m_list;
     core::Language m_language;
     RowMemory& m_memory;
     bool m_filling = false;
@@ -62,8 +63,8 @@ QLabel* makeTitle(const QString& name) {
 
 }  // namespace
 
-SearchPanel::SearchPanel(const shell::Frame& frame, ResultList& results, QWidget* parent)
-    : QWidget(parent), m_frame(frame), m_results(results) {
+SearchPanel::SearchPanel(const shell::Frame& frame, browse::ItemList& listView2, QWidget* parent)
+    : QWidget(parent), m_frame(frame), m_listView2(listView2) {
     setObjectName(QStringLiteral("Picture1"));
     makeControls();
     shell::applyCaptions(*this, frame.idioma);
@@ -189,7 +190,7 @@ void SearchPanel::run(const SearchRequest& request) {
     if (!database) return;
     if (familyOf(request) == Family::Name) rememberText(*m_combo2);
     {
-        ListSink sink(m_results, m_frame.idioma, m_memory);
+        ListSink sink(m_listView2, m_frame.idioma, m_memory);
         const auto done = runPasses(*database, passesOf(request, m_frame.rotulos()), m_counters, sink);
         static_cast<void>(done);  // what was found before the failure is shown
     }

@@ -3,7 +3,6 @@
 #include <QWidget>
 
 #include "search/refusal.h"
-#include "search/result_list.h"
 #include "search/result_row.h"
 #include "search/search_run.h"
 #include "shell/frame/frame.h"
@@ -11,6 +10,9 @@
 class QComboBox;
 class QPushButton;
 
+namespace browse {
+class ItemList;
+}
 namespace controls {
 class ImageCombo;
 }
@@ -26,7 +28,7 @@ class SearchPanel : public QWidget {
     Q_OBJECT
   public:
     // The frame and the list outlive the panel.
-    SearchPanel(const shell::Frame& frame, ResultList& results, QWidget* parent = nullptr);
+    SearchPanel(const shell::Frame& frame, browse::ItemList& listView2, QWidget* parent = nullptr);
 
     void setTabOrder();  // Combo2, Label5, TabStrip1
     void focusCombo2();
@@ -56,7 +58,7 @@ class SearchPanel : public QWidget {
     void warn(core::Bilingual message);
 
     const shell::Frame& m_frame;
-    ResultList& m_results;
+    browse::ItemList& m_listView2;
     RowMemory m_memory;
     Counters m_counters;
     QComboBox* m_combo2;

@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QToolButton>
 
+#include "browse/item_list.h"
 #include "platform/controls/image_combo.h"
 #include "platform/controls/step_buttons.h"
 #include "search/sample_catalogue.h"
@@ -25,15 +26,6 @@
 #include "support/scripted_dialogs.h"
 
 namespace {
-
-class ListedItems : public search::ResultList {
-  public:
-    void clear() override { names.clear(); }
-    void beginFill() override {}
-    void add(const browse::ListItem& item) override { names << QString::fromStdString(item.text); }
-    void endFill() override {}
-    QStringList names;
-};
 
 class SearchPanelTest : public testing::Test {
   protected:
@@ -63,6 +55,11 @@ class SearchPanelTest : public testing::Test {
         }
     }
     static void enter(QWidget* field) { QTest::keyClick(field, Qt::Key_Return); }
+    QStringList names() const {
+        QStringList names;
+        for (int position = 0; position < list.count(); ++position) names << list.text(position);
+        return names;
+    }
     QString lastMessage() const { return messages.shown.empty() ? QString() : messages.shown.back().text; }
 
     SampleCatalogue sample;
@@ -73,7 +70,7 @@ class SearchPanelTest : public testing::Test {
     shell::Toolbar toolbar{core::Language::English};
     shell::StatusBand status;
     shell::Frame frame{core::Language::English, catalogue, messages, dialogs, menus, toolbar, status};
-    ListedItems list;
+    browse::ItemList list;
     search::SearchPanel panel{frame, list};
 };
 
@@ -137,7 +134,7 @@ TEST_F(SearchPanelTest, ANameSearchRemembersItsTextEachTime) {
     QComboBox* name = combo("Combo2");
     type(name->lineEdit(), "foto");
     enter(name->lineEdit());
-    EXPECT_EQ(list.names, QStringList({"fotos", "foto1.jpg", "foto2.JPG"}));
+    EXPECT_EQ(names(), QStringList({"fotos", "foto1.jpg", "foto2.JPG"}));
     EXPECT_EQ(status.text(), " Folders found: 1  Files found: 2");
     QTest::mouseClick(control<QPushButton>("Label5"), Qt::LeftButton);
     EXPECT_EQ(name->count(), 2);
@@ -157,7 +154,7 @@ TEST_F(SearchPanelTest, TheStraightRoadKeepsTheOtherCounter) {
     control<QLineEdit>("Text7")->setText("5000");
     control<controls::ImageCombo>("ImageCombo2")->setSelected(3);
     enter(control<QLineEdit>("Text7"));
-    EXPECT_EQ(list.names, QStringList({"foto1.jpg", "foto2.JPG"}));
+    EXPECT_EQ(names(), QStringList({"foto1.jpg", "foto2.JPG"}));
     EXPECT_EQ(status.text(), " Folders found: 1  Files found: 2");
     enter(combo("Combo2")->lineEdit());
     EXPECT_EQ(status.text(), " Folders found: 0  Files found: 2");
@@ -171,24 +168,26 @@ TEST_F(SearchPanelTest, NotesAreRememberedOnlyWithTheSizeOff) {
     EXPECT_EQ(lastMessage(), "Write the note to search.");
     type(note->lineEdit(), "playa");
     enter(note->lineEdit());
-    EXPECT_EQ(list.names, QStringList({"foto1.jpg"}));
+    EXPECT_EQ(names(), QStringList({"foto1.jpg"}));
     EXPECT_EQ(note->count(), 1);
     switchOn(3);
     control<QLineEdit>("Text7")->setText("5000");
     enter(note->lineEdit());
-    EXPECT_EQ(list.names, QStringList({"foto1.jpg"}));
+    EXPECT_EQ(names(), QStringList({"foto1.jpg"}));
     EXPECT_EQ(note->count(), 1);
     EXPECT_EQ(messages.shown.size(), 1u);
 }
 
 TEST_F(SearchPanelTest, EachProcedureWarnsInItsOwnWords) {
-    list.names << "before";
+    browse::ListItem before;
+    before.text = "before";
+    list.add(before);
     panel.clickLabel5();
     EXPECT_EQ(lastMessage(), "Write the item to search.");
     EXPECT_EQ(messages.shown.back().title, "zarquelin");
     EXPECT_EQ(messages.shown.back().style, shell::MessageStyle::Exclamation);
     EXPECT_EQ(panel.focusWidget(), combo("Combo2"));
-    EXPECT_EQ(list.names, QStringList("before"));
+    EXPECT_EQ(names(), QStringList("before"));
     EXPECT_EQ(status.text(), " Folders found: 0  Files found: 0");
 
     switchOn(4);
