@@ -97,9 +97,9 @@ void ListActivation::selectChildNode(int position) {
     const Node parent = tree.selected();
     if (parent == noNode) return;
     tree.setExpanded(parent, true);
-    Node child = tree.firstChild(parent);
+    Node child = tree.nodes().firstChild(parent);
     for (int row = 1; row <= position && child != noNode; ++row) {
-        const Node next = tree.nextSibling(child);
+        const Node next = tree.nodes().nextSibling(child);
         if (next == noNode) break;
         child = next;
     }

@@ -80,10 +80,8 @@ int runHeadless(const HeadlessJob& job) {
     }
     PrintedMessages messages;
     KnownFolder dialogs(QFile::decodeName(job.folder.c_str()));
-    Catalogue catalogue;
-    catalogue.setPath(job.catalogue);
-    Form1 window(chosenLanguage(), catalogue, messages, dialogs);
-    window.begin();
+    Form1 window(chosenLanguage(), messages, dialogs);
+    window.begin(job.catalogue);
 
     const QString name = unitName(dialogs.chooseFolder({}));
     const std::string disco = name.toStdString() + std::string(core::unitSuffix);

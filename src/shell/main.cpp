@@ -29,10 +29,9 @@ int runOnDesktop(int argc, char** argv) {
     shell::DesktopDialogs dialogs;
     shell::Startup* chain = nullptr;
     shell::Startup startup(
-        platform::commandLine(argc, argv),
-        [&](core::Language idioma, shell::Catalogue& catalogue) -> std::unique_ptr<shell::MainEntry> {
+        platform::commandLine(argc, argv), [&](core::Language idioma) -> std::unique_ptr<shell::MainEntry> {
             messages = std::make_unique<shell::MessageBoxes>(idioma);
-            auto window = std::make_unique<shell::Form1>(idioma, catalogue, *messages, dialogs);
+            auto window = std::make_unique<shell::Form1>(idioma, *messages, dialogs);
             QObject::connect(window.get(), &shell::Form1::aboutRequested, chain, &shell::Startup::showAbout);
             return window;
         });

@@ -16,8 +16,8 @@
 
 namespace shell {
 
-Form1::Form1(core::Language idioma, Catalogue& catalogue, Messages& messages, Dialogs& dialogs)
-    : m_parts(std::make_unique<MainWindowParts>(*this, idioma, catalogue, messages, dialogs)) {
+Form1::Form1(core::Language idioma, Messages& messages, Dialogs& dialogs)
+    : m_parts(std::make_unique<MainWindowParts>(*this, idioma, messages, dialogs)) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Zarquelin"));
     setWindowIcon(logo());
@@ -41,9 +41,10 @@ browse::Surface& Form1::surface() {
     return m_parts->surface;
 }
 
-void Form1::begin() {
+void Form1::begin(const std::string& catalogue) {
     show();
-    if (!m_parts->frame.catalogue.isSet()) return;
+    if (catalogue.empty()) return;
+    m_parts->catalogue.setPath(catalogue);
     yieldToQueue();
     m_parts->catalogueActions.abrirdesdearchivo();
 }

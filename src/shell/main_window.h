@@ -10,7 +10,6 @@
 
 namespace shell {
 
-class Catalogue;
 class Dialogs;
 class Form3;
 class Messages;
@@ -21,11 +20,11 @@ struct MainWindowParts;
 class Form1 : public QMainWindow, public MainEntry {
     Q_OBJECT
   public:
-    // The catalogue and the seams are borrowed and outlive the window.
-    Form1(core::Language idioma, Catalogue& catalogue, Messages& messages, Dialogs& dialogs);
+    // The seams are borrowed and outlive the window.
+    Form1(core::Language idioma, Messages& messages, Dialogs& dialogs);
     ~Form1() override;
 
-    void begin() override;
+    void begin(const std::string& catalogue) override;
     void recentIsMissing() override;
     void nuevo1() override;
     void abrir1() override;

@@ -38,8 +38,7 @@ WindowControls::WindowControls(Form1& window, core::Language idioma)
     treeView1->setAccessibleName(QString::fromStdString(core::rotulos(idioma).rotulounidad));
 }
 
-MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Catalogue& catalogue,
-                                 Messages& messages, Dialogs& dialogs)
+MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& messages, Dialogs& dialogs)
     : window(owner),
       controls(owner, idioma),
       frame{idioma,
@@ -55,10 +54,9 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Catalogue&
             }},
       openingWindow(*this),
       importWindow(*this),
-      searchWindow(*this),
       notesWindow(*this),
       statisticsWindow(*this),
-      picture1(new search::SearchPanel(frame, searchWindow, controls.client)),
+      picture1(new search::SearchPanel(frame, *controls.listView2, controls.client)),
       picture2(new scan::ImportPanel(frame, importWindow, controls.client)),
       surface{frame,
               *controls.treeView1,

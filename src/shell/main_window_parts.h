@@ -49,20 +49,19 @@ struct WindowControls {
 
 // Everything that the main window owns, in the order in which it comes into being.
 struct MainWindowParts {
-    MainWindowParts(Form1& window, core::Language idioma, Catalogue& catalogue, Messages& messages,
-                    Dialogs& dialogs);
+    MainWindowParts(Form1& window, core::Language idioma, Messages& messages, Dialogs& dialogs);
 
     // What is enabled now follows from the state alone.
     void applyState() { apply(enabledIn(state), *controls.menus, *controls.toolbar); }
 
     Form1& window;
     WindowControls controls;
+    Catalogue catalogue;
     WindowState state;
     Frame frame;
 
     OpeningWindow openingWindow;
     ImportWindow importWindow;
-    SearchWindow searchWindow;
     NotesWindow notesWindow;
     StatisticsWindow statisticsWindow;
 

@@ -104,22 +104,6 @@ void ImportWindow::reciente1() {
     m_parts.catalogueActions.reciente1();
 }
 
-void SearchWindow::clear() {
-    m_parts.surface.lists.listView2.clear();
-}
-
-void SearchWindow::beginFill() {
-    m_parts.surface.lists.listView2.beginFill();
-}
-
-void SearchWindow::add(const browse::ListItem& item) {
-    m_parts.surface.lists.listView2.add(item);
-}
-
-void SearchWindow::endFill() {
-    m_parts.surface.lists.listView2.endFill();
-}
-
 QRect NotesWindow::listArea() const {
     return m_parts.panes.listArea();
 }

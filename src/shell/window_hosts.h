@@ -3,7 +3,6 @@
 #include "browse/opening.h"
 #include "notes/notes_panel.h"
 #include "scan/import_host.h"
-#include "search/result_list.h"
 #include "shell/catalogue_actions.h"
 #include "stats/statistics_action.h"
 
@@ -47,20 +46,6 @@ class ImportWindow : public scan::ImportHost {
     void actualizar() override;
     void explorar1() override;
     void reciente1() override;
-
-  private:
-    MainWindowParts& m_parts;
-};
-
-// ListView2 as the search fills it.
-class SearchWindow : public search::ResultList {
-  public:
-    explicit SearchWindow(MainWindowParts& parts) : m_parts(parts) {}
-
-    void clear() override;
-    void beginFill() override;
-    void add(const browse::ListItem& item) override;
-    void endFill() override;
 
   private:
     MainWindowParts& m_parts;
