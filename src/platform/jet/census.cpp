@@ -10,6 +10,10 @@ KnownTexts::Text textOf(const Prepared& row, int column) {
     return row.isNull(column) ? std::nullopt : KnownTexts::Text(row.text(column));
 }
 
+BoundValue valueOf(const KnownTexts::Text& text) {
+    return text ? BoundValue(std::string_view(*text)) : BoundValue();
+}
+
 KnownTexts knownOf(const Census::Unit& unit) {
     KnownTexts known;
     known.set(Column::disco, unit.name);
@@ -61,15 +65,29 @@ void Census::readUnits() {
 const std::vector<Census::Group>& Census::groupsOf(Unit& unit) {
     if (unit.groups) return *unit.groups;
     auto& groups = unit.groups.emplace();
-    auto rows = m_connection.prepare(
-        "select nivel, tipo, count(*), min(rowid), max(rowid) from datos where disco is ? group by nivel, tipo");
+    auto rows = m_connection.prepare("select nivel, tipo, count(*) from datos where disco is ? group by nivel, tipo");
     if (!rows) return groups;
-    rows->bind(0, unit.name ? BoundValue(std::string_view(*unit.name)) : BoundValue());
+    const BoundValue name = valueOf(unit.name);
+    rows->bind(0, name);
     while (rows->step() == Prepared::Step::Row) {
-        groups.push_back(
-            {textOf(*rows, 0), textOf(*rows, 1), rows->integer(2), rows->integer(3), rows->integer(4)});
+        groups.push_back({textOf(*rows, 0), textOf(*rows, 1), rows->integer(2), 0, 0});
+    }
+    // Within a group the index goes by rowid: asking for its two ends beats min() and max() over all of it.
+    for (Group& group : groups) {
+        const BoundValue values[] = {name, valueOf(group.nivel), valueOf(group.tipo)};
+        group.firstRow = firstNumber("select rowid from datos where disco is ? and nivel is ? and tipo is ? "
+                                     "order by rowid limit 1", values);
+        group.lastRow = firstNumber("select rowid from datos where disco is ? and nivel is ? and tipo is ? "
+                                    "order by rowid desc limit 1", values);
     }
     return groups;
+}
+
+std::int64_t Census::firstNumber(const std::string& sql, std::span<const BoundValue> values) {
+    auto rows = m_connection.prepare(sql);
+    if (!rows) return 0;
+    rows->bind(values);
+    return rows->step() == Prepared::Step::Row ? rows->integer(0) : 0;
 }
 
 std::optional<long long> Census::count(const Condition* where, const std::vector<Literal>& literals) {

@@ -52,6 +52,7 @@ class Census {
   private:
     void readUnits();
     [[nodiscard]] const std::vector<Group>& groupsOf(Unit& unit);
+    [[nodiscard]] std::int64_t firstNumber(const std::string& sql, std::span<const BoundValue> values);
 
     Connection& m_connection;
     std::optional<long long> m_version;

@@ -12,16 +12,14 @@
 
 namespace jet {
 
-Result<> writeMarks(sqlite3* database) {
-    const std::string marks = "pragma application_id = " + std::to_string(applicationId) +
-                              "; pragma user_version = " + std::to_string(formatVersion);
-    return run(database, marks.c_str());
-}
-
 Result<> writeSchema(sqlite3* database) {
-    if (auto marked = writeMarks(database); !marked) return marked;
+    const std::string marks = "pragma page_size = " + std::to_string(pageSize) +
+                              "; begin; pragma application_id = " + std::to_string(applicationId) +
+                              "; pragma user_version = " + std::to_string(formatVersion);
+    if (auto marked = run(database, marks.c_str()); !marked) return marked;
     if (auto table = run(database, createTable); !table) return table;
-    return run(database, createIndex);
+    if (auto index = run(database, createIndex); !index) return index;
+    return run(database, "commit");
 }
 
 Result<> CreateDatabase(const std::string& nativePath) {
@@ -33,9 +31,7 @@ Result<> CreateDatabase(const std::string& nativePath) {
     }
     ::close(file);
     auto database = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
-    Result<> written = database ? run(database->get(), "begin") : std::unexpected(database.error());
-    if (written) written = writeSchema(database->get());
-    if (written) written = run(database->get(), "commit");
+    Result<> written = database ? writeSchema(database->get()) : std::unexpected(database.error());
     if (database) database->reset();
     if (!written) ::unlink(nativePath.c_str());
     return written;

@@ -1,11 +1,9 @@
 #include "platform/jet/database.h"
 
-#include <sqlite3.h>
-
+#include "platform/jet/change.h"
 #include "platform/jet/path_lookup.h"
 #include "platform/jet/query.h"
 #include "platform/jet/recordset_impl.h"
-#include "platform/jet/sql_writer.h"
 
 namespace jet {
 
@@ -14,50 +12,12 @@ struct Database::Impl {
     std::shared_ptr<Census> census;
     ShapeCache shapes;
     PathLookup paths;
+    Changes changes;
     LiftedStatement lifted;
-    std::vector<BoundValue> values;
 
-    [[nodiscard]] Result<long long> insert(const Statement& statement);
-    [[nodiscard]] Result<long long> change(const Statement& statement);
-    [[nodiscard]] Result<long long> runChange(const std::string& sql, const std::vector<BoundValue>& bound);
+    explicit Impl(std::shared_ptr<Connection> opened)
+        : connection(std::move(opened)), census(std::make_shared<Census>(*connection)), changes(*connection, *census) {}
 };
-
-Result<long long> Database::Impl::runChange(const std::string& sql, const std::vector<BoundValue>& bound) {
-    auto prepared = connection->prepare(sql);
-    if (!prepared) return std::unexpected(prepared.error());
-    prepared->bind(bound);
-    connection->noteWrite();
-    if (prepared->step() == Prepared::Step::Failed) return std::unexpected(connection->lastError());
-    return sqlite3_changes64(connection->handle());
-}
-
-Result<long long> Database::Impl::insert(const Statement& statement) {
-    SqlWriter writer(lifted.literals, *census);
-    writer.writeInsert(statement);
-    values.clear();
-    std::deque<std::string> storage;
-    for (const auto& [column, value] : statement.assignments) {
-        if (value.kind == Operand::Text || value.kind == Operand::Number) {
-            values.push_back(converted(lifted.literals[value.literal], value.negative, info(column).type,
-                                       storage.emplace_back()));
-        } else {
-            values.emplace_back();
-        }
-    }
-    return runChange(writer.sql(), values);
-}
-
-Result<long long> Database::Impl::change(const Statement& statement) {
-    SqlWriter writer(lifted.literals, *census);
-    if (statement.kind == Statement::Update) {
-        writer.write("update datos set ");
-        writer.writeAssignments(statement);
-    } else {
-        writer.write("delete from datos");
-    }
-    writer.writeWhere(statement);
-    return runChange(writer.sql(), writer.values());
-}
 
 Database::Database(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
 Database::Database(Database&&) noexcept = default;
@@ -73,9 +33,7 @@ Database::~Database() { Close(); }
 Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
     auto connection = Connection::open(nativePath, use);
     if (!connection) return std::unexpected(connection.error());
-    auto impl = std::make_unique<Database::Impl>();
-    impl->connection = std::move(*connection);
-    impl->census = std::make_shared<Census>(*impl->connection);
+    auto impl = std::make_unique<Database::Impl>(std::move(*connection));
     return Database(std::move(impl));
 }
 
@@ -84,11 +42,10 @@ Result<long long> Database::Execute(std::string_view sql) {
     if (auto lifted = liftLiterals(sql, m_impl->lifted); !lifted) return std::unexpected(lifted.error());
     auto statement = m_impl->shapes.find(m_impl->lifted.shape);
     if (!statement) return std::unexpected(statement.error());
-    switch ((*statement)->kind) {
-        case Statement::Select: return std::unexpected(Error{error::general, "A select cannot be executed"});
-        case Statement::Insert: return m_impl->insert(**statement);
-        default: return m_impl->change(**statement);
+    if ((*statement)->kind == Statement::Select) {
+        return std::unexpected(Error{error::general, "A select cannot be executed"});
     }
+    return m_impl->changes.run(**statement, m_impl->lifted.literals);
 }
 
 Result<Recordset> Database::OpenRecordset(std::string_view sql) {

@@ -39,6 +39,9 @@ inline constexpr std::array<ColumnInfo, 10> columns{{
 // Case does not count in names.
 [[nodiscard]] std::optional<Column> columnNamed(std::string_view name);
 
+// A pass over all rows is the dearest thing that is done to a file, and large pages make it cheaper.
+inline constexpr int pageSize = 8192;
+
 // Units and their levels are asked for all the time and the three counts of the status line come from this index
 // alone; nothing else earned one.
 inline constexpr const char* createTable =

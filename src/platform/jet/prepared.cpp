@@ -28,16 +28,17 @@ void Prepared::reset() {
     if (get()) sqlite3_reset(get());
 }
 
-void Prepared::bind(std::span<const BoundValue> values) {
-    for (std::size_t i = 0; i < values.size(); ++i) bind(static_cast<int>(i), values[i]);
+void Prepared::bind(std::span<const BoundValue> values, Texts texts) {
+    for (std::size_t i = 0; i < values.size(); ++i) bind(static_cast<int>(i), values[i], texts);
 }
 
-void Prepared::bind(int parameter, const BoundValue& value) {
+void Prepared::bind(int parameter, const BoundValue& value, Texts texts) {
     if (!get()) return;
     const int number = parameter + 1;
     if (const auto* text = std::get_if<std::string_view>(&value)) {
         const char* data = text->data() ? text->data() : "";
-        sqlite3_bind_text64(get(), number, data, text->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+        sqlite3_bind_text64(get(), number, data, text->size(),
+                            texts == Texts::Lent ? SQLITE_STATIC : SQLITE_TRANSIENT, SQLITE_UTF8);
     } else if (const auto* integer = std::get_if<std::int64_t>(&value)) {
         sqlite3_bind_int64(get(), number, *integer);
     } else if (const auto* real = std::get_if<double>(&value)) {

@@ -27,8 +27,11 @@ class Prepared {
     Prepared& operator=(Prepared&& other) noexcept;
     ~Prepared() { release(); }
 
-    void bind(std::span<const BoundValue> values);
-    void bind(int parameter, const BoundValue& value);  // counted from 0
+    // Values are bound to parameters counted from 0. Texts are copied, unless they are lent: then they must outlive the
+    // next step.
+    enum class Texts { Copied, Lent };
+    void bind(std::span<const BoundValue> values, Texts texts = Texts::Copied);
+    void bind(int parameter, const BoundValue& value, Texts texts = Texts::Copied);
 
     enum class Step { Row, Done, Failed };
     [[nodiscard]] Step step();

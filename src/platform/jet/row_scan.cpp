@@ -82,6 +82,11 @@ Access accessFor(const Scan& scan) {
 
 void writeSource(SqlWriter& writer, const Statement& statement, const Access& access) {
     writer.write(" from datos");
+    writer.write(access.hint());
+    writeWhere(writer, statement, access);
+}
+
+void writeWhere(SqlWriter& writer, const Statement& statement, const Access& access) {
     switch (access.kind) {
         case Access::Nowhere: return writer.write(" where 0");
         case Access::Range: return writer.writeWhere(statement, access.firstRow, access.lastRow);

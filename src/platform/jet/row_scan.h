@@ -21,10 +21,14 @@ struct Access {
     Kind kind = AsSqliteChooses;
     std::int64_t firstRow = 0;  // of a Range
     std::int64_t lastRow = 0;
+
+    // Stands behind the table's name: a range is read as it lies.
+    [[nodiscard]] std::string_view hint() const { return kind == Range ? " not indexed" : ""; }
 };
 [[nodiscard]] Access accessFor(const Scan& scan);
 
-// " from datos where ..." for this access.
+// " where ..." for this access, and " from datos" with it.
+void writeWhere(SqlWriter& writer, const Statement& statement, const Access& access);
 void writeSource(SqlWriter& writer, const Statement& statement, const Access& access);
 
 // True when the condition tries a pattern on row after row, so that a second pass would be dear.

@@ -164,7 +164,7 @@ void SqlWriter::writeWhere(const Statement& statement) {
 }
 
 void SqlWriter::writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow) {
-    m_sql += " not indexed where rowid between ";
+    m_sql += " where rowid between ";
     writeValue(firstRow);
     m_sql += " and ";
     writeValue(lastRow);
@@ -188,6 +188,8 @@ void SqlWriter::writeGroupAndOrder(const Statement& statement) {
 }
 
 void SqlWriter::writeAssignments(const Statement& statement) {
+    if (statement.kind != Statement::Update) return;
+    m_sql += " set ";
     for (std::size_t i = 0; i < statement.assignments.size(); ++i) {
         const auto& [column, value] = statement.assignments[i];
         if (i > 0) m_sql += ", ";

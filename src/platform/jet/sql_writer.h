@@ -22,10 +22,10 @@ class SqlWriter {
     void writeCondition(const Condition& condition);
     void writeWhere(const Statement& statement);      // " where ..." or nothing
 
-    // The same for the rows between two rowids only, read in their order.
+    // The same for the rows between two rowids only.
     void writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow);
     void writeGroupAndOrder(const Statement& statement);
-    void writeAssignments(const Statement& statement);  // of an update
+    void writeAssignments(const Statement& statement);    // " set ..." of an update
     void writeInsert(const Statement& statement);
 
     [[nodiscard]] const std::string& sql() const { return m_sql; }

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+
+#include "platform/jet/row_scan.h"
+
+namespace jet {
+
+// Runs the statements that change rows.
+class Changes {
+  public:
+    Changes(Connection& connection, Census& census) : m_connection(connection), m_census(census) {}
+
+    // The number of rows changed. The statement must outlive this object, or be another one each time.
+    [[nodiscard]] Result<long long> run(const Statement& statement, const std::vector<Literal>& literals);
+
+  private:
+    [[nodiscard]] Result<long long> insert(const Statement& statement, const std::vector<Literal>& literals);
+    [[nodiscard]] Result<long long> runPrepared(Prepared& prepared);
+
+    Connection& m_connection;
+    Census& m_census;
+    std::vector<BoundValue> m_values;
+    std::vector<std::string> m_storage;
+
+    // The insert that ran last: a scan runs one or two of them a hundred thousand times.
+    const Statement* m_lastInsert = nullptr;
+    std::string m_lastInsertSql;
+};
+
+}  // namespace jet
