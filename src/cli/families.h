@@ -11,6 +11,7 @@ namespace cli {
 [[nodiscard]] std::span<const Command> enteringCommands();   // scan, add
 [[nodiscard]] std::span<const Command> unitCommands();       // units, rename, delete
 [[nodiscard]] std::span<const Command> statsCommands();      // stats
+[[nodiscard]] std::span<const Command> rowCommands();        // note, copy
 [[nodiscard]] std::span<const Command> exportCommands();     // export
 [[nodiscard]] std::span<const Command> searchCommands();     // search
 
