@@ -27,7 +27,7 @@ class ListActivation : public testing::Test {
         activation.doubleClicked(list);
     }
     std::string pathShown() { return window.combo1.text().toStdString(); }
-    std::string selectedNode() { return window.tree.text(window.tree.selected()).toStdString(); }
+    std::string selectedNode() { return window.tree.nodes().text(window.tree.selected()).toStdString(); }
 
     // A row in the search list, as a search shows it.
     void showResult(const std::string& ruta, const std::string& name, const std::string& type) {
@@ -65,7 +65,7 @@ TEST_F(ListActivation, StepsDownFromTheBrowseListAndOpensAFile) {
     doubleClick(window.list1, 1);
     EXPECT_EQ(window.names(window.list1), (Names{"2003", "it´s a map.txt"}));
     EXPECT_EQ(selectedNode(), "viaje");
-    EXPECT_TRUE(window.tree.isExpanded(window.tree.firstRoot()));
+    EXPECT_TRUE(window.tree.isExpanded(window.tree.nodes().firstChild(browse::noNode)));
     EXPECT_EQ(pathShown(), "Fotos :\\viaje");
     EXPECT_EQ(surface.estado.nivelactual, 2);
     EXPECT_EQ(surface.clic.nivelfila1, "1");

@@ -58,8 +58,9 @@ class BrowseWindow : browse::OpeningHost {
     void browse(const std::string& unit) {
         tree.clear();
         browse::Opening(surface, *this).inicio();
-        for (browse::Node node = tree.firstRoot(); node != browse::noNode; node = tree.nextSibling(node))
-            if (tree.text(node).toStdString() == unit + " :") {
+        for (browse::Node node = tree.nodes().firstChild(browse::noNode); node != browse::noNode;
+             node = tree.nodes().nextSibling(node))
+            if (tree.nodes().text(node).toStdString() == unit + " :") {
                 tree.setSelected(node);
                 browse::NodeClick(surface).click(node);
             }
