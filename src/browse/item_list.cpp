@@ -1,5 +1,6 @@
 #include "browse/item_list.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QStyle>
@@ -8,6 +9,7 @@
 
 #include "browse/column_sort.h"
 #include "browse/item_model.h"
+#include "core/serial_date.h"
 #include "platform/controls/qtext.h"
 
 namespace browse {
@@ -57,6 +59,20 @@ void restore(QItemSelectionModel& selection, const ItemModel& model, const Selec
     selection.select(ranges, QItemSelectionModel::Select);
 }
 
+// A cut date says little and a cut name much, so with a large font the names make room for whole dates.
+void giveDatesRoom(std::vector<int>& widths, const QFontMetrics& metrics) {
+    constexpr std::size_t nameColumn = 0;
+    constexpr std::size_t dateColumn = 4;
+    constexpr double longDate = 38338.999;  // a December evening
+    if (widths.size() <= dateColumn || widths[dateColumn] == 0) return;
+    const int needed =
+        metrics.horizontalAdvance(controls::qtext(core::dateText(longDate))) + 2 * metrics.averageCharWidth();
+    const int spare = widths[nameColumn] - 16 * metrics.averageCharWidth();
+    const int taken = std::clamp(needed - widths[dateColumn], 0, std::max(0, spare));
+    widths[nameColumn] -= taken;
+    widths[dateColumn] += taken;
+}
+
 }  // namespace
 
 ItemList::ItemList(QWidget* parent)
@@ -99,10 +115,12 @@ void ItemList::applyWidths() {
     const int frame = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
     const double inner = width() - frame - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const double whole = sum > 1 && sum <= nearlyFits ? inner / sum : inner;
+    std::vector<int> widths;
+    for (const Column& column : m_columns) widths.push_back(static_cast<int>(whole * column.width));
+    giveDatesRoom(widths, m_view->fontMetrics());
     m_applyingWidths = true;
-    for (std::size_t at = 0; at < m_columns.size(); ++at)
-        if (m_columns[at].width > 0)
-            m_view->setColumnWidth(static_cast<int>(at) + 1, static_cast<int>(whole * m_columns[at].width));
+    for (std::size_t at = 0; at < widths.size(); ++at)
+        if (widths[at] > 0) m_view->setColumnWidth(static_cast<int>(at) + 1, widths[at]);
     m_applyingWidths = false;
 }
 
@@ -201,6 +219,11 @@ void ItemList::sort(ItemStore::Sorting sorting) {
 void ItemList::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (!m_widthsAreTheUsers) applyWidths();
+}
+
+void ItemList::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && !m_widthsAreTheUsers) applyWidths();
 }
 
 void ItemList::showEvent(QShowEvent* event) {

@@ -57,6 +57,7 @@ class ItemList : public QWidget {
     void columnClicked(int column);  // from 1
 
   protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 

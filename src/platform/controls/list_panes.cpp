@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QTextLayout>
 #include <QToolTip>
 #include <algorithm>
 
@@ -14,6 +15,30 @@ namespace {
 constexpr int largeIcon = 48;
 constexpr int smallIcon = 16;
 constexpr int cellMargin = 4;
+constexpr int largeIconLines = 2;
+
+constexpr QChar ellipsis(0x2026);
+
+// As a large icon's caption: the first line broken where it must be, the rest cut in its middle, so that the
+// ending of a file's name stays.
+QString inTwoLines(const QString& text, const QFont& font, int width) {
+    QTextLayout layout(text, font);
+    QTextOption wrapping;
+    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(wrapping);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    const int broken = line.textLength();
+    if (broken >= text.size()) return text;
+    const QString rest = QFontMetrics(font).elidedText(text.mid(broken), Qt::ElideMiddle, width);
+    return text.left(broken).trimmed() + QChar(QChar::LineSeparator) + rest;
+}
+
+int captionWidth(const QStyleOptionViewItem& option) {
+    return option.rect.width() - 3 * cellMargin;
+}
 
 }  // namespace
 
@@ -22,20 +47,34 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
     if (firstColumnOnly && place.column() != 0)
         option->state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
     if (!largeIcons) return;
+    option->decorationPosition = QStyleOptionViewItem::Top;
+    option->decorationAlignment = Qt::AlignCenter;
+    option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
+    option->text = inTwoLines(option->text, option->font, captionWidth(*option));
     if (const auto icon = place.data(ListView::LargeIconRole); icon.isValid()) {
         option->icon = icon.value<QIcon>();
         option->decorationSize = {largeIcon, largeIcon};
     }
 }
 
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& place) const {
+    return cell.isEmpty() ? QStyledItemDelegate::sizeHint(option, place) : cell;
+}
+
+bool RowDelegate::isCut(const QStyleOptionViewItem& option, const QModelIndex& place) const {
+    if (!largeIcons) return QStyledItemDelegate::sizeHint(option, place).width() > option.rect.width();
+    const QString text = place.data().toString();
+    return !text.contains(ellipsis) && inTwoLines(text, option.font, captionWidth(option)).contains(ellipsis);
+}
+
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                             const QModelIndex& place) {
     if (event->type() != QEvent::ToolTip || !place.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, place);
-    const QString text = place.data().toString();
-    const bool cut = sizeHint(option, place).width() > option.rect.width();
+    const bool cut = isCut(option, place);
+    const QString text = place.data().toString().toHtmlEscaped();
     if (cut)
-        QToolTip::showText(event->globalPos(), text.toHtmlEscaped().prepend(QLatin1String("<qt>")), view);
+        QToolTip::showText(event->globalPos(), QStringLiteral("<qt>%1</qt>").arg(text), view);
     else
         QToolTip::hideText();
     return cut;
@@ -149,26 +188,24 @@ int IconsView::widestText() const {
     return widest;
 }
 
+// The base class would unite the cells of all selected rows, a million perhaps; what is in sight is soon
+// painted.
+QRegion IconsView::visualRegionForSelection(const QItemSelection&) const {
+    return viewport()->rect();
+}
+
 void IconsView::arrange(ListView::View view) {
     const bool large = view == ListView::View::LargeIcons;
     const int letter = fontMetrics().averageCharWidth();
     const int line = fontMetrics().lineSpacing();
     m_rows->largeIcons = large;
     setIconSize(large ? QSize(largeIcon, largeIcon) : QSize(smallIcon, smallIcon));
-    setWordWrap(large);
     setFlow(view == ListView::View::List ? QListView::TopToBottom : QListView::LeftToRight);
     const int textWidth = std::clamp(widestText(), 14 * letter, 36 * letter);
-    if (large)
-        setGridSize({16 * letter + 2 * cellMargin, largeIcon + 2 * line + 3 * cellMargin});
-    else
-        setGridSize({smallIcon + textWidth + 5 * cellMargin, std::max(smallIcon, line) + cellMargin});
-}
-
-void IconsView::initViewItemOption(QStyleOptionViewItem* option) const {
-    ListPane::initViewItemOption(option);
-    if (!m_rows->largeIcons) return;
-    option->decorationPosition = QStyleOptionViewItem::Top;
-    option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
+    m_rows->cell =
+        large ? QSize(18 * letter, largeIcon + largeIconLines * line + 3 * cellMargin)
+              : QSize(smallIcon + textWidth + 5 * cellMargin, std::max(smallIcon, line) + cellMargin);
+    setGridSize(m_rows->cell);
 }
 
 }  // namespace controls

@@ -16,12 +16,17 @@ class RowDelegate : public QStyledItemDelegate {
 
     bool firstColumnOnly = false;  // of the selection
     bool largeIcons = false;
+    QSize cell;  // of every item; empty in the report, where columns and font decide
 
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& place) const override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& place) override;
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& place) const override;
+
+  private:
+    [[nodiscard]] bool isCut(const QStyleOptionViewItem& option, const QModelIndex& place) const;
 };
 
 // The handlers that both views have in common.
@@ -63,7 +68,7 @@ class IconsView : public ListPane<QListView> {
     void arrange(ListView::View view);
 
   protected:
-    void initViewItemOption(QStyleOptionViewItem* option) const override;
+    [[nodiscard]] QRegion visualRegionForSelection(const QItemSelection& selection) const override;
 
   private:
     [[nodiscard]] int widestText() const;

@@ -27,6 +27,7 @@ UpDown::UpDown(QWidget* parent)
       m_up(makeButton(this, Qt::UpArrow, QStringLiteral("stepUp"))),
       m_down(makeButton(this, Qt::DownArrow, QStringLiteral("stepDown"))) {
     setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(1, 1, 1, 1);
     column->setSpacing(0);

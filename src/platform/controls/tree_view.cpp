@@ -10,6 +10,9 @@
 namespace controls {
 namespace {
 
+constexpr qint64 cheapLayout = 1'000'000;  // nanoseconds
+constexpr qint64 layoutShare = 20;         // one part in so many of the time
+
 // A selected node may have a picture of its own, such as the open folder.
 class NodeDelegate : public QStyledItemDelegate {
   public:
@@ -45,6 +48,8 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent) {
     connect(this, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex& place) { emit nodeDoubleClicked(TreeModel::nodeOf(place)); });
     connect(&m_model, &TreeModel::textEntered, this, &TreeView::afterLabelEdit);
+    m_layoutLater.setSingleShot(true);
+    connect(&m_layoutLater, &QTimer::timeout, this, &TreeView::doItemsLayout);
 }
 
 Node TreeView::addNode(Node parent, const QString& text, int picture, int selectedPicture,
@@ -112,6 +117,31 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     QTreeView::keyPressEvent(event);
     const Node now = selected();
     if (!editing && now != noNode && (enter || now != before)) emit nodeClicked(now);
+}
+
+bool TreeView::layoutMustWait() const {
+    return m_layoutCost > cheapLayout && m_sinceLayout.nsecsElapsed() < layoutShare * m_layoutCost;
+}
+
+void TreeView::rowsInserted(const QModelIndex& parent, int first, int last) {
+    if (!layoutMustWait()) return QTreeView::rowsInserted(parent, first, last);
+    QAbstractItemView::rowsInserted(parent, first, last);
+    layOutLater();
+}
+
+void TreeView::layOutLater() {
+    constexpr qint64 nanosecondsPerMillisecond = 1'000'000;
+    if (!m_layoutLater.isActive())
+        m_layoutLater.start(static_cast<int>(layoutShare * m_layoutCost / nanosecondsPerMillisecond) + 1);
+}
+
+void TreeView::doItemsLayout() {
+    if (layoutMustWait()) return layOutLater();
+    m_layoutLater.stop();
+    m_sinceLayout.start();
+    QTreeView::doItemsLayout();
+    m_layoutCost = m_sinceLayout.nsecsElapsed();
+    m_sinceLayout.start();
 }
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QElapsedTimer>
+#include <QTimer>
 #include <QTreeView>
 
 #include "platform/controls/tree_model.h"
@@ -45,9 +47,19 @@ class TreeView : public QTreeView {
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void rowsInserted(const QModelIndex& parent, int first, int last) override;
 
   private:
+    void doItemsLayout() override;
+    [[nodiscard]] bool layoutMustWait() const;
+    void layOutLater();
+
     TreeModel m_model;
+    // Nodes may come by the thousand into an open branch, with the event queue served in between. The rows
+    // are then laid out again only now and then, so that this takes a small part of the time.
+    QElapsedTimer m_sinceLayout;
+    qint64 m_layoutCost = 0;  // nanoseconds
+    QTimer m_layoutLater;
 };
 
 }  // namespace controls
