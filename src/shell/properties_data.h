@@ -10,13 +10,14 @@ namespace shell {
 
 // What the properties window tells about the selected node of the tree.
 struct PropertiesRequest {
-    std::string node;     // the node's text
-    bool isUnit = false;  // otherwise a folder, told by the next three
-    std::string discoactual;
-    std::string rutaactual;  // the folder's path below the unit
+    std::string node = {};  // the node's text
+    bool isUnit = false;    // otherwise a folder, told by the next three
+    std::string discoactual = {};
+    std::string rutaactual = {};  // the folder's path below the unit
     int nivelactual = 0;
-    int picture = 0;            // of the path combo's selected item
-    std::string firstListType;  // the type caption of the browse list's first item, empty when it has none
+    int picture = 0;  // of the path combo's selected item
+    std::string firstListType =
+        {};  // the type caption of the browse list's first item, empty when it has none
 };
 
 struct Properties {

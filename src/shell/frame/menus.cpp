@@ -37,14 +37,14 @@ constexpr Row rows[] = {
         {Entry, "salir", "archivos", "Ctrl+Q"},
     {Menu, "edicion", ""},
         {Entry, "explore", "edicion", "Ctrl+I"},
-        {Entry, "buscar", "edicion", "Ctrl+S;Ctrl+F"},
+        {Entry, "buscar", "edicion", "Ctrl+S; Ctrl+F"},
         {Entry, "explorar", "edicion", "Ctrl+E"},
         {Separator, "barra23", "edicion"},
         {Menu, "borr", "edicion"},
             {Entry, "eliminar", "borr"},
             {Entry, "borrarunidad1", "borr"},
         {Separator, "barra25", "edicion"},
-        {Entry, "Parar1", "edicion", "Ctrl+T;Esc", off},
+        {Entry, "Parar1", "edicion", "Ctrl+T; Esc", off},
         {Separator, "Barra9", "edicion"},
         {Entry, "actualizar1", "edicion", "F5"},
         {Separator, "barra35", "edicion"},
@@ -112,8 +112,7 @@ QAction* makeEntry(const Row& row, core::Language idioma, QObject* owner) {
     auto* entry = new QAction(owner);
     entry->setSeparator(row.kind == Separator);
     entry->setText(caption(toQString(row.name), idioma));
-    entry->setShortcuts(
-        QKeySequence::listFromString(toQString(row.shortcuts).replace(u';', QStringLiteral("; "))));
+    if (!row.shortcuts.empty()) entry->setShortcuts(QKeySequence::listFromString(toQString(row.shortcuts)));
     entry->setEnabled(row.enabled);
     entry->setMenuRole(QAction::NoRole);
     if (row.kind == Checked || row.kind == Unchecked) {

@@ -38,6 +38,8 @@ Toolbar::Toolbar(core::Language idioma, QWidget* parent) : QWidget(parent), m_id
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
+    row->setSizeConstraint(
+        QLayout::SetNoConstraint);  // the buttons adapt to the width, not the width to them
     for (int number = 1; number <= count; ++number) {
         number == Separator3 || number == Separator14 ? addSeparator(number) : addButton(number);
         row->addWidget(m_items[number].widget);

@@ -1,0 +1,115 @@
+#include "shell/frame/layout.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "shell/frame/enabling.h"
+#include "shell/frame/menus.h"
+#include "shell/frame/toolbar.h"
+
+namespace {
+
+using shell::Enabled;
+using shell::LayoutInput;
+using shell::Rect;
+using shell::WindowLayout;
+using shell::WindowState;
+
+constexpr LayoutInput usual{.width = 12000, .height = 8000, .divider = 3600};
+
+TEST(Layout, PutsTheListsBetweenTheToolbarAndTheStatusBand) {
+    const WindowLayout layout = computeLayout(usual, {});
+    EXPECT_EQ(layout.frame, (Rect{0, -90, 11900, 1280}));
+    EXPECT_EQ(layout.toolbar.width, 11850);
+    EXPECT_EQ(layout.pathCombo.width, 10900);
+    EXPECT_EQ(layout.tree, (Rect{0, 1200, 3600, 6420}));
+    EXPECT_EQ(layout.list.width, 12000 - 3600 - 150);
+    EXPECT_EQ(layout.list.height, layout.tree.height);
+    EXPECT_EQ(layout.status, (Rect{0, 7620, 12000, 380}));
+    EXPECT_EQ(layout.tree.top + layout.tree.height, layout.status.top);
+    EXPECT_GE(layout.list.left, layout.splitter.left + layout.splitter.width);
+}
+
+TEST(Layout, GrowsWithTheLetterAndOverlapsNothing) {
+    LayoutInput input = usual;
+    input.toolbarHeight = 900;
+    input.comboHeight = 500;
+    input.pathLabelWidth = 1500;
+    input.statusHeight = 520;
+    const WindowLayout layout = computeLayout(input, {});
+    EXPECT_EQ(layout.toolbar.height, 900);
+    EXPECT_GE(layout.pathCombo.top, layout.toolbar.top + layout.toolbar.height);
+    EXPECT_GE(layout.pathCombo.left, layout.pathLabel.left + 1500);
+    EXPECT_GE(layout.tree.top, layout.frame.top + layout.pathCombo.top + layout.pathCombo.height);
+    EXPECT_EQ(layout.tree.top + layout.tree.height, layout.status.top);
+    EXPECT_EQ(layout.status.top + layout.status.height, input.height);
+}
+
+TEST(Layout, ATinyWindowKeepsWhatWouldVanish) {
+    const WindowLayout before = computeLayout(usual, {});
+    const WindowLayout tiny = computeLayout({.width = 3660, .height = 1440, .divider = 3600}, before);
+    EXPECT_EQ(tiny.tree.height, before.tree.height);
+    EXPECT_EQ(tiny.list.width, before.list.width);
+    const WindowLayout next = computeLayout({.width = 3661, .height = 1441, .divider = 3600}, before);
+    EXPECT_NE(next.tree.height, before.tree.height);
+    EXPECT_NE(next.list.width, before.list.width);
+}
+
+TEST(Layout, TheDividerStaysInTheWindow) {
+    EXPECT_EQ(shell::draggedDivider(-40, 9000), 500);
+    EXPECT_EQ(shell::draggedDivider(8900, 9000), 8500);
+    EXPECT_EQ(shell::releasedDivider(600, 9000), 1500);
+    EXPECT_EQ(shell::releasedDivider(8500, 9000), 7500);
+    EXPECT_EQ(shell::releasedDivider(4000, 9000), 4000);
+    EXPECT_EQ(shell::releasedDivider(4000, 2000), 500) << "narrower than both bounds";
+}
+
+// The entries that are off, in the order of their names, and behind "|" the buttons that are off.
+std::string off(const WindowState& state) {
+    const Enabled enabled = enabledIn(state);
+    std::vector<std::string> names;
+    for (const Enabled::Entry& entry : enabled.entries)
+        if (!entry.enabled) names.emplace_back(entry.name);
+    std::ranges::sort(names);
+    std::string text;
+    for (const std::string& name : names) text += name + ' ';
+    text += '|';
+    for (int button = 1; button <= 15; ++button)
+        if (!enabled.buttons[button]) text += ' ' + std::to_string(button);
+    return text;
+}
+
+TEST(Enabling, FollowsFromTheState) {
+    EXPECT_EQ(
+        off({}),
+        "Copiararchivos Copiararchivos2 Herramientas Imprimir Parar1 buscar cerrar edicion explorar explore "
+        "guardar ver | 4 5 6 7 8 9 10 11 12 13");
+    EXPECT_EQ(off({.catalogueOpen = true}), "Copiararchivos Copiararchivos2 Parar1 | 13");
+    EXPECT_EQ(off({.catalogueOpen = true, .running = true}),
+              "Copiararchivos Copiararchivos2 compactar reparar |");
+    EXPECT_EQ(off({.catalogueOpen = true, .listHasRows = true}), "Parar1 | 13");
+    EXPECT_EQ(off({.catalogueOpen = true, .listHasRows = true, .menuOfFolder = true}),
+              "Parar1 borrarunidad cambiarnombre | 13");
+    EXPECT_EQ(off({.catalogueOpen = true, .listHasRows = true, .recentMissing = true}),
+              "Parar1 reciente | 13");
+}
+
+TEST(Enabling, ReachesTheMenusAndTheToolbar) {
+    shell::MenuBar menus(core::Language::English);
+    shell::Toolbar toolbar(core::Language::English);
+    for (const WindowState& state : {WindowState{}, WindowState{.catalogueOpen = true, .running = true}}) {
+        const Enabled enabled = enabledIn(state);
+        apply(enabled, menus, toolbar);
+        for (const Enabled::Entry& entry : enabled.entries) {
+            const QAction* action =
+                menus.action(QString::fromUtf8(entry.name.data(), qsizetype(entry.name.size())));
+            EXPECT_EQ(action->isEnabled(), entry.enabled) << entry.name;
+        }
+        for (int button = 1; button <= 15; ++button)
+            EXPECT_EQ(toolbar.isEnabled(button), enabled.buttons[button]) << button;
+    }
+}
+
+}  // namespace
