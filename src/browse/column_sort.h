@@ -12,7 +12,4 @@ namespace browse {
 // A click on a column header turns the order over, whichever column was sorted before, and turns sorting on.
 [[nodiscard]] ItemStore::Sorting sortingAfterClick(const ItemStore::Sorting& before, int column);
 
-// Stepping into a folder sorts the new listing by its notes.
-inline constexpr ItemStore::Sorting sortingAfterStep{.on = true, .key = 1, .descending = false};
-
 }  // namespace browse

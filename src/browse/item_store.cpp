@@ -108,12 +108,11 @@ std::string ItemStore::Impl::subItem(const Item& item, int number) const {
     }
 }
 
-// The sort key of each position; what has to be computed goes into the given arena.
+// The sort key of each item by its number; what has to be computed goes into the given arena.
 std::vector<std::string_view> ItemStore::Impl::keys(int key, TextArena& computed) const {
     std::vector<std::string_view> result;
-    result.reserve(order.size());
-    for (const std::uint32_t number : order) {
-        const Item& item = items[number];
+    result.reserve(items.size());
+    for (const Item& item : items) {
         switch (key) {
             case 0:
                 result.push_back(item.name());
@@ -208,12 +207,7 @@ void ItemStore::sort(Sorting sorting) {
 void ItemStore::sortAgain() {
     if (!m_impl->sorting.on) return;
     TextArena computed;
-    const std::vector<std::uint32_t> sorted =
-        orderOfKeys(m_impl->keys(m_impl->sorting.key, computed), m_impl->sorting.descending);
-    std::vector<std::uint32_t> order;
-    order.reserve(sorted.size());
-    for (const std::uint32_t place : sorted) order.push_back(m_impl->order[place]);
-    m_impl->order = std::move(order);
+    m_impl->order = orderOfKeys(m_impl->keys(m_impl->sorting.key, computed), m_impl->sorting.descending);
 }
 
 const ItemStore::Sorting& ItemStore::sorting() const {

@@ -31,8 +31,8 @@ class ItemStore {
     // An item keeps its number, from 0 in the order of adding, wherever sorting puts it.
     [[nodiscard]] std::size_t numberOf(std::size_t position) const;
 
-    // Sorting by a key (0 the text, 1 to 9 a sub-item), as text by code points; equal keys keep the order in
-    // which they stand. Stays on, through clear() too, until another sort.
+    // Sorting by a key (0 the text, 1 to 9 a sub-item), as text by code points; items of equal keys stand in
+    // the order of adding, descending too. Stays on, through clear() too, until another sort.
     struct Sorting {
         bool on = false;
         int key = 0;

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <functional>
 
+#include "browse/column_sort.h"
 #include "print/print_action.h"
 #include "shell/frame/pointer.h"
 #include "shell/language_choice.h"
@@ -209,6 +210,9 @@ void Form1::connectControls() {
                 [&parts, list](int row) { parts.listActivation.itemClicked(*list, row); });
         connect(list, &browse::ItemList::itemActivated, this,
                 [&parts, list](int) { parts.listActivation.doubleClicked(*list); });
+        connect(list, &browse::ItemList::columnClicked, list, [list](int column) {
+            list->sort(browse::sortingAfterClick(list->store().sorting(), column));
+        });
         connect(list, &browse::ItemList::mousePressed, this, [this] { listPressed(); });
         connect(list, &browse::ItemList::mouseReleased, this,
                 [this](Qt::MouseButton button, const QPoint& place) { listReleased(button, place); });

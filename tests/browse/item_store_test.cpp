@@ -88,7 +88,7 @@ TEST(ItemStore, ReturnsEveryNameKeyAsItWasGiven) {
     }
 }
 
-TEST(ItemStore, SortsFoldersFirstUpAndLastDownWithTiesInPlace) {
+TEST(ItemStore, SortsFoldersFirstUpAndLastDownWithTiesAsAdded) {
     ItemStore store;
     for (const char* name : {"b", "B", "a"}) store.add(file(name, 5));
     for (const char* name : {"z", "Z"}) store.add(folder(name));
@@ -98,7 +98,7 @@ TEST(ItemStore, SortsFoldersFirstUpAndLastDownWithTiesInPlace) {
     store.sort({.on = true, .key = key, .descending = true});
     EXPECT_EQ(texts(store), (Texts{"b", "a", "B", "z", "Z"}));
     store.sort({.on = true, .key = 6, .descending = true});  // all sizes equal, folders without
-    EXPECT_EQ(texts(store), (Texts{"b", "a", "B", "z", "Z"}));
+    EXPECT_EQ(texts(store), (Texts{"b", "B", "a", "z", "Z"}));
 
     store.add(file("c", 5));
     EXPECT_EQ(texts(store).back(), "c");
