@@ -49,13 +49,7 @@ void paintDisc(QPainter& painter) {
 class LogoEngine : public QIconEngine {
   public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.topLeft());
-        painter->scale(rect.width() / 64.0, rect.height() / 64.0);
-        paintCard(*painter);
-        paintDisc(*painter);
-        painter->restore();
+        paintLogo(*painter, rect);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         QPixmap pixmap(size);
@@ -74,6 +68,16 @@ class LogoEngine : public QIconEngine {
 };
 
 }  // namespace
+
+void paintLogo(QPainter& painter, const QRect& square) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(square.topLeft());
+    painter.scale(square.width() / 64.0, square.height() / 64.0);
+    paintCard(painter);
+    paintDisc(painter);
+    painter.restore();
+}
 
 QIcon logo() {
     return QIcon(new LogoEngine);

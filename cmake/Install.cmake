@@ -1,0 +1,57 @@
+# Where everything goes. The template of new catalogues and the link files are looked for beside the running program,
+# so the programs lie with them in a folder of their own and bin/ holds links to them.
+set(program_folder ${CMAKE_INSTALL_LIBDIR}/zarquelin)
+set(generated ${CMAKE_BINARY_DIR}/generated)
+file(MAKE_DIRECTORY ${generated}/bin ${generated}/icons ${generated}/man)
+
+install(TARGETS zarquelin zarquelin-cli RUNTIME DESTINATION ${program_folder})
+install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/original.ejm DESTINATION ${program_folder})
+install(DIRECTORY assets/links/ DESTINATION ${program_folder} FILES_MATCHING PATTERN "*.url")
+
+file(RELATIVE_PATH from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/zarquelin)
+foreach(program zarquelin zarquelin-cli)
+    file(CREATE_LINK ${from_bin}/${program} ${generated}/bin/${program} SYMBOLIC)
+    install(FILES ${generated}/bin/${program} DESTINATION ${CMAKE_INSTALL_BINDIR})
+endforeach()
+
+# The desktop: menu entry, type of .zrq files, description for software centres, icons.
+set(desktop ${CMAKE_SOURCE_DIR}/assets/desktop)
+install(FILES ${desktop}/zarquelin.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${desktop}/zarquelin-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME zarquelin.xml)
+install(FILES ${desktop}/zarquelin.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+    RENAME example.zarquelin.zarquelin.metainfo.xml)
+
+set(icon_theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES assets/zarquelin.svg DESTINATION ${icon_theme}/scalable/apps)
+set(icon_sizes 16 22 24 32 48 64 128 256)
+foreach(size ${icon_sizes})
+    list(APPEND icon_files ${generated}/icons/${size}.png)
+    install(FILES ${generated}/icons/${size}.png DESTINATION ${icon_theme}/${size}x${size}/apps RENAME zarquelin.png)
+endforeach()
+add_custom_command(
+    OUTPUT ${icon_files}
+    COMMAND make_icons ${generated}/icons ${icon_sizes}
+    DEPENDS make_icons
+    COMMENT "Drawing the icons"
+    VERBATIM)
+
+# The shell: manual pages and completion.
+find_program(GZIP gzip REQUIRED)
+foreach(page zarquelin zarquelin-cli)
+    configure_file(docs/man/${page}.1.in ${generated}/man/${page}.1 @ONLY)
+    add_custom_command(
+        OUTPUT ${generated}/man/${page}.1.gz
+        COMMAND ${GZIP} -9nkf ${generated}/man/${page}.1
+        DEPENDS ${generated}/man/${page}.1
+        VERBATIM)
+    list(APPEND man_pages ${generated}/man/${page}.1.gz)
+endforeach()
+install(FILES ${man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES assets/shell/zarquelin-cli.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME zarquelin-cli)
+
+# The documents for users.
+install(FILES docs/manual.md docs/manual.es.md docs/file-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.png")
+
+add_custom_target(desktop_files ALL DEPENDS ${icon_files} ${man_pages})
