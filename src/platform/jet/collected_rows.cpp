@@ -42,13 +42,13 @@ void CollectedRows::add(const Prepared& row, const std::vector<Column>& fields, 
     m_rows.push_back(added);
 }
 
-void CollectedRows::absorb(CollectedRows&& other) {
+void CollectedRows::dropBehind(std::size_t count) { m_rows.resize(count); }
+
+void CollectedRows::merge(CollectedRows&& other) {
     m_store.absorb(std::move(other.m_store));
-    if (m_rows.empty()) {
-        m_rows = std::move(other.m_rows);
-    } else {
-        m_rows.insert(m_rows.end(), other.m_rows.begin(), other.m_rows.end());
-    }
+    const auto middle = static_cast<std::ptrdiff_t>(m_rows.size());
+    m_rows.insert(m_rows.end(), other.m_rows.begin(), other.m_rows.end());
+    std::inplace_merge(m_rows.begin(), m_rows.begin() + middle, m_rows.end(), sortsBefore);
     other.m_rows.clear();
 }
 

@@ -23,8 +23,9 @@ class CollectedRows {
     // Adds the current row of `row`, whose columns are: rowid, then `fields`.
     void add(const Prepared& row, const std::vector<Column>& fields, std::string_view key);
 
-    void absorb(CollectedRows&& other);
-    void sort();  // by key, then by rowid
+    void dropBehind(std::size_t count);    // all rows but the first `count`
+    void sort();                           // by key, then by rowid
+    void merge(CollectedRows&& other);     // both sorted
 
     [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
 

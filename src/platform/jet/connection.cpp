@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "platform/jet/file_header.h"
+#include "platform/jet/format.h"
 #include "platform/jet/sql_functions.h"
 #include "platform/jet/sqlite_error.h"
 
@@ -23,9 +24,10 @@ void distrustSchema(sqlite3* database) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
 }
 
+// Deleted rows are wiped, so that what a repair finds on pages that nothing leads to is no row deleted long ago.
 const char* settingsFor(Use use) {
     switch (use) {
-        case Use::Catalogue: return "pragma synchronous = full";
+        case Use::Catalogue: return "pragma synchronous = full; pragma secure_delete = on";
         case Use::ReadOnly: return "pragma query_only = on";
         case Use::Scratch:
             return "pragma locking_mode = exclusive; pragma journal_mode = memory; pragma synchronous = off;"
@@ -57,9 +59,12 @@ Result<> checkSchema(sqlite3* database) {
     return std::unexpected(Error{error::corrupt, "The table of the catalogue lacks a column"});
 }
 
-// Another tool may have left the file in a mode that needs a second file beside it.
-void leaveWriteAheadLog(sqlite3* database) {
-    if (sqlite3_db_readonly(database, "main") == 0) (void)run(database, "pragma journal_mode = delete");
+// Another tool may have left the file in a mode that needs a second file beside it, or without its index. Costs nothing
+// when it did not.
+void undoForeignChanges(sqlite3* database) {
+    if (sqlite3_db_readonly(database, "main") != 0) return;
+    (void)run(database, "pragma journal_mode = delete");
+    (void)run(database, createIndex);
 }
 
 }  // namespace
@@ -98,7 +103,7 @@ Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Us
     if (!handle) return std::unexpected(handle.error());
     if (auto set = jet::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
     if (auto sound = checkSchema(handle->get()); !sound) return std::unexpected(sound.error());
-    if (use == Use::Catalogue) leaveWriteAheadLog(handle->get());
+    if (use == Use::Catalogue) undoForeignChanges(handle->get());
     return std::shared_ptr<Connection>(new Connection(std::move(*handle), *file, use));
 }
 

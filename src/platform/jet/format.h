@@ -47,7 +47,7 @@ inline constexpr int pageSize = 8192;
 inline constexpr const char* createTable =
     "create table datos (numero integer, ruta text, carpeta text, archivo text, nivel text, fecha real, "
     "largo integer, tipo text, disco text, comentario text)";
-inline constexpr const char* createIndex = "create index datos_unidad on datos (disco, nivel, tipo)";
+inline constexpr const char* createIndex = "create index if not exists datos_unidad on datos (disco, nivel, tipo)";
 inline constexpr const char* dropIndex = "drop index datos_unidad";
 
 }  // namespace jet

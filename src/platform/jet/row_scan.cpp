@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/jet/ordering.h"
+#include "platform/jet/parallel_scan.h"
 
 namespace jet {
 
@@ -52,17 +53,14 @@ Result<long long> oneNumber(const Scan& scan, const SqlWriter& writer) {
     return rows->integer(0);
 }
 
-Result<> collectFrom(const Scan& scan, Prepared& rows, CollectedRows& collected) {
-    const int firstOrdered = 1 + static_cast<int>(scan.statement.fields.size());
-    std::string key;
-    auto last = rows.step();
-    for (; last == Prepared::Step::Row; last = rows.step()) {
-        key.clear();
-        appendOrderKey(key, scan.statement.orderBy, rows, firstOrdered);
-        collected.add(rows, scan.statement.fields, key);
-    }
-    if (last == Prepared::Step::Failed) return std::unexpected(scan.connection.lastError());
-    return {};
+// Between which rowids the rows of this access lie; nothing where only SQLite knows.
+std::optional<Access> rangeOf(const Scan& scan, const Access& access) {
+    if (access.kind == Access::Range) return access;
+    if (!triesPattern(scan.statement) || asksForOneLevel(*scan.statement.where)) return std::nullopt;
+    if (scan.census.extent(&*scan.statement.where, scan.literals)) return std::nullopt;
+    auto ends = scan.connection.prepare("select (select min(rowid) from datos), (select max(rowid) from datos)");
+    if (!ends || ends->step() != Prepared::Step::Row || ends->isNull(0)) return std::nullopt;
+    return Access{Access::Range, ends->integer(0), ends->integer(1)};
 }
 
 }  // namespace
@@ -107,10 +105,24 @@ Result<Prepared> scanRows(const Scan& scan) {
     return prepareAndBind(scan, writer);
 }
 
+bool collectFrom(const Statement& statement, Prepared& rows, CollectedRows& collected) {
+    const int firstOrdered = 1 + static_cast<int>(statement.fields.size());
+    std::string key;
+    auto last = rows.step();
+    for (; last == Prepared::Step::Row; last = rows.step()) {
+        key.clear();
+        appendOrderKey(key, statement.orderBy, rows, firstOrdered);
+        collected.add(rows, statement.fields, key);
+    }
+    return last == Prepared::Step::Done;
+}
+
 Result<CollectedRows> collectRows(const Scan& scan) {
     CollectedRows collected;
-    const Access access = accessFor(scan);
+    Access access = accessFor(scan);
     if (access.kind == Access::Nowhere) return collected;
+    const auto range = rangeOf(scan, access);
+    if (range) access = *range;
     SqlWriter writer(scan.literals, scan.census);
     writer.write("select rowid, ");
     writer.writeFields(scan.statement.fields);
@@ -119,9 +131,13 @@ Result<CollectedRows> collectRows(const Scan& scan) {
         writer.write(info(ordering.column).name);
     }
     writeSource(writer, scan.statement, access);
+    if (range && triesPattern(scan.statement)) {
+        auto shared = collectInParallel(scan, {writer.sql(), writer.values()}, range->firstRow, range->lastRow);
+        if (shared) return std::move(*shared);
+    }
     auto rows = prepareAndBind(scan, writer);
     if (!rows) return std::unexpected(rows.error());
-    if (auto done = collectFrom(scan, *rows, collected); !done) return std::unexpected(done.error());
+    if (!collectFrom(scan.statement, *rows, collected)) return std::unexpected(scan.connection.lastError());
     collected.sort();
     return collected;
 }

@@ -26,6 +26,12 @@ bool run(const Scan& scan, const SqlWriter& writer) {
     return prepared->step() == Prepared::Step::Done;
 }
 
+std::optional<long long> countAll(Connection& connection) {
+    auto counted = connection.prepare("select count(*) from datos");
+    if (!counted || counted->step() != Prepared::Step::Row) return std::nullopt;
+    return counted->integer(0);
+}
+
 // "create table kept ..." with the columns of the table.
 std::string createKept() {
     std::string sql = createTable;
@@ -53,7 +59,7 @@ std::optional<long long> deleteAllButOneUnit(const Scan& scan) {
     Statement statement = scan.statement;
     statement.where->kind = Condition::Equal;
     const Scan kept{scan.connection, scan.census, statement, scan.literals};
-    const auto all = scan.census.count(nullptr, scan.literals);
+    const auto all = countAll(scan.connection);
     const auto keptRows = scan.census.count(&*statement.where, scan.literals);
     if (!all || !keptRows) return std::nullopt;
     const long long deleted = *all - *keptRows;
