@@ -13,8 +13,8 @@
 #include "scan/walk_display.h"
 #include "shell/frame/captions.h"
 #include "shell/frame/catalogue.h"
-#include "shell/frame/menus.h"
 #include "shell/frame/pointer.h"
+#include "shell/frame/running.h"
 #include "shell/frame/status_band.h"
 #include "shell/frame/toolbar.h"
 
@@ -36,32 +36,21 @@ std::optional<jet::Database> openIfPossible(const std::string& path) {
 }  // namespace
 
 void ImportJob::run() {
-    std::optional<shell::Hourglass> hourglass(std::in_place);
-    setRunning(true);
-    if (m_fields.directoryPane.isHidden())
-        generarunidad();
-    else
-        catalogueDirectory();
-    m_parar = true;
-    hourglass.reset();
-    setRunning(false);
+    {
+        const shell::Hourglass hourglass;
+        const shell::Running running(m_frame);
+        m_parar = false;
+        if (m_fields.directoryPane.isHidden())
+            generarunidad();
+        else
+            catalogueDirectory();
+        m_parar = true;
+    }
     m_host.actualizar();
-}
-
-void ImportJob::setRunning(bool running) {
-    m_parar = !running;
-    m_frame.toolbar.setEnabled(Toolbar::Stop, running);
-    m_frame.menus.setEnabled("Parar1", running);
-    if (running) return;  // they go off only for a walk, but come on after every job
-    m_frame.menus.setEnabled("compactar", true);
-    m_frame.menus.setEnabled("reparar", true);
 }
 
 void ImportJob::catalogueDirectory() {
     auto database = openIfPossible(m_frame.catalogue.path());
-    m_frame.menus.setEnabled("compactar", false);
-    m_frame.menus.setEnabled("reparar", false);
-
     const QString name = m_fields.Text3.text();
     const ScanRequest request{name.toStdString(),
                               m_fields.Text4.text().isEmpty() ? std::string() : m_fields.directory};

@@ -32,7 +32,6 @@ class ImportJob {
     [[nodiscard]] bool isRefused(const Refusal* refusal);
     void finish(const Counts& counts);
     void close(std::optional<jet::Database>& database);
-    void setRunning(bool running);
 
     shell::Frame& m_frame;
     ImportHost& m_host;

@@ -16,6 +16,7 @@
 #include "platform/controls/link_label.h"
 #include "scan/catalogue_fixture.h"
 #include "shell/frame/catalogue.h"
+#include "shell/frame/enabling.h"
 #include "shell/frame/menus.h"
 #include "shell/frame/status_band.h"
 #include "shell/frame/toolbar.h"
@@ -92,7 +93,12 @@ class Importing : public testing::TestWithParam<Language> {
     shell::MenuBar menus{GetParam(), &window};
     shell::Toolbar toolbar{GetParam(), &window};
     shell::StatusBand status{&window};
-    shell::Frame frame{GetParam(), current, messages, dialogs, menus, toolbar, status};
+    shell::Frame frame{GetParam(), current, messages, dialogs, menus, toolbar, status, [this](bool running) {
+                           shell::WindowState state;
+                           state.catalogueOpen = true;
+                           state.running = running;
+                           shell::apply(shell::enabledIn(state), menus, toolbar);
+                       }};
     Host host;
     scan::ImportPanel panel{frame, host, &window};
     const bool spanish = GetParam() == Language::Spanish;
