@@ -1,0 +1,88 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "platform/jet/database.h"
+#include "platform/jet/maintenance.h"
+
+// A fresh folder with an empty catalogue in it.
+class CatalogueTest : public testing::Test {
+  protected:
+    CatalogueTest() {
+        std::string name = (std::filesystem::temp_directory_path() / "jet-XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+        path = folder / "a.zrq";
+        if (!jet::CreateDatabase(path)) std::abort();
+    }
+    ~CatalogueTest() override { std::filesystem::remove_all(folder); }
+
+    jet::Database open(jet::Use use = jet::Use::Catalogue) {
+        auto opened = jet::OpenDatabase(path, use);
+        if (!opened) throw std::runtime_error(opened.error().text);
+        return std::move(*opened);
+    }
+
+    static void run(jet::Database& database, const std::string& sql) {
+        const auto done = database.Execute(sql);
+        EXPECT_TRUE(done) << sql << ": " << done.error().text;
+    }
+
+    static void addFolder(jet::Database& database, const std::string& ruta, const std::string& carpeta, int nivel,
+                          const std::string& disco = "U :") {
+        run(database, "insert into datos (numero,ruta,carpeta,nivel,fecha,tipo,disco) values (1,'" + ruta + "','" +
+                          carpeta + "','" + std::to_string(nivel) + "','38000','Carpeta de archivos','" + disco + "')");
+    }
+    static void addFile(jet::Database& database, const std::string& ruta, const std::string& archivo, int nivel = 1,
+                        int largo = 7, const std::string& disco = "U :", int numero = 1) {
+        run(database, "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco) values (" +
+                          std::to_string(numero) + ",'" + ruta + "','c','" + archivo + "','" + std::to_string(nivel) +
+                          "','38000.25','" + std::to_string(largo) + "','Archivo','" + disco + "')");
+    }
+
+    // One column of all rows, joined by blanks; the error's number when the statement is refused.
+    static std::string column(jet::Database& database, const std::string& name, const std::string& sql) {
+        auto rows = database.OpenRecordset(sql);
+        if (!rows) return "error " + std::to_string(rows.error().number);
+        std::string joined;
+        for (; !rows->Eof(); rows->MoveNext()) {
+            if (!joined.empty()) joined += ' ';
+            const jet::Value value = rows->Field(name);
+            joined += value.isNull()           ? "null"
+                      : value.text().empty() ? std::to_string(value.integer())
+                                               : std::string(value.text());
+        }
+        return joined;
+    }
+
+    static long long count(jet::Database& database, const std::string& sql) {
+        auto rows = database.OpenRecordset(sql);
+        return rows ? rows->RecordCount() : -1;
+    }
+
+    static int errorOf(jet::Database& database, const std::string& sql) {
+        if (sql.starts_with("select")) {
+            const auto rows = database.OpenRecordset(sql);
+            return rows ? 0 : rows.error().number;
+        }
+        const auto done = database.Execute(sql);
+        return done ? 0 : done.error().number;
+    }
+
+    static std::string bytesOf(const std::filesystem::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    static void write(const std::filesystem::path& file, const std::string& bytes) {
+        std::ofstream(file, std::ios::binary | std::ios::trunc) << bytes;
+    }
+
+    std::filesystem::path folder;
+    std::filesystem::path path;
+};

@@ -1,0 +1,133 @@
+#include "catalogue_fixture.h"
+#include "platform/jet/literals.h"
+
+namespace {
+
+using DialectTest = CatalogueTest;
+
+TEST(Literals, AreLiftedOutOfTheShape) {
+    jet::LiftedStatement lifted;
+    ASSERT_TRUE(jet::liftLiterals("select * from datos where nivel2='it''s' or x>-1.5e2 and \"q\"", lifted));
+    EXPECT_EQ(lifted.shape, "select * from datos where nivel2=\1 or x>-\2 and \1");
+    ASSERT_EQ(lifted.literals.size(), 3u);
+    EXPECT_EQ(lifted.literals[0].text, "it's");
+    EXPECT_EQ(lifted.literals[1].text, "1.5e2");
+    EXPECT_EQ(lifted.literals[2].text, "q");
+    EXPECT_FALSE(jet::liftLiterals("select 'open", lifted));
+    EXPECT_FALSE(jet::liftLiterals("select ''''", lifted) && lifted.literals[0].text != "'");
+    EXPECT_EQ(jet::numberOf(" 38123,5 "), 38123.5);
+    EXPECT_FALSE(jet::numberOf("1,2,3"));
+    EXPECT_FALSE(jet::numberOf("x"));
+}
+
+TEST_F(DialectTest, ConvertsQuotedTextToTheColumnsType) {
+    auto db = open();
+    run(db, "insert into datos (numero,fecha,largo,nivel,disco) values ('12','38000,75','1536','03','U :')");
+    run(db, "insert into datos (numero,fecha,largo,disco) values (-3,'soon','much','U :')");
+    EXPECT_EQ(column(db, "numero", "select numero from datos order by numero"), "-3 12");
+    auto rows = db.OpenRecordset("select * from datos where fecha between(38000.7)and (38000.8)");
+    ASSERT_TRUE(rows);
+    EXPECT_EQ(rows->Field("fecha").number(), 38000.75);
+    EXPECT_EQ(rows->Field("LARGO").integer(), 1536);
+    EXPECT_EQ(rows->Field("nivel").text(), "03");
+    EXPECT_TRUE(rows->Field("comentario").isNull());
+    EXPECT_TRUE(rows->Field("no such").isNull());
+    EXPECT_EQ(count(db, "select * from datos where fecha is null and largo is null"), 1);
+    EXPECT_EQ(count(db, "select * from datos where largo > (1535) and disco=('U :')"), 1);
+}
+
+TEST_F(DialectTest, ComparesTextWithoutCaseAndNeverNull) {
+    auto db = open();
+    addFolder(db, "C:\\Ñu", "Ñu", 1);
+    addFile(db, "C:\\Ñu", "Á.txt", 2, 7, "u :");
+    addFile(db, "C:\\Ñu", "b.txt", 10, 7, "Otra :");
+    EXPECT_EQ(count(db, "select * from datos where disco=('U :')"), 2);
+    EXPECT_EQ(count(db, "select * from datos where disco<>('u :') "), 1);
+    EXPECT_EQ(count(db, "select * from datos where disco like('U :') and tipo =('archivo')"), 1);
+    EXPECT_EQ(count(db, "select * from datos where disco in ('otra :', 'none')"), 1);
+    EXPECT_EQ(count(db, "select * from datos where tipo <>('ARCHIVO')"), 1);
+    EXPECT_EQ(count(db, "select * from datos where archivo =('á.TXT')"), 1);
+    EXPECT_EQ(count(db, "select * from datos where archivo =('a.txt')"), 0);
+    EXPECT_EQ(count(db, "select * from datos where archivo <> ('x') or archivo like ('*')"), 2);
+    EXPECT_EQ(count(db, "select * from datos where not archivo like '*.txt'"), 0);
+    EXPECT_EQ(count(db, "select * from datos where nivel >('1')"), 2);  // as texts
+    EXPECT_EQ(count(db, "select * from datos where nivel >('10')"), 1);
+    EXPECT_EQ(column(db, "disco", "select disco from datos group by disco order by disco"), "Otra : U : u :");
+    EXPECT_EQ(count(db, "select disco from datos group by disco"), 3);
+    EXPECT_EQ(column(db, "archivo", "select * from datos where (((disco)='otra :') and (nivel='10'))"), "b.txt");
+}
+
+TEST_F(DialectTest, OrAndNotBindAsTheyShould) {
+    auto db = open();
+    for (int i = 1; i <= 4; ++i) addFile(db, "r" + std::to_string(i), "f" + std::to_string(i), i, i, "U :", i);
+    EXPECT_EQ(column(db, "numero", "select * from datos where nivel='1' or nivel='2' and largo=9 order by numero"), "1");
+    EXPECT_EQ(column(db, "numero", "select * from datos where (nivel='1' or nivel='2') and largo=2"), "2");
+    EXPECT_EQ(column(db, "numero", "select * from datos where not (largo=1 or largo=2) order by numero desc"), "4 3");
+    EXPECT_EQ(column(db, "numero", "select * from datos where largo between(2)and (3)order by numero"), "2 3");
+    EXPECT_EQ(column(db, "numero",
+                     "select * from datos where disco=('U :') and ruta =('R2') and archivo =('F2')or disco=('U :') and "
+                     "ruta =('r3') and carpeta =('C') order by numero"),
+              "2 3");
+}
+
+TEST_F(DialectTest, OrdersTextForSpanishEyesAndTiesAsInserted) {
+    auto db = open();
+    for (const char* name : {"nz", "Ñu", "o", "ábaco", "abeto", "2", "10", "_", "NA", "na"}) addFolder(db, "r", name, 1);
+    EXPECT_EQ(column(db, "carpeta", "select * from datos where disco=('U :') order by carpeta "),
+              "_ 10 2 ábaco abeto NA na nz Ñu o");
+    EXPECT_EQ(column(db, "carpeta", "select carpeta from datos where carpeta like '*a*' order by carpeta desc"),
+              "NA na abeto ábaco");
+    EXPECT_EQ(column(db, "carpeta", "select carpeta from datos where nivel='1' order by numero, carpeta"),
+              "_ 10 2 ábaco abeto NA na nz Ñu o");
+}
+
+TEST_F(DialectTest, ChangesRows) {
+    auto db = open();
+    addFile(db, "r", "a.txt");
+    addFile(db, "r", "b.txt");
+    EXPECT_EQ(db.Execute("update datos set comentario='it''s; drop table datos --' where archivo =('A.TXT')"), 1);
+    EXPECT_EQ(column(db, "comentario", "select comentario from datos where comentario like '*DROP*'"),
+              "it's; drop table datos --");
+    EXPECT_EQ(db.Execute("update datos set disco='V :' where disco=('u :')"), 2);
+    EXPECT_EQ(count(db, "select * from datos where disco=('V :')"), 2);
+    EXPECT_EQ(db.Execute("delete * from datos where disco like ('v :') and archivo='a.txt'"), 1);
+    EXPECT_EQ(db.Execute("delete * from datos "), 1);
+    EXPECT_EQ(count(db, "select * from datos order by numero"), 0);
+}
+
+TEST_F(DialectTest, RefusesWhatTheEngineWouldRefuse) {
+    auto db = open();
+    addFile(db, "r", "a.txt");
+    const std::string select = "select * from datos where ";
+    const std::pair<std::string, int> refused[] = {
+        {select + "largo between(1)and (2)and archivo  like ('*a*.htm') or where largo between(1)and (2)", 3075},
+        {select + "largo between(1)and (2) fecha between(1)and (2)", 3075},
+        {select + "fecha between(38123,5)and (38124)", 3075},
+        {select + "archivo = 'it's'", 3075},
+        {"update datos set comentario='a'b' where disco='U :'", 3075},
+        {"update datos set comentario='a where disco='U :'", 3075},
+        {select + "nivel='1'; delete * from datos", 3075},
+        {select + "nivel='1' nivel", 3075},
+        {select + "fecha = #1/1/2003#", 3075},
+        {select + "(nivel='1'", 3075},
+        {select, 3075},
+        {"select from datos", 3075},
+        {"select archivo from datos group by disco", 3075},
+        {"select * into copia from datos", 3075},
+        {"pragma journal_mode = wal", 3075},
+        {"attach 'x' as y", 3075},
+        {"drop table datos", 3075},
+        {"vacuum", 3075},
+        {"", 3075},
+        {select + "tamano = 1", 3061},
+        {select + "rowid = 1", 3061},
+        {"select * from sqlite_schema", 3078},
+        {"delete * from otra", 3078},
+        {select + std::string(500, '(') + "nivel='1'" + std::string(500, ')'), 3075},
+    };
+    for (const auto& [sql, number] : refused) EXPECT_EQ(errorOf(db, sql), number) << sql;
+    EXPECT_EQ(errorOf(db, select + "nivel='1' ; "), 0);
+    EXPECT_EQ(count(db, "select * from datos"), 1);
+}
+
+}  // namespace

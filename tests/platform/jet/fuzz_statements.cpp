@@ -1,0 +1,40 @@
+#include <cstdio>
+#include <filesystem>
+
+#include "fuzz_rounds.h"
+#include "platform/jet/database.h"
+#include "platform/jet/maintenance.h"
+
+// Statements put together at random: each is refused with a number or runs, and none but a delete loses a row.
+int main(int argc, char** argv) {
+    static constexpr const char* pieces[] = {
+        "select ", "* ",      "from ",  "datos ", "where ", "disco",   "ruta ",  "archivo ", "nivel",  "largo ", "fecha ",
+        "=",       "<>",      " like ", "(",      ")",      "('*a*')", "'a'",    "\"b\"",    "'",      "1",      "-2.5",
+        " and ",   " or ",    " not ",  " in ",   "('x','y')", " between ", "(1)and (2)", " is null ", "order by ", "group by ",
+        "carpeta", ",",       ";",      "insert into datos ", "(disco,largo) ", "values ", "('z','3') ", "update datos set ",
+        "comentario=", "numero", " desc", "\xff", "\\", "#", "--", "pragma ", "attach ", "null"};
+    static constexpr const char* starts[] = {"", "select * from datos where ", "select disco from datos where disco=",
+                                             "update datos set comentario='x' where ", "insert into datos (disco,largo) values ("};
+    std::string name = (std::filesystem::temp_directory_path() / "jet-fuzz-XXXXXX").string();
+    const std::filesystem::path folder = ::mkdtemp(name.data());
+    const std::string path = folder / "a.zrq";
+    int accepted = 0;
+    bool lost = !jet::CreateDatabase(path);
+    if (auto db = jet::OpenDatabase(path)) {
+        long long rows = 0;
+        std::mt19937 random(2);
+        for (int i = rounds(argc, argv, 20'000); i > 0 && !lost; --i) {
+            const std::string sql = starts[random() % std::size(starts)] + randomText(random, pieces, 12);
+            const auto changed = db->Execute(sql);
+            if (changed && sql.starts_with("insert")) ++rows;
+            auto found = db->OpenRecordset(sql);
+            if (found) (void)found->RecordCount();
+            if (found && !found->Eof()) found->MoveNext();
+            accepted += changed || found;
+            if (i % 100 == 0) lost = db->OpenRecordset("select * from datos order by numero")->RecordCount() != rows;
+        }
+    }
+    std::filesystem::remove_all(folder);
+    std::printf("%d accepted%s\n", accepted, lost ? ", rows lost" : "");
+    return lost || accepted == 0 ? 1 : 0;
+}

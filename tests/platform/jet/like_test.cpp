@@ -1,0 +1,51 @@
+#include "platform/jet/like_pattern.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+bool like(std::string_view text, std::string_view pattern) { return jet::LikePattern(pattern).matches(text); }
+
+TEST(Like, TakesTheWholeValueInEitherCase) {
+    EXPECT_TRUE(like("Foto Playa.JPG", "*playa*.jpg"));
+    EXPECT_FALSE(like("Foto Playa.JPG.bak", "*playa*.jpg"));
+    EXPECT_TRUE(like("x.MP3", "?.mp#"));
+    EXPECT_FALSE(like("x.mpa", "?.mp#"));
+    EXPECT_TRUE(like("", "*"));
+    EXPECT_TRUE(like("", ""));
+    EXPECT_FALSE(like("a", ""));
+    EXPECT_FALSE(like("ab.jpg", "ab*b.jpg"));  // start and end may not share a character
+}
+
+TEST(Like, FoldsCaseOverAllOfUnicodeAndKeepsAccents) {
+    EXPECT_TRUE(like("AÑO NUEVO", "año*"));
+    EXPECT_FALSE(like("ANO NUEVO", "año*"));
+    EXPECT_TRUE(like("Ελλάδα", "*ΛΛ*"));
+    EXPECT_TRUE(like("\u212A", "k"));  // the Kelvin sign is a k
+    EXPECT_TRUE(like("xÉx", "x?x"));
+    EXPECT_TRUE(like("😀a", "?A"));
+    EXPECT_TRUE(like("Ñ", "[m-ñ]"));
+}
+
+TEST(Like, ReadsSetsAndLonelyBrackets) {
+    EXPECT_TRUE(like("b", "[a-c]"));
+    EXPECT_TRUE(like("B", "[!x-z]"));
+    EXPECT_FALSE(like("X", "[!x-z]"));
+    EXPECT_TRUE(like("-", "[a-]"));
+    EXPECT_TRUE(like("*", "[*]"));
+    EXPECT_FALSE(like("a", "[*]"));
+    EXPECT_TRUE(like("!", "[!]"));
+    EXPECT_TRUE(like("ab", "a[]b"));
+    EXPECT_TRUE(like("[x", "[x"));
+    EXPECT_TRUE(like("a]", "a]"));
+}
+
+TEST(Like, TakesAnyBytes) {
+    EXPECT_TRUE(like("a\xff\xfe", "a??"));
+    EXPECT_TRUE(like("\xc3", "\xc3"));
+    EXPECT_FALSE(like("\xc3", "\xc4"));
+    EXPECT_TRUE(like(std::string(5000, 'a') + "Z", "*z"));
+    EXPECT_FALSE(like(std::string(5000, 'a'), "*a*a*a*a*a*a*a*a?b*"));  // and in no time
+}
+
+}  // namespace

@@ -1,0 +1,121 @@
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "catalogue_fixture.h"
+
+namespace {
+
+using OpenTest = CatalogueTest;
+
+int openError(const std::string& path, jet::Use use = jet::Use::Catalogue) {
+    const auto opened = jet::OpenDatabase(path, use);
+    return opened ? 0 : opened.error().number;
+}
+
+void runForeign(const std::string& path, const char* sql) {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
+    sqlite3_close(database);
+}
+
+TEST_F(OpenTest, RefusesWhatIsNoCatalogueAndLeavesItAlone) {
+    const std::string other = folder / "other.zrq";
+    runForeign(other, "create table datos (x)");
+    write(folder / "empty.zrq", "");
+    write(folder / "text.zrq", std::string(5000, 'x'));
+    ASSERT_EQ(::mkfifo((folder / "fifo.zrq").c_str(), 0600), 0);
+    const std::string before = bytesOf(other);
+    EXPECT_EQ(openError(other), jet::error::unrecognizedFormat);
+    EXPECT_EQ(openError(folder / "empty.zrq"), jet::error::unrecognizedFormat);
+    EXPECT_EQ(openError(folder / "text.zrq"), jet::error::unrecognizedFormat);
+    EXPECT_EQ(openError(folder / "fifo.zrq"), jet::error::cannotOpenFile);
+    EXPECT_EQ(openError(folder), jet::error::cannotOpenFile);
+    EXPECT_EQ(openError(folder / "none.zrq"), jet::error::fileNotFound);
+    EXPECT_EQ(openError(""), jet::error::fileNotFound);
+    EXPECT_EQ(openError(":memory:"), jet::error::fileNotFound);
+    EXPECT_EQ(openError("file:" + path.string()), jet::error::fileNotFound);
+    EXPECT_EQ(bytesOf(other), before);
+    EXPECT_FALSE(std::filesystem::exists(folder / "none.zrq"));
+}
+
+TEST_F(OpenTest, RefusesCataloguesItCannotTrust) {
+    const std::string later = folder / "later.zrq";
+    std::filesystem::copy_file(path, later);
+    runForeign(later, "pragma user_version = 99");
+    EXPECT_EQ(openError(later), jet::error::unrecognizedFormat);
+    runForeign(path, "alter table datos drop column largo");
+    EXPECT_EQ(openError(path), jet::error::corrupt);
+    runForeign(path, "drop table datos; create view datos as select 1 numero");
+    EXPECT_EQ(openError(path), jet::error::corrupt);
+}
+
+TEST_F(OpenTest, DisarmsTriggersAndForeignModes) {
+    runForeign(path, "create trigger t after insert on datos begin delete from datos; end;"
+                     "drop index datos_unidad; pragma journal_mode = wal");
+    {
+        auto db = open();
+        addFile(db, "r", "a");
+        EXPECT_EQ(count(db, "select * from datos"), 1);
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) EXPECT_EQ(entry.path(), path);
+    runForeign(path, "drop index datos_unidad");  // it was there again
+}
+
+TEST_F(OpenTest, MarksItsFilesAndCreatesOnlyNewOnes) {
+    const std::string bytes = bytesOf(path);
+    EXPECT_EQ(bytes.substr(0, 15), "SQLite format 3");
+    EXPECT_EQ(bytes.substr(68, 4), "ZRQL");
+    const auto again = jet::CreateDatabase(path);
+    ASSERT_FALSE(again);
+    EXPECT_EQ(again.error().number, jet::error::fileExists);
+    EXPECT_EQ(bytesOf(path), bytes);
+    EXPECT_FALSE(jet::CreateDatabase(folder / "no" / "b.zrq"));
+}
+
+TEST_F(OpenTest, ReadOnlyNeverWrites) {
+    {
+        auto db = open();
+        addFile(db, "r", "a");
+    }
+    const std::string before = bytesOf(path);
+    auto db = open(jet::Use::ReadOnly);
+    EXPECT_EQ(errorOf(db, "delete * from datos"), jet::error::readOnly);
+    EXPECT_FALSE(db.BeginTrans() && db.Execute("update datos set comentario='x'"));
+    EXPECT_EQ(count(db, "select * from datos where archivo like 'A'"), 1);
+    EXPECT_EQ(bytesOf(path), before);
+}
+
+TEST_F(OpenTest, TellsThatAnotherHandleHoldsTheFile) {
+    auto db = open();
+    addFile(db, "r", "a");
+    sqlite3* holder = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &holder), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(holder, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(errorOf(db, "select * from datos order by archivo"), jet::error::locked);
+    EXPECT_EQ(errorOf(db, "delete * from datos"), jet::error::locked);
+    sqlite3_close(holder);
+    EXPECT_EQ(count(db, "select * from datos"), 1);
+}
+
+// A second handle must not cost the first one its locks: closing any descriptor of a file would drop them.
+TEST_F(OpenTest, ASecondHandleLeavesTheFirstOnesTransactionAlone) {
+    auto db = open();
+    ASSERT_TRUE(db.BeginTrans());
+    addFile(db, "r", "a");
+    { auto second = open(jet::Use::ReadOnly); }
+    const pid_t child = ::fork();
+    if (child == 0) {
+        sqlite3* other = nullptr;
+        sqlite3_open(path.c_str(), &other);
+        ::_exit(sqlite3_exec(other, "begin immediate", nullptr, nullptr, nullptr) == SQLITE_BUSY ? 0 : 1);
+    }
+    int status = 1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(db.CommitTrans());
+}
+
+}  // namespace
