@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
     std::mt19937 random(3);
     bool unsound = false;
     int repaired = 0;
-    for (int i = rounds(argc, argv, 60); i > 0 && !unsound; --i) {
+    for (int i = rounds(argc, argv, 30); i > 0 && !unsound; --i) {
         std::string hurt = whole;
         for (unsigned flips = 1 + random() % 20; flips > 0; --flips) {
             const std::size_t at = random() % 4 ? random() % hurt.size() : random() % 8192;
@@ -54,7 +54,8 @@ int main(int argc, char** argv) {
         if (!jet::RepairDatabase(path)) continue;
         ++repaired;
         useAll(path);
-        unsound = !jet::OpenDatabase(path) || !jet::RepairDatabase(path);
+        unsound = !jet::OpenDatabase(path).has_value();
+        unsound = unsound || !jet::RepairDatabase(path).has_value();
     }
     std::filesystem::remove_all(folder);
     std::printf("%d repaired%s\n", repaired, unsound ? ", one of them unsound" : "");

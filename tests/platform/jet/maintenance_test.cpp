@@ -109,7 +109,7 @@ TEST_F(MaintenanceTest, RepairsAFileCutAnywhere) {
     const std::string cutFile = folder / "cut.zrq";
     std::mt19937 random(3);
     long long last = 0;
-    for (std::size_t size = 8192 * 3; size < whole.size(); size += 9000 + random() % 9000) {
+    for (std::size_t size = 8192 * 6; size < whole.size(); size += 9000 + random() % 9000) {
         write(cutFile, whole.substr(0, size));
         const auto repaired = jet::RepairDatabase(cutFile);
         ASSERT_TRUE(repaired) << size << repaired.error().text;

@@ -114,7 +114,7 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
     EXPECT_EQ(count(db, unit + "order by numero"), count(db, unit));
     EXPECT_EQ(count(db, unit) + count(db, "select * from datos where disco<>('U :') and archivo like ('*99')"),
               count(db, "select * from datos where archivo like ('*99')"));
-    EXPECT_EQ(count(db, "select * from datos where disco=('U :') and nivel >('11') and tipo=('archivo')"),
+    EXPECT_EQ(count(db, "select * from datos where disco=('U :') and nivel in ('12') and tipo=('archivo')"),
               count(db, "select * from datos where nivel='12' and largo >= (0) and disco like ('U*')"));
 }
 
