@@ -11,7 +11,11 @@ namespace {
 // "PREFIX numero,'a','b')": the number stands bare, everything behind it in quotes.
 std::string statement(std::string_view prefix, std::int64_t numero,
                       std::initializer_list<std::string_view> quoted) {
-    std::string sql(prefix);
+    std::size_t length = prefix.size() + 32;
+    for (std::string_view value : quoted) length += value.size() + 3;
+    std::string sql;
+    sql.reserve(length);
+    sql += prefix;
     sql += std::to_string(numero);
     std::string_view before = ",'";
     for (std::string_view value : quoted) {
@@ -32,8 +36,8 @@ std::string insertFolder(const CatalogRow& row) {
 std::string insertFile(const CatalogRow& row) {
     return statement("insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco) values (",
                      row.numero,
-                     {row.ruta, row.carpeta, row.archivo.value_or(""), row.nivel, decimalText(row.fecha),
-                      std::to_string(row.largo.value_or(0)), row.tipo, row.disco});
+                     {row.ruta, row.carpeta, row.archivo ? std::string_view(*row.archivo) : "", row.nivel,
+                      decimalText(row.fecha), std::to_string(row.largo.value_or(0)), row.tipo, row.disco});
 }
 
 std::string selectUnitNamed(std::string_view name) {

@@ -64,7 +64,7 @@ ImportPanel::ImportPanel(shell::Frame& frame, ImportHost& host, QWidget* parent)
       m_Text11(named(new QLineEdit, "Text11")),
       m_ImageCombo4(named(new controls::ImageCombo, "ImageCombo4")),
       m_Label19(makeLabelButton("Label19", controls::picture(3))),
-      m_Label20(makeLabelButton("Label20", controls::actionIcon("list-add"))),
+      m_Label20(makeLabelButton("Label20", controls::picture(16))),
       m_panes{makeDirectoryPane(), makeManualPane()},
       m_job(frame, host,
             {*this, *m_panes[directoryPane], *m_Text3, *m_Text4, *m_Text11, *m_ImageCombo4, m_directory}) {

@@ -9,11 +9,11 @@
 #include "browse/item_list.h"
 #include "platform/controls/image_combo.h"
 #include "platform/controls/pictures.h"
+#include "platform/controls/tab_strip.h"
 #include "platform/jet/database.h"
 #include "search/criteria_pages.h"
 #include "search/recent_combo.h"
 #include "search/search_messages.h"
-#include "search/tab_strip.h"
 #include "shell/frame/captions.h"
 #include "shell/frame/catalogue.h"
 #include "shell/frame/pointer.h"
@@ -88,7 +88,7 @@ void SearchPanel::makeControls() {
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(margin, margin, margin, margin);
-    m_tabStrip1 = new TabStrip(this);
+    m_tabStrip1 = new controls::TabStrip(this);
     m_tabStrip1->setObjectName(QStringLiteral("TabStrip1"));
     m_tabStrip1->setAccessibleName(shell::caption(u"Label12", m_frame.idioma));
     for (int tab = 0; tab < CriteriaPages::count; ++tab) m_tabStrip1->addTab({});

@@ -15,12 +15,12 @@ class ItemList;
 }
 namespace controls {
 class ImageCombo;
+class TabStrip;
 }
 
 namespace search {
 
 class CriteriaPages;
-class TabStrip;
 
 // Picture1: what to look for, and the button that looks for it. It takes the place of the tree while it is
 // shown; whoever shows it also gives it the focus and the tab order.
@@ -63,7 +63,7 @@ class SearchPanel : public QWidget {
     Counters m_counters;
     QComboBox* m_combo2;
     QPushButton* m_label5;
-    TabStrip* m_tabStrip1;
+    controls::TabStrip* m_tabStrip1;
     CriteriaPages* m_picture15;
 };
 

@@ -4,8 +4,8 @@
 
 namespace controls {
 
-// A row of tabs that never hides one: blanks around a caption give way first, then the letters get smaller,
-// down to a size that can still be read. Otherwise in the font of its parent.
+// Tabs that share the strip's width and shrink their letters rather than hide one. Blanks around a caption
+// give way.
 class TabStrip : public QTabBar {
     Q_OBJECT
   public:
@@ -14,14 +14,18 @@ class TabStrip : public QTabBar {
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   protected:
-    [[nodiscard]] QSize minimumTabSizeHint(int index) const override;
+    [[nodiscard]] QSize tabSizeHint(int index) const override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void tabInserted(int index) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;  // the parent's font is the one to fit
+    void tabLayoutChange() override;
 
   private:
-    void fit();
-    [[nodiscard]] int narrowestWidth(const QFont& font) const;
+    [[nodiscard]] int textWidth(const QFont& font, int index) const;
+    [[nodiscard]] int textsWidth(const QFont& font) const;
+    void fitLetters();
+
+    bool m_fitting = false;
 };
 
 }  // namespace controls

@@ -67,6 +67,13 @@ void undoForeignChanges(sqlite3* database) {
     (void)run(database, createIndex);
 }
 
+// SQLite's count of its memory would cost a lock and an update for each allocation, several a row. Comes too late, and
+// does nothing, if some other library of the process has used SQLite before.
+void keepNoMemoryCount() {
+    static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    static_cast<void>(done);
+}
+
 }  // namespace
 
 void CloseSqlite::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
@@ -80,6 +87,7 @@ Result<> run(sqlite3* database, const char* sql) {
 }
 
 Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
+    keepNoMemoryCount();
     sqlite3* opened = nullptr;
     const int code = sqlite3_open_v2(plainPath(path).c_str(), &opened,
                                      sqliteFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);

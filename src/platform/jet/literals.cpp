@@ -1,6 +1,7 @@
 #include "platform/jet/literals.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -8,11 +9,31 @@ namespace jet {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isWordCharacter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c) || c == '_'; }
+// What a character is outside quotes.
+enum class Kind : unsigned char { Foreign, Word, Digit, Point, Punctuation, Quote };
 
-// Whatever else a statement may hold between its words and literals.
-bool isPunctuation(char c) { return std::string_view(" \t\r\n()=<>,*;-").find(c) != std::string_view::npos; }
+constexpr std::array<Kind, 256> kinds = [] {
+    std::array<Kind, 256> table{};
+    const auto set = [&table](std::string_view characters, Kind kind) {
+        for (const char c : characters) table[static_cast<unsigned char>(c)] = kind;
+    };
+    set("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_", Kind::Word);
+    set("0123456789", Kind::Digit);
+    set(" \t\r\n()=<>,*;-", Kind::Punctuation);
+    set(".", Kind::Point);
+    set("'\"", Kind::Quote);
+    return table;
+}();
+
+Kind kindOf(char c) {
+    return kinds[static_cast<unsigned char>(c)];
+}
+bool isDigit(char c) {
+    return kindOf(c) == Kind::Digit;
+}
+bool isWordCharacter(char c) {
+    return kindOf(c) == Kind::Word || isDigit(c);
+}
 
 std::size_t endOfWord(std::string_view sql, std::size_t at) {
     while (at < sql.size() && isWordCharacter(sql[at])) ++at;
@@ -39,8 +60,8 @@ std::size_t endOfNumber(std::string_view sql, std::size_t at) {
     return at;
 }
 
-// Takes the quoted literal that opens at `at`, where a doubled quote stands for one. Gives the position behind it,
-// npos when the quote is never closed.
+// Takes the quoted literal that opens at `at`, where a doubled quote stands for one. Gives the position
+// behind it, npos when the quote is never closed.
 std::size_t takeQuoted(std::string_view sql, std::size_t at, LiftedStatement& out) {
     const char quote = sql[at];
     const std::size_t begin = at + 1;
@@ -65,6 +86,14 @@ std::size_t takeQuoted(std::string_view sql, std::size_t at, LiftedStatement& ou
     return end;
 }
 
+// How much of the statement, up to a literal, reads as the last one did: whole words and signs that need no
+// second look. Many inserts in a row differ in their literals only.
+std::size_t sameBeginning(std::string_view sql, const LiftedStatement& last) {
+    const std::string_view beginning(last.shape.data(), last.beginning);
+    const bool whole = !beginning.empty() && !isWordCharacter(beginning.back());
+    return whole && sql.starts_with(beginning) ? beginning.size() : 0;
+}
+
 }  // namespace
 
 Error syntaxError(std::string_view near) {
@@ -75,30 +104,40 @@ Error syntaxError(std::string_view near) {
 }
 
 Result<> liftLiterals(std::string_view sql, LiftedStatement& out) {
+    std::size_t at = sameBeginning(sql, out);
     out.shape.clear();
+    out.beginning = 0;
     out.literals.clear();
     out.unescaped.clear();
-    for (std::size_t at = 0; at < sql.size();) {
-        const char c = sql[at];
+    std::size_t kept = 0;  // up to here the statement is in the shape
+    while (at < sql.size()) {
         const std::size_t begin = at;
-        if (c == '\'' || c == '"') {
+        const Kind kind = kindOf(sql[at]);
+        if (kind == Kind::Word) {
+            at = endOfWord(sql, at);
+            continue;
+        }
+        if (kind == Kind::Punctuation) {
+            ++at;
+            continue;
+        }
+        out.shape += sql.substr(kept, begin - kept);
+        if (out.literals.empty()) out.beginning = begin;
+        if (kind == Kind::Quote) {
             at = takeQuoted(sql, at, out);
             if (at == sql.npos) return std::unexpected(syntaxError(sql.substr(begin)));
             out.shape += LiftedStatement::textMark;
-        } else if (isDigit(c) || (c == '.' && at + 1 < sql.size() && isDigit(sql[at + 1]))) {
+        } else if (kind == Kind::Digit ||
+                   (kind == Kind::Point && at + 1 < sql.size() && isDigit(sql[at + 1]))) {
             at = endOfNumber(sql, at);
             out.literals.push_back({sql.substr(begin, at - begin), true});
             out.shape += LiftedStatement::numberMark;
-        } else if (isWordCharacter(c)) {
-            at = endOfWord(sql, at);
-            out.shape += sql.substr(begin, at - begin);
-        } else if (isPunctuation(c)) {
-            out.shape += c;
-            ++at;
         } else {
             return std::unexpected(syntaxError(sql.substr(begin)));
         }
+        kept = at;
     }
+    out.shape += sql.substr(kept);
     return {};
 }
 

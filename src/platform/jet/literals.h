@@ -24,6 +24,7 @@ struct LiftedStatement {
     static constexpr char numberMark = '\2';
 
     std::string shape;
+    std::size_t beginning = 0;  // length of the shape before its first literal; 0 without one
     std::vector<Literal> literals;  // views into the statement or into `unescaped`
     std::deque<std::string> unescaped;
 };
