@@ -1,0 +1,50 @@
+// Takes the pictures of the documents: pictures FOLDER makes FOLDER/en and FOLDER/es.
+
+#include <QApplication>
+#include <QDir>
+#include <cstdio>
+
+#include "platform/controls/pictures.h"
+#include "sample_discs.h"
+#include "support/temporary_folder.h"
+#include "tour.h"
+
+namespace {
+
+bool takePictures(const std::string& scratch, const std::string& folder, core::Language language) {
+    const TourFolders folders{scratch + "/media/anne/Photo disc 2003", scratch + "/media/anne/Rehearsal disc",
+                              scratch + (language == core::Language::Spanish ? "/discos.zrq" : "/discs.zrq"),
+                              folder};
+    for (const std::string& made : {folders.photoDisc, folders.musicDisc, folders.pictures})
+        if (!QDir().mkpath(QString::fromStdString(made))) return false;
+    writePhotoDisc(folders.photoDisc, language);
+    writeMusicDisc(folders.musicDisc, language);
+    // The discs are in drives of their own, whatever the machine has.
+    qputenv("ZARQUELIN_DRIVES", QByteArray::fromStdString("C=/;D=" + folders.photoDisc +
+                                                          ",optical;E=" + folders.musicDisc + ",optical"));
+    return goOnTour(folders, language);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fputs("usage: pictures FOLDER\n", stderr);
+        return 2;
+    }
+    // The same pictures on every machine: without a display, with settings of their own.
+    const test::TemporaryFolder scratch;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(scratch.path()));
+    qputenv("TZ", "UTC");
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    controls::installIconTheme();
+
+    const std::string folder = argv[1];
+    if (takePictures(scratch / "en", folder + "/en", core::Language::English) &&
+        takePictures(scratch / "es", folder + "/es", core::Language::Spanish))
+        return 0;
+    std::fprintf(stderr, "%s: the pictures could not be written\n", folder.c_str());
+    return 1;
+}
