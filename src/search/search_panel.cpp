@@ -70,6 +70,7 @@ SearchPanel::SearchPanel(const shell::Frame& frame, browse::ItemList& listView2,
     shell::applyCaptions(*this, frame.idioma);
     setAccessibleName(shell::caption(u"Label1", frame.idioma));
     m_label5->setAccessibleName(m_label5->text());
+    setAutoFillBackground(true);  // it lies over the tree
     clearUnits();
     hide();
 }
