@@ -15,7 +15,6 @@ namespace {
 // Prepares what every run needs of the toolkit.
 void prepare(QApplication& application) {
     QApplication::setApplicationName(QStringLiteral("zarquelin"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Zarquelin"));
     QApplication::setDesktopFileName(QStringLiteral("zarquelin"));
     application.setQuitOnLastWindowClosed(false);  // hidden windows of the start come and go
     controls::installIconTheme();

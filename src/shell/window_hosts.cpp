@@ -21,6 +21,7 @@ void OpeningWindow::selectFirstType() {
 
 void OpeningWindow::setCatalogueOpen(bool open) {
     m_parts.state.catalogueOpen = open;
+    if (open) m_parts.state.recentMissing = false;
     m_parts.applyState();
 }
 
