@@ -17,7 +17,8 @@ BoundValue integerValue(double number) {
 BoundValue converted(const Literal& literal, bool negative, Type type, std::string& storage) {
     if (type == Type::Text) {
         if (!negative) return literal.text;
-        storage = "-" + std::string(literal.text);
+        storage = '-';
+        storage += literal.text;
         return std::string_view(storage);
     }
     const auto number = numberOf(literal.text);

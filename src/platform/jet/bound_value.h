@@ -19,9 +19,11 @@ struct PatternText {
 struct NoSuchValue {};
 
 // What is bound to one parameter. Texts are views into the literals or the unit names.
-using BoundValue = std::variant<std::monostate, std::int64_t, double, std::string_view, PatternText, NoSuchValue>;
+using BoundValue =
+    std::variant<std::monostate, std::int64_t, double, std::string_view, PatternText, NoSuchValue>;
 
-// A literal as a value of a column's type: text in a numeric column becomes its number, or null when it is none.
+// A literal as a value of a column's type: text in a numeric column becomes its number, or null when it is
+// none.
 [[nodiscard]] BoundValue converted(const Literal& literal, bool negative, Type type, std::string& storage);
 
 }  // namespace jet

@@ -65,7 +65,8 @@ void Census::readUnits() {
 const std::vector<Census::Group>& Census::groupsOf(Unit& unit) {
     if (unit.groups) return *unit.groups;
     auto& groups = unit.groups.emplace();
-    auto rows = m_connection.prepare("select nivel, tipo, count(*) from datos where disco is ? group by nivel, tipo");
+    auto rows =
+        m_connection.prepare("select nivel, tipo, count(*) from datos where disco is ? group by nivel, tipo");
     if (!rows) return groups;
     const BoundValue name = valueOf(unit.name);
     rows->bind(0, name);
@@ -75,10 +76,14 @@ const std::vector<Census::Group>& Census::groupsOf(Unit& unit) {
     // Within a group the index goes by rowid: asking for its two ends beats min() and max() over all of it.
     for (Group& group : groups) {
         const BoundValue values[] = {name, valueOf(group.nivel), valueOf(group.tipo)};
-        group.firstRow = firstNumber("select rowid from datos where disco is ? and nivel is ? and tipo is ? "
-                                     "order by rowid limit 1", values);
-        group.lastRow = firstNumber("select rowid from datos where disco is ? and nivel is ? and tipo is ? "
-                                    "order by rowid desc limit 1", values);
+        group.firstRow = firstNumber(
+            "select rowid from datos where disco is ? and nivel is ? and tipo is ? "
+            "order by rowid limit 1",
+            values);
+        group.lastRow = firstNumber(
+            "select rowid from datos where disco is ? and nivel is ? and tipo is ? "
+            "order by rowid desc limit 1",
+            values);
     }
     return groups;
 }

@@ -9,9 +9,9 @@
 
 namespace jet {
 
-// How the rows of the table divide by unit, level and kind: read from the index alone, unit by unit as needed, and
-// kept until the file changes. It turns a unit's name into its exact spellings, answers counts that ask for nothing
-// else, and tells where in the table the rows of a statement can lie.
+// How the rows of the table divide by unit, level and kind: read from the index alone, unit by unit as
+// needed, and kept until the file changes. It turns a unit's name into its exact spellings, answers counts
+// that ask for nothing else, and tells where in the table the rows of a statement can lie.
 class Census {
   public:
     struct Group {
@@ -44,7 +44,8 @@ class Census {
     [[nodiscard]] const std::vector<Unit>& units();
 
     // Nothing when the condition asks for more than unit, level and kind.
-    [[nodiscard]] std::optional<long long> count(const Condition* where, const std::vector<Literal>& literals);
+    [[nodiscard]] std::optional<long long> count(const Condition* where,
+                                                 const std::vector<Literal>& literals);
 
     // Nothing when the condition leaves all units open.
     [[nodiscard]] std::optional<Extent> extent(const Condition* where, const std::vector<Literal>& literals);

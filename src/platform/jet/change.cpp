@@ -38,8 +38,9 @@ Result<long long> Changes::insert(const Statement& statement, const std::vector<
     for (std::size_t i = 0; i < assignments.size(); ++i) {
         const auto& [column, value] = assignments[i];
         const bool isLiteral = value.kind == Operand::Text || value.kind == Operand::Number;
-        m_values.push_back(isLiteral ? converted(literals[value.literal], value.negative, info(column).type, m_storage[i])
-                                     : BoundValue());
+        m_values.push_back(
+            isLiteral ? converted(literals[value.literal], value.negative, info(column).type, m_storage[i])
+                      : BoundValue());
     }
     auto prepared = m_connection.prepare(m_lastInsertSql);
     if (!prepared) return std::unexpected(prepared.error());

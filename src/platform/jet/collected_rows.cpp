@@ -42,7 +42,9 @@ void CollectedRows::add(const Prepared& row, const std::vector<Column>& fields, 
     m_rows.push_back(added);
 }
 
-void CollectedRows::dropBehind(std::size_t count) { m_rows.resize(count); }
+void CollectedRows::dropBehind(std::size_t count) {
+    m_rows.resize(count);
+}
 
 void CollectedRows::merge(CollectedRows&& other) {
     m_store.absorb(std::move(other.m_store));

@@ -8,8 +8,8 @@
 
 namespace jet {
 
-// The rows of a select, gathered and brought into order. Rows beyond a bound of memory are kept by their rowid only, to be
-// read again when they are wanted.
+// The rows of a select, gathered and brought into order. Rows beyond a bound of memory are kept by their
+// rowid only, to be read again when they are wanted.
 class CollectedRows {
   public:
     struct Row {
@@ -23,9 +23,9 @@ class CollectedRows {
     // Adds the current row of `row`, whose columns are: rowid, then `fields`.
     void add(const Prepared& row, const std::vector<Column>& fields, std::string_view key);
 
-    void dropBehind(std::size_t count);    // all rows but the first `count`
-    void sort();                           // by key, then by rowid
-    void merge(CollectedRows&& other);     // both sorted
+    void dropBehind(std::size_t count);  // all rows but the first `count`
+    void sort();                         // by key, then by rowid
+    void merge(CollectedRows&& other);   // both sorted
 
     [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
 

@@ -14,7 +14,9 @@ namespace {
 constexpr int busyMilliseconds = 1000;
 
 // A path that SQLite can take for nothing but a path (it knows "file:" and ":memory:").
-std::string plainPath(const std::string& path) { return path.starts_with('/') ? path : "./" + path; }
+std::string plainPath(const std::string& path) {
+    return path.starts_with('/') ? path : "./" + path;
+}
 
 // A file may come from anywhere: nothing in its schema may act.
 void distrustSchema(sqlite3* database) {
@@ -24,11 +26,14 @@ void distrustSchema(sqlite3* database) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
 }
 
-// Deleted rows are wiped, so that what a repair finds on pages that nothing leads to is no row deleted long ago.
+// Deleted rows are wiped, so that what a repair finds on pages that nothing leads to is no row deleted long
+// ago.
 const char* settingsFor(Use use) {
     switch (use) {
-        case Use::Catalogue: return "pragma synchronous = full; pragma secure_delete = on";
-        case Use::ReadOnly: return "pragma query_only = on";
+        case Use::Catalogue:
+            return "pragma synchronous = full; pragma secure_delete = on";
+        case Use::ReadOnly:
+            return "pragma query_only = on";
         case Use::Scratch:
             return "pragma locking_mode = exclusive; pragma journal_mode = memory; pragma synchronous = off;"
                    "pragma secure_delete = off";
@@ -39,36 +44,38 @@ const char* settingsFor(Use use) {
 // The table with all its columns must be there.
 Result<> checkSchema(sqlite3* database) {
     sqlite3_stmt* statement = nullptr;
-    int code = sqlite3_prepare_v2(database,
-                                  "select count(*) from sqlite_schema where type = 'table' and name = 'datos' "
-                                  "and rootpage > 0",
-                                  -1, &statement, nullptr);
+    int code =
+        sqlite3_prepare_v2(database,
+                           "select count(*) from sqlite_schema where type = 'table' and name = 'datos' "
+                           "and rootpage > 0",
+                           -1, &statement, nullptr);
     if (code == SQLITE_OK) code = sqlite3_step(statement);
     const bool found = code == SQLITE_ROW && sqlite3_column_int(statement, 0) == 1;
     sqlite3_finalize(statement);
     if (code != SQLITE_ROW) return std::unexpected(lastError(database));
     if (!found) return std::unexpected(Error{error::corrupt, "The table of the catalogue is missing"});
 
-    code = sqlite3_prepare_v2(database,
-                              "select numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, comentario, "
-                              "rowid from datos",
-                              -1, &statement, nullptr);
+    code = sqlite3_prepare_v2(
+        database,
+        "select numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, comentario, "
+        "rowid from datos",
+        -1, &statement, nullptr);
     sqlite3_finalize(statement);
     if (code == SQLITE_OK) return {};
     if ((code & 0xFF) != SQLITE_ERROR) return std::unexpected(lastError(database));
     return std::unexpected(Error{error::corrupt, "The table of the catalogue lacks a column"});
 }
 
-// Another tool may have left the file in a mode that needs a second file beside it, or without its index. Costs nothing
-// when it did not.
+// Another tool may have left the file in a mode that needs a second file beside it, or without its index.
+// Costs nothing when it did not.
 void undoForeignChanges(sqlite3* database) {
     if (sqlite3_db_readonly(database, "main") != 0) return;
     (void)run(database, "pragma journal_mode = delete");
     (void)run(database, createIndex);
 }
 
-// SQLite's count of its memory would cost a lock and an update for each allocation, several a row. Comes too late, and
-// does nothing, if some other library of the process has used SQLite before.
+// SQLite's count of its memory would cost a lock and an update for each allocation, several a row. Comes too
+// late, and does nothing, if some other library of the process has used SQLite before.
 void keepNoMemoryCount() {
     static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     static_cast<void>(done);
@@ -76,7 +83,9 @@ void keepNoMemoryCount() {
 
 }  // namespace
 
-void CloseSqlite::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+void CloseSqlite::operator()(sqlite3* database) const {
+    sqlite3_close_v2(database);
+}
 
 Result<> run(sqlite3* database, const char* sql) {
     if (!database) return std::unexpected(Error{error::general, "The database is closed"});
@@ -95,7 +104,8 @@ Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
     if (code != SQLITE_OK) return std::unexpected(errorOfCode(code));
     sqlite3_busy_timeout(opened, busyMilliseconds);
     distrustSchema(opened);
-    if (const int failed = registerFunctions(opened); failed != SQLITE_OK) return std::unexpected(errorOfCode(failed));
+    if (const int failed = registerFunctions(opened); failed != SQLITE_OK)
+        return std::unexpected(errorOfCode(failed));
     return handle;
 }
 

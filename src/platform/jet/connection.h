@@ -34,8 +34,8 @@ class Connection {
     [[nodiscard]] Result<> run(const char* sql) { return jet::run(handle(), sql); }
     [[nodiscard]] Error lastError() const;
 
-    // Changes whenever rows may have changed since the last call, through this connection or another one. Fails
-    // when the file cannot be read now (locked, damaged).
+    // Changes whenever rows may have changed since the last call, through this connection or another one.
+    // Fails when the file cannot be read now (locked, damaged).
     [[nodiscard]] Result<long long> version();
     void noteWrite() { ++m_writes; }
 

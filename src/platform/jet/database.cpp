@@ -16,7 +16,9 @@ struct Database::Impl {
     LiftedStatement lifted;
 
     explicit Impl(std::shared_ptr<Connection> opened)
-        : connection(std::move(opened)), census(std::make_shared<Census>(*connection)), changes(*connection, *census) {}
+        : connection(std::move(opened)),
+          census(std::make_shared<Census>(*connection)),
+          changes(*connection, *census) {}
 };
 
 Database::Database(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
@@ -28,7 +30,9 @@ Database& Database::operator=(Database&& other) noexcept {
     }
     return *this;
 }
-Database::~Database() { Close(); }
+Database::~Database() {
+    Close();
+}
 
 Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
     auto connection = Connection::open(nativePath, use);
@@ -52,7 +56,8 @@ Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
     auto query = std::make_unique<Query>();
     query->sql = sql;
-    if (auto lifted = liftLiterals(query->sql, query->lifted); !lifted) return std::unexpected(lifted.error());
+    if (auto lifted = liftLiterals(query->sql, query->lifted); !lifted)
+        return std::unexpected(lifted.error());
     auto statement = m_impl->shapes.find(query->lifted.shape);
     if (!statement) return std::unexpected(statement.error());
     query->statement = *statement;
@@ -85,7 +90,9 @@ void Database::Close() {
     if (isOpen()) m_impl->connection->close();
 }
 
-bool Database::isOpen() const { return m_impl && m_impl->connection->isOpen(); }
+bool Database::isOpen() const {
+    return m_impl && m_impl->connection->isOpen();
+}
 
 Transaction::Transaction(Database& database) : m_database(database) {}
 

@@ -16,9 +16,10 @@ enum class Use {
     Scratch,    // a working copy that may be lost: no journal, no flush
 };
 
-// One open database file. Statements are the dialect's texts, UTF-8; every literal in them is lifted to a bound
-// parameter and the prepared statement is kept by its shape, so that repeating a statement with other values
-// costs microseconds. One statement a call: text after its end is an error. Not for use from two threads.
+// One open database file. Statements are the dialect's texts, UTF-8; every literal in them is lifted to a
+// bound parameter and the prepared statement is kept by its shape, so that repeating a statement with other
+// values costs microseconds. One statement a call: text after its end is an error. Not for use from two
+// threads.
 //
 // Closing (or destroying) the handle ends open recordsets and rolls back an open transaction.
 class Database {
@@ -48,8 +49,8 @@ class Database {
     std::unique_ptr<Impl> m_impl;
 };
 
-// Opens an existing catalogue file by its native path; never creates one, and never changes a file that is not
-// a catalogue. A file that cannot be written is opened for reading.
+// Opens an existing catalogue file by its native path; never creates one, and never changes a file that is
+// not a catalogue. A file that cannot be written is opened for reading.
 [[nodiscard]] Result<Database> OpenDatabase(const std::string& nativePath, Use use = Use::Catalogue);
 
 // A transaction that is rolled back when it leaves its scope without commit().

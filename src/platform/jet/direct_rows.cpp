@@ -23,7 +23,9 @@ void DirectRows::step() {
     m_rows.release();  // and with it the lock on the file
 }
 
-bool DirectRows::atEnd() { return m_rest ? m_rest->atEnd() : m_atEnd; }
+bool DirectRows::atEnd() {
+    return m_rest ? m_rest->atEnd() : m_atEnd;
+}
 
 void DirectRows::moveNext() {
     if (m_rest) return m_rest->moveNext();

@@ -17,12 +17,13 @@ inline constexpr int cannotOpenFile = 3051;  // no permission, or not a regular 
 inline constexpr int unknownName = 3061;     // a column that the table lacks
 inline constexpr int syntaxInExpression = 3075;
 inline constexpr int unknownTable = 3078;
-inline constexpr int locked = 3356;             // another process or handle holds the file
+inline constexpr int locked = 3356;              // another process or handle holds the file
 inline constexpr int unrecognizedFormat = 3343;  // garbage, or a database that is no catalogue
 inline constexpr int corrupt = 3049;             // a catalogue, but damaged
 }  // namespace error
 
-// Why an engine call failed: the engine's number and a readable English sentence for logs and the command line.
+// Why an engine call failed: the engine's number and a readable English sentence for logs and the command
+// line.
 struct [[nodiscard]] Error {
     int number = error::general;
     std::string text;

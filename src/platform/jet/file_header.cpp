@@ -53,7 +53,8 @@ Result<> checkCatalogueFile(const std::string& path) {
         return std::unexpected(
             Error{absent ? error::fileNotFound : error::cannotOpenFile, path + ": " + std::strerror(errno)});
     }
-    if (!S_ISREG(status.st_mode)) return std::unexpected(Error{error::cannotOpenFile, path + " is not a file"});
+    if (!S_ISREG(status.st_mode))
+        return std::unexpected(Error{error::cannotOpenFile, path + " is not a file"});
     if (OpenFile::isOpen({status.st_dev, status.st_ino})) return {};  // was checked, and must be left alone
 
     const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
@@ -61,7 +62,8 @@ Result<> checkCatalogueFile(const std::string& path) {
     Header header{};
     const ssize_t size = ::pread(file, header.data(), header.size(), 0);
     ::close(file);
-    if (size < static_cast<ssize_t>(header.size())) return std::unexpected(unrecognized(path, "it is too short"));
+    if (size < static_cast<ssize_t>(header.size()))
+        return std::unexpected(unrecognized(path, "it is too short"));
     return checkHeader(path, header);
 }
 

@@ -72,6 +72,8 @@ int compareFolded(std::string_view a, std::string_view b) {
     return static_cast<int>(i < a.size()) - static_cast<int>(j < b.size());
 }
 
-bool equalFolded(std::string_view a, std::string_view b) { return a == b || compareFolded(a, b) == 0; }
+bool equalFolded(std::string_view a, std::string_view b) {
+    return a == b || compareFolded(a, b) == 0;
+}
 
 }  // namespace jet

@@ -5,7 +5,8 @@
 
 namespace jet {
 
-// Case folding, one character for one over all of Unicode: the measure of `=`, `<>`, `in` and `like`. Accents differ.
+// Case folding, one character for one over all of Unicode: the measure of `=`, `<>`, `in` and `like`. Accents
+// differ.
 
 [[nodiscard]] char32_t folded(char32_t character);
 [[nodiscard]] std::string folded(std::string_view text);

@@ -34,7 +34,9 @@ inline constexpr std::array<ColumnInfo, 10> columns{{
     {"comentario", Type::Text},
 }};
 
-[[nodiscard]] constexpr const ColumnInfo& info(Column column) { return columns[static_cast<std::size_t>(column)]; }
+[[nodiscard]] constexpr const ColumnInfo& info(Column column) {
+    return columns[static_cast<std::size_t>(column)];
+}
 
 // Case does not count in names.
 [[nodiscard]] std::optional<Column> columnNamed(std::string_view name);
@@ -42,12 +44,13 @@ inline constexpr std::array<ColumnInfo, 10> columns{{
 // A pass over all rows is the dearest thing that is done to a file, and large pages make it cheaper.
 inline constexpr int pageSize = 8192;
 
-// Units and their levels are asked for all the time and the three counts of the status line come from this index
-// alone; nothing else earned one.
+// Units and their levels are asked for all the time and the three counts of the status line come from this
+// index alone; nothing else earned one.
 inline constexpr const char* createTable =
     "create table datos (numero integer, ruta text, carpeta text, archivo text, nivel text, fecha real, "
     "largo integer, tipo text, disco text, comentario text)";
-inline constexpr const char* createIndex = "create index if not exists datos_unidad on datos (disco, nivel, tipo)";
+inline constexpr const char* createIndex =
+    "create index if not exists datos_unidad on datos (disco, nivel, tipo)";
 inline constexpr const char* dropIndex = "drop index datos_unidad";
 
 }  // namespace jet

@@ -12,7 +12,9 @@ namespace {
 
 using View = std::optional<std::string_view>;
 
-Truth truth(bool value) { return value ? Truth::Yes : Truth::No; }
+Truth truth(bool value) {
+    return value ? Truth::Yes : Truth::No;
+}
 
 Truth negation(Truth value) {
     if (value == Truth::Null) return value;
@@ -31,19 +33,29 @@ class Test {
 
     [[nodiscard]] Truth run() const {
         switch (m_condition.kind) {
-            case Condition::Equal: return equal(1);
-            case Condition::Unequal: return negation(equal(1));
-            case Condition::Less: return ordered(1, [](int order) { return order < 0; });
-            case Condition::LessOrEqual: return ordered(1, [](int order) { return order <= 0; });
-            case Condition::Greater: return ordered(1, [](int order) { return order > 0; });
-            case Condition::GreaterOrEqual: return ordered(1, [](int order) { return order >= 0; });
+            case Condition::Equal:
+                return equal(1);
+            case Condition::Unequal:
+                return negation(equal(1));
+            case Condition::Less:
+                return ordered(1, [](int order) { return order < 0; });
+            case Condition::LessOrEqual:
+                return ordered(1, [](int order) { return order <= 0; });
+            case Condition::Greater:
+                return ordered(1, [](int order) { return order > 0; });
+            case Condition::GreaterOrEqual:
+                return ordered(1, [](int order) { return order >= 0; });
             case Condition::Between:
                 return std::min(ordered(1, [](int order) { return order >= 0; }),
                                 ordered(2, [](int order) { return order <= 0; }));
-            case Condition::Like: return text(0) ? truth(LikePattern(*text(1)).matches(*text(0))) : Truth::Null;
-            case Condition::In: return in();
-            case Condition::IsNull: return truth(!text(0));
-            default: return Truth::Null;
+            case Condition::Like:
+                return text(0) ? truth(LikePattern(*text(1)).matches(*text(0))) : Truth::Null;
+            case Condition::In:
+                return in();
+            case Condition::IsNull:
+                return truth(!text(0));
+            default:
+                return Truth::Null;
         }
     }
 
@@ -53,8 +65,10 @@ class Test {
         switch (operand.kind) {
             case Operand::Field:
                 return m_known[operand.column] ? View(*m_known[operand.column]) : View();
-            case Operand::Null: return {};
-            default: return m_literals[operand.literal].text;
+            case Operand::Null:
+                return {};
+            default:
+                return m_literals[operand.literal].text;
         }
     }
 
@@ -106,7 +120,8 @@ Truth decide(const Condition& condition, const KnownTexts& known, const std::vec
     const auto decided = [&](const Condition& child) { return decide(child, known, literals); };
     const auto& children = condition.children;
     switch (condition.kind) {
-        case Condition::Not: return negation(decided(children.front()));
+        case Condition::Not:
+            return negation(decided(children.front()));
         case Condition::And: {
             Truth result = Truth::Yes;
             for (const Condition& child : children) result = std::min(result, decided(child));
@@ -117,7 +132,8 @@ Truth decide(const Condition& condition, const KnownTexts& known, const std::vec
             for (const Condition& child : children) result = std::max(result, decided(child));
             return result;
         }
-        default: return Test(condition, known, literals).run();
+        default:
+            return Test(condition, known, literals).run();
     }
 }
 

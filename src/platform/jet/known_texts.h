@@ -11,14 +11,17 @@
 
 namespace jet {
 
-// What is known of some rows: the texts of a few columns, which they all share. A text that is null is known too.
+// What is known of some rows: the texts of a few columns, which they all share. A text that is null is known
+// too.
 class KnownTexts {
   public:
     using Text = std::optional<std::string>;
 
     void set(Column column, const Text& text) { m_texts[static_cast<std::size_t>(column)] = &text; }
     [[nodiscard]] bool has(Column column) const { return m_texts[static_cast<std::size_t>(column)]; }
-    [[nodiscard]] const Text& operator[](Column column) const { return *m_texts[static_cast<std::size_t>(column)]; }
+    [[nodiscard]] const Text& operator[](Column column) const {
+        return *m_texts[static_cast<std::size_t>(column)];
+    }
 
   private:
     std::array<const Text*, columns.size()> m_texts{};
@@ -30,9 +33,11 @@ enum class Truth { No, Null, Yes };
 [[nodiscard]] bool isDecidable(const Condition& condition, const KnownTexts& known);
 
 // Decides a decidable condition, with the same outcome as in the engine.
-[[nodiscard]] Truth decide(const Condition& condition, const KnownTexts& known, const std::vector<Literal>& literals);
+[[nodiscard]] Truth decide(const Condition& condition, const KnownTexts& known,
+                           const std::vector<Literal>& literals);
 
 // False only when no such row can meet the condition.
-[[nodiscard]] bool mayHold(const Condition& condition, const KnownTexts& known, const std::vector<Literal>& literals);
+[[nodiscard]] bool mayHold(const Condition& condition, const KnownTexts& known,
+                           const std::vector<Literal>& literals);
 
 }  // namespace jet

@@ -19,17 +19,24 @@ std::u32string foldedCharacters(std::string_view text) {
 }  // namespace
 
 bool LikePattern::Set::contains(char32_t character) const {
-    const auto holds = [character](Range range) { return character >= range.first && character <= range.last; };
+    const auto holds = [character](Range range) {
+        return character >= range.first && character <= range.last;
+    };
     return std::any_of(ranges.begin(), ranges.end(), holds) != negated;
 }
 
 bool LikePattern::Step::accepts(char32_t candidate) const {
     switch (kind) {
-        case Character: return candidate == character;
-        case Digit: return candidate >= U'0' && candidate <= U'9';
-        case OneOf: return set.contains(candidate);
-        case AnyOne: return true;
-        case AnyRun: break;
+        case Character:
+            return candidate == character;
+        case Digit:
+            return candidate >= U'0' && candidate <= U'9';
+        case OneOf:
+            return set.contains(candidate);
+        case AnyOne:
+            return true;
+        case AnyRun:
+            break;
     }
     return false;
 }
@@ -48,11 +55,18 @@ void LikePattern::compile(std::string_view pattern) {
     for (std::size_t i = 0; i < pattern.size();) {
         switch (pattern[i]) {
             case '*':
-                if (m_steps.empty() || m_steps.back().kind != Step::AnyRun) m_steps.push_back({.kind = Step::AnyRun});
+                if (m_steps.empty() || m_steps.back().kind != Step::AnyRun)
+                    m_steps.push_back({.kind = Step::AnyRun});
                 ++i;
                 continue;
-            case '?': m_steps.push_back({.kind = Step::AnyOne}); ++i; continue;
-            case '#': m_steps.push_back({.kind = Step::Digit}); ++i; continue;
+            case '?':
+                m_steps.push_back({.kind = Step::AnyOne});
+                ++i;
+                continue;
+            case '#':
+                m_steps.push_back({.kind = Step::Digit});
+                ++i;
+                continue;
             case '[':
                 if (const std::size_t end = pattern.find(']', i); end != pattern.npos) {
                     const auto inside = pattern.substr(i + 1, end - i - 1);
@@ -61,7 +75,8 @@ void LikePattern::compile(std::string_view pattern) {
                     continue;
                 }
                 break;
-            default: break;
+            default:
+                break;
         }
         m_steps.push_back({.kind = Step::Character, .character = folded(nextCharacter(pattern, i))});
     }
@@ -122,7 +137,8 @@ bool LikePattern::piecesMatch(std::string_view text) const {
     return true;
 }
 
-// After a mismatch only the last star can take one character more, so the cost is bounded by text times pattern.
+// After a mismatch only the last star can take one character more, so the cost is bounded by text times
+// pattern.
 bool LikePattern::stepsMatch(std::u32string_view text) const {
     std::size_t at = 0;
     std::size_t step = 0;

@@ -6,9 +6,9 @@
 
 namespace jet {
 
-// A compiled pattern of `like`: `*` any run, `?` one character, `#` one digit, `[a-z]` one of a set, `[!a-z]` one
-// outside it. The whole text must match; letters match in either case over all of Unicode. A `[` without its `]`
-// stands for itself, `[]` for the empty text, and within brackets the wildcards are plain characters.
+// A compiled pattern of `like`: `*` any run, `?` one character, `#` one digit, `[a-z]` one of a set, `[!a-z]`
+// one outside it. The whole text must match; letters match in either case over all of Unicode. A `[` without
+// its `]` stands for itself, `[]` for the empty text, and within brackets the wildcards are plain characters.
 class LikePattern {
   public:
     explicit LikePattern(std::string_view pattern);

@@ -17,8 +17,8 @@ struct FileIdentity {
 // Nothing when the path leads nowhere.
 [[nodiscard]] std::optional<FileIdentity> identityOf(const std::string& path);
 
-// The database files that this process holds open. Opening and closing a file by any other way drops the locks
-// that SQLite holds on it (POSIX locks belong to the process), so ask here first.
+// The database files that this process holds open. Opening and closing a file by any other way drops the
+// locks that SQLite holds on it (POSIX locks belong to the process), so ask here first.
 class OpenFile {
   public:
     OpenFile() = default;

@@ -34,7 +34,8 @@ void appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy, cons
         appendColumnKey(key, orderBy[i].column, row, first + static_cast<int>(i));
         const bool isLast = i + 1 == orderBy.size();
         // What follows must not mix with a longer text of this column.
-        if (info(orderBy[i].column).type == Type::Text && (!isLast || orderBy[i].descending)) key.append(2, '\0');
+        if (info(orderBy[i].column).type == Type::Text && (!isLast || orderBy[i].descending))
+            key.append(2, '\0');
         if (!orderBy[i].descending) continue;
         for (std::size_t at = begin; at < key.size(); ++at) key[at] = static_cast<char>(~key[at]);
     }

@@ -52,7 +52,8 @@ bool collectPart(const Scan& scan, const RangeStatement& statement, Prepared& pr
     return false;
 }
 
-void workAlone(const Scan& scan, const RangeStatement& statement, const std::string& path, Parts& parts, Share& share) {
+void workAlone(const Scan& scan, const RangeStatement& statement, const std::string& path, Parts& parts,
+               Share& share) {
     auto database = openSqlite(path, SQLITE_OPEN_READONLY);
     if (!database) return;
     sqlite3_busy_timeout(database->get(), 0);
@@ -86,7 +87,8 @@ class ReadTransaction {
     bool m_begun = false;
 };
 
-Result<CollectedRows> workTogether(const Scan& scan, const RangeStatement& statement, Parts& parts, unsigned helpers) {
+Result<CollectedRows> workTogether(const Scan& scan, const RangeStatement& statement, Parts& parts,
+                                   unsigned helpers) {
     const std::string path = sqlite3_db_filename(scan.connection.handle(), "main");
     auto prepared = scan.connection.prepare(statement.sql);
     if (!prepared) return std::unexpected(prepared.error());

@@ -13,10 +13,9 @@ namespace {
 constexpr int deepestNesting = 64;
 
 // The reserved words that cannot be names.
-constexpr std::string_view reserved[] = {"select", "insert", "update", "delete", "from",  "into",    "values",
-                                         "set",    "where",  "group",  "order",  "by",    "and",     "or",
-                                         "not",    "like",   "in",     "is",     "null",  "between", "asc",
-                                         "desc"};
+constexpr std::string_view reserved[] = {
+    "select", "insert", "update", "delete", "from", "into", "values", "set",  "where",   "group", "order",
+    "by",     "and",    "or",     "not",    "like", "in",   "is",     "null", "between", "asc",   "desc"};
 
 bool isReserved(std::string_view word) {
     return std::any_of(std::begin(reserved), std::end(reserved),
@@ -34,7 +33,8 @@ class Parser {
 
     Result<Statement> parse() {
         const bool understood = parseStatement() && parseEnd();
-        if (!understood) return std::unexpected(syntaxError(token().literal < 0 ? token().text : "a literal"));
+        if (!understood)
+            return std::unexpected(syntaxError(token().literal < 0 ? token().text : "a literal"));
         if (m_unknown.number != 0) return std::unexpected(m_unknown);
         return std::move(m_statement);
     }
@@ -71,7 +71,8 @@ class Parser {
     bool parseSelect() {
         m_statement.kind = Statement::Select;
         if (takeSign("*")) {
-            for (std::size_t i = 0; i < columns.size(); ++i) m_statement.fields.push_back(static_cast<Column>(i));
+            for (std::size_t i = 0; i < columns.size(); ++i)
+                m_statement.fields.push_back(static_cast<Column>(i));
         } else {
             std::vector<Column> fields;
             if (!parseColumns(fields)) return false;
@@ -86,22 +87,24 @@ class Parser {
         m_statement.kind = Statement::Insert;
         std::vector<Column> targets;
         std::vector<Operand> values;
-        if (!takeWord("into") || !parseTable() || !takeSign("(") || !parseColumns(targets) || !takeSign(")") ||
-            !takeWord("values") || !takeSign("(") || !parseList(values, &Parser::parseValue) || !takeSign(")")) {
+        if (!takeWord("into") || !parseTable() || !takeSign("(") || !parseColumns(targets) ||
+            !takeSign(")") || !takeWord("values") || !takeSign("(") ||
+            !parseList(values, &Parser::parseValue) || !takeSign(")")) {
             return false;
         }
         if (targets.size() != values.size()) {
             m_unknown = {error::general, "The numbers of values and columns of an insert differ"};
             return true;
         }
-        for (std::size_t i = 0; i < targets.size(); ++i) m_statement.assignments.push_back({targets[i], values[i]});
+        for (std::size_t i = 0; i < targets.size(); ++i)
+            m_statement.assignments.push_back({targets[i], values[i]});
         return true;
     }
 
     bool parseUpdate() {
         m_statement.kind = Statement::Update;
-        return parseTable() && takeWord("set") && parseList(m_statement.assignments, &Parser::parseAssignment) &&
-               parseWhere();
+        return parseTable() && takeWord("set") &&
+               parseList(m_statement.assignments, &Parser::parseAssignment) && parseWhere();
     }
 
     bool parseDelete() {
@@ -252,7 +255,8 @@ class Parser {
         }
         if (takeWord("between")) {
             out.kind = Condition::Between;
-            return parseValue(out.operands.emplace_back()) && takeWord("and") && parseValue(out.operands.emplace_back());
+            return parseValue(out.operands.emplace_back()) && takeWord("and") &&
+                   parseValue(out.operands.emplace_back());
         }
         if (takeWord("in")) {
             out.kind = Condition::In;
@@ -277,10 +281,14 @@ class Parser {
         }
         out.negative = takeSign("-");
         switch (token().kind) {
-            case Token::Number: return takeLiteral(out, Operand::Number);
-            case Token::Text: return !out.negative && takeLiteral(out, Operand::Text);
-            case Token::Word: break;
-            default: return false;
+            case Token::Number:
+                return takeLiteral(out, Operand::Number);
+            case Token::Text:
+                return !out.negative && takeLiteral(out, Operand::Text);
+            case Token::Word:
+                break;
+            default:
+                return false;
         }
         if (out.negative) return false;
         if (takeWord("null")) {
@@ -309,6 +317,8 @@ class Parser {
 
 }  // namespace
 
-Result<Statement> parseShape(std::string_view shape) { return Parser(shape).parse(); }
+Result<Statement> parseShape(std::string_view shape) {
+    return Parser(shape).parse();
+}
 
 }  // namespace jet

@@ -7,8 +7,8 @@
 
 namespace jet {
 
-// Parses a shape (see LiftedStatement). Accepts select, insert, update and delete on `datos` and nothing else;
-// what the dialect's engine would refuse is refused here:
+// Parses a shape (see LiftedStatement). Accepts select, insert, update and delete on `datos` and nothing
+// else; what the dialect's engine would refuse is refused here:
 //   syntaxInExpression  words out of place, text behind the end
 //   unknownName         a name that is no column
 //   unknownTable        a table other than `datos`

@@ -77,8 +77,8 @@ class PathLookup::Index {
 
     CollectedRows m_rows;
     std::vector<Column> m_fields;
-    std::string m_folded;             // all paths, one behind the other
-    std::vector<std::size_t> m_ends;  // of each row's path in m_folded
+    std::string m_folded;                // all paths, one behind the other
+    std::vector<std::size_t> m_ends;     // of each row's path in m_folded
     std::map<std::size_t, Runs> m_runs;  // by number of components
 };
 

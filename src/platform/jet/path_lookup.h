@@ -11,10 +11,10 @@
 
 namespace jet {
 
-// A select whose condition holds, beside other things, `ruta like ('*\A\B\*')`, asked again and again with nothing
-// changed but that path: as one scan each, loading a tree of folders would be quadratic. From the second time on the
-// answer comes from rows fetched once, found by runs of whole path components. Rows and their order are exactly those
-// of the scan.
+// A select whose condition holds, beside other things, `ruta like ('*\A\B\*')`, asked again and again with
+// nothing changed but that path: as one scan each, loading a tree of folders would be quadratic. From the
+// second time on the answer comes from rows fetched once, found by runs of whole path components. Rows and
+// their order are exactly those of the scan.
 class PathLookup {
   public:
     // The recordset for a select, or nullptr when it has to be scanned. `version` is that of the file now.

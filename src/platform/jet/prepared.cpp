@@ -66,9 +66,12 @@ void Prepared::bindPattern(int parameter, std::string_view source) {
 Prepared::Step Prepared::step() {
     if (!get()) return Step::Done;
     switch (sqlite3_step(get())) {
-        case SQLITE_ROW: return Step::Row;
-        case SQLITE_DONE: return Step::Done;
-        default: return Step::Failed;
+        case SQLITE_ROW:
+            return Step::Row;
+        case SQLITE_DONE:
+            return Step::Done;
+        default:
+            return Step::Failed;
     }
 }
 
@@ -77,9 +80,15 @@ std::string_view Prepared::text(int column) const {
     return bytes ? std::string_view(bytes, sqlite3_column_bytes(get(), column)) : std::string_view();
 }
 
-std::int64_t Prepared::integer(int column) const { return sqlite3_column_int64(get(), column); }
-double Prepared::number(int column) const { return sqlite3_column_double(get(), column); }
-bool Prepared::isNull(int column) const { return sqlite3_column_type(get(), column) == SQLITE_NULL; }
+std::int64_t Prepared::integer(int column) const {
+    return sqlite3_column_int64(get(), column);
+}
+double Prepared::number(int column) const {
+    return sqlite3_column_double(get(), column);
+}
+bool Prepared::isNull(int column) const {
+    return sqlite3_column_type(get(), column) == SQLITE_NULL;
+}
 
 Result<Prepared> StatementPool::lend(const std::string& sql) {
     if (!m_database) return std::unexpected(Error{error::general, "The database is closed"});
@@ -89,7 +98,8 @@ Result<Prepared> StatementPool::lend(const std::string& sql) {
         found = m_entries.emplace(sql, std::vector<std::unique_ptr<Prepared::Entry>>()).first;
     }
     auto& entries = found->second;
-    const auto idle = std::find_if(entries.begin(), entries.end(), [](const auto& entry) { return !entry->lent; });
+    const auto idle =
+        std::find_if(entries.begin(), entries.end(), [](const auto& entry) { return !entry->lent; });
     if (idle != entries.end()) {
         (*idle)->lent = true;
         return Prepared(idle->get());

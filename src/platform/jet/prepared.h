@@ -18,8 +18,8 @@ namespace jet {
 
 class StatementPool;
 
-// A prepared statement on loan from the pool; it goes back, reset, at the end of its life. After the pool was closed it
-// gives no more rows.
+// A prepared statement on loan from the pool; it goes back, reset, at the end of its life. After the pool was
+// closed it gives no more rows.
 class Prepared {
   public:
     Prepared() = default;
@@ -27,8 +27,8 @@ class Prepared {
     Prepared& operator=(Prepared&& other) noexcept;
     ~Prepared() { release(); }
 
-    // Values are bound to parameters counted from 0. Texts are copied, unless they are lent: then they must outlive the
-    // next step.
+    // Values are bound to parameters counted from 0. Texts are copied, unless they are lent: then they must
+    // outlive the next step.
     enum class Texts { Copied, Lent };
     void bind(std::span<const BoundValue> values, Texts texts = Texts::Copied);
     void bind(int parameter, const BoundValue& value, Texts texts = Texts::Copied);
@@ -62,7 +62,8 @@ class Prepared {
     Entry* m_entry = nullptr;
 };
 
-// Prepared statements by their text. A statement in use is never lent twice: asking again prepares another one.
+// Prepared statements by their text. A statement in use is never lent twice: asking again prepares another
+// one.
 class StatementPool {
   public:
     explicit StatementPool(sqlite3* database) : m_database(database) {}

@@ -18,11 +18,15 @@ constexpr std::size_t pageSizeAt = 16;
 constexpr std::size_t reservedAt = 20;
 constexpr std::size_t freeListAt = 32;
 
-bool isPageSize(std::uint32_t size) { return size >= 512 && size <= 65536 && std::has_single_bit(size); }
+bool isPageSize(std::uint32_t size) {
+    return size >= 512 && size <= 65536 && std::has_single_bit(size);
+}
 
 }  // namespace
 
-std::uint32_t twoBytes(const RawPages::Page& page, std::size_t at) { return page[at] << 8 | page[at + 1]; }
+std::uint32_t twoBytes(const RawPages::Page& page, std::size_t at) {
+    return page[at] << 8 | page[at + 1];
+}
 
 std::uint32_t fourBytes(const RawPages::Page& page, std::size_t at) {
     return twoBytes(page, at) << 16 | twoBytes(page, at + 2);

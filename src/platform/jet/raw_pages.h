@@ -8,8 +8,8 @@
 
 namespace jet {
 
-// The pages of a database file that may be damaged, read past SQLite. Page numbers count from 1, as SQLite's do; the
-// last page may be cut short and is filled up with zeros.
+// The pages of a database file that may be damaged, read past SQLite. Page numbers count from 1, as SQLite's
+// do; the last page may be cut short and is filled up with zeros.
 class RawPages {
   public:
     using Page = std::vector<unsigned char>;

@@ -34,7 +34,8 @@ class Reader {
         std::int64_t value = 0;
         for (std::size_t i = 0; i < size; ++i) {
             const unsigned char byte = one();
-            value = i == 0 ? static_cast<signed char>(byte) : static_cast<std::int64_t>(static_cast<std::uint64_t>(value) << 8 | byte);
+            value = i == 0 ? static_cast<signed char>(byte)
+                           : static_cast<std::int64_t>(static_cast<std::uint64_t>(value) << 8 | byte);
         }
         return value;
     }
@@ -82,7 +83,8 @@ std::optional<std::string> payloadOf(const RawPages& pages, const RawPages::Page
     while (payload.size() < size) {
         const RawPages::Page overflow = pages.read(next);
         if (overflow.empty()) return std::nullopt;
-        payload += view(overflow, 4).substr(0, std::min<std::uint64_t>(size - payload.size(), pages.usableSize() - 4));
+        payload += view(overflow, 4)
+                       .substr(0, std::min<std::uint64_t>(size - payload.size(), pages.usableSize() - 4));
         next = fourBytes(overflow, 0);
     }
     return payload;
@@ -142,7 +144,8 @@ std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, s
         }
         row.fields[i] = fieldOf(serialType, body);
     }
-    const bool whole = header.position() == headerSize && body.position() == payload->size() && !body.failed();
+    const bool whole =
+        header.position() == headerSize && body.position() == payload->size() && !body.failed();
     if (!whole || !isPlausible(row)) return std::nullopt;
     return row;
 }

@@ -19,7 +19,8 @@ struct RawRow {
     std::array<Field, columns.size()> fields;
 };
 
-// The row whose cell begins at `at` of a leaf page. Nothing when what lies there is no whole row of our table.
+// The row whose cell begins at `at` of a leaf page. Nothing when what lies there is no whole row of our
+// table.
 [[nodiscard]] std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, std::size_t at);
 
 }  // namespace jet

@@ -11,13 +11,17 @@ Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 Recordset::~Recordset() = default;
 
-bool Recordset::Eof() const { return !m_impl->connection->isOpen() || m_impl->atEnd(); }
+bool Recordset::Eof() const {
+    return !m_impl->connection->isOpen() || m_impl->atEnd();
+}
 
 void Recordset::MoveNext() {
     if (!Eof()) m_impl->moveNext();
 }
 
-long long Recordset::RecordCount() { return m_impl->connection->isOpen() ? m_impl->count() : 0; }
+long long Recordset::RecordCount() {
+    return m_impl->connection->isOpen() ? m_impl->count() : 0;
+}
 
 Value Recordset::Field(std::string_view column) const {
     const auto known = columnNamed(column);
@@ -25,7 +29,9 @@ Value Recordset::Field(std::string_view column) const {
     return m_impl->field(*known);
 }
 
-const Error* Recordset::error() const { return m_impl->failure ? &*m_impl->failure : nullptr; }
+const Error* Recordset::error() const {
+    return m_impl->failure ? &*m_impl->failure : nullptr;
+}
 
 namespace {
 

@@ -29,7 +29,9 @@ struct OwnedScan {
     std::shared_ptr<Census> census;
     std::unique_ptr<Query> query;
 
-    [[nodiscard]] Scan scan() const { return {*connection, *census, *query->statement, query->lifted.literals}; }
+    [[nodiscard]] Scan scan() const {
+        return {*connection, *census, *query->statement, query->lifted.literals};
+    }
 };
 
 // Where a column stands among a select's fields.
@@ -37,7 +39,8 @@ class FieldPlaces {
   public:
     explicit FieldPlaces(const std::vector<Column>& fields) {
         m_places.fill(-1);
-        for (std::size_t i = 0; i < fields.size(); ++i) m_places[static_cast<std::size_t>(fields[i])] = static_cast<int>(i);
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            m_places[static_cast<std::size_t>(fields[i])] = static_cast<int>(i);
     }
     [[nodiscard]] int operator[](Column column) const { return m_places[static_cast<std::size_t>(column)]; }
 

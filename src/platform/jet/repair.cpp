@@ -56,11 +56,13 @@ class Writer {
         m_database = std::move(*database);
         m_pool.emplace(m_database.get());
         if (auto written = writeSchema(m_database.get()); !written) return written;
-        if (auto begun = run(m_database.get(), "pragma synchronous = off; begin; drop index datos_unidad"); !begun) {
+        if (auto begun = run(m_database.get(), "pragma synchronous = off; begin; drop index datos_unidad");
+            !begun) {
             return begun;
         }
         auto insert = m_pool->lend(
-            "insert into datos (rowid, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, comentario) "
+            "insert into datos (rowid, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, "
+            "comentario) "
             "values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
         if (!insert) return std::unexpected(insert.error());
         m_insert = std::move(*insert);
@@ -98,7 +100,8 @@ Result<> writeSalvaged(const RawPages& pages, const std::string& path) {
     if (auto opened = writer.open(path); !opened) return opened;
     Salvage salvage{[&](const RawRow& row) { return writer.add(row); }};
     salvage.run(pages);
-    if (!salvage.tableFound) return std::unexpected(Error{error::corrupt, "No row and no table can be found"});
+    if (!salvage.tableFound)
+        return std::unexpected(Error{error::corrupt, "No row and no table can be found"});
     return writer.finish();
 }
 

@@ -6,8 +6,8 @@
 
 namespace jet {
 
-// A file being written beside the one it is to replace. Whatever happens, the name leads to the old file or to the
-// complete new one; what was not put in place is deleted.
+// A file being written beside the one it is to replace. Whatever happens, the name leads to the old file or
+// to the complete new one; what was not put in place is deleted.
 class Replacement {
   public:
     // An empty file next to `target`, with the permissions of `model`.
@@ -23,7 +23,8 @@ class Replacement {
     [[nodiscard]] Result<> putInPlace();
 
   private:
-    Replacement(std::string path, std::string target) : m_path(std::move(path)), m_target(std::move(target)) {}
+    Replacement(std::string path, std::string target)
+        : m_path(std::move(path)), m_target(std::move(target)) {}
 
     std::string m_path;
     std::string m_target;

@@ -29,7 +29,8 @@ bool asksForOneLevel(const Condition& condition) {
 
 // The units of the catalogue, one step through the index for each.
 constexpr std::string_view unitList =
-    "select 0, disco from (with recursive unit(disco) as (select (select disco from datos where disco >= '' order by disco limit 1) "
+    "select 0, disco from (with recursive unit(disco) as (select (select disco from datos where disco >= '' "
+    "order by disco limit 1) "
     "union all select (select disco from datos where disco > unit.disco order by disco limit 1) "
     "from unit where unit.disco is not null) "
     "select disco from unit where disco is not null "
@@ -58,14 +59,17 @@ std::optional<Access> rangeOf(const Scan& scan, const Access& access) {
     if (access.kind == Access::Range) return access;
     if (!triesPattern(scan.statement) || asksForOneLevel(*scan.statement.where)) return std::nullopt;
     if (scan.census.extent(&*scan.statement.where, scan.literals)) return std::nullopt;
-    auto ends = scan.connection.prepare("select (select min(rowid) from datos), (select max(rowid) from datos)");
+    auto ends =
+        scan.connection.prepare("select (select min(rowid) from datos), (select max(rowid) from datos)");
     if (!ends || ends->step() != Prepared::Step::Row || ends->isNull(0)) return std::nullopt;
     return Access{Access::Range, ends->integer(0), ends->integer(1)};
 }
 
 }  // namespace
 
-bool triesPattern(const Statement& statement) { return statement.where && triesPattern(*statement.where); }
+bool triesPattern(const Statement& statement) {
+    return statement.where && triesPattern(*statement.where);
+}
 
 Access accessFor(const Scan& scan) {
     const auto& where = scan.statement.where;
@@ -86,9 +90,12 @@ void writeSource(SqlWriter& writer, const Statement& statement, const Access& ac
 
 void writeWhere(SqlWriter& writer, const Statement& statement, const Access& access) {
     switch (access.kind) {
-        case Access::Nowhere: return writer.write(" where 0");
-        case Access::Range: return writer.writeWhere(statement, access.firstRow, access.lastRow);
-        case Access::AsSqliteChooses: return writer.writeWhere(statement);
+        case Access::Nowhere:
+            return writer.write(" where 0");
+        case Access::Range:
+            return writer.writeWhere(statement, access.firstRow, access.lastRow);
+        case Access::AsSqliteChooses:
+            return writer.writeWhere(statement);
     }
 }
 
@@ -132,7 +139,8 @@ Result<CollectedRows> collectRows(const Scan& scan) {
     }
     writeSource(writer, scan.statement, access);
     if (range && triesPattern(scan.statement)) {
-        auto shared = collectInParallel(scan, {writer.sql(), writer.values()}, range->firstRow, range->lastRow);
+        auto shared =
+            collectInParallel(scan, {writer.sql(), writer.values()}, range->firstRow, range->lastRow);
         if (shared) return std::move(*shared);
     }
     auto rows = prepareAndBind(scan, writer);

@@ -37,7 +37,8 @@ void writeSource(SqlWriter& writer, const Statement& statement, const Access& ac
 // The rows in the order that they are found: first column rowid, then the fields.
 [[nodiscard]] Result<Prepared> scanRows(const Scan& scan);
 
-// Gathers what a statement gives whose columns are rowid, the fields and what is ordered by. False when it failed.
+// Gathers what a statement gives whose columns are rowid, the fields and what is ordered by. False when it
+// failed.
 [[nodiscard]] bool collectFrom(const Statement& statement, Prepared& rows, CollectedRows& collected);
 
 // All rows at once, in the statement's order.

@@ -8,7 +8,8 @@ namespace jet {
 
 namespace {
 
-// A field is its tag, then its bytes: a number's eight, or a text's. The tag of a text is its size + firstText.
+// A field is its tag, then its bytes: a number's eight, or a text's. The tag of a text is its size +
+// firstText.
 using Tag = std::uint32_t;
 constexpr Tag nullTag = 0;
 constexpr Tag numberTag = 1;
@@ -62,7 +63,8 @@ const char* RowStore::add(const Prepared& row, const std::vector<Column>& fields
         to += sizeof tag;
         if (tag == nullTag) continue;
         const std::size_t bytes = tag == numberTag ? sizeof number : tag - firstText;
-        if (bytes > 0) std::memcpy(to, tag == numberTag ? reinterpret_cast<const char*>(&number) : text, bytes);
+        if (bytes > 0)
+            std::memcpy(to, tag == numberTag ? reinterpret_cast<const char*>(&number) : text, bytes);
         to += bytes;
     }
     return packed;

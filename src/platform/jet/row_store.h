@@ -12,7 +12,8 @@
 
 namespace jet {
 
-// Rows copied out of the database, packed: a few bytes beyond their texts. Addresses hold as long as the store.
+// Rows copied out of the database, packed: a few bytes beyond their texts. Addresses hold as long as the
+// store.
 class RowStore {
   public:
     // Packs the fields of a statement's current row, which begin at its column `first`.

@@ -17,7 +17,9 @@ bool isAllButOneUnit(const std::optional<Condition>& where) {
            where->operands[0].column == Column::disco && where->operands[1].kind == Operand::Text;
 }
 
-bool hasRowsWithoutUnit(Census& census) { return !census.units().empty() && !census.units().front().name; }
+bool hasRowsWithoutUnit(Census& census) {
+    return !census.units().empty() && !census.units().front().name;
+}
 
 bool run(const Scan& scan, const SqlWriter& writer) {
     auto prepared = scan.connection.prepare(writer.sql());

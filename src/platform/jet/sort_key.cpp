@@ -21,7 +21,9 @@ constexpr unsigned char enie = firstLetter + ('n' - 'a') * 2 + 1;
 constexpr unsigned char otherScript = 0xF0;  // followed by three bytes of code point
 constexpr char32_t tilde = 0x303;
 
-constexpr unsigned char letterWeight(char lower) { return static_cast<unsigned char>(firstLetter + (lower - 'a') * 2); }
+constexpr unsigned char letterWeight(char lower) {
+    return static_cast<unsigned char>(firstLetter + (lower - 'a') * 2);
+}
 
 constexpr std::array<unsigned char, 128> asciiWeights() {
     std::array<unsigned char, 128> weights{};
@@ -45,14 +47,24 @@ constexpr std::array<unsigned char, 128> weightOfAscii = asciiWeights();
 // Latin letters that Unicode does not take apart.
 char baseOfUndivided(char32_t folded) {
     switch (folded) {
-        case 0xE6: return 'a';   // æ
-        case 0xF0: case 0x111: return 'd';  // ð đ
-        case 0xF8: case 0x153: return 'o';  // ø œ
-        case 0xDF: return 's';   // ß
-        case 0xFE: return 't';   // þ
-        case 0x131: return 'i';  // ı
-        case 0x142: return 'l';  // ł
-        default: return 0;
+        case 0xE6:
+            return 'a';  // æ
+        case 0xF0:
+        case 0x111:
+            return 'd';  // ð đ
+        case 0xF8:
+        case 0x153:
+            return 'o';  // ø œ
+        case 0xDF:
+            return 's';  // ß
+        case 0xFE:
+            return 't';  // þ
+        case 0x131:
+            return 'i';  // ı
+        case 0x142:
+            return 'l';  // ł
+        default:
+            return 0;
     }
 }
 
@@ -64,7 +76,8 @@ class KeyBuilder {
     void add(char32_t character) {
         character = folded(character);
         if (character < 0x80) return addBase(weightOfAscii[character]);
-        if (character >= strayByteBase && character < strayByteBase + 0x100) return addWide(otherScript, character);
+        if (character >= strayByteBase && character < strayByteBase + 0x100)
+            return addWide(otherScript, character);
         if (QChar::decompositionTag(character) == QChar::Canonical) {
             for (const char32_t part : QChar::decomposition(character).toUcs4()) add(part);
             return;
@@ -78,7 +91,8 @@ class KeyBuilder {
             addBase(static_cast<unsigned char>(firstDigit + digit));
             return addAccent(character);
         }
-        const bool letter = QChar::isLetterOrNumber(character) || QChar::category(character) == QChar::Other_PrivateUse;
+        const bool letter =
+            QChar::isLetterOrNumber(character) || QChar::category(character) == QChar::Other_PrivateUse;
         addWide(letter ? otherScript : otherPunctuation, character);
     }
 
@@ -100,7 +114,8 @@ class KeyBuilder {
 
     void addWide(unsigned char lead, char32_t character) {
         m_key += static_cast<char>(lead);
-        for (int shift = 14; shift >= 0; shift -= 7) m_key += static_cast<char>((character >> shift & 0x7F) + 1);
+        for (int shift = 14; shift >= 0; shift -= 7)
+            m_key += static_cast<char>((character >> shift & 0x7F) + 1);
         m_accents += plain;
         m_lastBase = 0;
     }

@@ -5,9 +5,9 @@
 
 namespace jet {
 
-// The order that `order by` gives to text, for Spanish eyes: punctuation, digits, letters; case does not count;
-// á stands beside a, ñ after n; other scripts follow by base letter and code point. Accents decide only between
-// texts that are equal without them. Never stored in a file, so it may change.
+// The order that `order by` gives to text, for Spanish eyes: punctuation, digits, letters; case does not
+// count; á stands beside a, ñ after n; other scripts follow by base letter and code point. Accents decide
+// only between texts that are equal without them. Never stored in a file, so it may change.
 //
 // Keys compare byte by byte (memcmp, then length) as their texts sort.
 void appendSortKey(std::string& key, std::string_view text);

@@ -7,8 +7,8 @@
 
 namespace jet {
 
-// Rows in an order that no index gives. Nothing is fetched before the first field is read: a recordset that is only
-// counted, or only asked whether it is empty, costs no sorting.
+// Rows in an order that no index gives. Nothing is fetched before the first field is read: a recordset that
+// is only counted, or only asked whether it is empty, costs no sorting.
 class SortedRows final : public Recordset::Impl {
   public:
     [[nodiscard]] static Result<std::unique_ptr<Recordset::Impl>> open(OwnedScan scan);

@@ -23,7 +23,8 @@ bool isUnitCondition(const Condition& condition) {
     const auto isText = [](const Operand& operand) { return operand.kind == Operand::Text; };
     const auto& operands = condition.operands;
     return operands.size() > 1 && operands.front().kind == Operand::Field &&
-           operands.front().column == Column::disco && std::all_of(operands.begin() + 1, operands.end(), isText);
+           operands.front().column == Column::disco &&
+           std::all_of(operands.begin() + 1, operands.end(), isText);
 }
 
 // Patterns cost the most: what stands beside them is tested first.
@@ -33,9 +34,10 @@ bool isExpensive(const Condition& condition) {
 }
 
 bool compares(const Condition& condition, Column column) {
-    return std::any_of(condition.operands.begin(), condition.operands.end(), [column](const Operand& operand) {
-        return operand.kind == Operand::Field && operand.column == column;
-    });
+    return std::any_of(condition.operands.begin(), condition.operands.end(),
+                       [column](const Operand& operand) {
+                           return operand.kind == Operand::Field && operand.column == column;
+                       });
 }
 
 // `nivel` holds digits, for which every order of texts is the same; without a collation the index serves it.
@@ -44,8 +46,10 @@ std::string_view collationOf(const Condition& condition) {
     switch (condition.kind) {
         case Condition::Equal:
         case Condition::Unequal:
-        case Condition::In: return " collate jet_folded";
-        default: return " collate jet_sorted";
+        case Condition::In:
+            return " collate jet_folded";
+        default:
+            return " collate jet_sorted";
     }
 }
 
@@ -58,13 +62,18 @@ void SqlWriter::writeValue(const BoundValue& value) {
 
 void SqlWriter::writeOperand(const Operand& operand, Type type) {
     switch (operand.kind) {
-        case Operand::Field: m_sql += info(operand.column).name; break;
-        case Operand::Null: m_sql += "null"; break;
+        case Operand::Field:
+            m_sql += info(operand.column).name;
+            break;
+        case Operand::Null:
+            m_sql += "null";
+            break;
         case Operand::Text:
         case Operand::Number:
             // A fraction compared with whole numbers stays one.
             if (type == Type::Integer) type = Type::Real;
-            writeValue(converted(m_literals[operand.literal], operand.negative, type, m_storage.emplace_back()));
+            writeValue(
+                converted(m_literals[operand.literal], operand.negative, type, m_storage.emplace_back()));
             break;
     }
 }
@@ -84,14 +93,17 @@ void SqlWriter::writeJoined(const Condition& condition, std::string_view word) {
 
 void SqlWriter::writeCondition(const Condition& condition) {
     switch (condition.kind) {
-        case Condition::And: return writeJoined(condition, " and ");
-        case Condition::Or: return writeJoined(condition, " or ");
+        case Condition::And:
+            return writeJoined(condition, " and ");
+        case Condition::Or:
+            return writeJoined(condition, " or ");
         case Condition::Not:
             m_sql += "not (";
             writeCondition(condition.children.front());
             m_sql += ')';
             return;
-        default: return isUnitCondition(condition) ? writeUnits(condition) : writeTest(condition);
+        default:
+            return isUnitCondition(condition) ? writeUnits(condition) : writeTest(condition);
     }
 }
 
@@ -109,15 +121,33 @@ void SqlWriter::writeTest(const Condition& condition) {
     writeOperand(operands[0], type);
     m_sql += collationOf(condition);
     switch (condition.kind) {
-        case Condition::Equal: m_sql += " = "; break;
-        case Condition::Unequal: m_sql += " <> "; break;
-        case Condition::Less: m_sql += " < "; break;
-        case Condition::LessOrEqual: m_sql += " <= "; break;
-        case Condition::Greater: m_sql += " > "; break;
-        case Condition::GreaterOrEqual: m_sql += " >= "; break;
-        case Condition::Between: m_sql += " between "; break;
-        case Condition::In: m_sql += " in ("; break;
-        default: m_sql += " is null"; return;
+        case Condition::Equal:
+            m_sql += " = ";
+            break;
+        case Condition::Unequal:
+            m_sql += " <> ";
+            break;
+        case Condition::Less:
+            m_sql += " < ";
+            break;
+        case Condition::LessOrEqual:
+            m_sql += " <= ";
+            break;
+        case Condition::Greater:
+            m_sql += " > ";
+            break;
+        case Condition::GreaterOrEqual:
+            m_sql += " >= ";
+            break;
+        case Condition::Between:
+            m_sql += " between ";
+            break;
+        case Condition::In:
+            m_sql += " in (";
+            break;
+        default:
+            m_sql += " is null";
+            return;
     }
     const std::string_view separator = condition.kind == Condition::Between ? " and " : ", ";
     for (std::size_t i = 1; i < operands.size(); ++i) {

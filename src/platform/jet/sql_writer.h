@@ -11,21 +11,22 @@
 
 namespace jet {
 
-// Puts a parsed statement and its literals into SQLite's words: text with a parameter for each value. No literal
-// ever becomes part of the text.
+// Puts a parsed statement and its literals into SQLite's words: text with a parameter for each value. No
+// literal ever becomes part of the text.
 class SqlWriter {
   public:
-    SqlWriter(const std::vector<Literal>& literals, Census& census) : m_literals(literals), m_census(census) {}
+    SqlWriter(const std::vector<Literal>& literals, Census& census)
+        : m_literals(literals), m_census(census) {}
 
     void write(std::string_view sql) { m_sql += sql; }
     void writeFields(const std::vector<Column>& fields);
     void writeCondition(const Condition& condition);
-    void writeWhere(const Statement& statement);      // " where ..." or nothing
+    void writeWhere(const Statement& statement);  // " where ..." or nothing
 
     // The same for the rows between two rowids only.
     void writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow);
     void writeGroupAndOrder(const Statement& statement);
-    void writeAssignments(const Statement& statement);    // " set ..." of an update
+    void writeAssignments(const Statement& statement);  // " set ..." of an update
     void writeInsert(const Statement& statement);
 
     [[nodiscard]] const std::string& sql() const { return m_sql; }

@@ -18,7 +18,21 @@ struct Operand {
 };
 
 struct Condition {
-    enum Kind { And, Or, Not, Equal, Unequal, Less, LessOrEqual, Greater, GreaterOrEqual, Like, Between, In, IsNull };
+    enum Kind {
+        And,
+        Or,
+        Not,
+        Equal,
+        Unequal,
+        Less,
+        LessOrEqual,
+        Greater,
+        GreaterOrEqual,
+        Like,
+        Between,
+        In,
+        IsNull
+    };
     Kind kind = And;
     std::vector<Condition> children;  // of And, Or (two or more) and Not (one)
     std::vector<Operand> operands;    // of the others: the tested one, then what it is compared with
@@ -37,8 +51,8 @@ struct Ordering {
 struct Statement {
     enum Kind { Select, Insert, Update, Delete };
     Kind kind = Select;
-    std::vector<Column> fields;            // of a Select
-    std::vector<Assignment> assignments;   // of an Insert or Update
+    std::vector<Column> fields;           // of a Select
+    std::vector<Assignment> assignments;  // of an Insert or Update
     std::optional<Condition> where;
     std::vector<Column> groupBy;
     std::vector<Ordering> orderBy;

@@ -12,7 +12,8 @@ class StoredRows final : public Recordset::Impl {
   public:
     using Selection = std::vector<std::uint32_t>;
 
-    // All rows, or those of a selection (positions among the rows, which the caller keeps alive through `rows`).
+    // All rows, or those of a selection (positions among the rows, which the caller keeps alive through
+    // `rows`).
     StoredRows(std::shared_ptr<Connection> connection, std::shared_ptr<const CollectedRows> rows,
                std::vector<Column> fields, const Selection* selection = nullptr);
 
@@ -22,7 +23,9 @@ class StoredRows final : public Recordset::Impl {
     Value field(Column column) override;
 
   private:
-    [[nodiscard]] std::size_t size() const { return m_selection ? m_selection->size() : m_rows->rows().size(); }
+    [[nodiscard]] std::size_t size() const {
+        return m_selection ? m_selection->size() : m_rows->rows().size();
+    }
     [[nodiscard]] const CollectedRows::Row& row() const {
         return m_rows->rows()[m_selection ? (*m_selection)[m_at] : m_at];
     }

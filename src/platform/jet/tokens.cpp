@@ -16,8 +16,8 @@ std::size_t endOfSign(std::string_view shape, std::size_t at) {
 
 std::size_t endOfWord(std::string_view shape, std::size_t at) {
     const auto endsWord = [&](char c) {
-        return blanks.find(c) != blanks.npos || signs.find(c) != signs.npos || c == LiftedStatement::textMark ||
-               c == LiftedStatement::numberMark;
+        return blanks.find(c) != blanks.npos || signs.find(c) != signs.npos ||
+               c == LiftedStatement::textMark || c == LiftedStatement::numberMark;
     };
     while (at < shape.size() && !endsWord(shape[at])) ++at;
     return at;

@@ -9,7 +9,9 @@ namespace jet {
 // Bytes that are no valid UTF-8 decode one by one to this block, so that any text can be walked to its end.
 inline constexpr char32_t strayByteBase = 0xDC00;
 
-[[nodiscard]] inline bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+[[nodiscard]] inline bool isAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
 [[nodiscard]] bool isAscii(std::string_view text);
 
 // The character at `position`, which moves behind it. `position` must be inside the text.

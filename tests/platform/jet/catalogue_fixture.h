@@ -34,16 +34,18 @@ class CatalogueTest : public testing::Test {
         EXPECT_TRUE(done) << sql << ": " << done.error().text;
     }
 
-    static void addFolder(jet::Database& database, const std::string& ruta, const std::string& carpeta, int nivel,
-                          const std::string& disco = "U :") {
-        run(database, "insert into datos (numero,ruta,carpeta,nivel,fecha,tipo,disco) values (1,'" + ruta + "','" +
-                          carpeta + "','" + std::to_string(nivel) + "','38000','Carpeta de archivos','" + disco + "')");
+    static void addFolder(jet::Database& database, const std::string& ruta, const std::string& carpeta,
+                          int nivel, const std::string& disco = "U :") {
+        run(database, "insert into datos (numero,ruta,carpeta,nivel,fecha,tipo,disco) values (1,'" + ruta +
+                          "','" + carpeta + "','" + std::to_string(nivel) +
+                          "','38000','Carpeta de archivos','" + disco + "')");
     }
-    static void addFile(jet::Database& database, const std::string& ruta, const std::string& archivo, int nivel = 1,
-                        int largo = 7, const std::string& disco = "U :", int numero = 1) {
-        run(database, "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco) values (" +
-                          std::to_string(numero) + ",'" + ruta + "','c','" + archivo + "','" + std::to_string(nivel) +
-                          "','38000.25','" + std::to_string(largo) + "','Archivo','" + disco + "')");
+    static void addFile(jet::Database& database, const std::string& ruta, const std::string& archivo,
+                        int nivel = 1, int largo = 7, const std::string& disco = "U :", int numero = 1) {
+        run(database,
+            "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco) values (" +
+                std::to_string(numero) + ",'" + ruta + "','c','" + archivo + "','" + std::to_string(nivel) +
+                "','38000.25','" + std::to_string(largo) + "','Archivo','" + disco + "')");
     }
 
     // One column of all rows, joined by blanks; the error's number when the statement is refused.
@@ -54,9 +56,9 @@ class CatalogueTest : public testing::Test {
         for (; !rows->Eof(); rows->MoveNext()) {
             if (!joined.empty()) joined += ' ';
             const jet::Value value = rows->Field(name);
-            joined += value.isNull()           ? "null"
+            joined += value.isNull()         ? "null"
                       : value.text().empty() ? std::to_string(value.integer())
-                                               : std::string(value.text());
+                                             : std::string(value.text());
         }
         return joined;
     }

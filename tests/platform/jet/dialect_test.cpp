@@ -54,29 +54,38 @@ TEST_F(DialectTest, ComparesTextWithoutCaseAndNeverNull) {
     EXPECT_EQ(count(db, "select * from datos where nivel >('10')"), 1);
     EXPECT_EQ(column(db, "disco", "select disco from datos group by disco order by disco"), "Otra : U : u :");
     EXPECT_EQ(count(db, "select disco from datos group by disco"), 3);
-    EXPECT_EQ(column(db, "archivo", "select * from datos where (((disco)='otra :') and (nivel='10'))"), "b.txt");
+    EXPECT_EQ(column(db, "archivo", "select * from datos where (((disco)='otra :') and (nivel='10'))"),
+              "b.txt");
 }
 
 TEST_F(DialectTest, OrAndNotBindAsTheyShould) {
     auto db = open();
-    for (int i = 1; i <= 4; ++i) addFile(db, "r" + std::to_string(i), "f" + std::to_string(i), i, i, "U :", i);
-    EXPECT_EQ(column(db, "numero", "select * from datos where nivel='1' or nivel='2' and largo=9 order by numero"), "1");
+    for (int i = 1; i <= 4; ++i)
+        addFile(db, "r" + std::to_string(i), "f" + std::to_string(i), i, i, "U :", i);
+    EXPECT_EQ(
+        column(db, "numero", "select * from datos where nivel='1' or nivel='2' and largo=9 order by numero"),
+        "1");
     EXPECT_EQ(column(db, "numero", "select * from datos where (nivel='1' or nivel='2') and largo=2"), "2");
-    EXPECT_EQ(column(db, "numero", "select * from datos where not (largo=1 or largo=2) order by numero desc"), "4 3");
-    EXPECT_EQ(column(db, "numero", "select * from datos where largo between(2)and (3)order by numero"), "2 3");
+    EXPECT_EQ(column(db, "numero", "select * from datos where not (largo=1 or largo=2) order by numero desc"),
+              "4 3");
+    EXPECT_EQ(column(db, "numero", "select * from datos where largo between(2)and (3)order by numero"),
+              "2 3");
     EXPECT_EQ(column(db, "numero",
-                     "select * from datos where disco=('U :') and ruta =('R2') and archivo =('F2')or disco=('U :') and "
+                     "select * from datos where disco=('U :') and ruta =('R2') and archivo =('F2')or "
+                     "disco=('U :') and "
                      "ruta =('r3') and carpeta =('C') order by numero"),
               "2 3");
 }
 
 TEST_F(DialectTest, OrdersTextForSpanishEyesAndTiesAsInserted) {
     auto db = open();
-    for (const char* name : {"nz", "Ñu", "o", "ábaco", "abeto", "2", "10", "_", "NA", "na"}) addFolder(db, "r", name, 1);
+    for (const char* name : {"nz", "Ñu", "o", "ábaco", "abeto", "2", "10", "_", "NA", "na"})
+        addFolder(db, "r", name, 1);
     EXPECT_EQ(column(db, "carpeta", "select * from datos where disco=('U :') order by carpeta "),
               "_ 10 2 ábaco abeto NA na nz Ñu o");
-    EXPECT_EQ(column(db, "carpeta", "select carpeta from datos where carpeta like '*a*' order by carpeta desc"),
-              "NA na abeto ábaco");
+    EXPECT_EQ(
+        column(db, "carpeta", "select carpeta from datos where carpeta like '*a*' order by carpeta desc"),
+        "NA na abeto ábaco");
     EXPECT_EQ(column(db, "carpeta", "select carpeta from datos where nivel='1' order by numero, carpeta"),
               "_ 10 2 ábaco abeto NA na nz Ñu o");
 }
@@ -85,7 +94,8 @@ TEST_F(DialectTest, ChangesRows) {
     auto db = open();
     addFile(db, "r", "a.txt");
     addFile(db, "r", "b.txt");
-    EXPECT_EQ(db.Execute("update datos set comentario='it''s; drop table datos --' where archivo =('A.TXT')"), 1);
+    EXPECT_EQ(db.Execute("update datos set comentario='it''s; drop table datos --' where archivo =('A.TXT')"),
+              1);
     EXPECT_EQ(column(db, "comentario", "select comentario from datos where comentario like '*DROP*'"),
               "it's; drop table datos --");
     EXPECT_EQ(db.Execute("update datos set disco='V :' where disco=('u :')"), 2);
@@ -100,7 +110,8 @@ TEST_F(DialectTest, RefusesWhatTheEngineWouldRefuse) {
     addFile(db, "r", "a.txt");
     const std::string select = "select * from datos where ";
     const std::pair<std::string, int> refused[] = {
-        {select + "largo between(1)and (2)and archivo  like ('*a*.htm') or where largo between(1)and (2)", 3075},
+        {select + "largo between(1)and (2)and archivo  like ('*a*.htm') or where largo between(1)and (2)",
+         3075},
         {select + "largo between(1)and (2) fecha between(1)and (2)", 3075},
         {select + "fecha between(38123,5)and (38124)", 3075},
         {select + "archivo = 'it's'", 3075},

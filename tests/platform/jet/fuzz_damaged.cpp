@@ -12,8 +12,9 @@ namespace {
 void useAll(const std::string& path) {
     auto db = jet::OpenDatabase(path, jet::Use::ReadOnly);
     if (!db) return;
-    for (const char* sql : {"select disco from datos group by disco order by disco", "select * from datos order by carpeta",
-                            "select * from datos where archivo like ('*1*') and disco=('U :')"}) {
+    for (const char* sql :
+         {"select disco from datos group by disco order by disco", "select * from datos order by carpeta",
+          "select * from datos where archivo like ('*1*') and disco=('U :')"}) {
         auto rows = db->OpenRecordset(sql);
         if (!rows) continue;
         (void)rows->RecordCount();
@@ -23,8 +24,8 @@ void useAll(const std::string& path) {
 
 }  // namespace
 
-// A catalogue with a few bytes changed or its end cut off: reading ends in rows or an error, and what a repair calls
-// repaired is sound.
+// A catalogue with a few bytes changed or its end cut off: reading ends in rows or an error, and what a
+// repair calls repaired is sound.
 int main(int argc, char** argv) {
     std::string name = (std::filesystem::temp_directory_path() / "jet-fuzz-XXXXXX").string();
     const std::filesystem::path folder = ::mkdtemp(name.data());
@@ -32,9 +33,11 @@ int main(int argc, char** argv) {
     if (!jet::CreateDatabase(path)) return 1;
     if (auto db = jet::OpenDatabase(path)) {
         for (int i = 0; i < 400; ++i) {
-            (void)db->Execute("insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario) values (" +
-                              std::to_string(i) + ",'E:\\x','x','f" + std::to_string(i) + "','1','3','4','Archivo','U :','" +
-                              std::string(i % 90 == 0 ? 9000 : 5, 'n') + "')");
+            (void)db->Execute(
+                "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario) "
+                "values (" +
+                std::to_string(i) + ",'E:\\x','x','f" + std::to_string(i) +
+                "','1','3','4','Archivo','U :','" + std::string(i % 90 == 0 ? 9000 : 5, 'n') + "')");
         }
     }
     std::ifstream in(path, std::ios::binary);

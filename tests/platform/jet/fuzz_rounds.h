@@ -5,7 +5,9 @@
 #include <string>
 
 // The number of rounds given on the command line. The same number of rounds always does the same.
-inline int rounds(int argc, char** argv, int usual) { return argc > 1 ? std::atoi(argv[1]) : usual; }
+inline int rounds(int argc, char** argv, int usual) {
+    return argc > 1 ? std::atoi(argv[1]) : usual;
+}
 
 // Texts of a few pieces out of a list, which is where the interesting ones are.
 template <std::size_t size>

@@ -5,16 +5,63 @@
 #include "platform/jet/database.h"
 #include "platform/jet/maintenance.h"
 
-// Statements put together at random: each is refused with a number or runs, and none but a delete loses a row.
+// Statements put together at random: each is refused with a number or runs, and none but a delete loses a
+// row.
 int main(int argc, char** argv) {
-    static constexpr const char* pieces[] = {
-        "select ", "* ",      "from ",  "datos ", "where ", "disco",   "ruta ",  "archivo ", "nivel",  "largo ", "fecha ",
-        "=",       "<>",      " like ", "(",      ")",      "('*a*')", "'a'",    "\"b\"",    "'",      "1",      "-2.5",
-        " and ",   " or ",    " not ",  " in ",   "('x','y')", " between ", "(1)and (2)", " is null ", "order by ", "group by ",
-        "carpeta", ",",       ";",      "insert into datos ", "(disco,largo) ", "values ", "('z','3') ", "update datos set ",
-        "comentario=", "numero", " desc", "\xff", "\\", "#", "--", "pragma ", "attach ", "null"};
-    static constexpr const char* starts[] = {"", "select * from datos where ", "select disco from datos where disco=",
-                                             "update datos set comentario='x' where ", "insert into datos (disco,largo) values ("};
+    static constexpr const char* pieces[] = {"select ",
+                                             "* ",
+                                             "from ",
+                                             "datos ",
+                                             "where ",
+                                             "disco",
+                                             "ruta ",
+                                             "archivo ",
+                                             "nivel",
+                                             "largo ",
+                                             "fecha ",
+                                             "=",
+                                             "<>",
+                                             " like ",
+                                             "(",
+                                             ")",
+                                             "('*a*')",
+                                             "'a'",
+                                             "\"b\"",
+                                             "'",
+                                             "1",
+                                             "-2.5",
+                                             " and ",
+                                             " or ",
+                                             " not ",
+                                             " in ",
+                                             "('x','y')",
+                                             " between ",
+                                             "(1)and (2)",
+                                             " is null ",
+                                             "order by ",
+                                             "group by ",
+                                             "carpeta",
+                                             ",",
+                                             ";",
+                                             "insert into datos ",
+                                             "(disco,largo) ",
+                                             "values ",
+                                             "('z','3') ",
+                                             "update datos set ",
+                                             "comentario=",
+                                             "numero",
+                                             " desc",
+                                             "\xff",
+                                             "\\",
+                                             "#",
+                                             "--",
+                                             "pragma ",
+                                             "attach ",
+                                             "null"};
+    static constexpr const char* starts[] = {
+        "", "select * from datos where ",
+        "select disco from datos where disco=", "update datos set comentario='x' where ",
+        "insert into datos (disco,largo) values ("};
     std::string name = (std::filesystem::temp_directory_path() / "jet-fuzz-XXXXXX").string();
     const std::filesystem::path folder = ::mkdtemp(name.data());
     const std::string path = folder / "a.zrq";
@@ -31,7 +78,8 @@ int main(int argc, char** argv) {
             if (found) (void)found->RecordCount();
             if (found && !found->Eof()) found->MoveNext();
             accepted += changed || found;
-            if (i % 100 == 0) lost = db->OpenRecordset("select * from datos order by numero")->RecordCount() != rows;
+            if (i % 100 == 0)
+                lost = db->OpenRecordset("select * from datos order by numero")->RecordCount() != rows;
         }
     }
     std::filesystem::remove_all(folder);

@@ -32,6 +32,7 @@ inline bool likeReference(std::string_view text, std::string_view pattern) {
         return inside != negated && likeReference(text.substr(1), behind);
     }
     if (text.empty()) return false;
-    const bool one = wanted == '?' || (wanted == '#' ? text[0] >= '0' && text[0] <= '9' : lower(wanted) == lower(text[0]));
+    const bool one =
+        wanted == '?' || (wanted == '#' ? text[0] >= '0' && text[0] <= '9' : lower(wanted) == lower(text[0]));
     return one && likeReference(text.substr(1), rest);
 }

@@ -4,7 +4,9 @@
 
 namespace {
 
-bool like(std::string_view text, std::string_view pattern) { return jet::LikePattern(pattern).matches(text); }
+bool like(std::string_view text, std::string_view pattern) {
+    return jet::LikePattern(pattern).matches(text);
+}
 
 TEST(Like, TakesTheWholeValueInEitherCase) {
     EXPECT_TRUE(like("Foto Playa.JPG", "*playa*.jpg"));

@@ -13,7 +13,8 @@ class MaintenanceTest : public CatalogueTest {
         auto db = open();
         ASSERT_TRUE(db.BeginTrans());
         for (int i = 0; i < rows; ++i) {
-            addFile(db, "E:\\carpeta\\" + std::string(i % 50, 'x'), "f" + std::to_string(i), 1 + i % 12, i, "U :", i);
+            addFile(db, "E:\\carpeta\\" + std::string(i % 50, 'x'), "f" + std::to_string(i), 1 + i % 12, i,
+                    "U :", i);
         }
         run(db, "update datos set comentario='" + std::string(20'000, 'n') + "' where largo in (3, 77)");
         ASSERT_TRUE(db.CommitTrans());
@@ -47,7 +48,8 @@ class MaintenanceTest : public CatalogueTest {
     }
 
     std::size_t filesInFolder() const {
-        return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator());
+        return std::distance(std::filesystem::directory_iterator(folder),
+                             std::filesystem::directory_iterator());
     }
 };
 
@@ -78,7 +80,8 @@ TEST_F(MaintenanceTest, CompactionThatFailsLeavesNoDestinationAndItsSourceAlone)
     }
     write(folder / "garbage.zrq", std::string(4000, 'g'));
     write(to, "stale");
-    EXPECT_EQ(jet::CompactDatabase(folder / "garbage.zrq", to).error().number, jet::error::unrecognizedFormat);
+    EXPECT_EQ(jet::CompactDatabase(folder / "garbage.zrq", to).error().number,
+              jet::error::unrecognizedFormat);
     EXPECT_FALSE(std::filesystem::exists(to));
     EXPECT_EQ(jet::CompactDatabase(folder / "none.zrq", to).error().number, jet::error::fileNotFound);
     EXPECT_FALSE(jet::CompactDatabase(path, path));

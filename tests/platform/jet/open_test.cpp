@@ -53,8 +53,9 @@ TEST_F(OpenTest, RefusesCataloguesItCannotTrust) {
 }
 
 TEST_F(OpenTest, DisarmsTriggersAndForeignModes) {
-    runForeign(path, "create trigger t after insert on datos begin delete from datos; end;"
-                     "drop index datos_unidad; pragma journal_mode = wal");
+    runForeign(path,
+               "create trigger t after insert on datos begin delete from datos; end;"
+               "drop index datos_unidad; pragma journal_mode = wal");
     {
         auto db = open();
         addFile(db, "r", "a");

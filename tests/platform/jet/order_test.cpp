@@ -9,10 +9,12 @@
 namespace {
 
 TEST(Order, IsSpanish) {
-    const std::vector<std::string> sorted{"",     "(b)",   "_x",  "1",    "10",   "2",     "a",    "á",    "ab",
-                                          "ábaco", "b",    "Canto", "caña", "caño", "mz",    "na",   "nz",   "ñ",
-                                          "Ñandú", "o",    "ö",    "z",    "αβγ",  "άδ", "бык", "漢字"};
-    const auto before = [](const std::string& a, const std::string& b) { return jet::compareSorted(a, b) < 0; };
+    const std::vector<std::string> sorted{"",      "(b)", "_x",    "1",    "10",   "2",  "a",   "á",   "ab",
+                                          "ábaco", "b",   "Canto", "caña", "caño", "mz", "na",  "nz",  "ñ",
+                                          "Ñandú", "o",   "ö",     "z",    "αβγ",  "άδ", "бык", "漢字"};
+    const auto before = [](const std::string& a, const std::string& b) {
+        return jet::compareSorted(a, b) < 0;
+    };
     for (std::size_t i = 0; i + 1 < sorted.size(); ++i) {
         EXPECT_TRUE(before(sorted[i], sorted[i + 1])) << sorted[i] << " " << sorted[i + 1];
     }

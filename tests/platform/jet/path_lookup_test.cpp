@@ -8,14 +8,16 @@ using PathLookupTest = CatalogueTest;
 
 std::string select(const std::string& path, int level, bool asScan) {
     // A second, idle test of the path keeps the statement from being looked up.
-    return "select carpeta, ruta from datos where  disco=('U :') and  ruta like ('*" + path + "*')  and  nivel=('" +
-           std::to_string(level) + "')" + (asScan ? " and ruta like ('*\\*')" : "") +
+    return "select carpeta, ruta from datos where  disco=('U :') and  ruta like ('*" + path +
+           "*')  and  nivel=('" + std::to_string(level) + "')" + (asScan ? " and ruta like ('*\\*')" : "") +
            " and tipo <>('archivo') order by carpeta ";
 }
 
-// Names that repeat, differ in case only, hold wildcards, are empty, or are those of the folders above the unit.
+// Names that repeat, differ in case only, hold wildcards, are empty, or are those of the folders above the
+// unit.
 TEST_F(PathLookupTest, GivesWhatTheScanGives) {
-    const std::vector<std::string> names{"a", "A", "b", "ñ", "Ñ", "base", "a b", "", "[x]", "a#", "[a", "c]", "ab"};
+    const std::vector<std::string> names{"a", "A",   "b",  "ñ",  "Ñ",  "base", "a b",
+                                         "",  "[x]", "a#", "[a", "c]", "ab"};
     std::mt19937 random(7);
     const auto name = [&] { return names[random() % names.size()]; };
     auto db = open();
@@ -50,9 +52,11 @@ TEST_F(PathLookupTest, NestedRecordsetsKeepTheirPlaces) {
     }
     std::string walked;
     for (int round = 0; round < 2; ++round) {
-        auto outer = db.OpenRecordset("select carpeta from datos where disco=('U :') and nivel=('1') order by carpeta");
+        auto outer = db.OpenRecordset(
+            "select carpeta from datos where disco=('U :') and nivel=('1') order by carpeta");
         for (; !outer->Eof(); outer->MoveNext()) {
-            auto inner = db.OpenRecordset(select("\\" + std::string(outer->Field("carpeta").text()) + "\\", 2, false));
+            auto inner =
+                db.OpenRecordset(select("\\" + std::string(outer->Field("carpeta").text()) + "\\", 2, false));
             walked += outer->Field("carpeta").text();
             for (; !inner->Eof(); inner->MoveNext()) walked += inner->Field("carpeta").text();
             if (round == 1) addFolder(db, "E:\\d\\z", "z", 2);  // the answers kept so far hold no more

@@ -10,9 +10,10 @@ using RecordsetTest = CatalogueTest;
 TEST_F(RecordsetTest, CountsWithoutMoving) {
     auto db = open();
     for (const char* name : {"b", "a", "c"}) addFile(db, "r", name);
-    for (const char* sql : {"select * from datos where tipo =('archivo') order by archivo",
-                            "select * from datos where archivo like '*' order by archivo",
-                            "select * from datos where archivo like '*'", "select * from datos where largo=7"}) {
+    for (const char* sql :
+         {"select * from datos where tipo =('archivo') order by archivo",
+          "select * from datos where archivo like '*' order by archivo",
+          "select * from datos where archivo like '*'", "select * from datos where largo=7"}) {
         auto rows = db.OpenRecordset(sql);
         ASSERT_TRUE(rows);
         const std::string first(rows->Field("archivo").text());
@@ -92,16 +93,18 @@ TEST_F(RecordsetTest, TransactionsRollBackUnlessCommitted) {
     EXPECT_EQ(column(db, "archivo", "select * from datos"), "b");
 }
 
-// Whatever way the rows are found, the answer is the same: by one thread or several, from memory or read again.
+// Whatever way the rows are found, the answer is the same: by one thread or several, from memory or read
+// again.
 TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
     auto db = open();
     std::mt19937 random(1);
     ASSERT_TRUE(db.BeginTrans());
     for (int i = 0; i < 110'000; ++i) {
-        addFile(db, "r", (random() % 3 ? "Ñame" : "zebra") + std::to_string(random() % 5000), 1 + i % 12, i % 100,
-                i % 1000 < 400 ? "U :" : "V :", i);
+        addFile(db, "r", (random() % 3 ? "Ñame" : "zebra") + std::to_string(random() % 5000), 1 + i % 12,
+                i % 100, i % 1000 < 400 ? "U :" : "V :", i);
     }
-    const std::string sql = "select numero from datos where archivo like ('*ÑAME*7*') and tipo=('archivo') order by archivo";
+    const std::string sql =
+        "select numero from datos where archivo like ('*ÑAME*7*') and tipo=('archivo') order by archivo";
     const std::string inTransaction = column(db, "numero", sql);  // others cannot see these rows: one thread
     ASSERT_TRUE(db.CommitTrans());
     EXPECT_GT(inTransaction.size(), 10'000u);
@@ -112,8 +115,9 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
 
     const std::string unit = "select * from datos where disco=('u :') and archivo like ('*99') ";
     EXPECT_EQ(count(db, unit + "order by numero"), count(db, unit));
-    EXPECT_EQ(count(db, unit) + count(db, "select * from datos where disco<>('U :') and archivo like ('*99')"),
-              count(db, "select * from datos where archivo like ('*99')"));
+    EXPECT_EQ(
+        count(db, unit) + count(db, "select * from datos where disco<>('U :') and archivo like ('*99')"),
+        count(db, "select * from datos where archivo like ('*99')"));
     EXPECT_EQ(count(db, "select * from datos where disco=('U :') and nivel in ('12') and tipo=('archivo')"),
               count(db, "select * from datos where nivel='12' and largo >= (0) and disco like ('U*')"));
 }
@@ -121,12 +125,14 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
 TEST_F(RecordsetTest, AScratchCopyKeepsOneUnit) {
     auto db = open(jet::Use::Scratch);
     ASSERT_TRUE(db.BeginTrans());
-    for (int i = 0; i < 3000; ++i) addFile(db, "r" + std::to_string(i), "f", 1, i, i % 10 == 3 ? "Una :" : "Otra :", i);
+    for (int i = 0; i < 3000; ++i)
+        addFile(db, "r" + std::to_string(i), "f", 1, i, i % 10 == 3 ? "Una :" : "Otra :", i);
     ASSERT_TRUE(db.CommitTrans());
     EXPECT_EQ(db.Execute("delete * from datos where disco<>('una :') "), 2700);
     EXPECT_EQ(count(db, "select * from datos order by numero"), 300);
-    EXPECT_EQ(column(db, "largo", "select largo from datos where largo < (40) and disco=('UNA :') order by numero"),
-              "3 13 23 33");
+    EXPECT_EQ(
+        column(db, "largo", "select largo from datos where largo < (40) and disco=('UNA :') order by numero"),
+        "3 13 23 33");
     addFile(db, "r", "g", 1, 1, "Nueva :");
     EXPECT_EQ(db.Execute("delete * from datos where disco<>('nueva :')"), 300);
     db.Close();
