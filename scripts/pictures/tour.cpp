@@ -134,7 +134,7 @@ void Tour::makeCatalogue() {
     find<QTabBar>("TabStrip2").setCurrentIndex(1);
     find<controls::ImageCombo>("ImageCombo4").setSelected(3);
     type("Text11", in({"Casablanca", "Casablanca"}));
-    type("Text3", in({"Películas, caja 2", "Films, box 2"}));
+    type("Text3", in({"Películas caja 2", "Films box 2"}));
     shoot(m_window, "by-hand");
     click("Label20");
 }

@@ -9,6 +9,7 @@
 #include <initializer_list>
 
 #include "platform/controls/drawn_icon.h"
+#include "platform/controls/selectable_icon.h"
 
 namespace controls {
 namespace {
@@ -111,7 +112,7 @@ QIcon picture(int number) {
     if (number < 1 || number > pictureCount) return {};
     const auto place = static_cast<std::size_t>(number - 1);
     QIcon& icon = pictureCache()[place];
-    if (icon.isNull()) icon = makePicture(pictures[place]);
+    if (icon.isNull()) icon = selectableIcon(makePicture(pictures[place]));
     return icon;
 }
 
