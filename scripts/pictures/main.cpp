@@ -3,13 +3,28 @@
 #include <QApplication>
 #include <QDir>
 #include <cstdio>
+#include <filesystem>
 
 #include "platform/controls/pictures.h"
 #include "sample_discs.h"
-#include "support/temporary_folder.h"
 #include "tour.h"
 
 namespace {
+
+namespace fs = std::filesystem;
+
+// A folder whose name shows in the pictures, so it is the same each time.
+struct Scratch {
+    Scratch() {
+        fs::remove_all(path);
+        fs::create_directories(path);
+    }
+    ~Scratch() { fs::remove_all(path); }
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+
+    fs::path path = fs::temp_directory_path() / "zarquelin-pictures";
+};
 
 bool takePictures(const std::string& scratch, const std::string& folder, core::Language language) {
     const TourFolders folders{scratch + "/media/anne/Photo disc 2003", scratch + "/media/anne/Rehearsal disc",
@@ -32,18 +47,18 @@ int main(int argc, char** argv) {
         std::fputs("usage: pictures FOLDER\n", stderr);
         return 2;
     }
-    // The same pictures on every machine: without a display, with settings of their own.
-    const test::TemporaryFolder scratch;
+    // The same pictures on every machine: without a display, with settings and paths of their own.
+    const Scratch scratch;
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(scratch.path()));
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(scratch.path));
     qputenv("TZ", "UTC");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     controls::installIconTheme();
 
     const std::string folder = argv[1];
-    if (takePictures(scratch / "en", folder + "/en", core::Language::English) &&
-        takePictures(scratch / "es", folder + "/es", core::Language::Spanish))
+    if (takePictures(scratch.path / "en", folder + "/en", core::Language::English) &&
+        takePictures(scratch.path / "es", folder + "/es", core::Language::Spanish))
         return 0;
     std::fprintf(stderr, "%s: the pictures could not be written\n", folder.c_str());
     return 1;
