@@ -216,7 +216,7 @@ void Tour::writeNote() {
     find<QPlainTextEdit>("Text10").setPlainText(
         in({"La última versión está en el disco Fotos 4.", "The last version is on the disc Photos 4."}));
     shoot(m_window, "note");
-    find<QPushButton>("Command4").click();
+    find<QPushButton>("Command6").click();
     find<notes::NotesPanel>("Picture12").closeAtOnce();
 }
 
