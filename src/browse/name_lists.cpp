@@ -25,6 +25,12 @@ void NameLists::addUnit(std::string_view disco) {
     m_lists[1] += fenced(disco);
 }
 
+void NameLists::removeUnit(std::string_view disco) {
+    const std::string entry = fenced(disco);
+    if (const std::size_t at = m_lists[1].find(entry); at != std::string::npos)
+        m_lists[1].erase(at, entry.size());
+}
+
 void NameLists::addFolder(int level, std::string_view disco, std::string_view carpeta) {
     m_lists.at(level).append(fenced(disco)).append(carpeta).append(fence);
 }

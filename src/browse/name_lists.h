@@ -17,6 +17,7 @@ class NameLists {
 
     void blank();
     void addUnit(std::string_view disco);
+    void removeUnit(std::string_view disco);  // its name only: a renamed or deleted unit frees it
     // A folder at tree depth `level`, 2 to 12 (the unit's own folders are at depth 2).
     void addFolder(int level, std::string_view disco, std::string_view carpeta);
 

@@ -4,7 +4,6 @@
 #include "browse/tail.h"
 #include "browse/unit_load.h"
 #include "shell/frame/catalogue.h"
-#include "shell/frame/menus.h"
 #include "shell/frame/pointer.h"
 #include "shell/frame/running.h"
 #include "shell/frame/status_band.h"
@@ -13,14 +12,11 @@ namespace browse {
 
 void NodeClick::begin(Node node) {
     BrowseState& estado = m_surface.estado;
-    const core::Rotulos& rotulos = m_surface.frame.rotulos();
     estado.nivelactual = 0;
     estado.cargaparada = false;
     estado.nodopulsado = true;
     estado.dobleclic = false;
-    m_surface.frame.menus.action(QStringLiteral("abrirnodo"))
-        ->setText(QString::fromStdString(m_surface.treeView1.isExpanded(node) ? rotulos.rotulocontraer
-                                                                              : rotulos.rotuloexpandir));
+    captionOpenNode(m_surface, node);
     m_surface.clic.itemelegido = false;
     m_surface.clic.nodoactual = m_surface.nodeText(node);
     estado.hijosnodo = m_surface.treeView1.nodes().childCount(node) > 0;
@@ -30,6 +26,7 @@ void NodeClick::begin(Node node) {
 void NodeClick::end() {
     showPicture(m_surface);
     showKind(m_surface);
+    m_surface.frame.status.hideProgress();
     m_surface.estado.cargaparada = true;
 }
 
@@ -48,11 +45,13 @@ void NodeClick::click(Node node) {
 
 void NodeClick::pointComboAtUnit(Node node) {
     // Units were added first, so a unit's index in the tree is that of its item.
-    const int index = m_surface.treeView1.nodes().indexOf(node);
-    if (index <= m_surface.imageCombo1.count())
-        m_surface.imageCombo1.setSelected(index);
-    else
-        m_surface.imageCombo1.setSelected(m_surface.treeView1.nodes().key(node).mid(1).toInt() - 1);
+    // One that was added behind folders is found by its name.
+    controls::ImageCombo& combo = m_surface.imageCombo1;
+    const QString disco = m_surface.treeView1.nodes().text(node);
+    int number = m_surface.treeView1.nodes().indexOf(node);
+    if (combo.itemText(number) != disco)
+        number = combo.findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1;
+    if (number > 0) combo.setSelected(number);
 }
 
 // False when the user stopped it.
@@ -76,7 +75,6 @@ void NodeClick::listUnit(jet::Database& database, Node node) {
     fillList(m_surface, database, unitListing(disco, loaded && !expanded), loaded && expanded);
 
     showUnitTotals(m_surface, disco, clickedUnitTotals(database, disco));
-    m_surface.frame.status.hideProgress();
 }
 
 void NodeClick::listFolder(jet::Database& database, Node node) {

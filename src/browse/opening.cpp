@@ -92,7 +92,6 @@ void Opening::resetImageCombo3() {
 
 void Opening::addUnit(const std::string& disco, int picture, const QString& key) {
     const QString text = qtext(disco);
-    if (!m_surface.nombres.isUnit(disco)) m_surface.nombres.addUnit(disco);
     m_surface.treeView1.addNode(noNode, text, picture, picture, key);
     m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, key, text, picture);
     m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), text, picture);

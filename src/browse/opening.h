@@ -27,7 +27,7 @@ class Opening {
 
     // The whole catalogue, then the units: what ImageCombo3 starts with.
     void resetImageCombo3();
-    // A unit's root in the tree and its items in both combos.
+    // A unit's root in the tree and its items in both combos; the name lists are the caller's.
     void addUnit(const std::string& disco, int picture, const QString& key);
     void writeCounters();
 

@@ -54,7 +54,9 @@ void PathCombo::loadUnit(jet::Database& database, Node node) {
 }
 
 void PathCombo::textTyped() {
+    const QString typed = m_surface.imageCombo1.text();
     dropPathItem(m_surface);
+    m_surface.imageCombo1.setText(typed);
     m_surface.imageCombo1.update();
 }
 

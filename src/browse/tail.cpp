@@ -1,6 +1,9 @@
 #include "browse/tail.h"
 
+#include <QAction>
+
 #include "core/kilobytes.h"
+#include "shell/frame/menus.h"
 #include "shell/frame/status_band.h"
 
 namespace browse {
@@ -41,6 +44,13 @@ void cantidadytamaños(Surface& surface, jet::Database& database) {
 void showUnitTotals(Surface& surface, const std::string& disco, const Totals& totals) {
     surface.frame.status.setText(unitStatus(disco, totals, surface.frame.rotulos()));
     surface.frame.status.setSize(core::sizeCaption(totals.kilobytes, surface.frame.idioma));
+}
+
+void captionOpenNode(Surface& surface, Node node) {
+    const core::Rotulos& rotulos = surface.frame.rotulos();
+    surface.frame.menus.action(QStringLiteral("abrirnodo"))
+        ->setText(QString::fromStdString(surface.treeView1.isExpanded(node) ? rotulos.rotulocontraer
+                                                                            : rotulos.rotuloexpandir));
 }
 
 void showPicture(Surface& surface) {

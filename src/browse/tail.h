@@ -21,6 +21,9 @@ void cantidadytamaños(Surface& surface, jet::Database& database);
 
 void showUnitTotals(Surface& surface, const std::string& disco, const Totals& totals);
 
+// The tree menu's `abrirnodo` says what it would do to the node.
+void captionOpenNode(Surface& surface, Node node);
+
 // Picture16 takes the combo's image, Label2 the unit's kind.
 void showPicture(Surface& surface);
 void showKind(Surface& surface);

@@ -8,11 +8,10 @@
 namespace browse {
 
 // Puts a unit's folders under its node in the tree, with the progress bar, giving way to the event queue once
-// a folder and stopping when the user asks. Each folder put in is entered in the name lists when `learn` is
-// set.
+// a folder and stopping when the user asks.
 class UnitLoad {
   public:
-    enum class Names { Learn, Ignore };
+    enum class Names { Learn, Ignore };  // whether each folder put in is entered in the name lists
 
     UnitLoad(Surface& surface, Node unit, std::string disco, Names names);
 

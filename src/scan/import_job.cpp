@@ -50,7 +50,8 @@ void ImportJob::run() {
 }
 
 void ImportJob::catalogueDirectory() {
-    auto database = openIfPossible(m_frame.catalogue.path());
+    const std::string catalogue = m_frame.catalogue.path();
+    auto database = openIfPossible(catalogue);
     const QString name = m_fields.Text3.text();
     const ScanRequest request{name.toStdString(),
                               m_fields.Text4.text().isEmpty() ? std::string() : m_fields.directory};
@@ -65,6 +66,7 @@ void ImportJob::catalogueDirectory() {
     RowWriter rows(*database);
     const WalkResult result = Walker(rows, display, start).run();
     if (result.stopped) return;  // what the stop has shown stays as it is
+    if (m_frame.catalogue.path() != catalogue) return;  // another one was opened meanwhile
     finish(result.counts);
     close(database);
 }

@@ -53,7 +53,6 @@ void CatalogueActions::reportFailure(const std::string& path, const std::string&
 
 void CatalogueActions::nuevo1() {
     rememberAsLast();
-    m_surface.imageCombo1.clear();
     const QString chosen = m_surface.frame.dialogs.saveCatalogue(qtext(newTitle.in(m_surface.frame.idioma)),
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
@@ -139,6 +138,8 @@ void CatalogueActions::guardar() {
 
 void CatalogueActions::cerrar() {
     clearSurface();
+    m_surface.imageCombo1.clear();
+    m_surface.estado.indicecombo = 0;
     m_window.showBrowseSurface(false);
     m_window.hidePanels();
     m_window.setCatalogueOpen(false);

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "browse/column_sort.h"
+#include "browse/tail.h"
 #include "print/print_action.h"
 #include "shell/frame/pointer.h"
 #include "shell/language_choice.h"
@@ -199,7 +200,7 @@ void Form1::connectControls() {
             [&](int) { parts.surface.estado.dobleclic = true; });
     connect(controls.treeView1, &TreeView::mousePressed, this, &Form1::treePressed);
     connect(controls.treeView1, &TreeView::afterLabelEdit, this,
-            [&](int node, const QString& text) { parts.maintenance.rename(node, text); });
+            [this](int node, const QString& text) { renameUnit(node, text); });
     connect(controls.imageCombo1, &ImageCombo::clicked, this,
             [&](int number) { parts.pathCombo.choose(number); });
     connect(controls.imageCombo1, &ImageCombo::textTyped, this, [&] { parts.pathCombo.textTyped(); });
@@ -243,6 +244,15 @@ void Form1::refresh(bool fromMenu) {
     m_parts->frame.toolbar.setPressed(Toolbar::Refresh, fromMenu);
 }
 
+// The rows in the list still name the unit as it was, so it is listed anew, once the edit is over.
+void Form1::renameUnit(browse::Node unit, const QString& text) {
+    if (!m_parts->maintenance.rename(unit, text)) return;
+    const auto listAnew = [this, unit] {
+        if (m_parts->surface.treeView1.selected() == unit) m_parts->nodeClick.click(unit);
+    };
+    QMetaObject::invokeMethod(this, listAnew, Qt::QueuedConnection);
+}
+
 void Form1::copyFiles() {
     copyback::Copiararchivos(m_parts->surface);
 }
@@ -271,10 +281,7 @@ void Form1::toggleNode() {
     const browse::Node node = tree.selected();
     if (node == browse::noNode) return;
     tree.setExpanded(node, !tree.isExpanded(node));
-    const core::Rotulos& rotulos = m_parts->frame.rotulos();
-    m_parts->frame.menus.action(QStringLiteral("abrirnodo"))
-        ->setText(
-            QString::fromStdString(tree.isExpanded(node) ? rotulos.rotulocontraer : rotulos.rotuloexpandir));
+    browse::captionOpenNode(m_parts->surface, node);
 }
 
 void Form1::showProperties() {
@@ -301,7 +308,9 @@ void Form1::treePressed(Qt::MouseButton button, const QPoint& place) {
     const bool menuWanted = button == Qt::RightButton && node != browse::noNode;
     m_parts->state.menuOfFolder = menuWanted && !m_parts->surface.isUnit(node);
     m_parts->applyState();
-    if (menuWanted) m_parts->frame.menus.popup()->popup(place);
+    if (!menuWanted) return;
+    browse::captionOpenNode(m_parts->surface, node);
+    m_parts->frame.menus.popup()->popup(place);
 }
 
 void Form1::listPressed() {

@@ -55,6 +55,7 @@ class Form1 : public QMainWindow, public MainEntry {
     void showToolbarTexts(bool shown);
     void toggleQuickStart();
     void toggleNode();
+    void renameUnit(browse::Node unit, const QString& text);
     void showProperties();
     void layOut();
     void treePressed(Qt::MouseButton button, const QPoint& place);

@@ -49,7 +49,8 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& 
             *controls.toolbar,
             *controls.picture4,
             [this](bool running) {
-                state.running = running;
+                jobs += running ? 1 : -1;
+                state.running = jobs > 0;
                 applyState();
             }},
       openingWindow(*this),

@@ -58,6 +58,7 @@ struct MainWindowParts {
     WindowControls controls;
     Catalogue catalogue;
     WindowState state;
+    int jobs = 0;  // that can be stopped; one may begin while another gives way
     Frame frame;
 
     OpeningWindow openingWindow;

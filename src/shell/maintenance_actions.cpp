@@ -55,6 +55,7 @@ void MaintenanceActions::eliminar() {
 }
 
 void MaintenanceActions::emptySurface() {
+    m_surface.estado.cargaparada = true;
     m_surface.lists.listView1.clear();
     m_surface.treeView1.clear();
     m_surface.nombres.blank();
@@ -87,6 +88,7 @@ void MaintenanceActions::borrarunidad() {
 void MaintenanceActions::removeSelectedUnit(browse::Node unit) {
     const QString disco = m_surface.treeView1.nodes().text(unit);
     m_surface.treeView1.remove(unit);
+    m_surface.nombres.removeUnit(disco.toStdString());
     m_surface.lists.listView1.clear();
     browse::dropPathItem(m_surface);
     for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
@@ -103,13 +105,13 @@ void MaintenanceActions::cambiarnombre() {
     if (node != browse::noNode && m_surface.isUnit(node)) m_surface.treeView1.editLabel(node);
 }
 
-void MaintenanceActions::rename(browse::Node unit, const QString& newText) {
+bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const QString disco = m_surface.treeView1.nodes().text(unit);
     const std::string typed = newText.toStdString();
     if (core::nameTaken(m_surface.nombres.listanivel(1), typed)) {
         m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)),
                                       QString::fromUtf8(boxTitle));
-        return;
+        return false;
     }
     const Hourglass hourglass;
     auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
@@ -117,17 +119,20 @@ void MaintenanceActions::rename(browse::Node unit, const QString& newText) {
                                : jet::Result<std::string>(std::unexpected(database.error()));
     if (!done) {
         m_surface.frame.messages.show(qtext(done.error().text), QString::fromUtf8(boxTitle));
-        return;
+        return false;
     }
     database->Close();
     showRenamed(unit, disco, qtext(*done));
+    return true;
 }
 
 void MaintenanceActions::showRenamed(browse::Node unit, const QString& disco, const QString& renamed) {
+    m_surface.estado.cargaparada = true;
     m_surface.treeView1.setText(unit, renamed);
     // Its folders stand in the name lists under the old name: the next click loads them anew.
     while (m_surface.treeView1.nodes().childCount(unit) > 0)
         m_surface.treeView1.remove(m_surface.treeView1.nodes().firstChild(unit));
+    m_surface.nombres.removeUnit(disco.toStdString());
     m_surface.nombres.addUnit(renamed.toStdString());
     if (const int number = m_surface.imageCombo1.findText(disco) + 1; number > 0)
         m_surface.imageCombo1.setItemText(number, renamed);

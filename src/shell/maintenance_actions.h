@@ -18,8 +18,8 @@ class MaintenanceActions {
     void eliminar();       // every row of the catalogue, after two questions
     void borrarunidad();   // the selected unit; nothing happens with a folder selected
     void cambiarnombre();  // starts the label edit
-    // The edit ended with this text: renames the unit, or leaves the label as it was.
-    void rename(browse::Node unit, const QString& newText);
+    // The edit ended with this text: renames the unit, or leaves the label as it was and gives false.
+    bool rename(browse::Node unit, const QString& newText);
 
   private:
     [[nodiscard]] bool confirmed(const core::Bilingual& question);

@@ -27,12 +27,12 @@ void Switching::explorar1() {
 }
 
 void Switching::importar1() {
+    m_surface.frame.toolbar.setPressed(Toolbar::Import, true);
     m_picture2.importar1();
 }
 
 void Switching::explore() {
     m_surface.frame.toolbar.releaseAll(1, 14);
-    m_surface.frame.toolbar.setPressed(Toolbar::Import, true);
     importar1();
 }
 

@@ -11,6 +11,7 @@ class ViewActions {
 
     // 1 large icons, 2 small icons, 3 list, 4 report: the order of the menu.
     void setView(int entry);
+    void showReport() { setView(4); }
     void cycleView();  // the next of the four; starts with large icons
     void resetCycle() { m_cycle = 0; }
 

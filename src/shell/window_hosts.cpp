@@ -8,11 +8,14 @@ namespace shell {
 
 void OpeningWindow::resetPanels() {
     m_parts.picture2->fillKinds();
+    m_parts.picture12->closeAtOnce();
+    m_parts.views.showReport();
     m_parts.views.resetCycle();
 }
 
 void OpeningWindow::layOutPanes() {
     m_parts.panes.medidas();
+    m_parts.picture12->layOut();
 }
 
 void OpeningWindow::selectFirstType() {
@@ -21,7 +24,7 @@ void OpeningWindow::selectFirstType() {
 
 void OpeningWindow::setCatalogueOpen(bool open) {
     m_parts.state.catalogueOpen = open;
-    if (open) m_parts.state.recentMissing = false;
+    if (open) m_parts.state.recentMissing = false;  // from now on there is one
     m_parts.applyState();
 }
 
@@ -83,8 +86,10 @@ void ImportWindow::clearImageCombos() {
 
 void ImportWindow::addUnit(const QString& text, int picture, const QString& key) {
     browse::Surface& surface = m_parts.surface;
+    const std::string disco = text.toStdString();
     browse::dropPathItem(surface);
-    m_parts.opening.addUnit(text.toStdString(), picture, key);
+    if (!surface.nombres.isUnit(disco)) surface.nombres.addUnit(disco);  // to be browsed at once
+    m_parts.opening.addUnit(disco, picture, key);
     surface.estado.indicecombo = surface.imageCombo1.count();
     surface.imageCombo1.setSelected(surface.estado.indicecombo);
 }
