@@ -25,6 +25,11 @@ platform::FileResult<> createCatalogue(const std::string& path) {
     return {};
 }
 
+platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination,
+                                     platform::Flush flush) {
+    return platform::CopyFile(source, destination, flush);
+}
+
 std::string scratchPath(const std::string& cataloguePath) {
     const std::string name = cataloguePath.substr(cataloguePath.rfind('/') + 1);
     std::string scratch = replaceAll(cataloguePath, name, scratchName);

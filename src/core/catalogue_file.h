@@ -16,6 +16,10 @@ inline constexpr std::string_view compactedName = "compactada.zrq";  // in the c
 // A new catalogue is a copy of the template, replacing whatever is at `path`.
 [[nodiscard]] platform::FileResult<> createCatalogue(const std::string& path);
 
+// Copies a catalogue to another name, which may be taken.
+[[nodiscard]] platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination,
+                                                   platform::Flush flush = platform::Flush::ToDisk);
+
 // The working copy's path: every occurrence of the catalogue's file name in its path replaced by "temp.ejm".
 // Empty when that would be the catalogue itself (a catalogue named temp.ejm): there is no working copy then.
 [[nodiscard]] std::string scratchPath(const std::string& cataloguePath);

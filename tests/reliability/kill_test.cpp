@@ -1,0 +1,166 @@
+// Kills the program at any step of its work on the disk. Then the catalogue must open, be sound, hold all that
+// it held, and be good for the next run.
+//
+//     reliability_kill_test [KILLS]      of each work; 6 unless told
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <random>
+#include <span>
+
+#include "reliability/catalogue_check.h"
+#include "reliability/program.h"
+#include "reliability/traced_run.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::Content;
+using test::Words;
+
+int killsOfEach = 6;
+
+// Whatever is killed, its catalogue holds the unit "Earlier", which nothing touches, and "Victim".
+class Killed : public testing::Test {
+  protected:
+    void SetUp() override {
+        test::makeCatalogue(original, {"Earlier", "Victim"}, 400);
+        before = test::contentOf(original);
+    }
+
+    void restore() const { fs::copy_file(original, catalogue, fs::copy_options::overwrite_existing); }
+
+    // Kills the command at steps all over its run, each time on a fresh catalogue. `check` gets what the
+    // catalogue holds then.
+    void killAnywhere(const Words& command, const std::function<void(const Content&)>& check) {
+        restore();
+        const test::TracedRun whole = test::runUntilStep(command, 0);
+        if (!whole.possible) GTEST_SKIP() << "no process may watch another here";
+        ASSERT_EQ(whole.status, 0);
+        ASSERT_GT(whole.steps, 0);
+        for (int kill = 0; kill < killsOfEach; ++kill) {
+            std::minstd_rand random(static_cast<unsigned>(kill) + 1);
+            random.discard(10);
+            const int step = 1 + static_cast<int>(random() % static_cast<unsigned>(whole.steps));
+            SCOPED_TRACE("step " + std::to_string(step) + " of " + std::to_string(whole.steps));
+            restore();
+            last = test::runUntilStep(command, step);
+            // The next run, which only reads, must not mind what the killed one left behind.
+            EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "units", catalogue}), 0);
+            const Content after = test::contentOf(catalogue);
+            EXPECT_EQ(after.at("Earlier :"), before.at("Earlier :"));
+            check(after);
+            EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "add", catalogue, "Next", "content"}), 0);
+            EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);
+            EXPECT_EQ(test::contentOf(catalogue).size(), after.size() + 1);
+            if (HasFailure()) return;
+        }
+    }
+
+    test::TemporaryFolder work;
+    const std::string original = work / "original.zrq";
+    const std::string catalogue = work / "catalogue.zrq";
+    Content before;
+    test::TracedRun last;
+};
+
+TEST_F(Killed, ScanKeepsAllButItsLastMoments) {
+    for (int folder = 0; folder < 40; ++folder) {
+        const std::string path = work / ("tree/folder" + std::to_string(folder));
+        fs::create_directories(path);
+        for (int file = 0; file < 50; ++file) test::writeFile(path + "/file" + std::to_string(file), "x");
+    }
+    const Words scan{ZARQUELIN_CLI, "scan", catalogue, "New", work / "tree"};
+    restore();
+    ASSERT_EQ(test::statusOf(scan), 0);
+    const auto whole = test::contentOf(catalogue).at("New :");
+    ASSERT_EQ(whole.size(), 40U * 51U);
+
+    killAnywhere(scan, [&](const Content& after) {
+        EXPECT_EQ(after.at("Victim :"), before.at("Victim :"));
+        const auto found = after.find("New :");
+        const std::vector<std::string> rows = found == after.end() ? std::vector<std::string>() : found->second;
+        ASSERT_LE(rows.size(), whole.size());
+        EXPECT_TRUE(std::ranges::equal(rows, std::span(whole).first(rows.size())));
+        // Entries looked at longer ago have their rows.
+        if (rows.size() < last.looks.size()) {
+            EXPECT_LE((last.end - last.looks[rows.size()]).count(), 0.5);
+        }
+    });
+}
+
+TEST_F(Killed, NoteIsTheOldOrTheNewOne) {
+    const std::string note = "a note that was not there before";
+    killAnywhere({ZARQUELIN_CLI, "note", catalogue, "Victim", "E:\\folder3\\file 65.txt", note},
+                 [&](const Content& after) {
+                     auto noted = after.at("Victim :");
+                     std::string& row = noted[65];
+                     if (const auto at = row.find(note); at != std::string::npos) row.replace(at, note.size(), "-");
+                     EXPECT_EQ(noted, before.at("Victim :"));
+                 });
+}
+
+TEST_F(Killed, RenamedUnitHasOneNameOnly) {
+    killAnywhere({ZARQUELIN_CLI, "rename", catalogue, "Victim", "Survivor"}, [&](const Content& after) {
+        ASSERT_EQ(after.size(), 2U);
+        EXPECT_EQ(after.contains("Victim :") ? after.at("Victim :") : after.at("Survivor :"), before.at("Victim :"));
+    });
+}
+
+TEST_F(Killed, DeletedUnitIsWholeOrGone) {
+    killAnywhere({ZARQUELIN_CLI, "delete", catalogue, "Victim"}, [&](const Content& after) {
+        if (after.size() > 1) {
+            EXPECT_EQ(after, before);
+        }
+    });
+}
+
+TEST_F(Killed, CompactionKeepsEverything) {
+    killAnywhere({ZARQUELIN_CLI, "compact", catalogue}, [&](const Content& after) { EXPECT_EQ(after, before); });
+}
+
+TEST_F(Killed, SaveAsLeavesTheOldOrTheWholeNewFile) {
+    const std::string other = work / "other.zrq";
+    test::makeCatalogue(other, {"Earlier", "Other"}, 300);
+    const Content saved = test::contentOf(other);
+    killAnywhere({ZARQUELIN_SAVE_AS, other, catalogue}, [&](const Content& after) {
+        EXPECT_TRUE(after == before || after == saved);
+        EXPECT_EQ(test::contentOf(other), saved);
+    });
+}
+
+// A program that died within a change leaves the way back beside the file. It belongs to the old content and
+// must not be applied to another file that takes the name.
+TEST_F(Killed, NewFileUnderTheNameOfAnInterruptedOneIsSafe) {
+    const std::string other = work / "other.zrq";
+    test::makeCatalogue(other, {"Other"}, 300);
+    const Content saved = test::contentOf(other);
+    const std::string wayBack = catalogue + "-journal";
+    int met = 0;
+    for (int step = 1; step < 200; ++step) {
+        restore();
+        fs::remove(wayBack);
+        const auto run = test::runUntilStep({ZARQUELIN_CLI, "delete", catalogue, "Victim"}, step);
+        if (!run.possible) GTEST_SKIP() << "no process may watch another here";
+        if (!run.killed) break;
+        if (!fs::exists(wayBack)) continue;
+        ++met;
+        if (step % 2 == 0) fs::remove(catalogue);  // by the user, who leaves the way back
+        ASSERT_EQ(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
+        ASSERT_EQ(test::contentOf(catalogue), saved) << "step " << step;
+    }
+    EXPECT_GT(met, 3);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (argc > 1) killsOfEach = std::atoi(argv[1]);
+    return RUN_ALL_TESTS();
+}

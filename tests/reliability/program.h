@@ -1,0 +1,69 @@
+#pragma once
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace test {
+
+// What a program is run under.
+struct Conditions {
+    rlim_t largestFile = RLIM_INFINITY;
+    std::string output = "/dev/null";
+};
+
+// A program under way; it is waited for at the end.
+class Program {
+  public:
+    explicit Program(std::vector<std::string> command, const Conditions& conditions = {}) : m_child(fork()) {
+        if (m_child == 0) become(command, conditions);
+    }
+    ~Program() { wait(); }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // Its exit status; 128 and the number of the signal that ended it.
+    int wait() {
+        int status = 0;
+        if (m_child > 0 && waitpid(std::exchange(m_child, 0), &status, 0) > 0)
+            m_status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        return m_status;
+    }
+    [[nodiscard]] bool isRunning() const {
+        siginfo_t info{};
+        return m_child > 0 && waitid(P_PID, static_cast<id_t>(m_child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+               info.si_pid == 0;
+    }
+
+  private:
+    [[noreturn]] static void become(std::vector<std::string>& command, const Conditions& conditions) {
+        std::vector<char*> argv;
+        for (std::string& word : command) argv.push_back(word.data());
+        argv.push_back(nullptr);
+        const int output = open(conditions.output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        dup2(output, STDOUT_FILENO);
+        dup2(output, STDERR_FILENO);
+        if (conditions.largestFile != RLIM_INFINITY) {
+            const rlimit limit{conditions.largestFile, conditions.largestFile};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            signal(SIGXFSZ, SIG_IGN);  // writing fails instead, as on a full disk
+        }
+        execv(argv[0], argv.data());
+        _exit(127);
+    }
+
+    pid_t m_child;
+    int m_status = -1;
+};
+
+inline int statusOf(const std::vector<std::string>& command, const Conditions& conditions = {}) {
+    return Program(command, conditions).wait();
+}
+
+}  // namespace test

@@ -1,0 +1,90 @@
+// Two copies of the program on one catalogue: neither crashes, and what one of them reported as done stays done.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "reliability/catalogue_check.h"
+#include "reliability/program.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class TwoPrograms : public testing::Test {
+  protected:
+    void SetUp() override {
+        for (int folder = 0; folder < folders; ++folder) {
+            const std::string path = tree + "/folder" + std::to_string(folder);
+            fs::create_directories(path);
+            for (int file = 0; file < filesInEach; ++file)
+                test::writeFile(path + "/file" + std::to_string(file), "");
+        }
+        test::makeCatalogue(catalogue, {"Earlier"}, 500);
+        earlier = test::contentOf(catalogue);
+    }
+
+    [[nodiscard]] std::vector<std::string> scanAs(const std::string& unit) const {
+        return {ZARQUELIN_CLI, "scan", catalogue, unit, tree};
+    }
+    // A scan that says it is done has all its rows; one that was refused says so.
+    void expectKept(const std::string& unit, int status) const {
+        const test::Content content = test::contentOf(catalogue);
+        EXPECT_EQ(content.at("Earlier :"), earlier.at("Earlier :"));
+        EXPECT_TRUE(status == 0 || status == 3) << status;
+        if (status == 0) {
+            EXPECT_EQ(content.at(unit + " :").size(), std::size_t{folders} * (filesInEach + 1));
+        }
+    }
+
+    static constexpr int folders = 100;
+    static constexpr int filesInEach = 100;
+    test::TemporaryFolder work;
+    const std::string tree = work / "tree";
+    const std::string catalogue = work / "catalogue.zrq";
+    test::Content earlier;
+};
+
+TEST_F(TwoPrograms, ScanIntoOneCatalogue) {
+    test::Program first(scanAs("First")), second(scanAs("Second"));
+    const int firstStatus = first.wait(), secondStatus = second.wait();
+    EXPECT_TRUE(firstStatus == 0 || secondStatus == 0);
+    expectKept("First", firstStatus);
+    expectKept("Second", secondStatus);
+}
+
+TEST_F(TwoPrograms, CompactWhatAnotherScansInto) {
+    test::Program scan(scanAs("Scanned"));
+    int compacted = 0;
+    while (scan.isRunning()) {
+        const int status = test::statusOf({ZARQUELIN_CLI, "compact", catalogue});
+        EXPECT_TRUE(status == 0 || status == 3) << status;
+        compacted += status == 0 ? 1 : 0;
+    }
+    expectKept("Scanned", scan.wait());
+    EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);
+}
+
+TEST_F(TwoPrograms, SaveAsWhatAnotherScansInto) {
+    test::Program scan(scanAs("Scanned"));
+    const std::string copy = work / "copy.zrq";
+    for (int i = 0; i < 10 || (scan.isRunning() && i < 500); ++i)
+        if (test::statusOf({ZARQUELIN_SAVE_AS, catalogue, copy}) == 0) {
+            EXPECT_EQ(test::contentOf(copy).at("Earlier :"), earlier.at("Earlier :"));
+        }
+    expectKept("Scanned", scan.wait());
+}
+
+// The window of one program holds the catalogue while another puts a new file in its place.
+TEST_F(TwoPrograms, NothingIsWrittenIntoAFileThatWasReplaced) {
+    auto open = jet::OpenDatabase(catalogue).value();
+    const std::string note = "update datos set comentario='noted' where disco=('Earlier :')";
+    ASSERT_TRUE(open.Execute(note));
+    ASSERT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);
+    const auto late = open.Execute("delete * from datos where disco=('Earlier :')");
+    const test::Content now = test::contentOf(catalogue);
+    EXPECT_EQ(now.contains("Earlier :"), !late.has_value());  // done, or refused; never done in vain
+}
+
+}  // namespace
