@@ -1,4 +1,4 @@
-# A Debian package: cpack --config build/release/CPackConfig.cmake
+# A Debian package; scripts/make_package.sh makes it.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zarquelin)
 set(CPACK_PACKAGE_VENDOR "The Zarquelin developers")
