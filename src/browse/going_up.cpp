@@ -1,7 +1,7 @@
 #include "browse/going_up.h"
 
-#include "browse/node_names.h"
 #include "browse/tail.h"
+#include "browse/tree_names.h"
 #include "shell/frame/catalogue.h"
 #include "shell/frame/pointer.h"
 #include "shell/frame/status_band.h"

@@ -1,7 +1,8 @@
 #include "browse/node_click.h"
 
-#include "browse/node_names.h"
+#include "browse/node_listing.h"
 #include "browse/tail.h"
+#include "browse/tree_names.h"
 #include "browse/unit_load.h"
 #include "shell/frame/catalogue.h"
 #include "shell/frame/pointer.h"
@@ -84,11 +85,9 @@ void NodeClick::listFolder(jet::Database& database, Node node) {
     estado.largodisco = estado.discoactual.size();
     showPathItem(m_surface, names.fullPath);
 
-    const int level = m_surface.nombres.levelOf(estado.discoactual, names.text, names.ancestors);
-    if (level > 0) {
-        estado.nivelactual = level;
-        fillList(m_surface, database,
-                 clickedFolderListing(level, estado.discoactual, names.chain(level), names.text));
+    if (const auto clicked = clickedListing(m_surface.nombres, names)) {
+        estado.nivelactual = clicked->nivel;
+        fillList(m_surface, database, clicked->listing);
     }
     cantidadytamaños(m_surface, database);
 }

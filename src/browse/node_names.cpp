@@ -12,10 +12,13 @@ std::vector<std::string> NodeNames::chain(int level) const {
     return names;
 }
 
-NodeNames namesOf(const controls::TreeModel& nodes, controls::Node node) {
-    NodeNames names{nodes.text(node).toStdString(), {}, nodes.fullPath(node).toStdString()};
-    for (auto above = nodes.parentOf(node); above != controls::noNode; above = nodes.parentOf(above))
-        names.ancestors.push_back(nodes.text(above).toStdString());
+NodeNames namesBelow(std::string_view disco, std::span<const std::string> folders) {
+    NodeNames names{std::string(disco), {}, std::string(disco)};
+    for (const std::string& folder : folders) {
+        names.ancestors.insert(names.ancestors.begin(), names.text);
+        names.text = folder;
+        names.fullPath += '\\' + folder;
+    }
     return names;
 }
 

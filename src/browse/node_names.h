@@ -1,14 +1,14 @@
 #pragma once
 
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "platform/controls/tree_view.h"
 
 namespace browse {
 
-// A tree node by the names that place it: its own, its ancestors' from the parent up to the unit, and the
-// full path (all of them from the unit down, joined by backslashes).
+// A unit or folder by the names that place it: its own, its ancestors' from the parent up to the unit, and
+// the full path (all of them from the unit down, joined by backslashes).
 struct NodeNames {
     std::string text;
     std::vector<std::string> ancestors;
@@ -19,6 +19,7 @@ struct NodeNames {
         int level) const;  // ancestors below the unit, outermost first
 };
 
-[[nodiscard]] NodeNames namesOf(const controls::TreeModel& nodes, controls::Node node);
+// The node below `disco` that the folders lead to, outermost first; the unit itself when there are none.
+[[nodiscard]] NodeNames namesBelow(std::string_view disco, std::span<const std::string> folders);
 
 }  // namespace browse

@@ -10,6 +10,7 @@ namespace cli {
 [[nodiscard]] std::span<const Command> catalogueCommands();  // new, compact, repair
 [[nodiscard]] std::span<const Command> enteringCommands();   // scan, add
 [[nodiscard]] std::span<const Command> unitCommands();       // units, rename, delete
+[[nodiscard]] std::span<const Command> listCommands();       // list
 [[nodiscard]] std::span<const Command> statsCommands();      // stats
 [[nodiscard]] std::span<const Command> rowCommands();        // note, copy
 [[nodiscard]] std::span<const Command> exportCommands();     // export

@@ -1,0 +1,145 @@
+#include "browse/tree_loader.h"
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <random>
+
+#include "core/inserts.h"
+#include "core/unit_kinds.h"
+#include "platform/files.h"
+#include "platform/jet/database.h"
+#include "platform/jet/maintenance.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+constexpr auto disco = "Disc :";
+
+// Each folder as its depth and name, in the order in which the tree gets them.
+struct Collected : browse::FolderSink {
+    static constexpr std::size_t enough = 3000;  // a folder with a name of the base path lists everything
+    std::vector<std::string> folders;
+    bool yieldAndTestStop() override { return folders.size() == enough; }
+    void addFolder(int nivel, std::string_view carpeta) override {
+        folders.push_back(std::to_string(nivel) + ' ' + std::string(carpeta));
+    }
+};
+
+// `like` by its definition; both texts in lower case.
+bool matches(QStringView text, QStringView pattern) {
+    if (pattern.isEmpty()) return text.isEmpty();
+    const QStringView rest = pattern.mid(1);
+    if (pattern[0] == u'*') return matches(text, rest) || (!text.isEmpty() && matches(text.mid(1), pattern));
+    if (text.isEmpty()) return false;
+    if (pattern[0] == u'[') {
+        const auto close = pattern.indexOf(u']');
+        return pattern.mid(1, close - 1).contains(text[0]) && matches(text.mid(1), pattern.mid(close + 1));
+    }
+    const bool one = pattern[0] == u'#' ? text[0].isDigit() : pattern[0] == u'?' || pattern[0] == text[0];
+    return one && matches(text.mid(1), rest);
+}
+
+// The load by its definition: every folder's statement looks at every row.
+struct PlainLoad {
+    explicit PlainLoad(jet::Database& database) {
+        auto all = database.OpenRecordset("select * from datos order by carpeta ").value();
+        for (; !all.Eof(); all.MoveNext()) rows.push_back(core::readRow(all));
+    }
+
+    bool level(int nivel, const std::string& path) {  // false when there is enough
+        for (const core::CatalogRow& row : rows) {
+            if (row.disco != disco || row.nivel != std::to_string(nivel) || row.tipo == core::fileTipo)
+                continue;
+            const QString pattern = QString::fromStdString("*\\" + path + "*").toLower();
+            if (nivel > 1 && !matches(QString::fromStdString(row.ruta).toLower(), pattern)) continue;
+            if (to.yieldAndTestStop()) return false;
+            to.addFolder(nivel, row.carpeta);
+            if (nivel < 11 && !level(nivel + 1, path + row.carpeta + '\\')) return false;
+        }
+        return true;
+    }
+
+    std::vector<core::CatalogRow> rows;
+    Collected to;
+};
+
+class Disc {
+  public:
+    explicit Disc(unsigned seed) : m_random(seed) {
+        jet::CreateDatabase(catalogue).value();
+        m_database.emplace(jet::OpenDatabase(catalogue).value());
+        jet::Transaction filling(*m_database);
+        EXPECT_TRUE(filling.begin());
+        m_row.disco = disco;
+        // Some bases hold a name that folders have too.
+        folder(seed % 3 == 0 ? "E:\\ab" : seed % 3 == 1 ? "E:" : "E:\\x\\Ñ", 1, seed % 4 == 0 ? 13 : 4);
+        m_row.disco = "Other :";
+        folder("E:\\ab", 1, 4);
+        EXPECT_TRUE(filling.commit());
+    }
+
+    test::TemporaryFolder place;
+    std::string catalogue = place / "test.zrq";
+
+  private:
+    int upTo(int most) { return std::uniform_int_distribution(0, most)(m_random); }
+
+    void folder(const std::string& path, int nivel, int depth) {
+        static constexpr const char* names[] = {"ab", "AB",  "a",  "b", "ñ",  "Ñ",    "n",     "á b",
+                                                "a*", "a?b", "a#", "7", "a7", "[ab]", "[ab]c", "c.d"};
+        if (nivel > depth) return;
+        const int folders = depth > 4 ? 1 + upTo(5) / 5 : upTo(4);
+        for (int i = 0; i < folders; ++i) {
+            m_row.carpeta = names[upTo(std::size(names) - 1)];
+            m_row.ruta = path + '\\' + m_row.carpeta;
+            m_row.nivel = std::to_string(nivel);
+            m_row.tipo = core::folderTipo;
+            const std::string below = m_row.ruta;
+            insert(core::insertFolder(m_row));
+            folder(below, nivel + 1, depth);
+        }
+        m_row.archivo = "file";
+        m_row.ruta = path;
+        m_row.nivel = std::to_string(nivel);
+        m_row.tipo = core::fileTipo;
+        insert(core::insertFile(m_row));
+        m_row.archivo.reset();
+    }
+    void insert(const std::string& sql) {
+        ++m_row.numero;
+        ASSERT_TRUE(m_database->Execute(sql)) << sql;
+    }
+
+    std::mt19937 m_random;
+    core::CatalogRow m_row;
+    std::optional<jet::Database> m_database;
+};
+
+TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
+    std::size_t folders = 0, deepest = 0;
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        Disc disc(seed);
+        const std::string copyPath = disc.place / "temp.ejm";
+        ASSERT_TRUE(platform::CopyFile(disc.catalogue, copyPath));
+        auto copy = jet::OpenDatabase(copyPath, jet::Use::Scratch).value();
+        ASSERT_TRUE(copy.Execute(std::string("delete * from datos where disco<>('") + disco + "') "));
+        Collected loaded;
+        browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded);
+
+        auto catalogue = jet::OpenDatabase(disc.catalogue).value();
+        PlainLoad plain(catalogue);
+        plain.level(1, "");
+        ASSERT_EQ(loaded.folders, plain.to.folders) << seed;
+        folders += loaded.folders.size();
+        for (const std::string& folder : loaded.folders) deepest = std::max(deepest, std::stoul(folder));
+
+        Collected direct;
+        browse::loadFolders(catalogue, disco, browse::FirstLevel::FoldersOnly, direct);
+        EXPECT_EQ(direct.folders, loaded.folders) << seed;
+    }
+    EXPECT_GT(folders, 1000u);
+    EXPECT_EQ(deepest, 11u) << "the twelfth level stays out of the tree";
+}
+
+}  // namespace

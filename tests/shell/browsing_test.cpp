@@ -1,0 +1,246 @@
+// A catalogue filled, browsed, searched and looked at in every way, in the real window.
+
+#include "support/main_window.h"
+
+namespace {
+
+using core::Language;
+using shell::Toolbar;
+using test::Names;
+
+class Browsing : public test::MainWindow, public testing::WithParamInterface<Language> {
+  protected:
+    [[nodiscard]] std::string in(const char* spanish, const char* english) const {
+        return GetParam() == Language::Spanish ? spanish : english;
+    }
+    void expectOpen(bool open) {
+        for (const char* entry : {"guardar", "explorar", "Imprimir", "explore", "cerrar", "buscar", "edicion",
+                                  "ver", "Herramientas"})
+            EXPECT_EQ(isOn(entry), open) << entry;
+        for (int button = Toolbar::Up; button <= Toolbar::Print; ++button)
+            EXPECT_EQ(frame().toolbar.isEnabled(button), open) << button;
+        EXPECT_TRUE(isOn("nuevo") && isOn("abrir") && frame().toolbar.isEnabled(Toolbar::New));
+        EXPECT_FALSE(frame().toolbar.isEnabled(Toolbar::Stop) || isOn("Parar1"));
+        for (const char* pane : {"TreeView1", "ListView1", "imgSplitter"})
+            EXPECT_EQ(control(pane).isVisible(), open) << pane;
+    }
+};
+class Looks : public test::MainWindow {};
+
+INSTANTIATE_TEST_SUITE_P(, Browsing, testing::Values(Language::Spanish, Language::English),
+                         [](const auto& info) {
+                             return info.param == Language::Spanish ? "Spanish" : "English";
+                         });
+
+TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
+    test::writeFotos(discs);
+    start(GetParam());
+    expectOpen(false);
+    EXPECT_EQ(caption(), "Zarquelin");
+    EXPECT_TRUE(isOn("reciente"));
+
+    const std::string path = newCatalogue();
+    EXPECT_EQ(dialogs.titles.back().toStdString(), in("Nuevo catálogo", "New catalog"));
+    EXPECT_EQ(dialogs.filters.back(), "Archivos de Zarquelin (*.zrq)|*.zrq|");
+    expectOpen(true);
+    EXPECT_EQ(caption(), "Zarquelin - " + path);
+    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::New}));
+    EXPECT_EQ(status(), in("  Unidades: 0  Carpetas: 0  Archivos: 0", "  Units: 0  Folders: 0  Files: 0"));
+    EXPECT_EQ(items(surface().imageCombo3), (Names{in("Cátalogo completo:", "Complete catalog:")}));
+    EXPECT_EQ(platform::GetSetting("lastfile"), path);
+
+    press(Toolbar::Import);
+    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Import}));
+    EXPECT_TRUE(control("Picture2").isVisible());
+    import("Fotos", discs.disc("dvd"));
+    EXPECT_TRUE(control("Picture2").isHidden());
+    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
+    EXPECT_EQ(status(), in("  Unidades: 1  Carpetas: 4  Archivos: 4", "  Units: 1  Folders: 4  Files: 4"));
+    EXPECT_EQ(items(combo()), (Names{"Fotos :"}));
+
+    // The first click loads the folders.
+    choose("arriba");  // nothing was clicked yet
+    EXPECT_EQ(listed(), Names{});
+    click("Fotos :");
+    EXPECT_EQ(tree().nodes().count(), 5);
+    EXPECT_FALSE(tree().isExpanded(node("Fotos :")));
+    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
+    EXPECT_EQ(surface().lists.listView1.subItem(2, 7), "bLista.TXT");
+    EXPECT_EQ(status(),
+              in("  Unidad: Fotos :  Carpetas: 4  Archivos: 4", "  Unit: Fotos :  Folders: 4  Files: 4"));
+    EXPECT_EQ(size(), in("Tamaño: 1000 KB", "Size: 1000 KB"));
+    EXPECT_EQ(kind(), in("Unidad de carpetas y archivos", "Folders and files unit"));
+    EXPECT_EQ(frame().status.picture(), 4);
+    tree().setExpanded(node("Fotos :"), true);
+    click("Fotos :");
+    EXPECT_EQ(surface().lists.listView1.subItem(2, 7), "blista.txt") << "an expanded unit's keys";
+
+    click("Fotos :\\viaje");
+    EXPECT_EQ(listed(), (Names{"2003", "mapa.txt"}));
+    EXPECT_EQ(status(), in("  Carpetas: 1  Archivos: 2", "  Folders: 1  Files: 2"));
+    EXPECT_EQ(items(combo()), (Names{"Fotos :", "Fotos :\\viaje"}));
+    EXPECT_EQ(frame().status.picture(), 2);
+    click("Fotos :\\viaje\\2003\\playa");
+    EXPECT_EQ(listed(), (Names{"b.jpg"}));
+    EXPECT_EQ(items(combo()), (Names{"Fotos :", "Fotos :\\viaje\\2003\\playa"}));
+
+    // Up to the unit: the path item stays, and every file enters the size.
+    press(Toolbar::Up);
+    EXPECT_EQ(listed(), (Names{"playa", "a.jpg"}));
+    EXPECT_EQ(combo().text(), "Fotos :\\viaje\\2003");
+    EXPECT_EQ(size(), in("Tamaño: 993 KB", "Size: 993 KB"));
+    choose("arriba");
+    EXPECT_EQ(status(), in("  Carpetas: 1  Archivos: 2", "  Folders: 1  Files: 2"));
+    choose("arriba");
+    EXPECT_EQ(combo().text(), "Fotos :");
+    EXPECT_EQ(items(combo()).size(), 2u);
+    EXPECT_EQ(size(), in("Tamaño: 1 MB", "Size: 1 MB"));
+    press(Toolbar::Up);
+    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
+
+    // The path combo: typing drops the path, choosing lists.
+    click("Fotos :\\viaje");
+    combo().setFocus();
+    QTest::keyClick(&combo(), Qt::Key_End);
+    QTest::keyClick(&combo(), Qt::Key_X);
+    EXPECT_EQ(items(combo()), (Names{"Fotos :"}));
+    EXPECT_EQ(combo().text(), "Fotos :\\viajex");
+    QTest::keyClick(&combo(), Qt::Key_Down);
+    EXPECT_EQ(combo().text(), "Fotos :");
+    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
+    EXPECT_EQ(tree().selected(), node("Fotos :"));
+
+    press(Toolbar::Search);
+    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Search}));
+    EXPECT_TRUE(control("Picture1").isVisible() && control("ListView2").isVisible());
+    EXPECT_EQ(control("Picture1").geometry(), tree().geometry());
+    EXPECT_EQ(QApplication::focusWidget(), &control("Combo2"));
+    QTest::keyClicks(&control("Combo2"), "map");
+    QTest::keyClick(&control("Combo2"), Qt::Key_Return);
+    EXPECT_EQ(listed(), (Names{"mapa.txt"}));
+    press(Toolbar::Explore);
+    EXPECT_TRUE(control("Picture1").isHidden() && control("ListView2").isHidden());
+    EXPECT_EQ(QApplication::focusWidget(), &tree());
+    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
+
+    press(Toolbar::Search);
+    choose("actualizar1");
+    EXPECT_TRUE(control("ListView2").isHidden() && frame().toolbar.isPressed(Toolbar::Refresh));
+    press(Toolbar::Refresh);
+    EXPECT_FALSE(frame().toolbar.isPressed(Toolbar::Refresh));
+
+    choose("cerrar");
+    expectOpen(false);
+    EXPECT_EQ(caption(), "Zarquelin");
+    EXPECT_EQ(pressed(), std::vector<int>{});
+    choose("reciente");
+    expectOpen(true);
+    EXPECT_EQ(roots(), (Names{"Fotos :"}));
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(Looks, ViewsFontsAndTexts) {
+    start();
+    newCatalogue();
+    using View = controls::ListView::View;
+    const auto view = [&] {
+        EXPECT_EQ(surface().lists.listView1.view(), surface().lists.listView2.view());
+        return surface().lists.listView1.view();
+    };
+    for (const View next : {View::LargeIcons, View::SmallIcons, View::List, View::Report, View::LargeIcons}) {
+        press(Toolbar::Views);
+        EXPECT_EQ(view(), next);
+    }
+    EXPECT_TRUE(isChecked("Iconosgrandes") && !isChecked("Detalle"));
+    control<QAction>("Toolbar1(11)(3)").trigger();
+    EXPECT_TRUE(view() == View::List && isChecked("lista"));
+    choose("reciente");  // opening puts the report back
+    EXPECT_TRUE(view() == View::Report && isChecked("Detalle") && !isChecked("lista"));
+
+    choose("Grande");
+    for (const char* name :
+         {"TreeView1", "ListView1", "ListView2", "ImageCombo1", "Text9", "Label2", "Label3"})
+        EXPECT_EQ(control(name).font().pointSize(), 12) << name;
+    EXPECT_TRUE(isChecked("Grande") && !isChecked("Pequeño"));
+    choose("filacompleta");
+    EXPECT_TRUE(isChecked("filacompleta") && surface().lists.listView2.fullRowSelect());
+    choose("botonessintexto");
+    EXPECT_EQ(frame().toolbar.caption(Toolbar::Exit), " ");
+    choose("botonescontexto");
+    EXPECT_EQ(frame().toolbar.caption(Toolbar::Exit), "Exit");
+    for (const char* kept : {"si", "no"}) {
+        choose("iniciomenu");
+        EXPECT_EQ(platform::GetSetting("iniciorapido"), kept);
+        EXPECT_EQ(isChecked("iniciomenu"), *kept == 's');
+    }
+}
+
+TEST_F(Looks, TheDividerStaysWithinItsBounds) {
+    start();
+    newCatalogue();
+    QWidget& divider = control("imgSplitter");
+    const auto dragTo = [&](int x) {
+        QTest::mousePress(&divider, Qt::LeftButton, {}, QPoint(1, 50));
+        QTest::mouseMove(&divider, QPoint(x - divider.x(), 50));
+        EXPECT_TRUE(control("picSplitter").isVisible());
+        QTest::mouseRelease(&divider, Qt::LeftButton, {}, QPoint(x - divider.x(), 50));
+        EXPECT_TRUE(control("picSplitter").isHidden());
+        EXPECT_EQ(control("ListView2").geometry(), control("ListView1").geometry());
+        EXPECT_EQ(control("Picture2").geometry(), tree().geometry());
+        return tree().width();
+    };
+    const int inner = control("TreeView1").parentWidget()->width();
+    EXPECT_NEAR(dragTo(400), 400, 2);
+    EXPECT_EQ(dragTo(5), 100);
+    EXPECT_EQ(dragTo(inner - 5), inner - 100);
+    form->resize(480, 320);
+    EXPECT_GT(tree().height(), 0);
+}
+
+TEST_F(Looks, EverythingByKeyboardAlone) {
+    test::writeFotos(discs);
+    start();
+    const auto key = [&](int code, Qt::KeyboardModifiers with = {}) {
+        QWidget* focused = QApplication::focusWidget();
+        QTest::keyClick(focused ? focused : form.get(), Qt::Key(code), with);
+        QCoreApplication::processEvents();
+    };
+    dialogs.answers = {QString::fromStdString(folder / "keys.zrq"),
+                       QString::fromStdString(discs.disc("dvd"))};
+    key(Qt::Key_N, Qt::ControlModifier);
+    ASSERT_EQ(caption(), "Zarquelin - " + folder / "keys.zrq");
+    key(Qt::Key_I, Qt::ControlModifier);
+    key(Qt::Key_Return);  // the folder chooser
+    for (const int letter : {Qt::Key_D, Qt::Key_V, Qt::Key_D}) key(letter);
+    key(Qt::Key_Return);
+    ASSERT_EQ(roots(), (Names{"dvd :"}));
+
+    key(Qt::Key_E, Qt::ControlModifier);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
+    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
+    key(Qt::Key_Right);
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    EXPECT_EQ(listed(), (Names{"2003", "mapa.txt"}));
+    key(Qt::Key_Tab);
+    key(Qt::Key_Home);
+    key(Qt::Key_Return);  // steps into 2003
+    EXPECT_EQ(listed(), (Names{"playa", "a.jpg"}));
+    EXPECT_EQ(combo().text(), "dvd :\\viaje\\2003");
+    key(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(listed(), (Names{"2003", "mapa.txt"}));
+
+    key(Qt::Key_S, Qt::ControlModifier);
+    for (const int letter : {Qt::Key_M, Qt::Key_A, Qt::Key_P, Qt::Key_A}) key(letter);
+    key(Qt::Key_Return);
+    EXPECT_EQ(listed(), (Names{"mapa.txt"}));
+    key(Qt::Key_E, Qt::ControlModifier);
+    key(Qt::Key_Home);
+    key(Qt::Key_F2);
+    for (const int letter : {Qt::Key_A, Qt::Key_B}) key(letter);
+    key(Qt::Key_Return);
+    EXPECT_EQ(roots(), (Names{"ab :"}));
+}
+
+}  // namespace

@@ -1,0 +1,136 @@
+// The stop, and what else a user may do while a scan or the load of a unit gives way.
+
+#include "support/main_window.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using shell::Toolbar;
+using test::Names;
+
+class Stopping : public test::MainWindow {
+  protected:
+    void SetUp() override {
+        test::writeFotos(discs);
+        start();
+        path = newCatalogue();
+    }
+    void expectIdle() {
+        EXPECT_FALSE(frame().toolbar.isEnabled(Toolbar::Stop) || isOn("Parar1"));
+        EXPECT_TRUE(isOn("compactar") && isOn("reparar"));
+        EXPECT_TRUE(control("ProgressBar1").isHidden());
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    }
+    std::string path;
+};
+
+TEST_F(Stopping, AStoppedScanLeavesAPartialUnit) {
+    whenItYields([this] {
+        EXPECT_FALSE(isOn("compactar") || isOn("reparar"));
+        EXPECT_TRUE(control("ProgressBar1").isVisible());
+        // A look at a list must not take the stop away.
+        QTest::mouseClick(surface().lists.listView1.findChild<QAbstractItemView*>()->viewport(),
+                          Qt::LeftButton);
+        press(Toolbar::Stop);
+    });
+    import("Fotos", discs.disc("dvd"));
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text, "Canceled operation.");
+    EXPECT_EQ(rowCount(path), 1);
+    EXPECT_EQ(roots(), (Names{"Fotos :"}));
+    EXPECT_EQ(items(surface().imageCombo3), (Names{"Complete catalog:", "Fotos :"}));
+    EXPECT_EQ(status(), "  Units: 1  Folders: 1  Files: 0");
+    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
+    expectIdle();
+    click("Fotos :");
+    EXPECT_EQ(listed(), (Names{"atlas"}));
+    messages.answers = {true};
+    choose("borrarunidad1");
+    EXPECT_EQ(rowCount(path), 0);
+}
+
+TEST_F(Stopping, AStoppedLoadLeavesHalfTheTreeUntilTheCatalogueIsReopened) {
+    import("Fotos", discs.disc("dvd"));
+    whenItYields([this] { choose("Parar1"); });
+    click("Fotos :");
+    EXPECT_EQ(status(), " Acceding to the information...");
+    EXPECT_EQ(listed(), Names{});
+    EXPECT_EQ(tree().nodes().count(), 1);
+    EXPECT_TRUE(fs::exists(folder / "temp.ejm"));
+    EXPECT_TRUE(messages.shown.empty());
+    expectIdle();
+
+    // One more yield lets the first folder in: the unit counts as loaded from then on.
+    whenItYields([this] { whenItYields([this] { press(Toolbar::Stop); }); });
+    click("Fotos :");
+    const int nodes = tree().nodes().count();
+    EXPECT_TRUE(nodes > 1 && nodes < 5) << nodes;
+    click("Fotos :");
+    EXPECT_EQ(tree().nodes().count(), nodes);
+    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
+
+    choose("reciente");
+    click("Fotos :");
+    EXPECT_EQ(tree().nodes().count(), 5);
+    EXPECT_FALSE(fs::exists(folder / "temp.ejm"));
+    expectIdle();
+}
+
+TEST_F(Stopping, AnythingMayHappenToTheUnitDuringItsLoad) {
+    import("Fotos", discs.disc("dvd"));
+    const std::function<void()> deeds[] = {
+        [this] { choose("reciente"); },
+        [this] { choose("cerrar"); },
+        [this] { newCatalogue("other.zrq"); },
+        [this] { rename("Fotos :", "New"); },
+        [this] { click("Fotos :"); },
+        [this] { press(Toolbar::Up); },
+        [this] {
+            messages.answers = {true};
+            choose("borrarunidad1");
+        },
+    };
+    for (const bool byCombo : {false, true})
+        for (const auto& deed : deeds) {
+            dialogs.answers = {QString::fromStdString(path)};
+            choose("abrir");
+            if (roots().empty()) import("Fotos", discs.disc("dvd"));
+            if (roots()[0] == "New :") rename("New :", "Fotos");
+            choose("reciente");
+            whenItYields(deed);
+            if (byCombo) {
+                combo().setFocus();
+                combo().setSelected(0);
+                QTest::keyClick(&combo(), Qt::Key_Down);
+            } else {
+                click("Fotos :");
+            }
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(tree().nodes().isConsistent());
+            if (isOn("cerrar")) expectIdle();
+        }
+}
+
+TEST_F(Stopping, AScanGoesOnWithItsCatalogueWhenAnotherIsOpened) {
+    whenItYields([this] { newCatalogue("other.zrq"); });
+    import("Fotos", discs.disc("dvd"));
+    EXPECT_EQ(rowCount(path), 8);
+    EXPECT_EQ(rowCount(folder / "other.zrq"), 0);
+    EXPECT_EQ(roots(), Names{}) << "the unit is not of this catalogue";
+    expectIdle();
+}
+
+TEST_F(Stopping, ClosingTheWindowEndsAScanAndALoad) {
+    import("Fotos", discs.disc("dvd"));
+    whenItYields([this] { form->close(); });
+    click("Fotos :");
+    EXPECT_FALSE(form->isVisible());
+    start();
+    choose("reciente");
+    whenItYields([this] { form->close(); });
+    import("Otra", discs.disc("dvd"));
+    EXPECT_EQ(rowCount(path, "disco=('Otra :')"), 1);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+}  // namespace
