@@ -81,6 +81,13 @@ void keepNoMemoryCount() {
     static_cast<void>(done);
 }
 
+// A program died within a change. The first one that may write puts the file right, also when it came to
+// read; where nobody may write, the file stays unreadable.
+void undoInterruptedChange(const std::string& path) {
+    const auto writer = openSqlite(path, SQLITE_OPEN_READWRITE);
+    if (writer) static_cast<void>(run(writer->get(), "select count(*) from sqlite_schema"));
+}
+
 }  // namespace
 
 void CloseSqlite::operator()(sqlite3* database) const {
@@ -120,7 +127,12 @@ Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Us
     auto handle = openSqlite(path, use == Use::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
     if (!handle) return std::unexpected(handle.error());
     if (auto set = jet::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
-    if (auto sound = checkSchema(handle->get()); !sound) return std::unexpected(sound.error());
+    auto sound = checkSchema(handle->get());
+    if (!sound && sqlite3_extended_errcode(handle->get()) == SQLITE_READONLY_ROLLBACK) {
+        undoInterruptedChange(path);
+        sound = checkSchema(handle->get());
+    }
+    if (!sound) return std::unexpected(sound.error());
     if (use == Use::Catalogue) undoForeignChanges(handle->get());
     return std::shared_ptr<Connection>(new Connection(std::move(*handle), *file, use));
 }
