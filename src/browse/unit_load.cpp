@@ -53,7 +53,7 @@ LoadEnd UnitLoad::from(jet::Database& database, FirstLevel first) {
 
 LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
     const std::string copyPath = core::scratchPath(cataloguePath);
-    if (!copyPath.empty() && platform::CopyFile(cataloguePath, copyPath, platform::Flush::No)) {
+    if (!copyPath.empty() && core::copyToScratch(cataloguePath, copyPath)) {
         if (auto copy = jet::OpenDatabase(copyPath, jet::Use::Scratch)) {
             // A copy that could not be cut down is only slower to read.
             (void)copy->Execute("delete * from datos where disco<>('" + m_disco + "') ");

@@ -1,8 +1,11 @@
 #include "core/catalogue_file.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "core/text.h"
+#include "platform/jet/database.h"
+#include "platform/jet/maintenance.h"
 
 namespace core {
 namespace {
@@ -16,18 +19,45 @@ void makeWritable(const std::string& path) {
     fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
 }
 
+std::unexpected<platform::FileError> refused(const std::string& path, const jet::Error& error) {
+    return std::unexpected(
+        platform::FileError{platform::FileError::permissionDenied, path + ": " + error.text});
+}
+
+// Nothing for what is no catalogue: its bytes are as good at any time.
+platform::FileResult<std::optional<jet::Database>> heldStill(const std::string& path) {
+    auto database = jet::OpenDatabase(path, jet::Use::ReadOnly);
+    if (!database) return std::nullopt;
+    if (const auto still = database->HoldStill(); !still) return refused(path, still.error());
+    return std::move(*database);
+}
+
 }  // namespace
 
 platform::FileResult<> createCatalogue(const std::string& path) {
     const std::string original = platform::programFolder() + '/' + std::string(templateName);
-    if (auto copied = platform::CopyFile(original, path); !copied) return copied;
+    if (auto copied = copyCatalogue(original, path); !copied) return copied;
     makeWritable(path);
     return {};
 }
 
-platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination,
-                                     platform::Flush flush) {
-    return platform::CopyFile(source, destination, flush);
+platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination) {
+    auto held = heldStill(source);
+    if (!held) return std::unexpected(held.error());
+    auto replaced = jet::OpenDatabase(destination);
+    if (replaced) {
+        if (const auto alone = replaced->BeginTrans(); !alone && alone.error().number != jet::error::readOnly)
+            return refused(destination, alone.error());
+    } else {
+        jet::ForgetInterruptedChange(destination);
+    }
+    return platform::CopyFile(source, destination);
+}
+
+platform::FileResult<> copyToScratch(const std::string& source, const std::string& scratch) {
+    auto held = heldStill(source);
+    if (!held) return std::unexpected(held.error());
+    return platform::CopyFile(source, scratch, platform::Flush::No);
 }
 
 std::string scratchPath(const std::string& cataloguePath) {

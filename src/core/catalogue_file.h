@@ -16,9 +16,12 @@ inline constexpr std::string_view compactedName = "compactada.zrq";  // in the c
 // A new catalogue is a copy of the template, replacing whatever is at `path`.
 [[nodiscard]] platform::FileResult<> createCatalogue(const std::string& path);
 
-// Copies a catalogue to another name, which may be taken.
-[[nodiscard]] platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination,
-                                                   platform::Flush flush = platform::Flush::ToDisk);
+// Copies a catalogue to another name, replacing whatever is there. Other programs may be using both: neither
+// is changed meanwhile, and one in the midst of a change is waited for, then refused.
+[[nodiscard]] platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination);
+
+// The same for the working copy, which may be lost and whose name is the program's own.
+[[nodiscard]] platform::FileResult<> copyToScratch(const std::string& source, const std::string& scratch);
 
 // The working copy's path: every occurrence of the catalogue's file name in its path replaced by "temp.ejm".
 // Empty when that would be the catalogue itself (a catalogue named temp.ejm): there is no working copy then.

@@ -124,7 +124,7 @@ void CatalogueActions::guardar() {
     if (chosen.isEmpty()) return;
 
     const std::string path = nativePath(chosen);
-    if (const auto copied = platform::CopyFile(catalogue.path(), path); !copied) {
+    if (const auto copied = core::copyCatalogue(catalogue.path(), path); !copied) {
         // The catalogue stays the old one, also when it was to be copied onto itself.
         reportFailure(path, copied.error().text);
         return;

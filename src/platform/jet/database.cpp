@@ -86,6 +86,11 @@ void Database::Rollback() {
     (void)m_impl->connection->run("rollback");
 }
 
+Result<> Database::HoldStill() {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    return m_impl->connection->run("begin; select count(*) from sqlite_schema");
+}
+
 void Database::Close() {
     if (isOpen()) m_impl->connection->close();
 }

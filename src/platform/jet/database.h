@@ -39,6 +39,9 @@ class Database {
     [[nodiscard]] Result<> CommitTrans();
     void Rollback();
 
+    // Until the handle is closed no program can write to the file, which may be copied; others go on reading.
+    [[nodiscard]] Result<> HoldStill();
+
     void Close();
     [[nodiscard]] bool isOpen() const;
 

@@ -19,4 +19,8 @@ namespace jet {
 // when not even the rows' table can be found.
 [[nodiscard]] Result<> RepairDatabase(const std::string& nativePath);
 
+// Deletes what a program that died within a change left beside a name that leads to no catalogue any more. It
+// would be taken for a part of the next file of that name, and spoil it.
+void ForgetInterruptedChange(const std::string& nativePath);
+
 }  // namespace jet
