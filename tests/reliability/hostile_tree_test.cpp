@@ -49,8 +49,11 @@ std::vector<std::string> hostileNames() {
     names.push_back(std::string(255, '\''));
     names.push_back(std::string(255, '\\'));
     names.push_back(std::string(255, '\xff'));
-    for (const char* name : {"...", " ", "-rf", "*", "[a", "%s%n", "a\nb", "'); delete * from datos; --", "\xed\xa0\x80",
-                             "\xf4\x90\x80\x80", "\xe2\x80\xae" "exe.txt", "C:", "\xef\x80\xaf"})
+    for (const char* name : {"...", " ", "-rf", "*", "[a", "%s%n", "a\nb", "'); delete * from datos; --",
+                             "\xed\xa0\x80", "\xf4\x90\x80\x80",
+                             "\xe2\x80\xae"
+                             "exe.txt",
+                             "C:", "\xef\x80\xaf"})
         names.emplace_back(name);
     std::ranges::sort(names);
     names.erase(std::unique(names.begin(), names.end()), names.end());
@@ -89,7 +92,8 @@ TEST_F(HostileTree, EveryEntryHasItsRow) {
     expected += 12;
 
     fs::create_directory(tree + "/big");
-    for (int file = 0; file < filesInTheBiggestFolder; ++file) test::writeFile(tree + "/big/" + std::to_string(file), "");
+    for (int file = 0; file < filesInTheBiggestFolder; ++file)
+        test::writeFile(tree + "/big/" + std::to_string(file), "");
     expected += 1 + static_cast<std::size_t>(filesInTheBiggestFolder);
 
     EXPECT_EQ(scan("Odd"), 0);
@@ -104,8 +108,10 @@ TEST_F(HostileTree, ATreeThatChangesUnderTheScanLosesNothingThatStays) {
             fs::create_directories(path);
             for (int file = 0; file < 10; ++file) test::writeFile(path + "/" + std::to_string(file), "");
         }
-    const std::string unrest = "cd '" + tree + "' && while :; do for d in moves*; do mv $d x$d; rm -rf x$d; mkdir -p $d/in/deeper;"
-                               " : > $d/in/deeper/new; ln -s .. $d/in/up; done; done";
+    const std::string unrest =
+        "cd '" + tree +
+        "' && while :; do for d in moves*; do mv $d x$d; rm -rf x$d; mkdir -p $d/in/deeper;"
+        " : > $d/in/deeper/new; ln -s .. $d/in/up; done; done";
     const pid_t mover = fork();
     if (mover == 0) {
         execl("/bin/sh", "sh", "-c", unrest.c_str(), nullptr);
@@ -115,7 +121,8 @@ TEST_F(HostileTree, ATreeThatChangesUnderTheScanLosesNothingThatStays) {
         const std::string unit = "Round " + std::to_string(round);
         EXPECT_EQ(scan(unit), 0);
         const auto rows = test::contentOf(catalogue).at(unit + " :");
-        const auto staying = std::ranges::count_if(rows, [](const std::string& row) { return row.find("\\stays") != row.npos; });
+        const auto staying = std::ranges::count_if(
+            rows, [](const std::string& row) { return row.find("\\stays") != row.npos; });
         EXPECT_EQ(staying, 60 * 13);
     }
     kill(mover, SIGKILL);

@@ -37,7 +37,8 @@ class Program {
     }
     [[nodiscard]] bool isRunning() const {
         siginfo_t info{};
-        return m_child > 0 && waitid(P_PID, static_cast<id_t>(m_child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+        return m_child > 0 &&
+               waitid(P_PID, static_cast<id_t>(m_child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
                info.si_pid == 0;
     }
 

@@ -34,10 +34,10 @@ bool waitsForTheDisk(std::uint64_t call) {
 }
 
 bool changesFiles(std::uint64_t call, const std::uint64_t* arguments) {
-    static constexpr std::uint64_t calls[]{
-        SYS_pwrite64, SYS_pwritev,  SYS_writev,    SYS_ftruncate, SYS_unlink,   SYS_unlinkat,       SYS_rename,
-        SYS_renameat, SYS_renameat2, SYS_link,     SYS_chmod,     SYS_fchmod,   SYS_copy_file_range, SYS_fsync,
-        SYS_fdatasync};
+    static constexpr std::uint64_t calls[]{SYS_pwrite64,        SYS_pwritev,  SYS_writev,   SYS_ftruncate,
+                                           SYS_unlink,          SYS_unlinkat, SYS_rename,   SYS_renameat,
+                                           SYS_renameat2,       SYS_link,     SYS_chmod,    SYS_fchmod,
+                                           SYS_copy_file_range, SYS_fsync,    SYS_fdatasync};
     if (call == SYS_write) return arguments[0] > STDERR_FILENO;
     if (call == SYS_openat) return (arguments[2] & O_CREAT) != 0;
     return std::ranges::find(calls, call) != std::end(calls);

@@ -20,8 +20,8 @@ struct TracedRun {
     std::chrono::duration<double> end{};
 };
 
-// Runs a program, the output thrown away, and kills it without warning when it reaches a step (from 1); 0 lets
-// it run to its end.
+// Runs a program, the output thrown away, and kills it without warning when it reaches a step (from 1); 0
+// lets it run to its end.
 [[nodiscard]] TracedRun runUntilStep(const Words& command, int step);
 
 }  // namespace test

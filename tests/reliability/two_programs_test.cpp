@@ -1,8 +1,10 @@
-// Two copies of the program on one catalogue: neither crashes, and what one of them reported as done stays done.
+// Two copies of the program on one catalogue: neither crashes, and what one of them reported as done stays
+// done.
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 
 #include "reliability/catalogue_check.h"
 #include "reliability/program.h"
@@ -14,13 +16,19 @@ namespace fs = std::filesystem;
 
 class TwoPrograms : public testing::Test {
   protected:
-    void SetUp() override {
+    static void SetUpTestSuite() {
+        elsewhere = std::make_unique<test::TemporaryFolder>();
+        tree = *elsewhere / "tree";
         for (int folder = 0; folder < folders; ++folder) {
             const std::string path = tree + "/folder" + std::to_string(folder);
             fs::create_directories(path);
             for (int file = 0; file < filesInEach; ++file)
                 test::writeFile(path + "/file" + std::to_string(file), "");
         }
+    }
+    static void TearDownTestSuite() { elsewhere.reset(); }
+
+    void SetUp() override {
         test::makeCatalogue(catalogue, {"Earlier"}, 500);
         earlier = test::contentOf(catalogue);
     }
@@ -38,10 +46,11 @@ class TwoPrograms : public testing::Test {
         }
     }
 
-    static constexpr int folders = 100;
+    static constexpr int folders = 60;
     static constexpr int filesInEach = 100;
+    static inline std::unique_ptr<test::TemporaryFolder> elsewhere;
+    static inline std::string tree;
     test::TemporaryFolder work;
-    const std::string tree = work / "tree";
     const std::string catalogue = work / "catalogue.zrq";
     test::Content earlier;
 };
@@ -74,6 +83,20 @@ TEST_F(TwoPrograms, SaveAsWhatAnotherScansInto) {
             EXPECT_EQ(test::contentOf(copy).at("Earlier :"), earlier.at("Earlier :"));
         }
     expectKept("Scanned", scan.wait());
+}
+
+// A new file in the place of one that is being written to would meet the way back of that change.
+TEST_F(TwoPrograms, AFileInTheMidstOfAChangeIsNotReplaced) {
+    const std::string other = work / "other.zrq";
+    test::makeCatalogue(other, {"Other"}, 50);
+    auto open = jet::OpenDatabase(catalogue).value();
+    jet::Transaction change(open);
+    ASSERT_TRUE(change.begin());
+    ASSERT_TRUE(open.Execute("update datos set comentario='noted' where disco=('Earlier :')"));
+    EXPECT_NE(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
+    ASSERT_TRUE(change.commit());
+    EXPECT_EQ(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
+    EXPECT_EQ(test::contentOf(catalogue), test::contentOf(other));
 }
 
 // The window of one program holds the catalogue while another puts a new file in its place.
