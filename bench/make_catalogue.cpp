@@ -1,6 +1,6 @@
 // Makes a catalogue shaped like a collection of discs: 200 units of photos, music, films, documents and
-// programs, one of them with a tenth of the rows as its folders. About one file in twenty bears the common word
-// "viaje", about one row in fifty thousand the rare word "zanahoria".
+// programs, one of them with a tenth of the rows as its folders. About one file in twenty bears the common
+// word "viaje", about one row in fifty thousand the rare word "zanahoria".
 //
 //     make_catalogue FILE ROWS
 //
@@ -30,9 +30,9 @@ constexpr std::string_view commonWord = "viaje";
 constexpr std::string_view rareWord = "zanahoria";
 
 constexpr std::array<std::string_view, 24> words{
-    "Verano", "playa", "montaña", "Cumpleaños", "familia", "Boda",  "concierto", "Proyecto",
-    "informe", "Factura", "Copia", "antiguo",   "Álbum",   "versión", "directo", "Navidad",
-    "casa",   "trabajo", "Música", "película",  "Backup",  "notes", "final",     "Ñandú"};
+    "Verano",  "playa",   "montaña", "Cumpleaños", "familia", "Boda",    "concierto", "Proyecto",
+    "informe", "Factura", "Copia",   "antiguo",    "Álbum",   "versión", "directo",   "Navidad",
+    "casa",    "trabajo", "Música",  "película",   "Backup",  "notes",   "final",     "Ñandú"};
 constexpr std::array<std::string_view, 12> endings{".JPG", ".jpg", ".mp3", ".mp3", ".avi", ".txt",
                                                    ".doc", ".htm", ".zip", ".exe", ".gif", ".pdf"};
 

@@ -112,9 +112,11 @@ int click(shell::Form1& window, const char* unit) {
 
 int main(int argc, char** argv) {
     const bool scans = argc == 5 && std::strcmp(argv[1], "scan") == 0;
-    const bool asksForMore = argc == 4 && (std::strcmp(argv[1], "search") == 0 || std::strcmp(argv[1], "click") == 0);
+    const bool asksForMore =
+        argc == 4 && (std::strcmp(argv[1], "search") == 0 || std::strcmp(argv[1], "click") == 0);
     if (!scans && !asksForMore && !(argc == 3 && std::strcmp(argv[1], "open") == 0)) {
-        std::fputs("usage: window_bench open|scan|search|click CATALOGUE [NAME FOLDER | TEXT | UNIT]\n", stderr);
+        std::fputs("usage: window_bench open|scan|search|click CATALOGUE [NAME FOLDER | TEXT | UNIT]\n",
+                   stderr);
         return 2;
     }
     const QTemporaryDir settings;  // the user's own stay as they are
