@@ -118,7 +118,7 @@ class Disc {
 
 TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
     std::size_t folders = 0, deepest = 0;
-    for (unsigned seed = 0; seed < 60; ++seed) {
+    for (unsigned seed = 0; seed < 24; ++seed) {
         Disc disc(seed);
         const std::string copyPath = disc.place / "temp.ejm";
         ASSERT_TRUE(platform::CopyFile(disc.catalogue, copyPath));

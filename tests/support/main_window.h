@@ -118,20 +118,29 @@ class MainWindow : public testing::Test {
         choose("nuevo");
         return folder / name;
     }
+    void openImportPanel(int tab) {
+        choose("explore");
+        auto& tabs = control<QTabBar>("TabStrip2");
+        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
+    }
     void import(const char* unit, const std::string& nativeFolder) {
         dialogs.answers.push_back(QString::fromStdString(nativeFolder));
-        choose("explore");
+        openImportPanel(0);
         control<QAbstractButton>("Label19").click();
         QTest::keyClicks(&control("Text3"), QString::fromUtf8(unit));
         QTest::keyClick(&control("Text3"), Qt::Key_Return);
     }
     void addByHand(const char* unit, const char* content) {
-        choose("explore");
-        auto& tabs = control<QTabBar>("TabStrip2");
-        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+        openImportPanel(1);
         QTest::keyClicks(&control("Text11"), QString::fromUtf8(content));
         QTest::keyClicks(&control("Text3"), QString::fromUtf8(unit));
         QTest::keyClick(&control("Text3"), Qt::Key_Return);
+    }
+    void search(const char* text) {
+        auto& name = control<QComboBox>("Combo2");
+        name.clearEditText();
+        QTest::keyClicks(&name, QString::fromUtf8(text));
+        QTest::keyClick(&name, Qt::Key_Return);
     }
     void rename(const QString& unit, const char* name) {
         tree().setSelected(node(unit));
@@ -140,6 +149,8 @@ class MainWindow : public testing::Test {
         ASSERT_NE(editor, nullptr);
         QTest::keyClicks(editor, QString::fromUtf8(name));
         QTest::keyClick(editor, Qt::Key_Return);
+        QCoreApplication::processEvents();  // the editor's end comes by the queue
+        QCoreApplication::sendPostedEvents(editor, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     }
     // Runs when the work that is about to begin first gives way.

@@ -35,8 +35,10 @@ KeyFilter* KeyFilter::install(QLineEdit* field, Allowed allowed, OnEnter onEnter
 }
 
 KeyFilter* KeyFilter::install(QComboBox* combo, Allowed allowed, OnEnter onEnter) {
-    QWidget* target = combo->isEditable() ? static_cast<QWidget*>(combo->lineEdit()) : combo;
-    return new KeyFilter(target, std::move(allowed), std::move(onEnter));
+    // The field of an editable combo lends its focus to the combo, which hands keys to it past all filters.
+    auto* filter = new KeyFilter(combo, std::move(allowed), std::move(onEnter));
+    if (combo->isEditable()) combo->lineEdit()->installEventFilter(filter);
+    return filter;
 }
 
 bool KeyFilter::holdsBack(const QString& text) const {

@@ -114,7 +114,12 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     const bool editing = state() == QAbstractItemView::EditingState;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const Node before = selected();
-    QTreeView::keyPressEvent(event);
+    const bool moves = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    // The base class starts on the first row without selecting it, and would go past it.
+    if (!editing && before == noNode && (enter || moves) && currentIndex().isValid())
+        setSelected(TreeModel::nodeOf(currentIndex()));
+    else
+        QTreeView::keyPressEvent(event);
     const Node now = selected();
     if (!editing && now != noNode && (enter || now != before)) emit nodeClicked(now);
 }
