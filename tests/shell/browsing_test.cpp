@@ -223,9 +223,7 @@ TEST_F(Looks, EverythingByKeyboardAlone) {
     key(Qt::Key_Down);
     EXPECT_EQ(listed(), (Names{"2003", "mapa.txt"}));
     key(Qt::Key_Tab);
-    fprintf(stderr,"F %s %s\n", QApplication::focusWidget()->metaObject()->className(), qPrintable(QApplication::focusWidget()->objectName()));
-    key(Qt::Key_Home);
-    fprintf(stderr,"R %d\n", surface().lists.listView1.selectedPosition());
+    key(Qt::Key_Down);
     key(Qt::Key_Return);  // steps into 2003
     EXPECT_EQ(listed(), (Names{"playa", "a.jpg"}));
     EXPECT_EQ(combo().text(), "dvd :\\viaje\\2003");

@@ -18,7 +18,7 @@ class KeyFilter : public QObject {
     using OnEnter = std::function<void()>;          // empty: Enter passes
 
     static KeyFilter* install(QLineEdit* field, Allowed allowed, OnEnter onEnter = {});
-    // Of an editable combo the field; of any other the combo itself, whose letters pick an item.
+    // Of any combo: one that is not editable picks an item by its letters.
     static KeyFilter* install(QComboBox* combo, Allowed allowed, OnEnter onEnter = {});
 
   protected:

@@ -129,6 +129,14 @@ void ListPane<Base>::keyPressEvent(QKeyEvent* event) {
         if (before.isValid()) emit m_owner->rowActivated(before.row());
         return;
     }
+    const bool moves =
+        event->key() == Qt::Key_Down || event->key() == Qt::Key_Up || event->key() == Qt::Key_Home;
+    if (moves && before.isValid() && !this->selectionModel()->hasSelection()) {
+        // The focus has come to this row without selecting it, and the base class would go past it.
+        m_owner->setCurrentRow(before.row());
+        emit m_owner->rowClicked(before.row());
+        return;
+    }
     Base::keyPressEvent(event);
     const QModelIndex now = this->currentIndex();
     if (now.isValid() && now.row() != before.row()) emit m_owner->rowClicked(now.row());
