@@ -16,6 +16,12 @@ std::u32string foldedCharacters(std::string_view text) {
     return characters;
 }
 
+// The two characters beyond ASCII that fold to letters of it, the Kelvin sign and the long s. Without them, a
+// pattern of ASCII meets a text's other characters in its stars alone, where they need no folding.
+bool hasTwinOfAscii(std::string_view text) {
+    return text.find("\u212A") != text.npos || text.find("\u017F") != text.npos;
+}
+
 }  // namespace
 
 bool LikePattern::Set::contains(char32_t character) const {
@@ -106,6 +112,8 @@ void LikePattern::splitIntoPieces() {
             appendCharacter(pieces.back(), step.character);
         }
     }
+    m_asciiPieces =
+        std::all_of(pieces.begin(), pieces.end(), [](const std::string& piece) { return isAscii(piece); });
     m_start = pieces.front();
     if (pieces.size() == 1) return;
     m_end = pieces.back();
@@ -115,7 +123,7 @@ void LikePattern::splitIntoPieces() {
 bool LikePattern::matches(std::string_view text) const {
     if (!m_onlyRuns) return stepsMatch(foldedCharacters(text));
     char buffer[512];
-    if (text.size() <= sizeof buffer && isAscii(text)) {
+    if (text.size() <= sizeof buffer && (isAscii(text) || (m_asciiPieces && !hasTwinOfAscii(text)))) {
         foldAscii(text.data(), text.size(), buffer);
         return piecesMatch({buffer, text.size()});
     }

@@ -52,6 +52,7 @@ class LikePattern {
     std::string m_start;
     std::vector<std::string> m_middle;
     std::string m_end;
+    bool m_asciiPieces = false;
 };
 
 }  // namespace jet

@@ -23,7 +23,9 @@ TEST(Like, FoldsCaseOverAllOfUnicodeAndKeepsAccents) {
     EXPECT_TRUE(like("AÑO NUEVO", "año*"));
     EXPECT_FALSE(like("ANO NUEVO", "año*"));
     EXPECT_TRUE(like("Ελλάδα", "*ΛΛ*"));
-    EXPECT_TRUE(like("\u212A", "k"));  // the Kelvin sign is a k
+    EXPECT_TRUE(like("\u212A", "k"));             // the Kelvin sign is a k
+    EXPECT_TRUE(like("ñ\u212Añ\u017F", "*k*S"));  // and the long s an s
+    EXPECT_TRUE(like("Ñandú.JPG", "*nd*.jpg"));
     EXPECT_TRUE(like("xÉx", "x?x"));
     EXPECT_TRUE(like("😀a", "?A"));
     EXPECT_TRUE(like("Ñ", "[m-ñ]"));
