@@ -114,6 +114,15 @@ TEST_F(TreeTest, KeysDoWhatTheMouseDoes) {
     EXPECT_EQ(clicked(), Nodes{c});
 }
 
+TEST_F(TreeTest, FirstKeyTakesTheNodeThatHasTheFocus) {
+    tree.setSelected(noNode);
+    tree.selectionModel()->setCurrentIndex(tree.model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    ASSERT_EQ(tree.selected(), noNode);
+    QTest::keyClick(&tree, Qt::Key_Down);
+    EXPECT_EQ(tree.selected(), one);
+    EXPECT_EQ(clicked(), Nodes{one});
+}
+
 TEST_F(TreeTest, ARightPressClicksTheNodeUnderItBeforeTheMenuComes) {
     tree.setSelected(one);
     std::vector<std::pair<Qt::MouseButton, Node>> presses;
