@@ -48,6 +48,8 @@ platform::FileResult<> copyCatalogue(const std::string& source, const std::strin
     if (replaced) {
         if (const auto alone = replaced->BeginTrans(); !alone && alone.error().number != jet::error::readOnly)
             return refused(destination, alone.error());
+    } else if (replaced.error().number == jet::error::locked) {
+        return refused(destination, replaced.error());
     } else {
         jet::ForgetInterruptedChange(destination);
     }

@@ -121,6 +121,7 @@ TEST(ReadOnlyDisk, IsReadAndRefusesChanges) {
     ASSERT_TRUE(disk.makeReadOnly());
 
     for (const Words& reading : {Words{"units", catalogue},
+                                 {"list", catalogue, "Victim"},
                                  {"search", catalogue, "file"},
                                  {"export", catalogue},
                                  {"stats", catalogue, "Victim"}}) {
