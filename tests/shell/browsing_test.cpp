@@ -28,8 +28,8 @@ class Browsing : public test::MainWindow, public testing::WithParamInterface<Lan
 class Looks : public test::MainWindow {};
 
 INSTANTIATE_TEST_SUITE_P(, Browsing, testing::Values(Language::Spanish, Language::English),
-                         [](const auto& info) {
-                             return info.param == Language::Spanish ? "Spanish" : "English";
+                         [](const auto& each) {
+                             return each.param == Language::Spanish ? "Spanish" : "English";
                          });
 
 TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
