@@ -2,7 +2,7 @@
 # To be sourced with the repository as the current directory.
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev libsqlite3-dev)
-run_packages=(libqt6svg6 breeze-icon-theme fonts-dejavu-core xdg-utils)
+run_packages=(libqt6svg6 qt6-translations-l10n breeze-icon-theme fonts-dejavu-core xdg-utils)
 test_packages=(libgtest-dev sqlite3)
 check_packages=(clang-format)
 
