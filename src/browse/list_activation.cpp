@@ -123,6 +123,8 @@ void ListActivation::stepFromResults(const Row& row) {
 
 bool ListActivation::popupAllowed() const {
     const ClickedRow& clic = m_surface.clic;
+    // A press beside the rows leaves the clicked row behind, but none selected: its note is not meant.
+    if (m_surface.lists.shown().selectedPosition() < 0) return false;
     return clic.indicefila >= 0 && !isFolderCaption(clic.tipofilaelegida);
 }
 

@@ -15,7 +15,7 @@ class ListActivation {
 
     void itemClicked(ItemList& list, int position);
     void doubleClicked(ItemList& list);
-    [[nodiscard]] bool popupAllowed() const;  // a row was clicked, and it is no folder
+    [[nodiscard]] bool popupAllowed() const;  // a row is selected, and it is no folder
 
   private:
     // The selected row, kept over the clearing of its list.

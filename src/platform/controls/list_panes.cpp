@@ -126,20 +126,34 @@ template <class Base>
 void ListPane<Base>::keyPressEvent(QKeyEvent* event) {
     const QModelIndex before = this->currentIndex();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (before.isValid()) emit m_owner->rowActivated(before.row());
+        if (!before.isValid()) return;
+        clickCurrent();
+        emit m_owner->rowActivated(before.row());
         return;
     }
     const bool moves =
         event->key() == Qt::Key_Down || event->key() == Qt::Key_Up || event->key() == Qt::Key_Home;
     if (moves && before.isValid() && !this->selectionModel()->hasSelection()) {
         // The focus has come to this row without selecting it, and the base class would go past it.
-        m_owner->setCurrentRow(before.row());
-        emit m_owner->rowClicked(before.row());
+        clickCurrent();
         return;
     }
+    const bool wasSelected = m_owner->isSelected(before.row());
     Base::keyPressEvent(event);
     const QModelIndex now = this->currentIndex();
-    if (now.isValid() && now.row() != before.row()) emit m_owner->rowClicked(now.row());
+    if (!now.isValid()) return;
+    const bool newlySelected =
+        !wasSelected && m_owner->isSelected(now.row());  // by Space, or with all others
+    if (now.row() != before.row() || newlySelected) emit m_owner->rowClicked(now.row());
+}
+
+// As the press that comes before a double click or a menu. A list that the Tab key reaches has a current row
+// that is not selected yet.
+template <class Base>
+void ListPane<Base>::clickCurrent() {
+    const int row = this->currentIndex().row();
+    if (!m_owner->isSelected(row)) m_owner->setCurrentRow(row);
+    emit m_owner->rowClicked(row);
 }
 
 template <class Base>
@@ -148,6 +162,7 @@ void ListPane<Base>::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     const QModelIndex current = this->currentIndex();
     if (event->reason() != QContextMenuEvent::Keyboard || !current.isValid()) return;
+    clickCurrent();
     const QPoint position = this->viewport()->mapToGlobal(this->visualRect(current).bottomLeft());
     emit m_owner->mousePressed(Qt::RightButton, position);
     emit m_owner->mouseReleased(Qt::RightButton, position);

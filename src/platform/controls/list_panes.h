@@ -45,6 +45,7 @@ class ListPane : public Base {
     void contextMenuEvent(QContextMenuEvent* event) override;
     // The place under the mouse, unless it lies in a column that does not react.
     QModelIndex reactingPlace(const QPoint& position) const;
+    void clickCurrent();
 
     ListView* m_owner;
     RowDelegate* m_rows;
