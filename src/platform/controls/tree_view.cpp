@@ -116,10 +116,7 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     const Node before = selected();
     const bool moves = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
     // The base class starts on the first row without selecting it, and would go past it.
-    if (!editing && before == noNode && (enter || moves) && currentIndex().isValid())
-        setSelected(TreeModel::nodeOf(currentIndex()));
-    else
-        QTreeView::keyPressEvent(event);
+    if (editing || !(enter || moves) || !selectCurrent()) QTreeView::keyPressEvent(event);
     const Node now = selected();
     if (!editing && now != noNode && (enter || now != before)) emit nodeClicked(now);
 }
@@ -150,10 +147,18 @@ void TreeView::doItemsLayout() {
 }
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
-    // The mouse was served when it was pressed; here comes the menu key.
-    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
-        emit mousePressed(Qt::RightButton, viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
     event->accept();
+    // The mouse was served when it was pressed; here comes the menu key.
+    if (event->reason() != QContextMenuEvent::Keyboard || !currentIndex().isValid()) return;
+    if (selectCurrent()) emit nodeClicked(selected());
+    emit mousePressed(Qt::RightButton, viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+}
+
+// A tree that the Tab key reaches has a current node that is not selected yet. True when it is now.
+bool TreeView::selectCurrent() {
+    if (!currentIndex().isValid() || selected() != noNode) return false;
+    setCurrentIndex(currentIndex());
+    return selected() != noNode;
 }
 
 }  // namespace controls

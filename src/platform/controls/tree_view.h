@@ -51,6 +51,7 @@ class TreeView : public QTreeView {
 
   private:
     void doItemsLayout() override;
+    bool selectCurrent();
     [[nodiscard]] bool layoutMustWait() const;
     void layOutLater();
 

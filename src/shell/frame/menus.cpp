@@ -15,7 +15,7 @@ struct Row {
     Kind kind;
     std::string_view name;
     std::string_view parent;          // empty for a menu of the bar
-    std::string_view shortcuts = {};  // the one that the menu shows, then others
+    std::string_view shortcuts = {};  // the one that the menu shows, then others; of a popup only shown
     bool enabled = true;
 };
 
@@ -87,9 +87,9 @@ constexpr Row rows[] = {
     {Popup, "popup", ""},
         {Entry, "abrirnodo", "popup"},
         {Separator, "barra7", "popup"},
-        {Entry, "cambiarnombre", "popup"},
+        {Entry, "cambiarnombre", "popup", "F2"},
         {Entry, "graficos2", "popup"},
-        {Entry, "borrarunidad", "popup"},
+        {Entry, "borrarunidad", "popup", "Del"},
         {Separator, "Barra21", "popup"},
         {Entry, "Propiedades", "popup"},
     {Popup, "popup2", ""},
