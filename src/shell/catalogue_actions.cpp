@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "shell/frame/catalogue.h"
 #include "shell/frame/pointer.h"
+#include "shell/frame/status_band.h"
 #include "shell/frame/toolbar.h"
 
 namespace shell {
@@ -30,6 +31,13 @@ void CatalogueActions::clearSurface() {
     m_surface.lists.listView1.clear();
     m_surface.treeView1.clear();
     m_surface.estado.cargaparada = true;  // a load that is under way has lost its unit
+    m_surface.frame.status.blank();
+}
+
+// What was found in one catalogue is not to be shown over another.
+void CatalogueActions::hidePanels() {
+    m_window.hidePanels();
+    m_surface.lists.listView2.clear();
 }
 
 void CatalogueActions::openStateChange() {
@@ -63,7 +71,7 @@ void CatalogueActions::nuevo1() {
         }
         m_surface.frame.catalogue.setPath(path);
         openStateChange();
-        m_window.hidePanels();
+        hidePanels();
         m_opening.inicio();
         m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
     }
@@ -79,7 +87,7 @@ void CatalogueActions::abrir1() {
         m_surface.frame.catalogue.setPath(nativePath(chosen));
         m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
         openStateChange();
-        m_window.hidePanels();
+        hidePanels();
         yieldToQueue();
         m_opening.inicio();
         m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
@@ -94,7 +102,7 @@ void CatalogueActions::reciente1() {
     if (!last.empty() && platform::FileExists(last)) {
         m_surface.frame.catalogue.setPath(last);
         openStateChange();
-        m_window.hidePanels();
+        hidePanels();
         m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
         rememberAsLast();
         m_opening.inicio();
@@ -107,7 +115,7 @@ void CatalogueActions::reciente1() {
 void CatalogueActions::abrirdesdearchivo() {
     if (!m_surface.frame.catalogue.isSet()) return;
     openStateChange();
-    m_window.hidePanels();
+    hidePanels();
     yieldToQueue();
     m_opening.inicio();
     rememberAsLast();
@@ -141,7 +149,7 @@ void CatalogueActions::cerrar() {
     m_surface.imageCombo1.clear();
     m_surface.estado.indicecombo = 0;
     m_window.showBrowseSurface(false);
-    m_window.hidePanels();
+    hidePanels();
     m_window.setCatalogueOpen(false);
     m_surface.frame.toolbar.releaseAll(1, 13);
     m_window.setCaption(QStringLiteral("Zarquelin"));

@@ -31,6 +31,7 @@ class CatalogueActions {
 
   private:
     void clearSurface();
+    void hidePanels();
     void openStateChange();  // up to, but without, Inicio
     void rememberAsLast();
     void reportFailure(const std::string& path, const std::string& reason);

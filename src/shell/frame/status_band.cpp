@@ -25,10 +25,11 @@ constexpr int kindLeft = 7480;
 constexpr int kindMargin = 8;  // pixels
 constexpr qint64 millisecondsBetweenPaints = 50;
 
-QLabel* makeLabel(QWidget* parent, const QString& name, const QString& accessibleName) {
+// Its text is its accessible name, so that a screen reader tells what it says.
+QLabel* makeLabel(QWidget* parent, const QString& name, const QString& purpose) {
     auto* label = new ElidedLabel(parent);
     label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
+    label->setAccessibleDescription(purpose);
     label->setAlignment(Qt::AlignVCenter | Qt::AlignLeft);
     return label;
 }
@@ -76,6 +77,11 @@ void StatusBand::setPicture(int picture) {
     if (picture == 0) return m_icon->clear();
     const int side = std::max(16, lineHeight() - 4);
     m_icon->setPixmap(controls::picture(picture).pixmap(side, side));
+}
+
+void StatusBand::blank() {
+    for (QLabel* label : {m_text, m_size, m_kind}) label->clear();
+    setPicture(0);
 }
 
 QString StatusBand::text() const {

@@ -23,6 +23,7 @@ class StatusBand : public QWidget {
     void setSize(std::string_view text);  // Label3
     void setKind(std::string_view text);  // Label2
     void setPicture(int picture);         // Picture16; 0 for none
+    void blank();                         // all four
     [[nodiscard]] QString text() const;
     [[nodiscard]] QString size() const;
     [[nodiscard]] QString kind() const;
