@@ -64,6 +64,7 @@ double serialOf(const QDateEdit& picker) {
 
 CriteriaPages::CriteriaPages(core::Language idioma, QWidget* parent) : QFrame(parent), m_idioma(idioma) {
     setObjectName(QStringLiteral("Picture15"));
+    setAccessibleName(shell::caption(u"Label12", idioma));
     setFrameShape(QFrame::StyledPanel);
     auto* stack = new QGridLayout(this);
     stack->setContentsMargins({});
@@ -87,6 +88,7 @@ QVBoxLayout* CriteriaPages::addPage(Criterion criterion, const QString& label, c
     check->setAccessibleName(shell::caption(label, m_idioma));
     auto* page = new QWidget(this);
     page->setObjectName(numbered("Picture11", criterion));
+    page->setAccessibleName(check->accessibleName());
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     column->addWidget(new CriterionHeading(check, label, shadow));

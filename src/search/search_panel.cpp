@@ -112,6 +112,7 @@ void SearchPanel::makeControls() {
 void SearchPanel::setTabOrder() {
     QWidget::setTabOrder(m_combo2, m_label5);
     QWidget::setTabOrder(m_label5, m_tabStrip1);
+    QWidget::setTabOrder(&m_picture15->noteField(), &m_listView2);
 }
 
 void SearchPanel::focusCombo2() {

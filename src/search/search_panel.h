@@ -16,7 +16,7 @@ class ItemList;
 namespace controls {
 class ImageCombo;
 class TabStrip;
-}
+}  // namespace controls
 
 namespace search {
 
@@ -30,7 +30,7 @@ class SearchPanel : public QWidget {
     // The frame and the list outlive the panel.
     SearchPanel(const shell::Frame& frame, browse::ItemList& listView2, QWidget* parent = nullptr);
 
-    void setTabOrder();  // Combo2, Label5, TabStrip1
+    void setTabOrder();  // Combo2, Label5, TabStrip1 and its pages, the results
     void focusCombo2();
 
     // ImageCombo2: the eight types anew, the first selected.

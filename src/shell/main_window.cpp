@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
+#include <QShortcut>
 #include <functional>
 
 #include "browse/column_sort.h"
@@ -30,6 +31,7 @@ Form1::Form1(core::Language idioma, Messages& messages, Dialogs& dialogs)
     connectToolbar();
     connectControls();
     setFontSize(8);
+    m_parts->views.setFullRow(false);
     m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"), isQuickStartOn());
     m_parts->openingWindow.showBrowseSurface(false);
     m_parts->openingWindow.hidePanels();
@@ -199,6 +201,9 @@ void Form1::connectControls() {
     connect(controls.treeView1, &TreeView::nodeDoubleClicked, this,
             [&](int) { parts.surface.estado.dobleclic = true; });
     connect(controls.treeView1, &TreeView::mousePressed, this, &Form1::treePressed);
+    const auto* deleteKey =
+        new QShortcut(QKeySequence::Delete, controls.treeView1, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, this, [&] { parts.maintenance.borrarunidad(); });
     connect(controls.treeView1, &TreeView::afterLabelEdit, this,
             [this](int node, const QString& text) { renameUnit(node, text); });
     connect(controls.imageCombo1, &ImageCombo::clicked, this,

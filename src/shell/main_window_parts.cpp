@@ -7,6 +7,8 @@
 namespace shell {
 namespace {
 
+constexpr core::Bilingual dividerName{"Divisor", "Divider"};
+
 template <class Control>
 Control* named(const char* name, Control* control) {
     control->setObjectName(QString::fromUtf8(name));
@@ -32,10 +34,14 @@ WindowControls::WindowControls(Form1& window, core::Language idioma)
     imgSplitter = new controls::Divider(client, [this] {
         return controls::Divider::Bounds{controls::pixels(500), client->width() - controls::pixels(500)};
     });
+    frame1->setAccessibleName(caption(u"barradetareas", idioma));
+    imgSplitter->setAccessibleName(toQString(dividerName.in(idioma)));
     label4->setText(caption(u"Label4", idioma));
     label4->setBuddy(imageCombo1);
     imageCombo1->setAccessibleName(label4->text());
     treeView1->setAccessibleName(QString::fromStdString(core::rotulos(idioma).rotulounidad));
+    listView1->setAccessibleName(caption(u"explorar", idioma));
+    listView2->setAccessibleName(caption(u"buscar", idioma));
 }
 
 MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& messages, Dialogs& dialogs)
@@ -79,6 +85,8 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& 
              controls.picture4,
              {picture1, picture2},
              {controls.listView1, controls.listView2}}),
+      overTree({picture1, picture2}, *controls.treeView1),
+      overListView1({controls.listView2}, *controls.listView1),
       opening(surface, openingWindow),
       nodeClick(surface),
       pathCombo(surface),

@@ -14,6 +14,7 @@
 #include "scan/import_panel.h"
 #include "search/search_panel.h"
 #include "shell/catalogue_actions.h"
+#include "shell/cover.h"
 #include "shell/frame/catalogue.h"
 #include "shell/frame/enabling.h"
 #include "shell/frame/menus.h"
@@ -71,6 +72,8 @@ struct MainWindowParts {
     browse::Surface surface;
     notes::NotesPanel* picture12;
     Panes panes;
+    Cover overTree;
+    Cover overListView1;
 
     browse::Opening opening;
     browse::NodeClick nodeClick;
