@@ -57,9 +57,11 @@ void ViewActions::setFontSize(int points) {
 }
 
 void ViewActions::toggleFullRow() {
-    const QString entry = QStringLiteral("filacompleta");
-    const bool full = !m_surface.frame.menus.action(entry)->isChecked();
-    m_surface.frame.menus.setChecked(entry, full);
+    setFullRow(!m_surface.frame.menus.action(QStringLiteral("filacompleta"))->isChecked());
+}
+
+void ViewActions::setFullRow(bool full) {
+    m_surface.frame.menus.setChecked(QStringLiteral("filacompleta"), full);
     m_surface.lists.listView1.setFullRowSelect(full);
     m_surface.lists.listView2.setFullRowSelect(full);
 }

@@ -16,7 +16,8 @@ class ViewActions {
     void resetCycle() { m_cycle = 0; }
 
     void setFontSize(int points);  // 8, 10 or 12
-    void toggleFullRow();          // `filacompleta`
+    void setFullRow(bool full);
+    void toggleFullRow();  // `filacompleta`
     void showToolbarTexts(bool shown);
 
   private:
