@@ -25,6 +25,7 @@ int fail(ExitStatus status, std::string_view reason) {
 }
 
 int fail(ExitStatus status, std::string_view subject, std::string_view reason) {
+    if (reason.starts_with(subject)) return fail(status, reason);  // names it already
     return fail(status, std::string(subject) + ": " + std::string(reason));
 }
 
