@@ -65,7 +65,7 @@ void ImportJob::catalogueDirectory() {
     WalkDisplay display(m_frame, m_parar);
     RowWriter rows(*database);
     const WalkResult result = Walker(rows, display, start).run();
-    if (result.stopped) return;  // what the stop has shown stays as it is
+    if (result.stopped) return;                         // what the stop has shown stays as it is
     if (m_frame.catalogue.path() != catalogue) return;  // another one was opened meanwhile
     finish(result.counts);
     close(database);

@@ -32,32 +32,44 @@ std::string expanded(std::string text, int level) {
 }
 
 const std::vector<Texts> clicked = {
-    {2, R"(select * from datos where disco =('U :')  and ruta like('*\n*') and tipo <>('archivo') and nivel =('2') order by carpeta )",
+    {2,
+     R"(select * from datos where disco =('U :')  and ruta like('*\n*') and tipo <>('archivo') and nivel =('2') order by carpeta )",
      R"(select * from datos where disco like('U :')  and ruta like('*\n*')  and tipo =('archivo') and nivel =('2')and carpeta =('n') order by carpeta )"},
-    {3, R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('3')   order by carpeta )",
+    {3,
+     R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('3')   order by carpeta )",
      R"(select * from datos where  disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('3') and carpeta =('n') order by carpeta )"},
-    {4, R"(select * from datos where  disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('4')   order by carpeta )",
+    {4,
+     R"(select * from datos where  disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('4')   order by carpeta )",
      R"(select * from datos where  disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('4') and carpeta =('n') order by carpeta )"},
-    {5, R"(select * from datos where  disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('5')   order by carpeta )",
+    {5,
+     R"(select * from datos where  disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('5')   order by carpeta )",
      R"(select * from datos where  disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('5') and carpeta =('n') order by carpeta )"},
-    {6, R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('6')   order by carpeta )",
+    {6,
+     R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('6')   order by carpeta )",
      R"(select * from datos where disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('6')and carpeta =('n')  order by carpeta )"},
-    {7, R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('7')   order by carpeta )",
+    {7,
+     R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('7')   order by carpeta )",
      R"(select * from datos where disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('7') and carpeta =('n') order by carpeta )"},
-    {10, R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('10')   order by carpeta )",
+    {10,
+     R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('10')   order by carpeta )",
      R"(select * from datos where disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('10')and carpeta =('n')order by carpeta )"},
-    {11, R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('11')   order by carpeta )",
+    {11,
+     R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('11')   order by carpeta )",
      R"(select * from datos where disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('11')and carpeta =('n')order by carpeta )"},
 };
 
 const std::vector<Texts> raised = {
-    {2, R"(select * from datos where disco like('U :')  and ruta like('*\n*') and tipo <>('archivo') and nivel =('2')  order by carpeta )",
+    {2,
+     R"(select * from datos where disco like('U :')  and ruta like('*\n*') and tipo <>('archivo') and nivel =('2')  order by carpeta )",
      R"(select * from datos where disco like('U :')  and ruta like('*\n*')  and tipo =('archivo') and nivel =('2') order by carpeta )"},
-    {3, R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('3')   order by carpeta )",
+    {3,
+     R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('3')   order by carpeta )",
      R"(select * from datos where  disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('3')  order by carpeta )"},
-    {5, R"(select * from datos where  disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('5')   order by carpeta )",
+    {5,
+     R"(select * from datos where  disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('5')   order by carpeta )",
      R"(select * from datos where  disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('5')  order by carpeta )"},
-    {11, R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('11')   order by carpeta )",
+    {11,
+     R"(select * from datos where disco like('U :')  and ruta like ('*Pn*')  and tipo <>('archivo') and nivel =('11')   order by carpeta )",
      R"(select * from datos where disco like('U :')  and ruta like ('*Pn') and tipo =('archivo') and nivel =('11')  order by carpeta )"},
 };
 
@@ -78,47 +90,62 @@ TEST(ListingStatements, RaisedFolders) {
 }
 
 TEST(ListingStatements, Units) {
-    EXPECT_EQ(unitListing("U :").folders,
-              "select * from datos where disco=('U :') and tipo <>('archivo') and nivel =('1')  order by carpeta ");
-    EXPECT_EQ(unitListing("U :", true).folders,
-              "select * from datos where disco=('U :') and tipo <>('Archivo') and nivel =('1')  order by carpeta ");
-    EXPECT_EQ(unitListing("U :").files,
-              "select * from datos where disco =('U :')  and tipo =('archivo') and nivel =('1') order by carpeta ");
+    EXPECT_EQ(
+        unitListing("U :").folders,
+        "select * from datos where disco=('U :') and tipo <>('archivo') and nivel =('1')  order by carpeta ");
+    EXPECT_EQ(
+        unitListing("U :", true).folders,
+        "select * from datos where disco=('U :') and tipo <>('Archivo') and nivel =('1')  order by carpeta ");
+    EXPECT_EQ(
+        unitListing("U :").files,
+        "select * from datos where disco =('U :')  and tipo =('archivo') and nivel =('1') order by carpeta ");
 }
 
 TEST(ListingStatements, SteppedFolders) {
     const Listing second = steppedFolderListing(2, "U :", R"(C:\a)");
-    EXPECT_EQ(second.folders,
-              R"(select * from datos where disco like('U :') and ruta like('*C:\a*') and tipo <>('archivo') and nivel =('2')  order by carpeta )");
-    EXPECT_EQ(second.files,
-              R"(select * from datos where disco like('U :') and ruta like('*C:\a*')  and tipo =('archivo') and nivel =('2') order by carpeta )");
+    EXPECT_EQ(
+        second.folders,
+        R"(select * from datos where disco like('U :') and ruta like('*C:\a*') and tipo <>('archivo') and nivel =('2')  order by carpeta )");
+    EXPECT_EQ(
+        second.files,
+        R"(select * from datos where disco like('U :') and ruta like('*C:\a*')  and tipo =('archivo') and nivel =('2') order by carpeta )");
     const Listing fourth = steppedFolderListing(4, "U :", R"(C:\a)");
-    EXPECT_EQ(fourth.folders,
-              R"(select * from datos where disco like('U :') and ruta like ('*C:\a*')  and tipo <>('archivo') and nivel =('4')   order by carpeta )");
-    EXPECT_EQ(fourth.files,
-              R"(select * from datos where disco like('U :') and ruta like ('*C:\a') and tipo =('archivo') and nivel =('4')  order by carpeta )");
+    EXPECT_EQ(
+        fourth.folders,
+        R"(select * from datos where disco like('U :') and ruta like ('*C:\a*')  and tipo <>('archivo') and nivel =('4')   order by carpeta )");
+    EXPECT_EQ(
+        fourth.files,
+        R"(select * from datos where disco like('U :') and ruta like ('*C:\a') and tipo =('archivo') and nivel =('4')  order by carpeta )");
 }
 
 TEST(ListingStatements, ResultsStepByTheFoldersNameFromLevelFourOn) {
-    EXPECT_EQ(steppedResultListing(3, "U :", R"(C:\a)", "a").files, steppedFolderListing(3, "U :", R"(C:\a)").files);
-    EXPECT_EQ(steppedResultListing(4, "U :", R"(C:\a)", "a").files,
-              R"(select * from datos where disco like('U :') and ruta like ('*\a') and tipo =('archivo') and nivel =('4')  order by carpeta )");
-    EXPECT_EQ(steppedResultLookup("a", "U :", R"(C:\a)"),
-              R"(select * from datos where carpeta like('a') and disco like('U :') and ruta like('C:\a') and tipo <>('archivo') order by carpeta )");
-    EXPECT_EQ(steppedFolderLookup("a", "U :", R"(C:\a)"),
-              R"(select * from datos where carpeta =('a') and disco =('U :') and ruta like('*C:\a') and tipo <>('archivo') order by carpeta )");
+    EXPECT_EQ(steppedResultListing(3, "U :", R"(C:\a)", "a").files,
+              steppedFolderListing(3, "U :", R"(C:\a)").files);
+    EXPECT_EQ(
+        steppedResultListing(4, "U :", R"(C:\a)", "a").files,
+        R"(select * from datos where disco like('U :') and ruta like ('*\a') and tipo =('archivo') and nivel =('4')  order by carpeta )");
+    EXPECT_EQ(
+        steppedResultLookup("a", "U :", R"(C:\a)"),
+        R"(select * from datos where carpeta like('a') and disco like('U :') and ruta like('C:\a') and tipo <>('archivo') order by carpeta )");
+    EXPECT_EQ(
+        steppedFolderLookup("a", "U :", R"(C:\a)"),
+        R"(select * from datos where carpeta =('a') and disco =('U :') and ruta like('*C:\a') and tipo <>('archivo') order by carpeta )");
 }
 
 TEST(ListingStatements, FolderTreeLevels) {
     const std::vector<std::string> folders = {"a", "b"};
     EXPECT_EQ(foldersOfLevel("U :", 1, {}),
-              "select carpeta from datos where disco=('U :') and nivel=('1') and  tipo <>('archivo')  order by carpeta ");
+              "select carpeta from datos where disco=('U :') and nivel=('1') and  tipo <>('archivo')  order "
+              "by carpeta ");
     EXPECT_EQ(foldersOfLevel("U :", 1, {}, FirstLevel::FoldersOnly),
-              "select * from datos where disco=('U :') and nivel=('1') and  tipo =('carpeta de archivos')  order by carpeta ");
-    EXPECT_EQ(foldersOfLevel("U :", 2, std::span(folders).first(1)),
-              R"(select carpeta from datos where  disco=('U :') and ruta like ('*\a\*') and  nivel=('2') and tipo <>('archivo') order by carpeta )");
-    EXPECT_EQ(foldersOfLevel("U :", 3, folders),
-              R"(select carpeta from datos where  disco=('U :') and  ruta like ('*\a\b\*')  and  nivel=('3') and tipo <>('archivo') order by carpeta )");
+              "select * from datos where disco=('U :') and nivel=('1') and  tipo =('carpeta de archivos')  "
+              "order by carpeta ");
+    EXPECT_EQ(
+        foldersOfLevel("U :", 2, std::span(folders).first(1)),
+        R"(select carpeta from datos where  disco=('U :') and ruta like ('*\a\*') and  nivel=('2') and tipo <>('archivo') order by carpeta )");
+    EXPECT_EQ(
+        foldersOfLevel("U :", 3, folders),
+        R"(select carpeta from datos where  disco=('U :') and  ruta like ('*\a\b\*')  and  nivel=('3') and tipo <>('archivo') order by carpeta )");
 }
 
 }  // namespace

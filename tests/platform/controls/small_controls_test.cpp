@@ -119,7 +119,8 @@ TEST(Filter, HoldsBackCharactersAndNothingElse) {
 TEST(Filter, OfAnEditableComboGuardsItsField) {
     ImageCombo combo(ImageCombo::Typing::Yes);
     int entered = 0;
-    KeyFilter::install(&combo, [](char32_t c) { return c != U'*'; }, [&] { ++entered; });
+    KeyFilter::install(
+        &combo, [](char32_t c) { return c != U'*'; }, [&] { ++entered; });
     combo.show();
     combo.lineEdit()->setFocus();
     QApplication::setActiveWindow(&combo);
