@@ -6,6 +6,9 @@ run_packages=(libqt6svg6 qt6-translations-l10n breeze-icon-theme fonts-dejavu-co
 test_packages=(libgtest-dev sqlite3)
 check_packages=(clang-format)
 
+# Another checkout of the same sources finds its objects in the cache too.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 say() { printf '%s\n' "$*" >&2; }
 
 # install_missing PACKAGE...: asks for root only when something is missing.
