@@ -112,7 +112,9 @@ void SearchPanel::makeControls() {
 void SearchPanel::setTabOrder() {
     QWidget::setTabOrder(m_combo2, m_label5);
     QWidget::setTabOrder(m_label5, m_tabStrip1);
-    QWidget::setTabOrder(&m_picture15->noteField(), &m_listView2);
+    QWidget* results = &m_listView2;  // or rather the pane in it that takes the focus
+    while (results->focusProxy()) results = results->focusProxy();
+    QWidget::setTabOrder(&m_picture15->noteField(), results);
 }
 
 void SearchPanel::focusCombo2() {

@@ -67,7 +67,6 @@ Form4::Form4(core::Language idioma, shell::Dialogs& dialogs, QWidget* parent)
     : QDialog(parent), m_idioma(idioma), m_dialogs(dialogs) {
     setObjectName(QStringLiteral("Form4"));
     setWindowTitle(toQString(heading.in(idioma)));
-    setAccessibleName(windowTitle());
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
     for (std::size_t category = 0; category < categoryCount; ++category)
         m_icons[category] = controls::picture(categories[category].picture);

@@ -1,0 +1,168 @@
+// The windows without a mouse: every action is in reach of the keys, and every control tells what it is.
+
+#include <QAccessible>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QPlainTextEdit>
+
+#include "shell/language_chooser.h"
+#include "shell/quick_start.h"
+#include "shell/splash.h"
+#include "support/main_window.h"
+
+namespace {
+
+using core::Language;
+using test::Names;
+
+class Keyboard : public test::MainWindow {
+  protected:
+    void startWithFotos(Language idioma = Language::English) {
+        test::writeFotos(discs);
+        start(idioma);
+        newCatalogue();
+        import("Fotos", discs.disc("dvd"));
+    }
+    static void key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    // Whether the menu key opens this menu; closes it again.
+    static bool menuKeyOpens(QMenu& menu) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+        const bool open = menu.isVisible();
+        menu.close();
+        return open;
+    }
+    [[nodiscard]] const std::string& clicked() { return surface().clic.nodoactual; }
+    bool isIn(const char* pane) { return control(pane).isAncestorOf(QApplication::focusWidget()); }
+};
+
+// The controls in a window that a screen reader could tell nothing about.
+Names nameless(QWidget& window) {
+    Names names;
+    QList<QWidget*> widgets = window.findChildren<QWidget*>();
+    widgets.push_back(&window);
+    for (QWidget* each : widgets) {
+        if (each->window() != &window) continue;
+        const QString name = each->objectName();
+        const bool separator = each->inherits("QFrame") && name.startsWith("Toolbar1(");
+        const bool ours = !name.isEmpty() && name.front().isUpper() && !separator;
+        const bool reachable = each->focusPolicy() != Qt::NoFocus && !each->focusProxy();
+        if (!ours && !reachable) continue;
+        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(each);
+        if (told->text(QAccessible::Name).isEmpty() && told->text(QAccessible::Description).isEmpty())
+            names.push_back(std::string(each->metaObject()->className()) + ' ' + name.toStdString());
+    }
+    return names;
+}
+
+TEST_F(Keyboard, EveryControlTellsWhatItIs) {
+    for (const Language idioma : {Language::Spanish, Language::English}) {
+        startWithFotos(idioma);
+        choose("buscar");
+        choose("explorar");
+        click("Fotos :");
+        choose("Propiedades");
+        choose("graficos");
+        for (QWidget* window : {static_cast<QWidget*>(form.get()), &control("Form3"), &control("Form4")}) {
+            EXPECT_EQ(nameless(*window), Names{});
+        }
+        shell::Form8 quickStart(idioma);
+        quickStart.setRecent("/discs.zrq");
+        EXPECT_EQ(nameless(quickStart), Names{});
+        shell::Form2 about(idioma);
+        EXPECT_EQ(nameless(about), Names{});
+    }
+    shell::Form5 chooser;
+    EXPECT_EQ(nameless(chooser), Names{});
+}
+
+TEST_F(Keyboard, FromTheTreeToANoteAndToTheEndOfTheUnit) {
+    startWithFotos();
+    choose("explorar");
+    ASSERT_EQ(QApplication::focusWidget(), &tree());
+    EXPECT_TRUE(menuKeyOpens(*frame().menus.popup())) << "the node that has the focus is selected first";
+    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
+    key(Qt::Key_F2);
+    ASSERT_NE(QApplication::focusWidget(), &tree()) << "the label is edited";
+    key(Qt::Key_Escape);
+
+    tree().setFocus();
+    key(Qt::Key_Tab);
+    ASSERT_TRUE(isIn("ListView1"));
+    EXPECT_FALSE(menuKeyOpens(*frame().menus.popup2())) << "a folder has no menu";
+    EXPECT_EQ(clicked(), "atlas");
+    key(Qt::Key_End);
+    EXPECT_TRUE(menuKeyOpens(*frame().menus.popup2()));
+    EXPECT_TRUE(isOn("Copiararchivos2"));
+    choose("insertarcomentario");
+    QTest::keyClicks(&control("Text10"), "mine");
+    QTest::keyClick(&control("Command6"), Qt::Key_Space);
+    EXPECT_EQ(rowCount(folder / "test.zrq", "comentario=('mine') and archivo=('Lista.TXT')"), 1);
+
+    tree().setFocus();
+    messages.answers = {true};
+    key(Qt::Key_Delete);
+    EXPECT_EQ(roots(), Names{});
+    EXPECT_EQ(rowCount(folder / "test.zrq"), 0);
+}
+
+// What the menu's entries work on is the row that the menu was opened for, whatever was clicked in between.
+TEST_F(Keyboard, ARowIsClickedBeforeItsMenuOpens) {
+    startWithFotos();
+    choose("explorar");
+    click("Fotos :");
+    click("Fotos :\\viaje");
+    browse::ItemList& list = surface().lists.listView1;
+    list.setFocus();
+    key(Qt::Key_End);
+    EXPECT_EQ(clicked(), "mapa.txt");
+    choose("buscar");
+    search("b.jpg");
+    surface().lists.listView2.setFocus();
+    key(Qt::Key_Space);
+    EXPECT_EQ(clicked(), "b.jpg") << "selected without a move";
+    choose("explorar");
+    list.setFocus();
+    EXPECT_TRUE(menuKeyOpens(*frame().menus.popup2()));
+    EXPECT_EQ(clicked(), "mapa.txt");
+
+    QWidget* viewport = list.findChild<QAbstractItemView*>("report")->viewport();
+    QTest::mouseClick(viewport, Qt::RightButton, {}, viewport->rect().bottomRight() - QPoint(5, 5));
+    EXPECT_FALSE(frame().menus.popup2()->isVisible()) << "no row is selected";
+}
+
+TEST_F(Keyboard, TabGoesRoundTheSearchAndPassesWhatItCovers) {
+    startWithFotos();
+    choose("buscar");
+    search("*");
+    QWidget* begin = QApplication::focusWidget();
+    EXPECT_EQ(begin, &control("Combo2"));
+    Names stops;
+    do {
+        key(Qt::Key_Tab);
+        const QWidget* stop = QApplication::focusWidget();
+        EXPECT_FALSE(stop == &tree() || isIn("ListView1")) << stop->objectName().toStdString();
+        stops.push_back(isIn("ListView2") ? "ListView2" : stop->objectName().toStdString());
+    } while (QApplication::focusWidget() != begin && stops.size() < 40);
+    stops.resize(4);
+    EXPECT_EQ(stops, (Names{"Label5", "TabStrip1", "Check1(0)", "ListView2"}));
+
+    choose("explorar");
+    key(Qt::Key_Tab);
+    EXPECT_TRUE(isIn("ListView1"));
+}
+
+TEST_F(Keyboard, WhatWasFoundGoesWithItsCatalogue) {
+    startWithFotos();
+    choose("buscar");
+    search("*");
+    EXPECT_EQ(listed().size(), 8U);
+    choose("cerrar");
+    EXPECT_EQ(status() + size() + kind(), "");
+    newCatalogue("other.zrq");
+    choose("buscar");
+    EXPECT_EQ(listed(), Names{});
+}
+
+}  // namespace
