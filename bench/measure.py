@@ -299,11 +299,11 @@ def main():
     parser.add_argument("--only", action="append", choices=[work.key for work in WORKS], help="one work; may be repeated")
     options = parser.parse_args()
 
-    os.environ.update(QT_QPA_PLATFORM="offscreen", LC_ALL="C.UTF-8")
     works = [work for work in WORKS if not options.only or work.key in options.only]
     kept = os.environ.get("ZARQUELIN_BENCH_DATA")
     data = kept or tempfile.mkdtemp(prefix="zarquelin-bench-")
-    os.makedirs(data, exist_ok=True)
+    os.makedirs(data, mode=0o700, exist_ok=True)
+    os.environ.update(QT_QPA_PLATFORM="offscreen", QT_LOGGING_RULES="*=false", XDG_RUNTIME_DIR=data, LC_ALL="C.UTF-8")
     try:
         runs = options.runs or (3 if options.quick else 5)
         met = measure_all(Bench(options.programs, data, runs, 20 if options.quick else 1), works)
