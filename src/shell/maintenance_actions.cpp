@@ -65,6 +65,7 @@ void MaintenanceActions::emptySurface() {
     m_surface.frame.toolbar.setPressed(1, false);
     m_opening.resetImageCombo3();
     m_surface.contadores = {};
+    m_surface.frame.status.blank();
     m_surface.frame.status.setText(core::emptiedStatus);
 }
 
@@ -90,6 +91,7 @@ void MaintenanceActions::removeSelectedUnit(browse::Node unit) {
     m_surface.treeView1.remove(unit);
     m_surface.nombres.removeUnit(disco.toStdString());
     m_surface.lists.listView1.clear();
+    m_surface.frame.status.blank();  // told of this unit
     browse::dropPathItem(m_surface);
     for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
         if (const int number = combo->findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1;

@@ -121,6 +121,7 @@ TEST_F(Units, DeletingAsksFirstAndTouchesOneUnit) {
     EXPECT_EQ(combo().text(), "");
     EXPECT_EQ(items(surface().imageCombo3), (Names{"Complete catalog:", "Cds :"}));
     EXPECT_EQ(status(), "  Units: 1  Folders: 0  Files: 0");
+    EXPECT_EQ(size() + kind(), "") << "these told of the unit";
     click("Cds :");
     EXPECT_EQ(combo().text(), "Cds :");
     EXPECT_EQ(listed(), (Names{"x"}));
