@@ -46,7 +46,8 @@ int runStats(const Invocation& invocation) {
     const auto statistics =
         stats::countScope(*database, scopeOf(arguments.operands), stats::TotalLimit::None);
     if (!statistics) return fail(UnusableCatalogue, catalogue, statistics.error().text);
-    if (statistics->totalarchivos < 1) return NothingFound;
+    if (statistics->totalarchivos < 1)
+        return fail(NothingFound, arguments.operands[1], stats::noFiles.in(invocation.language));
     print(arguments.json ? jsonLine(*statistics) : table(*statistics, invocation.language));
     return Done;
 }

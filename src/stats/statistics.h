@@ -40,6 +40,9 @@ using Progress = std::function<void()>;
 [[nodiscard]] jet::Result<Statistics> countScope(jet::Database& database, const Scope& scope,
                                                  TotalLimit limit, const Progress& progress = {});
 
+// What is said of a scope with no files, be it a unit or a folder.
+inline constexpr core::Bilingual noFiles{"Esta unidad no contiene archivos.", "This unit hasn´t files."};
+
 // " Estadísticas de:  " and where the user is.
 [[nodiscard]] std::string scopeTitle(core::Language idioma, std::string_view place);
 

@@ -11,7 +11,6 @@ namespace stats {
 namespace {
 
 constexpr core::Bilingual working{" Generando Estadísticas ... ", " Genering Statistics ... "};
-constexpr core::Bilingual noFiles{"Esta unidad no contiene archivos.", "This unit hasn´t files."};
 constexpr const char* boxTitle = "zarquelin";
 
 // The errors of the procedure itself; the rest are the engine's.
