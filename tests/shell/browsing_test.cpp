@@ -161,6 +161,7 @@ TEST_F(Looks, ViewsFontsAndTexts) {
          {"TreeView1", "ListView1", "ListView2", "ImageCombo1", "Text9", "Label2", "Label3"})
         EXPECT_EQ(control(name).font().pointSize(), 12) << name;
     EXPECT_TRUE(isChecked("Grande") && !isChecked("Pequeño"));
+    EXPECT_FALSE(surface().lists.listView1.fullRowSelect()) << "as its entry shows";
     choose("filacompleta");
     EXPECT_TRUE(isChecked("filacompleta") && surface().lists.listView2.fullRowSelect());
     choose("botonessintexto");
