@@ -142,10 +142,13 @@ Error Connection::lastError() const {
 }
 
 Result<long long> Connection::version() {
-    auto asked = prepare("pragma data_version");
-    if (!asked) return std::unexpected(asked.error());
-    if (asked->step() != Prepared::Step::Row) return std::unexpected(lastError());
-    const std::int64_t data = asked->integer(0);
+    std::int64_t data = m_seenData;
+    if (m_use != Use::Scratch) {  // which nobody else can write to
+        auto asked = prepare("pragma data_version");
+        if (!asked) return std::unexpected(asked.error());
+        if (asked->step() != Prepared::Step::Row) return std::unexpected(lastError());
+        data = asked->integer(0);
+    }
     if (data != m_seenData || m_writes != m_seenWrites) ++m_version;
     m_seenData = data;
     m_seenWrites = m_writes;

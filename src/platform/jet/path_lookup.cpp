@@ -14,7 +14,8 @@ namespace {
 std::string_view pathOf(std::string_view pattern) {
     if (pattern.size() < 4 || !pattern.starts_with("*\\") || !pattern.ends_with("\\*")) return {};
     const std::string_view path = pattern.substr(1, pattern.size() - 2);
-    return path.size() < 2 || path.find_first_of("*?#[") != path.npos ? std::string_view() : path;
+    const auto isWild = [](char c) { return c == '*' || c == '?' || c == '#' || c == '['; };
+    return path.size() < 2 || std::any_of(path.begin(), path.end(), isWild) ? std::string_view() : path;
 }
 
 bool isPathTest(const Condition& condition, const std::vector<Literal>& literals) {

@@ -24,6 +24,7 @@ constexpr int iconLeft = 7050, iconWidth = 400;
 constexpr int kindLeft = 7480;
 constexpr int kindMargin = 8;  // pixels
 constexpr qint64 millisecondsBetweenPaints = 50;
+constexpr int visibleSteps = 500;  // of the bar
 
 // Its text is its accessible name, so that a screen reader tells what it says.
 QLabel* makeLabel(QWidget* parent, const QString& name, const QString& purpose) {
@@ -97,16 +98,21 @@ QString StatusBand::kind() const {
 void StatusBand::showProgress(int maximum) {
     m_progress->setRange(0, std::max(1, maximum));
     m_progress->setValue(0);
+    m_value = 0;
     m_progress->show();
     m_progress->raise();
 }
 
 void StatusBand::setProgress(int value) {
-    if (value <= m_progress->maximum()) m_progress->setValue(value);
+    const int maximum = m_progress->maximum();
+    if (value > maximum) return;
+    m_value = value;
+    const auto step = [&](int at) { return std::int64_t{at} * visibleSteps / maximum; };
+    if (step(value) != step(m_progress->value())) m_progress->setValue(value);
 }
 
 void StatusBand::advanceProgress() {
-    setProgress(m_progress->value() + 1);
+    setProgress(m_value + 1);
 }
 
 void StatusBand::hideProgress() {

@@ -50,6 +50,7 @@ class StatusBand : public QWidget {
     QProgressBar* m_progress;
     QLabel* m_icon;
     QLabel* m_kind;
+    int m_value = 0;  // of the bar, which is told of it when that shows
     int m_picture = 0;
     int m_points = 8;
     QElapsedTimer m_lastPaint;
