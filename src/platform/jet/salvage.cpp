@@ -1,6 +1,8 @@
 #include "platform/jet/salvage.h"
 
+#include <algorithm>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -38,6 +40,13 @@ struct TreePage {
     std::uint32_t rightMost;
 };
 
+// Tells rows apart that bear one number.
+std::size_t fingerprint(const RawRow& row) {
+    std::size_t print = 0;
+    for (const RawRow::Field& field : row.fields) print = print * 31 + std::hash<RawRow::Field>{}(field);
+    return print;
+}
+
 class Walk {
   public:
     Walk(const RawPages& pages, Salvage& salvage) : m_pages(pages), m_salvage(salvage) {}
@@ -70,6 +79,15 @@ class Walk {
         }
     }
 
+    // A damaged row number may be another row's: such a row is kept under a new number.
+    void takeNamesakes() {
+        for (auto& row : m_namesakes) {
+            if (m_stopped) return;
+            row.rowid = ++m_highest;
+            m_stopped = !m_salvage.take(row);
+        }
+    }
+
   private:
     // Any page may be a leaf whose kind is damaged: each cell proves itself.
     void takeLeaf(const TreePage& leaf, bool isRoot) {
@@ -79,8 +97,14 @@ class Walk {
             const std::size_t at = leaf.cell(i, leafHeader);
             if (at == 0) break;
             const auto row = rowAt(m_pages, leaf.page, at);
-            if (!row || !m_rowids.insert(row->rowid).second) continue;
+            if (!row) continue;
             m_salvage.tableFound = true;
+            const auto [known, isNew] = m_taken.emplace(row->rowid, fingerprint(*row));
+            if (!isNew) {
+                if (known->second != fingerprint(*row)) m_namesakes.push_back(*row);
+                continue;
+            }
+            m_highest = std::max(m_highest, row->rowid);
             m_stopped = !m_salvage.take(*row);
         }
     }
@@ -88,7 +112,9 @@ class Walk {
     const RawPages& m_pages;
     Salvage& m_salvage;
     std::unordered_set<std::uint32_t> m_seen;
-    std::unordered_set<std::int64_t> m_rowids;
+    std::unordered_map<std::int64_t, std::size_t> m_taken;  // row numbers with what the rows hold
+    std::int64_t m_highest = 0;
+    std::vector<RawRow> m_namesakes;  // rows whose number another row has
     bool m_stopped = false;
 };
 
@@ -98,6 +124,7 @@ void Salvage::run(const RawPages& pages) {
     Walk walk(pages, *this);
     walk.followTree(usualRoot);
     walk.takeLostLeaves();
+    walk.takeNamesakes();
 }
 
 }  // namespace jet
