@@ -11,7 +11,6 @@ namespace scan {
 namespace {
 
 constexpr int openFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
-constexpr int namesAtOnce = 1024;
 
 }  // namespace
 
@@ -29,14 +28,9 @@ Folder Folder::subfolder(const char* name) const {
     return Folder(openat(dirfd(m_stream.get()), name, openFlags | O_NOFOLLOW));
 }
 
-bool Folder::readSome(Listing& listing) {
-    if (!m_stream) return false;
-    for (int i = 0; i < namesAtOnce; ++i) {
-        const dirent* entry = readdir(m_stream.get());
-        if (!entry) return false;
-        add(*entry, listing);
-    }
-    return true;
+void Folder::readAll(Listing& listing) {
+    if (!m_stream) return;
+    while (const dirent* entry = readdir(m_stream.get())) add(*entry, listing);
 }
 
 void Folder::add(const dirent& entry, Listing& listing) const {

@@ -27,8 +27,8 @@ class Folder {
     // False for a folder that is gone or may not be read; it then lists nothing.
     [[nodiscard]] bool isOpen() const { return m_stream != nullptr; }
 
-    // Adds some of the remaining names to `listing`; false once there are none left.
-    [[nodiscard]] bool readSome(Listing& listing);
+    // Adds the names that have not been read yet to `listing`.
+    void readAll(Listing& listing);
 
     // Date and length of an item; of a link, those of what it leads to, or its own if that is missing.
     // Nothing when the item is gone; zeros when the folder may be listed but not searched.

@@ -1,68 +1,88 @@
 #include "scan/row_writer.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace scan {
 namespace {
 
 using namespace std::chrono_literals;
-constexpr auto longestTransaction = 250ms;
-constexpr auto longestPatience = 60s;
+constexpr std::size_t worthWakingUp = 500;  // statements
+constexpr std::size_t mostWaiting = 4 * worthWakingUp;
+constexpr auto longestRest = 100ms;
 
 }  // namespace
 
-RowWriter::RowWriter(jet::Database& database, std::function<Clock::time_point()> now)
-    : m_database(database), m_now(std::move(now)) {}
+void RowWriter::Batch::add(std::string_view statement) {
+    text += statement;
+    ends.push_back(text.size());
+}
 
-bool RowWriter::begin(Clock::time_point now) {
-    if (now < m_retry) return false;
-    if (const auto begun = m_database.BeginTrans(); !begun) {
-        if (!m_summary.firstError) m_summary.firstError = begun.error();
-        m_patience = std::clamp<Clock::duration>(m_patience * 2, longestTransaction, longestPatience);
-        m_retry = m_now() + m_patience;
-        return false;
+void RowWriter::Batch::writeTo(TimedTransactions& transactions) const {
+    const std::string_view all = text;
+    std::size_t begin = 0;
+    for (const std::size_t end : ends) {
+        transactions.insert(all.substr(begin, end - begin));
+        begin = end;
     }
-    m_open = true;
-    m_due = now + longestTransaction;
-    return true;
+}
+
+void RowWriter::Batch::clear() {
+    text.clear();
+    ends.clear();
+}
+
+RowWriter::RowWriter(jet::Database& database) : m_thread([this, &database] { work(database); }) {}
+
+RowWriter::~RowWriter() {
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_wish = Wish::End;
+    }
+    m_wake.notify_one();
+    m_thread.join();
 }
 
 void RowWriter::insert(std::string_view statement) {
-    const auto now = m_now();
-    if (m_open && now >= m_due) commit();
-    if (!m_open && !begin(now)) {
-        ++m_summary.lost;
-        return;
-    }
-    if (const auto inserted = m_database.Execute(statement); inserted) {
-        ++m_pending;
-    } else {
-        lose(1, inserted.error());
-        commit();  // an engine that had to give up the whole transaction says so here
-    }
+    std::unique_lock lock(m_mutex);
+    m_taken.wait(lock, [this] { return m_waiting.ends.size() < mostWaiting; });
+    m_waiting.add(statement);
+    if (m_waiting.ends.size() == worthWakingUp) m_wake.notify_one();
 }
 
 void RowWriter::commit() {
-    if (!m_open) return;
-    m_open = false;
-    if (const auto committed = m_database.CommitTrans(); committed) {
-        m_summary.written += m_pending;
-        m_patience = {};
-    } else {
-        m_database.Rollback();
-        lose(m_pending, committed.error());
-        m_retry = m_now() + longestTransaction;
+    std::unique_lock lock(m_mutex);
+    m_wish = Wish::Commit;
+    m_wake.notify_one();
+    m_committed.wait(lock, [this] { return m_wish == Wish::None; });
+}
+
+void RowWriter::work(jet::Database& database) {
+    TimedTransactions transactions(database);
+    Batch batch;
+    for (;;) {
+        const Wish wish = takeBatch(batch);
+        batch.writeTo(transactions);
+        if (wish == Wish::End) return;  // and the last transaction is committed on the way out
+        if (wish == Wish::None) {
+            transactions.commitIfDue();
+            continue;
+        }
+        transactions.commit();
+        const std::scoped_lock lock(m_mutex);
+        m_summary = transactions.summary();
+        m_wish = Wish::None;
+        m_committed.notify_one();
     }
-    m_pending = 0;
 }
 
-void RowWriter::commitIfDue() {
-    if (m_open && m_now() >= m_due) commit();
-}
-
-void RowWriter::lose(long long rows, const jet::Error& error) {
-    m_summary.lost += rows;
-    if (!m_summary.firstError) m_summary.firstError = error;
+RowWriter::Wish RowWriter::takeBatch(Batch& batch) {
+    batch.clear();
+    std::unique_lock lock(m_mutex);
+    m_wake.wait_for(lock, longestRest,
+                    [this] { return m_wish != Wish::None || m_waiting.ends.size() >= worthWakingUp; });
+    std::swap(batch, m_waiting);
+    m_taken.notify_one();
+    return m_wish;
 }
 
 }  // namespace scan

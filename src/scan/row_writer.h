@@ -1,51 +1,56 @@
 #pragma once
 
-#include <chrono>
-#include <functional>
-#include <optional>
+#include <condition_variable>
+#include <mutex>
+#include <string>
 #include <string_view>
+#include <thread>
+#include <vector>
 
-#include "platform/jet/database.h"
+#include "scan/timed_transactions.h"
 
 namespace scan {
 
-// What became of the rows that a scan handed to the catalogue.
-struct WriteSummary {
-    long long written = 0;
-    long long lost = 0;
-    std::optional<jet::Error> firstError;
-};
-
-// Hands insert statements to a catalogue within transactions that last a quarter of a second at most. A row
-// that the engine refuses is lost in silence and counted; while no transaction can be had (a locked or full
-// disk), rows are lost without asking the engine for each, so that a scan never hangs.
+// Takes the insert statements of a scan and hands them to the catalogue on a thread of its own, in the order
+// in which they came, so that the disk that is read and the one that is written need not wait for each other.
+// Rows reach the file within half a second, also while the walk hangs on a slow disc.
+//
+// Between a call of insert() and the next commit() the thread alone may use `database`.
 class RowWriter {
   public:
-    using Clock = std::chrono::steady_clock;
-
-    explicit RowWriter(jet::Database& database, std::function<Clock::time_point()> now = Clock::now);
-    ~RowWriter() { commit(); }
+    explicit RowWriter(jet::Database& database);
+    ~RowWriter();
     RowWriter(const RowWriter&) = delete;
     RowWriter& operator=(const RowWriter&) = delete;
 
     void insert(std::string_view statement);
     void commit();  // makes every row so far durable and visible; to be called before anyone else may look
-    void commitIfDue();  // to be called wherever time passes without rows
 
-    [[nodiscard]] const WriteSummary& summary() const { return m_summary; }
+    [[nodiscard]] const WriteSummary& summary() const { return m_summary; }  // as it was at the last commit
 
   private:
-    [[nodiscard]] bool begin(Clock::time_point now);
-    void lose(long long rows, const jet::Error& error);
+    // Statements, one behind the other in one text.
+    struct Batch {
+        std::string text;
+        std::vector<std::size_t> ends;
 
-    jet::Database& m_database;
-    std::function<Clock::time_point()> m_now;
+        void add(std::string_view statement);
+        void writeTo(TimedTransactions& transactions) const;
+        void clear();
+    };
+    enum class Wish { None, Commit, End };
+
+    void work(jet::Database& database);
+    [[nodiscard]] Wish takeBatch(Batch& batch);
+
+    std::mutex m_mutex;  // guards all that follows, but for the thread itself
+    std::condition_variable m_wake;
+    std::condition_variable m_taken;
+    std::condition_variable m_committed;
+    Batch m_waiting;
+    Wish m_wish = Wish::None;
     WriteSummary m_summary;
-    bool m_open = false;
-    long long m_pending = 0;       // rows of the open transaction
-    Clock::time_point m_due{};     // when it must be committed
-    Clock::time_point m_retry{};   // no new transaction before this
-    Clock::duration m_patience{};  // grows with each transaction that could not be had
+    std::thread m_thread;
 };
 
 }  // namespace scan

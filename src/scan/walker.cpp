@@ -101,7 +101,7 @@ void Walker::lastLevel(const Folder& parent, const Listing::Entry& entry) {
 const Listing& Walker::list(Folder& folder, int level) {
     Listing& names = m_listings[level];
     names.clear();
-    while (folder.readSome(names)) m_rows.commitIfDue();
+    folder.readAll(names);
     names.sort();
     return names;
 }

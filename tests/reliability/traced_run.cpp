@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
+#include <map>
 
 namespace test {
 namespace {
@@ -57,20 +58,19 @@ class Watch {
         int status = 0;
         waitpid(m_child, &status, 0);
         if (!WIFSTOPPED(status) ||
-            ptrace(PTRACE_SETOPTIONS, m_child, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL) != 0) {
+            ptrace(PTRACE_SETOPTIONS, m_child, nullptr,
+                   PTRACE_O_TRACESYSGOOD | PTRACE_O_TRACECLONE | PTRACE_O_EXITKILL) != 0) {
             m_run.possible = false;
             return m_run;
         }
         m_start = Clock::now();
-        int signal = 0;
-        while (ptrace(PTRACE_SYSCALL, m_child, nullptr, signal) == 0) {
-            if (waitpid(m_child, &status, 0) < 0 || !WIFSTOPPED(status)) break;
-            const bool atCall = WSTOPSIG(status) == (SIGTRAP | 0x80);
-            signal = atCall || WSTOPSIG(status) == SIGTRAP ? 0 : WSTOPSIG(status);
-            if (atCall && !passCall()) {
-                kill(m_child, SIGKILL);
-                waitpid(m_child, &status, 0);
-                m_run.killed = true;
+        m_calls.try_emplace(m_child);
+        ptrace(PTRACE_SYSCALL, m_child, nullptr, 0);
+        for (pid_t thread = 0; (thread = waitpid(-1, &status, __WALL)) > 0;) {
+            if (WIFSTOPPED(status)) {
+                goOn(thread, WSTOPSIG(status));
+            } else if (thread == m_child) {
+                break;
             }
         }
         m_run.end = ownTime();
@@ -81,28 +81,44 @@ class Watch {
   private:
     [[nodiscard]] std::chrono::duration<double> ownTime() const { return Clock::now() - m_start - m_waited; }
 
-    // False at the step at which the program is to die.
-    bool passCall() {
-        __ptrace_syscall_info info{};
-        if (ptrace(PTRACE_GET_SYSCALL_INFO, m_child, sizeof info, &info) <= 0) return true;
-        if (info.op == PTRACE_SYSCALL_INFO_ENTRY) {
-            m_changes = changesFiles(info.entry.nr, info.entry.args);
-            m_waits = waitsForTheDisk(info.entry.nr);
-            m_entered = Clock::now();
-            if (looksAtAnEntry(info.entry.nr, info.entry.args)) m_run.looks.push_back(ownTime());
-        } else if (m_waits) {
-            m_waited += Clock::now() - m_entered;
+    void goOn(pid_t thread, int signal) {
+        const bool isNew = m_calls.try_emplace(thread).second;
+        const bool atCall = signal == (SIGTRAP | 0x80);
+        const bool isOurs = atCall || signal == SIGTRAP || (isNew && signal == SIGSTOP);
+        if (atCall && !passCall(thread, m_calls[thread])) {
+            kill(m_child, SIGKILL);
+            m_run.killed = true;
         }
-        return !m_changes || ++m_run.steps != m_lastStep;
+        ptrace(PTRACE_SYSCALL, thread, nullptr, isOurs ? 0 : signal);
+    }
+
+    // What a thread asks of the system just now.
+    struct Call {
+        bool changes = false;
+        bool waits = false;
+        Clock::time_point entered;
+    };
+
+    // False at the step at which the program is to die.
+    bool passCall(pid_t thread, Call& call) {
+        __ptrace_syscall_info info{};
+        if (ptrace(PTRACE_GET_SYSCALL_INFO, thread, sizeof info, &info) <= 0) return true;
+        if (info.op == PTRACE_SYSCALL_INFO_ENTRY) {
+            call = {changesFiles(info.entry.nr, info.entry.args), waitsForTheDisk(info.entry.nr),
+                    Clock::now()};
+            if (looksAtAnEntry(info.entry.nr, info.entry.args)) m_run.looks.push_back(ownTime());
+        } else if (call.waits) {
+            m_waited += Clock::now() - call.entered;
+        }
+        return !call.changes || ++m_run.steps != m_lastStep;
     }
 
     pid_t m_child;
     int m_lastStep;
     TracedRun m_run;
-    Clock::time_point m_start, m_entered;
+    Clock::time_point m_start;
     Clock::duration m_waited{};
-    bool m_changes = false;
-    bool m_waits = false;
+    std::map<pid_t, Call> m_calls;  // by thread
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <csignal>
 
 #include "core/inserts.h"
@@ -27,8 +28,8 @@ class Writing : public testing::Test {
   protected:
     test::CatalogueFixture catalogue;
     jet::Database database = catalogue.open();
-    scan::RowWriter::Clock::time_point now{};
-    scan::RowWriter rows{database, [this] { return now; }};
+    scan::TimedTransactions::Clock::time_point now{};
+    scan::TimedTransactions rows{database, [this] { return now; }};
 };
 
 TEST_F(Writing, CommitsAQuarterSecondAfterTheFirstRow) {
@@ -92,6 +93,35 @@ TEST_F(Writing, ReportsAFullDiskAndKeepsTheCatalogueSound) {
     EXPECT_GT(summary.written, 0);
     EXPECT_EQ(summary.written + summary.lost, tried);
     EXPECT_EQ(std::ssize(catalogue.rows()), summary.written);
+}
+
+TEST(RowWriter, HandsOverEveryRowInItsOrder) {
+    test::CatalogueFixture catalogue;
+    jet::Database database = catalogue.open();
+    constexpr int rounds = 20, rowsARound = 501;
+    {
+        scan::RowWriter rows(database);
+        for (int round = 1; round <= rounds; ++round) {
+            for (int i = 0; i < rowsARound; ++i)
+                rows.insert(i == 0 ? "insert into nothing" : statement(round * 1000 + i));
+            if (round % 2 == 0) continue;
+            rows.commit();
+            EXPECT_EQ(rows.summary().written, round * (rowsARound - 1));
+            EXPECT_EQ(rows.summary().lost, round);
+        }
+    }
+    const auto written = catalogue.rows();
+    EXPECT_EQ(std::ssize(written), rounds * (rowsARound - 1));
+    EXPECT_TRUE(std::ranges::is_sorted(written, {}, &core::CatalogRow::numero));
+}
+
+TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {
+    test::CatalogueFixture catalogue;
+    jet::Database database = catalogue.open();
+    scan::RowWriter rows(database);
+    rows.insert(statement(1));
+    for (int i = 0; i < 200 && catalogue.rows().empty(); ++i) std::this_thread::sleep_for(50ms);
+    EXPECT_EQ(catalogue.rows().size(), 1U);
 }
 
 }  // namespace

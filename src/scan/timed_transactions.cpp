@@ -1,0 +1,68 @@
+#include "scan/timed_transactions.h"
+
+#include <algorithm>
+
+namespace scan {
+namespace {
+
+using namespace std::chrono_literals;
+constexpr auto longestTransaction = 250ms;
+constexpr auto longestPatience = 60s;
+
+}  // namespace
+
+TimedTransactions::TimedTransactions(jet::Database& database, std::function<Clock::time_point()> now)
+    : m_database(database), m_now(std::move(now)) {}
+
+bool TimedTransactions::begin(Clock::time_point now) {
+    if (now < m_retry) return false;
+    if (const auto begun = m_database.BeginTrans(); !begun) {
+        if (!m_summary.firstError) m_summary.firstError = begun.error();
+        m_patience = std::clamp<Clock::duration>(m_patience * 2, longestTransaction, longestPatience);
+        m_retry = m_now() + m_patience;
+        return false;
+    }
+    m_open = true;
+    m_due = now + longestTransaction;
+    return true;
+}
+
+void TimedTransactions::insert(std::string_view statement) {
+    const auto now = m_now();
+    if (m_open && now >= m_due) commit();
+    if (!m_open && !begin(now)) {
+        ++m_summary.lost;
+        return;
+    }
+    if (const auto inserted = m_database.Execute(statement); inserted) {
+        ++m_pending;
+    } else {
+        lose(1, inserted.error());
+        commit();  // an engine that had to give up the whole transaction says so here
+    }
+}
+
+void TimedTransactions::commit() {
+    if (!m_open) return;
+    m_open = false;
+    if (const auto committed = m_database.CommitTrans(); committed) {
+        m_summary.written += m_pending;
+        m_patience = {};
+    } else {
+        m_database.Rollback();
+        lose(m_pending, committed.error());
+        m_retry = m_now() + longestTransaction;
+    }
+    m_pending = 0;
+}
+
+void TimedTransactions::commitIfDue() {
+    if (m_open && m_now() >= m_due) commit();
+}
+
+void TimedTransactions::lose(long long rows, const jet::Error& error) {
+    m_summary.lost += rows;
+    if (!m_summary.firstError) m_summary.firstError = error;
+}
+
+}  // namespace scan

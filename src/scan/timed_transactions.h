@@ -1,0 +1,51 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "platform/jet/database.h"
+
+namespace scan {
+
+// What became of the rows that a scan handed to the catalogue.
+struct WriteSummary {
+    long long written = 0;
+    long long lost = 0;
+    std::optional<jet::Error> firstError;
+};
+
+// Hands insert statements to a catalogue within transactions that last a quarter of a second at most. A row
+// that the engine refuses is lost in silence and counted; while no transaction can be had (a locked or full
+// disk), rows are lost without asking the engine for each, so that a scan never hangs.
+class TimedTransactions {
+  public:
+    using Clock = std::chrono::steady_clock;
+
+    explicit TimedTransactions(jet::Database& database, std::function<Clock::time_point()> now = Clock::now);
+    ~TimedTransactions() { commit(); }
+    TimedTransactions(const TimedTransactions&) = delete;
+    TimedTransactions& operator=(const TimedTransactions&) = delete;
+
+    void insert(std::string_view statement);
+    void commit();       // makes every row so far durable and visible
+    void commitIfDue();  // to be called wherever time passes without rows
+
+    [[nodiscard]] const WriteSummary& summary() const { return m_summary; }
+
+  private:
+    [[nodiscard]] bool begin(Clock::time_point now);
+    void lose(long long rows, const jet::Error& error);
+
+    jet::Database& m_database;
+    std::function<Clock::time_point()> m_now;
+    WriteSummary m_summary;
+    bool m_open = false;
+    long long m_pending = 0;       // rows of the open transaction
+    Clock::time_point m_due{};     // when it must be committed
+    Clock::time_point m_retry{};   // no new transaction before this
+    Clock::duration m_patience{};  // grows with each transaction that could not be had
+};
+
+}  // namespace scan
