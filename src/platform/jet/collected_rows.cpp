@@ -2,19 +2,23 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace jet {
 
 namespace {
 
-constexpr std::size_t keyStartSize = sizeof(std::uint64_t);
+constexpr std::size_t partSize = sizeof(std::uint64_t);
+constexpr std::size_t keyStartSize = partSize;
+constexpr std::ptrdiff_t fewRows = 12;
 
-std::uint64_t startOf(std::string_view key) {
-    unsigned char bytes[keyStartSize]{};
-    if (!key.empty()) std::memcpy(bytes, key.data(), std::min(key.size(), sizeof bytes));
-    std::uint64_t start = 0;
-    for (const unsigned char byte : bytes) start = start << 8 | byte;
-    return start;
+// Up to eight bytes as a number that compares as they do. What is missing counts as zeros.
+std::uint64_t numberOf(const char* bytes, std::size_t size) {
+    unsigned char padded[partSize]{};
+    if (size > 0) std::memcpy(padded, bytes, std::min(size, partSize));
+    std::uint64_t number = 0;
+    for (const unsigned char byte : padded) number = number << 8 | byte;
+    return number;
 }
 
 bool sortsBefore(const CollectedRows::Row& a, const CollectedRows::Row& b) {
@@ -28,6 +32,31 @@ bool sortsBefore(const CollectedRows::Row& a, const CollectedRows::Row& b) {
     return a.rowid < b.rowid;
 }
 
+bool isOfLesserPart(const CollectedRows::Row& a, const CollectedRows::Row& b) {
+    return a.keyPart < b.keyPart;
+}
+
+// Sorts rows whose keys are the same up to `depth` by the next eight bytes, then those with the same eight by
+// the next, and so on. So most comparisons stay within the rows, instead of following each one to its key.
+void sortFrom(std::span<CollectedRows::Row> rows, std::size_t depth) {
+    for (CollectedRows::Row& row : rows) {
+        const std::size_t size = row.keySize > depth ? row.keySize - depth : 0;
+        row.keyPart = depth == 0 ? row.keyStart
+                      : size > 0 ? numberOf(row.keyRest + depth - keyStartSize, size)
+                                 : 0;
+    }
+    std::sort(rows.begin(), rows.end(), isOfLesserPart);
+    for (auto begin = rows.begin(); begin != rows.end();) {
+        const auto end = std::upper_bound(begin, rows.end(), *begin, isOfLesserPart);
+        const auto goesOn = [&](const auto& row) { return row.keySize > depth + partSize; };
+        if (end - begin <= fewRows || std::none_of(begin, end, goesOn))
+            std::sort(begin, end, sortsBefore);
+        else
+            sortFrom({begin, end}, depth + partSize);
+        begin = end;
+    }
+}
+
 }  // namespace
 
 std::size_t CollectedRows::memoryBound = std::size_t{128} << 20;
@@ -35,10 +64,10 @@ std::size_t CollectedRows::memoryBound = std::size_t{128} << 20;
 void CollectedRows::add(const Prepared& row, const std::vector<Column>& fields, std::string_view key) {
     Row added;
     added.rowid = row.integer(0);
-    added.keyStart = startOf(key);
+    added.keyStart = numberOf(key.data(), key.size());
     added.keySize = static_cast<std::uint32_t>(key.size());
-    if (key.size() > keyStartSize) added.keyRest = m_store.addBytes(key.substr(keyStartSize));
-    if (m_store.bytes() < memoryBound) added.packed = m_store.add(row, fields, 1);
+    if (key.size() > keyStartSize) added.keyRest = m_keys.addBytes(key.substr(keyStartSize));
+    if (m_store.bytes() + m_keys.bytes() < memoryBound) added.packed = m_store.add(row, fields, 1);
     m_rows.push_back(added);
 }
 
@@ -48,6 +77,7 @@ void CollectedRows::dropBehind(std::size_t count) {
 
 void CollectedRows::merge(CollectedRows&& other) {
     m_store.absorb(std::move(other.m_store));
+    m_keys.absorb(std::move(other.m_keys));
     const auto middle = static_cast<std::ptrdiff_t>(m_rows.size());
     m_rows.insert(m_rows.end(), other.m_rows.begin(), other.m_rows.end());
     std::inplace_merge(m_rows.begin(), m_rows.begin() + middle, m_rows.end(), sortsBefore);
@@ -56,7 +86,7 @@ void CollectedRows::merge(CollectedRows&& other) {
 
 void CollectedRows::sort() {
     if (!std::is_sorted(m_rows.begin(), m_rows.end(), sortsBefore)) {
-        std::sort(m_rows.begin(), m_rows.end(), sortsBefore);
+        sortFrom(m_rows, 0);
     }
 }
 

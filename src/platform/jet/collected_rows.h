@@ -14,6 +14,7 @@ class CollectedRows {
   public:
     struct Row {
         std::uint64_t keyStart = 0;  // the first eight bytes of the sort key
+        std::uint64_t keyPart = 0;   // those eight that are looked at while sorting
         const char* keyRest = nullptr;
         std::uint32_t keySize = 0;
         std::int64_t rowid = 0;
@@ -34,6 +35,7 @@ class CollectedRows {
 
   private:
     RowStore m_store;
+    RowStore m_keys;  // apart from the rows, so that sorting touches little memory
     std::vector<Row> m_rows;
 };
 

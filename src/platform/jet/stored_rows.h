@@ -26,8 +26,8 @@ class StoredRows final : public Recordset::Impl {
     [[nodiscard]] std::size_t size() const {
         return m_selection ? m_selection->size() : m_rows->rows().size();
     }
-    [[nodiscard]] const CollectedRows::Row& row() const {
-        return m_rows->rows()[m_selection ? (*m_selection)[m_at] : m_at];
+    [[nodiscard]] const CollectedRows::Row& rowAt(std::size_t at) const {
+        return m_rows->rows()[m_selection ? (*m_selection)[at] : at];
     }
     void load();
     void readAgain();

@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
+#include "platform/jet/catalogue_fixture.h"
 #include "platform/jet/folding.h"
 #include "platform/jet/sort_key.h"
 
@@ -24,6 +29,35 @@ TEST(Order, IsSpanish) {
     EXPECT_EQ(jet::compareSorted("n\u0303", "Ñ"), 0);  // taken apart or in one piece
     EXPECT_TRUE(before("resume", "résumé"));
     EXPECT_TRUE(before("résumé", "resumen"));  // accents decide last
+}
+
+class OrderedRows : public CatalogueTest {};
+
+TEST_F(OrderedRows, ComeAsTheirNamesCompareAlsoWhenTheyBeginAlike) {
+    jet::Database database = open();
+    std::minstd_rand random(7);
+    std::vector<std::string> names;
+    for (int i = 0; i < 3000; ++i) {
+        std::string name;
+        for (auto piece = random() % 8; piece > 0; --piece)
+            name += std::array{"carpeta larga ", "Carpeta lárga ", "a", "ñ", "b "}[random() % 5];
+        names.push_back(name);
+    }
+    jet::Transaction all(database);
+    ASSERT_TRUE(all.begin());
+    for (std::size_t i = 0; i < names.size(); ++i) addFile(database, "", names[i], 1, int(i));
+    ASSERT_TRUE(all.commit());
+
+    std::vector<std::size_t> expected(names.size());
+    std::iota(expected.begin(), expected.end(), 0);
+    std::ranges::stable_sort(expected,
+                             [&](auto a, auto b) { return jet::compareSorted(names[a], names[b]) < 0; });
+    auto rows = database.OpenRecordset("select * from datos where tipo=('Archivo') order by archivo").value();
+    for (const std::size_t row : expected) {
+        ASSERT_EQ(rows.Field("largo").integer(), std::int64_t(row));
+        rows.MoveNext();
+    }
+    EXPECT_TRUE(rows.Eof());
 }
 
 TEST(Folding, ComparesByFoldedCharacters) {
