@@ -1,5 +1,5 @@
 // Makes a catalogue shaped like a collection of discs: 200 units of photos, music, films, documents and
-// programs, one of them with a tenth of the rows as its folders. About one file in twenty bears the common
+// programs, one of them with a tenth of the rows as its folders. About one name in three bears the common
 // word "viaje", about one row in fifty thousand the rare word "zanahoria".
 //
 //     make_catalogue FILE ROWS
@@ -54,7 +54,7 @@ class CatalogueMaker {
     std::string name() {
         std::string text(word());
         text.append(" ").append(word()).append(" ").append(std::to_string(1980 + below(45)));
-        if (below(20) == 0) text.append(" ").append(commonWord);
+        if (below(3) == 0) text.append(" ").append(commonWord);
         if (below(50'000) == 0) text.append(" ").append(rareWord);
         return text;
     }
