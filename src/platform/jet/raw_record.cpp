@@ -90,11 +90,10 @@ std::optional<std::string> payloadOf(const RawPages& pages, const RawPages::Page
     return payload;
 }
 
-bool fits(std::uint64_t serialType, Type type) {
-    if (serialType == 0) return true;
-    const bool number = serialType <= 9;
-    if (type == Type::Text) return serialType >= 13 && serialType % 2 == 1;
-    return number;
+// A damaged type may be a wrong one and leave the rest of the row as it was; two types never stand for
+// anything.
+bool isType(std::uint64_t serialType) {
+    return serialType != 10 && serialType != 11;
 }
 
 RawRow::Field fieldOf(std::uint64_t serialType, Reader& body) {
@@ -103,7 +102,7 @@ RawRow::Field fieldOf(std::uint64_t serialType, Reader& body) {
     if (serialType <= 6) return body.integer(integerSizes[serialType]);
     if (serialType == 7) return std::bit_cast<double>(body.integer(8));
     if (serialType <= 9) return static_cast<std::int64_t>(serialType - 8);
-    return std::string(body.bytes((serialType - 13) / 2));
+    return std::string(body.bytes((serialType - 12) / 2));  // text or bytes
 }
 
 bool isLevel(const RawRow::Field& field) {
@@ -139,13 +138,13 @@ std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, s
     (void)body.bytes(headerSize);
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const std::uint64_t serialType = header.varint();
-        if (header.failed() || header.position() > headerSize || !fits(serialType, columns[i].type)) {
+        if (header.failed() || header.position() > headerSize || !isType(serialType)) {
             return std::nullopt;
         }
         row.fields[i] = fieldOf(serialType, body);
     }
-    const bool whole =
-        header.position() == headerSize && body.position() == payload->size() && !body.failed();
+    // A cell that promises more than its record needs has a damaged length before a whole row.
+    const bool whole = header.position() == headerSize && !body.failed();
     if (!whole || !isPlausible(row)) return std::nullopt;
     return row;
 }
