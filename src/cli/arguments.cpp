@@ -20,7 +20,7 @@ class Parser {
   public:
     explicit Parser(std::span<const char* const> words) : m_words(words) {}
 
-    std::expected<Arguments, core::Bilingual> run() {
+    std::expected<Arguments, UsageError> run() {
         while (m_next < m_words.size()) {
             const std::string_view word = m_words[m_next++];
             if (word == "--" && !m_onlyOperands)
@@ -29,21 +29,25 @@ class Parser {
                 takeOption(word);
             else
                 takeOperand(word);
-            if (m_error) return std::unexpected(*m_error);
         }
         checkOperands();
-        if (m_error) return std::unexpected(*m_error);
+        if (m_error) return std::unexpected(UsageError{*m_error, m_result.language});
         return std::move(m_result);
     }
 
   private:
+    // The first one counts; the words behind it may still choose the language.
+    void fail(core::Bilingual error) {
+        if (!m_error) m_error = error;
+    }
+
     void takeOperand(std::string_view word) {
         if (m_result.command) {
             m_result.operands.emplace_back(word);
             return;
         }
         m_result.command = findCommand(word);
-        if (!m_result.command) m_error = unknownCommand;
+        if (!m_result.command) fail(unknownCommand);
     }
 
     void takeOption(std::string_view word) {
@@ -51,16 +55,16 @@ class Parser {
         const std::string_view name = word.substr(0, equals);
         const Option* option = known(name);
         if (!option) {
-            m_error = unknownOption;
+            fail(unknownOption);
         } else if (!option->takesValue) {
-            if (equals != word.npos) m_error = superfluousValue;
+            if (equals != word.npos) fail(superfluousValue);
             store(name, "");
         } else if (equals != word.npos) {
             store(name, word.substr(equals + 1));
         } else if (m_next < m_words.size()) {
             store(name, m_words[m_next++]);
         } else {
-            m_error = missingValue;
+            fail(missingValue);
         }
     }
 
@@ -92,7 +96,7 @@ class Parser {
         else if (value == "en")
             m_result.language = core::Language::English;
         else
-            m_error = unknownLanguage;
+            fail(unknownLanguage);
     }
 
     void checkOperands() {
@@ -100,9 +104,9 @@ class Parser {
         const Command* command = m_result.command;
         const auto count = std::ssize(m_result.operands);
         if (!command)
-            m_error = noCommand;
+            fail(noCommand);
         else if (count < command->fewestOperands || count > command->mostOperands)
-            m_error = wrongOperands;
+            fail(wrongOperands);
     }
 
     std::span<const char* const> m_words;
@@ -120,7 +124,7 @@ std::optional<std::string> Arguments::value(std::string_view option) const {
     return found->second;
 }
 
-std::expected<Arguments, core::Bilingual> parse(std::span<const char* const> words) {
+std::expected<Arguments, UsageError> parse(std::span<const char* const> words) {
     return Parser(words).run();
 }
 

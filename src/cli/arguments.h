@@ -27,9 +27,14 @@ struct Arguments {
     [[nodiscard]] std::optional<std::string> value(std::string_view option) const;
 };
 
+// What is wrong with a command line, and the language that it asked for before going wrong.
+struct UsageError {
+    core::Bilingual reason;
+    std::optional<core::Language> language;
+};
+
 // Parses what follows the program's name. Options may stand anywhere behind the command, as `--kind audio` or
 // `--kind=audio`; everything behind `--` is an operand, and so is whatever starts with a single dash.
-// The error says in English or Spanish what is wrong.
-[[nodiscard]] std::expected<Arguments, core::Bilingual> parse(std::span<const char* const> words);
+[[nodiscard]] std::expected<Arguments, UsageError> parse(std::span<const char* const> words);
 
 }  // namespace cli

@@ -11,8 +11,8 @@
 namespace {
 
 // The option, else the language that the window runs in, else the desktop's.
-core::Language languageFor(const cli::Arguments& arguments) {
-    if (arguments.language) return *arguments.language;
+core::Language languageFor(std::optional<core::Language> option) {
+    if (option) return *option;
     if (const std::string idioma = platform::GetSetting("idioma"); !idioma.empty())
         return core::languageOf(idioma);
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
@@ -37,7 +37,7 @@ void printHelp(const cli::Command* only, core::Language language) {
 }
 
 int run(const cli::Arguments& arguments) {
-    const core::Language language = languageFor(arguments);
+    const core::Language language = languageFor(arguments.language);
     if (arguments.version) {
         cli::print("zarquelin-cli " ZARQUELIN_VERSION "\n");
         return cli::Done;
@@ -54,7 +54,8 @@ int run(const cli::Arguments& arguments) {
 int main(int argc, char** argv) {
     const auto arguments = cli::parse({argv + 1, argv + (argc > 0 ? argc : 1)});
     if (!arguments) {
-        const std::string reason(arguments.error().in(languageFor({})));
+        const auto& [text, language] = arguments.error();
+        const std::string reason(text.in(languageFor(language)));
         return cli::fail(cli::WrongUsage, reason + " (zarquelin-cli --help)");
     }
     const int status = run(*arguments);

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QLocale>
+#include <cstdio>
 #include <cstring>
 
 #include "platform/command_line.h"
@@ -11,6 +12,12 @@
 #include "shell/startup.h"
 
 namespace {
+
+constexpr const char* version = "zarquelin " ZARQUELIN_VERSION "\n";
+constexpr const char* help =
+    "zarquelin [CATALOGUE]\n"
+    "zarquelin --headless CATALOGUE FOLDER PICTURE\n"
+    "zarquelin --help | --version\n";
 
 // Prepares what every run needs of the toolkit.
 void prepare(QApplication& application) {
@@ -41,8 +48,10 @@ int runOnDesktop(int argc, char** argv) {
 
 }  // namespace
 
-// zarquelin [CATALOGUE], or without a display: zarquelin --headless CATALOGUE FOLDER PICTURE
 int main(int argc, char** argv) {
+    const auto asksFor = [&](const char* option) { return argc == 2 && std::strcmp(argv[1], option) == 0; };
+    if (asksFor("--help") || asksFor("--version"))
+        return std::fputs(asksFor("--help") ? help : version, stdout) < 0 ? 1 : 0;
     if (argc == 5 && std::strcmp(argv[1], "--headless") == 0) {
         QApplication application(argc, argv);
         prepare(application);

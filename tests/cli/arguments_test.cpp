@@ -6,7 +6,7 @@ namespace {
 
 using Words = std::vector<const char*>;
 
-std::expected<cli::Arguments, core::Bilingual> parsed(const Words& words) {
+std::expected<cli::Arguments, cli::UsageError> parsed(const Words& words) {
     return cli::parse(words);
 }
 
@@ -38,6 +38,7 @@ TEST(Arguments, RefusesWhatItDoesNotKnow) {
     EXPECT_TRUE(parsed({"units", "--help"}));  // no operands needed
     EXPECT_TRUE(parsed({"-h"}));
     EXPECT_EQ(parsed({"--lang", "es", "units", "a"})->language, core::Language::Spanish);
+    EXPECT_EQ(parsed({"nothing", "--lang", "es"}).error().language, core::Language::Spanish);
 }
 
 }  // namespace
