@@ -10,10 +10,9 @@ namespace jet {
 struct Database::Impl {
     std::shared_ptr<Connection> connection;
     std::shared_ptr<Census> census;
-    ShapeCache shapes;
+    StatementReader reader;
     PathLookup paths;
     Changes changes;
-    LiftedStatement lifted;
 
     explicit Impl(std::shared_ptr<Connection> opened)
         : connection(std::move(opened)),
@@ -43,29 +42,25 @@ Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
 
 Result<long long> Database::Execute(std::string_view sql) {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    if (auto lifted = liftLiterals(sql, m_impl->lifted); !lifted) return std::unexpected(lifted.error());
-    auto statement = m_impl->shapes.find(m_impl->lifted.shape);
+    auto statement = m_impl->reader.read(sql);
     if (!statement) return std::unexpected(statement.error());
     if ((*statement)->kind == Statement::Select) {
         return std::unexpected(Error{error::general, "A select cannot be executed"});
     }
-    return m_impl->changes.run(**statement, m_impl->lifted.literals);
+    return m_impl->changes.run(**statement, m_impl->reader.literals());
 }
 
 Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    auto query = std::make_unique<Query>();
-    query->sql = sql;
-    if (auto lifted = liftLiterals(query->sql, query->lifted); !lifted)
-        return std::unexpected(lifted.error());
-    auto statement = m_impl->shapes.find(query->lifted.shape);
+    auto statement = m_impl->reader.read(sql);
     if (!statement) return std::unexpected(statement.error());
-    query->statement = *statement;
-    if (query->statement->kind != Statement::Select) return std::unexpected(syntaxError(sql));
+    if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(sql));
     if (auto current = m_impl->census->refresh(); !current) return std::unexpected(current.error());
-    OwnedScan scan{m_impl->connection, m_impl->census, std::move(query)};
-    if (auto known = m_impl->paths.open(scan, m_impl->census->version())) return Recordset(std::move(known));
-    auto rows = openRows(std::move(scan));
+    const Scan scan{*m_impl->connection, *m_impl->census, **statement, m_impl->reader.literals()};
+    if (auto known = m_impl->paths.open(m_impl->connection, *statement, scan))
+        return Recordset(std::move(known));
+    auto rows =
+        openRows({m_impl->connection, m_impl->census, std::make_unique<Query>(sql, std::move(*statement))});
     if (!rows) return std::unexpected(rows.error());
     return Recordset(std::move(*rows));
 }

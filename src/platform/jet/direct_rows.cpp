@@ -3,7 +3,7 @@
 namespace jet {
 
 DirectRows::DirectRows(OwnedScan scan)
-    : Impl(scan.connection), m_scan(std::move(scan)), m_places(m_scan.query->statement->fields) {}
+    : Impl(scan.connection), m_scan(std::move(scan)), m_places(m_scan.query->statement().fields) {}
 
 Result<std::unique_ptr<Recordset::Impl>> DirectRows::open(OwnedScan scan) {
     std::unique_ptr<DirectRows> opened(new DirectRows(std::move(scan)));
@@ -45,7 +45,7 @@ long long DirectRows::count() {
     if (m_count) return *m_count;
     if (m_atEnd) {
         m_count = m_passed;
-    } else if (triesPattern(*m_scan.query->statement)) {
+    } else if (triesPattern(m_scan.query->statement())) {
         m_count = countPatternRows();
     } else {
         const auto counted = countRows(m_scan.scan());
@@ -57,14 +57,14 @@ long long DirectRows::count() {
 
 // The rest is fetched, so that no pattern is tried twice on a row.
 long long DirectRows::countPatternRows() {
-    auto rest = std::make_shared<CollectedRows>();
-    const auto& fields = m_scan.query->statement->fields;
+    CollectedRows rest;
+    const auto& fields = m_scan.query->statement().fields;
     while (!m_atEnd) {
-        rest->add(m_rows, fields, {});
+        rest.add(m_rows, fields, {});
         step();
     }
-    const auto left = static_cast<long long>(rest->rows().size());
-    m_rest = std::make_unique<StoredRows>(connection, std::move(rest), fields);
+    const auto left = static_cast<long long>(rest.rows().size());
+    m_rest = std::make_unique<StoredRows>(connection, std::make_shared<RowSet>(std::move(rest), fields));
     return m_passed + left;
 }
 

@@ -39,11 +39,12 @@ void foldAscii(const char* text, std::size_t size, char* out) {
 
 void appendFolded(std::string& out, std::string_view text) {
     for (std::size_t i = 0; i < text.size();) {
-        if (isAscii(text[i])) {
-            out += foldedAscii(text[i++]);
-        } else {
-            appendCharacter(out, folded(nextCharacter(text, i)));
-        }
+        const std::size_t begin = i;
+        while (i < text.size() && isAscii(text[i])) ++i;
+        const std::size_t end = out.size();
+        out.resize(end + i - begin);
+        foldAscii(text.data() + begin, i - begin, out.data() + end);
+        while (i < text.size() && !isAscii(text[i])) appendCharacter(out, folded(nextCharacter(text, i)));
     }
 }
 

@@ -86,29 +86,54 @@ std::size_t takeQuoted(std::string_view sql, std::size_t at, LiftedStatement& ou
     return end;
 }
 
-// How much of the statement, up to a literal, reads as the last one did: whole words and signs that need no
-// second look. Many inserts in a row differ in their literals only.
-std::size_t sameBeginning(std::string_view sql, const LiftedStatement& last) {
-    const std::string_view beginning(last.shape.data(), last.beginning);
-    const bool whole = !beginning.empty() && !isWordCharacter(beginning.back());
-    return whole && sql.starts_with(beginning) ? beginning.size() : 0;
+bool beginsNumber(std::string_view sql, std::size_t at) {
+    return isDigit(sql[at]) || (sql[at] == '.' && at + 1 < sql.size() && isDigit(sql[at + 1]));
 }
 
-}  // namespace
-
-Error syntaxError(std::string_view near) {
-    constexpr std::size_t longest = 60;
-    std::string text = "Syntax error in the statement";
-    if (!near.empty()) text += " near: " + std::string(near.substr(0, longest));
-    return {error::syntaxInExpression, text};
+// Takes the literal that begins at `at`, and gives the position behind it. Gives npos where none begins or a
+// quote is never closed.
+std::size_t takeLiteral(std::string_view sql, std::size_t at, LiftedStatement& out) {
+    if (at == sql.size()) return sql.npos;
+    if (kindOf(sql[at]) == Kind::Quote) return takeQuoted(sql, at, out);
+    if (!beginsNumber(sql, at)) return sql.npos;
+    const std::size_t end = endOfNumber(sql, at);
+    out.literals.push_back({sql.substr(at, end - at), true});
+    return end;
 }
 
-Result<> liftLiterals(std::string_view sql, LiftedStatement& out) {
-    std::size_t at = sameBeginning(sql, out);
+void forgetLiterals(LiftedStatement& lifted) {
+    lifted.literals.clear();
+    lifted.unescaped.clear();
+}
+
+// True when the statement reads as the last one but for its literals, which are then taken: the words and
+// signs between them need no second look. Many statements in a row differ in their literals only.
+bool readsAsLast(std::string_view sql, LiftedStatement& out) {
+    forgetLiterals(out);
+    const std::string_view shape = out.shape;
+    std::size_t at = 0;
+    std::size_t seen = 0;  // of the shape
+    for (const std::size_t mark : out.marks) {
+        const std::string_view between = shape.substr(seen, mark - seen);
+        if (!sql.substr(at).starts_with(between)) return false;
+        at += between.size();
+        const std::size_t before = out.literals.size();
+        const std::size_t end = takeLiteral(sql, at, out);
+        if (end == sql.npos) return false;
+        const bool isNumber = out.literals[before].isNumber;
+        if (isNumber != (shape[mark] == LiftedStatement::numberMark)) return false;
+        if (isNumber && at > 0 && isWordCharacter(sql[at - 1])) return false;  // it may belong to the word
+        at = end;
+        seen = mark + 1;
+    }
+    return sql.substr(at) == shape.substr(seen);
+}
+
+Result<> liftAfresh(std::string_view sql, LiftedStatement& out) {
+    forgetLiterals(out);
     out.shape.clear();
-    out.beginning = 0;
-    out.literals.clear();
-    out.unescaped.clear();
+    out.marks.clear();
+    std::size_t at = 0;
     std::size_t kept = 0;  // up to here the statement is in the shape
     while (at < sql.size()) {
         const std::size_t begin = at;
@@ -121,24 +146,29 @@ Result<> liftLiterals(std::string_view sql, LiftedStatement& out) {
             ++at;
             continue;
         }
+        at = takeLiteral(sql, begin, out);
+        if (at == sql.npos) return std::unexpected(syntaxError(sql.substr(begin)));
         out.shape += sql.substr(kept, begin - kept);
-        if (out.literals.empty()) out.beginning = begin;
-        if (kind == Kind::Quote) {
-            at = takeQuoted(sql, at, out);
-            if (at == sql.npos) return std::unexpected(syntaxError(sql.substr(begin)));
-            out.shape += LiftedStatement::textMark;
-        } else if (kind == Kind::Digit ||
-                   (kind == Kind::Point && at + 1 < sql.size() && isDigit(sql[at + 1]))) {
-            at = endOfNumber(sql, at);
-            out.literals.push_back({sql.substr(begin, at - begin), true});
-            out.shape += LiftedStatement::numberMark;
-        } else {
-            return std::unexpected(syntaxError(sql.substr(begin)));
-        }
+        out.marks.push_back(out.shape.size());
+        out.shape += out.literals.back().isNumber ? LiftedStatement::numberMark : LiftedStatement::textMark;
         kept = at;
     }
     out.shape += sql.substr(kept);
     return {};
+}
+
+}  // namespace
+
+Error syntaxError(std::string_view near) {
+    constexpr std::size_t longest = 60;
+    std::string text = "Syntax error in the statement";
+    if (!near.empty()) text += " near: " + std::string(near.substr(0, longest));
+    return {error::syntaxInExpression, text};
+}
+
+Result<> liftLiterals(std::string_view sql, LiftedStatement& out) {
+    out.repeated = readsAsLast(sql, out);
+    return out.repeated ? Result<>() : liftAfresh(sql, out);
 }
 
 std::optional<double> numberOf(std::string_view text) {

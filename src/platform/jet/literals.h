@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,9 +24,10 @@ struct LiftedStatement {
     static constexpr char numberMark = '\2';
 
     std::string shape;
-    std::size_t beginning = 0;      // length of the shape before its first literal; 0 without one
-    std::vector<Literal> literals;  // views into the statement or into `unescaped`
-    std::deque<std::string> unescaped;
+    std::vector<std::size_t> marks;  // where they stand in the shape
+    std::vector<Literal> literals;   // views into the statement or into `unescaped`
+    std::list<std::string> unescaped;
+    bool repeated = false;  // the shape is that of the statement lifted before
 };
 
 // Lifts the literals of `sql`, which must outlive `out`. Fails on an unclosed quote, and on characters that

@@ -29,9 +29,7 @@ struct OwnedScan {
     std::shared_ptr<Census> census;
     std::unique_ptr<Query> query;
 
-    [[nodiscard]] Scan scan() const {
-        return {*connection, *census, *query->statement, query->lifted.literals};
-    }
+    [[nodiscard]] Scan scan() const { return {*connection, *census, query->statement(), query->literals()}; }
 };
 
 // Where a column stands among a select's fields.

@@ -5,7 +5,7 @@ namespace jet {
 Result<std::unique_ptr<Recordset::Impl>> SortedRows::open(OwnedScan scan) {
     std::unique_ptr<SortedRows> opened(new SortedRows(std::move(scan)));
     // A pattern is tried once on every row, now, for the count and the rows together.
-    if (triesPattern(*opened->m_scan.query->statement)) opened->collect();
+    if (triesPattern(opened->m_scan.query->statement())) opened->collect();
     if (opened->failure) return std::unexpected(*opened->failure);
     return opened;
 }
@@ -13,8 +13,9 @@ Result<std::unique_ptr<Recordset::Impl>> SortedRows::open(OwnedScan scan) {
 void SortedRows::collect() {
     auto collected = collectRows(m_scan.scan());
     if (!collected) failure = collected.error();
-    auto rows = std::make_shared<CollectedRows>(collected ? std::move(*collected) : CollectedRows());
-    m_rows = std::make_unique<StoredRows>(connection, std::move(rows), m_scan.query->statement->fields);
+    auto rows = std::make_shared<RowSet>(collected ? std::move(*collected) : CollectedRows(),
+                                         m_scan.query->statement().fields);
+    m_rows = std::make_unique<StoredRows>(connection, std::move(rows));
 }
 
 bool SortedRows::atEnd() {

@@ -15,6 +15,7 @@ struct Operand {
     Column column = Column::numero;  // of a Field
     int literal = -1;                // of a Text or Number
     bool negative = false;           // of a Number: a minus stood before it
+    bool operator==(const Operand&) const = default;
 };
 
 struct Condition {
@@ -36,16 +37,19 @@ struct Condition {
     Kind kind = And;
     std::vector<Condition> children;  // of And, Or (two or more) and Not (one)
     std::vector<Operand> operands;    // of the others: the tested one, then what it is compared with
+    bool operator==(const Condition&) const = default;
 };
 
 struct Assignment {
     Column column;
     Operand value;
+    bool operator==(const Assignment&) const = default;
 };
 
 struct Ordering {
     Column column;
     bool descending = false;
+    bool operator==(const Ordering&) const = default;
 };
 
 struct Statement {
@@ -56,6 +60,7 @@ struct Statement {
     std::optional<Condition> where;
     std::vector<Column> groupBy;
     std::vector<Ordering> orderBy;
+    bool operator==(const Statement&) const = default;
 };
 
 }  // namespace jet

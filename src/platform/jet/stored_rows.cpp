@@ -20,15 +20,6 @@ std::string namesOf(const std::vector<Column>& fields) {
 
 }  // namespace
 
-StoredRows::StoredRows(std::shared_ptr<Connection> connection, std::shared_ptr<const CollectedRows> rows,
-                       std::vector<Column> fields, const Selection* selection)
-    : Impl(std::move(connection)),
-      m_rows(std::move(rows)),
-      m_fields(std::move(fields)),
-      m_places(m_fields),
-      m_selection(selection),
-      m_readAgain("select " + namesOf(m_fields) + " from datos where rowid = ?") {}
-
 void StoredRows::moveNext() {
     ++m_at;
     m_loaded = false;
@@ -40,7 +31,7 @@ void StoredRows::moveNext() {
 }
 
 Value StoredRows::field(Column column) {
-    const int place = m_places[column];
+    const int place = m_rows->places[column];
     if (place < 0) return {};
     if (!m_loaded) load();
     return m_values[place];
@@ -49,7 +40,7 @@ Value StoredRows::field(Column column) {
 void StoredRows::load() {
     m_loaded = true;
     if (rowAt(m_at).packed) {
-        RowStore::unpack(rowAt(m_at).packed, std::span(m_values).first(m_fields.size()));
+        RowStore::unpack(rowAt(m_at).packed, std::span(m_values).first(m_rows->fields.size()));
     } else {
         readAgain();
     }
@@ -58,14 +49,15 @@ void StoredRows::load() {
 // A row that is gone by now reads as nulls.
 void StoredRows::readAgain() {
     m_values.fill({});
-    auto found = connection->prepare(m_readAgain);
+    auto found = connection->prepare("select " + namesOf(m_rows->fields) + " from datos where rowid = ?");
     if (!found) return;
     found->bind(0, rowAt(m_at).rowid);
     const auto step = found->step();
     if (step == Prepared::Step::Failed) failure = connection->lastError();
     if (step != Prepared::Step::Row) return;
     m_again = RowStore();
-    RowStore::unpack(m_again.add(*found, m_fields, 0), std::span(m_values).first(m_fields.size()));
+    RowStore::unpack(m_again.add(*found, m_rows->fields, 0),
+                     std::span(m_values).first(m_rows->fields.size()));
 }
 
 }  // namespace jet

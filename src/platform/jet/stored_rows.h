@@ -7,6 +7,16 @@
 
 namespace jet {
 
+// Rows collected for a select, and its fields, which come first in every row.
+struct RowSet {
+    RowSet(CollectedRows rows, std::vector<Column> shown)
+        : collected(std::move(rows)), fields(std::move(shown)), places(fields) {}
+
+    CollectedRows collected;
+    std::vector<Column> fields;
+    FieldPlaces places;
+};
+
 // Rows collected before. Those that memory did not hold are read again by their rowid.
 class StoredRows final : public Recordset::Impl {
   public:
@@ -14,8 +24,9 @@ class StoredRows final : public Recordset::Impl {
 
     // All rows, or those of a selection (positions among the rows, which the caller keeps alive through
     // `rows`).
-    StoredRows(std::shared_ptr<Connection> connection, std::shared_ptr<const CollectedRows> rows,
-               std::vector<Column> fields, const Selection* selection = nullptr);
+    StoredRows(std::shared_ptr<Connection> connection, std::shared_ptr<const RowSet> rows,
+               const Selection* selection = nullptr)
+        : Impl(std::move(connection)), m_rows(std::move(rows)), m_selection(selection) {}
 
     bool atEnd() override { return m_at >= size(); }
     void moveNext() override;
@@ -24,19 +35,16 @@ class StoredRows final : public Recordset::Impl {
 
   private:
     [[nodiscard]] std::size_t size() const {
-        return m_selection ? m_selection->size() : m_rows->rows().size();
+        return m_selection ? m_selection->size() : m_rows->collected.rows().size();
     }
     [[nodiscard]] const CollectedRows::Row& rowAt(std::size_t at) const {
-        return m_rows->rows()[m_selection ? (*m_selection)[at] : at];
+        return m_rows->collected.rows()[m_selection ? (*m_selection)[at] : at];
     }
     void load();
     void readAgain();
 
-    std::shared_ptr<const CollectedRows> m_rows;
-    std::vector<Column> m_fields;
-    FieldPlaces m_places;
+    std::shared_ptr<const RowSet> m_rows;
     const Selection* m_selection;
-    std::string m_readAgain;
     std::size_t m_at = 0;
     bool m_loaded = false;
     std::array<Value, columns.size()> m_values;
