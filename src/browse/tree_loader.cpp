@@ -43,13 +43,15 @@ std::string foldersOfLevel(std::string_view disco, int nivel, std::span<const st
         return "select carpeta from datos where disco=('" + unit +
                "') and nivel=('1') and  tipo <>('archivo')  order by carpeta ";
 
-    std::string path = "\\";
-    for (const std::string& folder : folders) path += folder + "\\";
     const bool shallow = nivel == 2;
-    return "select carpeta from datos where  disco=('" + unit +
-           (shallow ? "') and ruta like ('*" : "') and  ruta like ('*") + path +
-           (shallow ? "*') and  nivel=('" : "*')  and  nivel=('") + std::to_string(nivel) +
-           "') and tipo <>('archivo') order by carpeta ";
+    std::string sql;
+    sql.reserve(512);  // asked once a folder: most fit
+    sql.append("select carpeta from datos where  disco=('").append(disco);
+    sql.append(shallow ? "') and ruta like ('*\\" : "') and  ruta like ('*\\");
+    for (const std::string& folder : folders) sql.append(folder).append("\\");
+    sql.append(shallow ? "*') and  nivel=('" : "*')  and  nivel=('").append(std::to_string(nivel));
+    sql.append("') and tipo <>('archivo') order by carpeta ");
+    return sql;
 }
 
 std::string allFoldersOf(std::string_view disco) {

@@ -1,6 +1,7 @@
 #include "platform/jet/census.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace jet {
 
@@ -39,6 +40,13 @@ Result<> Census::refresh() {
     if (m_version != *version) m_units.reset();
     m_version = *version;
     return {};
+}
+
+void Census::keepOnly(const Condition& where, const std::vector<Literal>& literals) {
+    auto kept = std::exchange(m_units, std::nullopt);
+    if (!refresh() || !kept) return;
+    std::erase_if(*kept, [&](const Unit& unit) { return !mayHold(where, knownOf(unit), literals); });
+    m_units = std::move(kept);
 }
 
 const std::vector<Census::Unit>& Census::units() {

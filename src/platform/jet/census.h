@@ -37,6 +37,9 @@ class Census {
     // Makes sure that what is kept holds for the file as it is now. To be called before each statement.
     [[nodiscard]] Result<> refresh();
 
+    // Takes note that all rows of units that do not meet the condition are gone, and no others.
+    void keepOnly(const Condition& where, const std::vector<Literal>& literals);
+
     // Of the file at the last refresh.
     [[nodiscard]] long long version() const { return m_version.value_or(-1); }
 

@@ -51,7 +51,7 @@ bool saveKept(const Scan& kept) {
 
 bool replaceTable(Connection& connection) {
     return connection.run("drop table datos") && connection.run("alter table kept rename to datos") &&
-           connection.run(createIndex) && connection.run("release deleting");
+           connection.run("release deleting");
 }
 
 }  // namespace
@@ -71,7 +71,9 @@ std::optional<long long> deleteAllButOneUnit(const Scan& scan) {
     const bool done = saveKept(kept) && replaceTable(scan.connection);
     if (!done) (void)scan.connection.run("rollback to deleting; release deleting");
     scan.connection.noteWrite();
-    return done ? std::optional(deleted) : std::nullopt;
+    if (!done) return std::nullopt;
+    scan.census.keepOnly(*statement.where, scan.literals);
+    return deleted;
 }
 
 }  // namespace jet
