@@ -21,15 +21,8 @@ std::uint64_t numberOf(const char* bytes, std::size_t size) {
     return number;
 }
 
-bool sortsBefore(const CollectedRows::Row& a, const CollectedRows::Row& b) {
-    if (a.keyStart != b.keyStart) return a.keyStart < b.keyStart;
-    const std::uint32_t shared = std::min(a.keySize, b.keySize);
-    if (shared > keyStartSize) {
-        const int order = std::memcmp(a.keyRest, b.keyRest, shared - keyStartSize);
-        if (order != 0) return order < 0;
-    }
-    if (a.keySize != b.keySize) return a.keySize < b.keySize;
-    return a.rowid < b.rowid;
+bool isBefore(const CollectedRows::Row& a, const CollectedRows::Row& b) {
+    return a.sortsBefore(b);
 }
 
 bool isOfLesserPart(const CollectedRows::Row& a, const CollectedRows::Row& b) {
@@ -50,7 +43,7 @@ void sortFrom(std::span<CollectedRows::Row> rows, std::size_t depth) {
         const auto end = std::upper_bound(begin, rows.end(), *begin, isOfLesserPart);
         const auto goesOn = [&](const auto& row) { return row.keySize > depth + partSize; };
         if (end - begin <= fewRows || std::none_of(begin, end, goesOn))
-            std::sort(begin, end, sortsBefore);
+            std::sort(begin, end, isBefore);
         else
             sortFrom({begin, end}, depth + partSize);
         begin = end;
@@ -58,6 +51,17 @@ void sortFrom(std::span<CollectedRows::Row> rows, std::size_t depth) {
 }
 
 }  // namespace
+
+bool CollectedRows::Row::sortsBefore(const Row& other) const {
+    if (keyStart != other.keyStart) return keyStart < other.keyStart;
+    const std::uint32_t shared = std::min(keySize, other.keySize);
+    if (shared > keyStartSize) {
+        const int order = std::memcmp(keyRest, other.keyRest, shared - keyStartSize);
+        if (order != 0) return order < 0;
+    }
+    if (keySize != other.keySize) return keySize < other.keySize;
+    return rowid < other.rowid;
+}
 
 std::size_t CollectedRows::memoryBound = std::size_t{128} << 20;
 
@@ -80,12 +84,12 @@ void CollectedRows::merge(CollectedRows&& other) {
     m_keys.absorb(std::move(other.m_keys));
     const auto middle = static_cast<std::ptrdiff_t>(m_rows.size());
     m_rows.insert(m_rows.end(), other.m_rows.begin(), other.m_rows.end());
-    std::inplace_merge(m_rows.begin(), m_rows.begin() + middle, m_rows.end(), sortsBefore);
+    std::inplace_merge(m_rows.begin(), m_rows.begin() + middle, m_rows.end(), isBefore);
     other.m_rows.clear();
 }
 
 void CollectedRows::sort() {
-    if (!std::is_sorted(m_rows.begin(), m_rows.end(), sortsBefore)) {
+    if (!std::is_sorted(m_rows.begin(), m_rows.end(), isBefore)) {
         sortFrom(m_rows, 0);
     }
 }

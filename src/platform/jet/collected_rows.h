@@ -19,14 +19,16 @@ class CollectedRows {
         std::uint32_t keySize = 0;
         std::int64_t rowid = 0;
         const char* packed = nullptr;  // in the store; nullptr when only the rowid is kept
+
+        [[nodiscard]] bool sortsBefore(const Row& other) const;  // by key, then by rowid
     };
 
     // Adds the current row of `row`, whose columns are: rowid, then `fields`.
     void add(const Prepared& row, const std::vector<Column>& fields, std::string_view key);
 
     void dropBehind(std::size_t count);  // all rows but the first `count`
-    void sort();                         // by key, then by rowid
-    void merge(CollectedRows&& other);   // both sorted
+    void sort();
+    void merge(CollectedRows&& other);  // both sorted
 
     [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
 

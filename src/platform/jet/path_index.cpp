@@ -7,7 +7,7 @@
 namespace jet {
 
 std::shared_ptr<PathIndex> PathIndex::build(const Scan& scan, Levels levels, std::size_t shown) {
-    auto collected = collectRows(scan);
+    auto collected = gatherRows(scan);
     if (!collected) return nullptr;
     const auto& fields = scan.statement.fields;
     const auto endOfShown = fields.begin() + static_cast<std::ptrdiff_t>(shown);
@@ -51,6 +51,9 @@ void PathIndex::addRuns(const Level& level, std::size_t components, Runs& runs) 
             if (found.empty() || found.back() != row) found.push_back(row);
         }
     }
+    const auto& rows = m_rows.collected.rows();
+    const auto before = [&rows](std::uint32_t a, std::uint32_t b) { return rows[a].sortsBefore(rows[b]); };
+    for (auto& [path, found] : runs) std::sort(found.begin(), found.end(), before);
 }
 
 const StoredRows::Selection& PathIndex::find(std::string_view level, std::string_view path) {

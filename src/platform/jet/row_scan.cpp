@@ -124,7 +124,7 @@ bool collectFrom(const Statement& statement, Prepared& rows, CollectedRows& coll
     return last == Prepared::Step::Done;
 }
 
-Result<CollectedRows> collectRows(const Scan& scan) {
+Result<CollectedRows> gatherRows(const Scan& scan) {
     CollectedRows collected;
     Access access = accessFor(scan);
     if (access.kind == Access::Nowhere) return collected;
@@ -146,7 +146,12 @@ Result<CollectedRows> collectRows(const Scan& scan) {
     auto rows = prepareAndBind(scan, writer);
     if (!rows) return std::unexpected(rows.error());
     if (!collectFrom(scan.statement, *rows, collected)) return std::unexpected(scan.connection.lastError());
-    collected.sort();
+    return collected;
+}
+
+Result<CollectedRows> collectRows(const Scan& scan) {
+    auto collected = gatherRows(scan);
+    if (collected) collected->sort();
     return collected;
 }
 

@@ -41,7 +41,8 @@ void writeSource(SqlWriter& writer, const Statement& statement, const Access& ac
 // failed.
 [[nodiscard]] bool collectFrom(const Statement& statement, Prepared& rows, CollectedRows& collected);
 
-// All rows at once, in the statement's order.
+// All rows at once, in any order and in the statement's.
+[[nodiscard]] Result<CollectedRows> gatherRows(const Scan& scan);
 [[nodiscard]] Result<CollectedRows> collectRows(const Scan& scan);
 
 // The number of rows, fetching none.

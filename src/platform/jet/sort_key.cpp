@@ -20,6 +20,7 @@ constexpr unsigned char firstLetter = 0x60;
 constexpr unsigned char enie = firstLetter + ('n' - 'a') * 2 + 1;
 constexpr unsigned char otherScript = 0xF0;  // followed by three bytes of code point
 constexpr char32_t tilde = 0x303;
+constexpr char32_t endOfLatin = 0x250;
 
 constexpr unsigned char letterWeight(char lower) {
     return static_cast<unsigned char>(firstLetter + (lower - 'a') * 2);
@@ -68,20 +69,53 @@ char baseOfUndivided(char32_t folded) {
     }
 }
 
+// What Unicode takes a character apart into; empty when it does not.
+std::u32string partsOf(char32_t character) {
+    if (QChar::decompositionTag(character) != QChar::Canonical) return {};
+    const QList<uint> parts = QChar::decomposition(character).toUcs4();
+    return {parts.begin(), parts.end()};
+}
+
+// The same for the characters that nearly all texts are made of, asked once.
+const std::u32string& partsOfLatin(char32_t character) {
+    static const auto known = [] {
+        std::array<std::u32string, endOfLatin> parts;
+        for (char32_t c = 0; c < endOfLatin; ++c) parts[c] = partsOf(c);
+        return parts;
+    }();
+    return known[character];
+}
+
 // Builds the two parts of one key: base weights, then one byte of accent for each base.
 class KeyBuilder {
   public:
     explicit KeyBuilder(std::string& key) : m_key(key) {}
 
     void add(char32_t character) {
-        character = folded(character);
+        if (character >= 0x80) character = folded(character);
         if (character < 0x80) return addBase(weightOfAscii[character]);
         if (character >= strayByteBase && character < strayByteBase + 0x100)
             return addWide(otherScript, character);
-        if (QChar::decompositionTag(character) == QChar::Canonical) {
-            for (const char32_t part : QChar::decomposition(character).toUcs4()) add(part);
-            return;
-        }
+        const bool added =
+            character < endOfLatin ? addAll(partsOfLatin(character)) : addAll(partsOf(character));
+        if (!added) addWhole(character);
+    }
+
+    void finish() {
+        if (m_accents.empty()) return;
+        m_key += '\0';
+        m_key += m_accents;
+    }
+
+  private:
+    static constexpr char plain = 1;
+
+    bool addAll(std::u32string_view parts) {
+        for (const char32_t part : parts) add(part);
+        return !parts.empty();
+    }
+
+    void addWhole(char32_t character) {
         if (QChar::isMark(character)) return addAccent(character);
         if (const char base = baseOfUndivided(character)) {
             addBase(letterWeight(base));
@@ -96,19 +130,9 @@ class KeyBuilder {
         addWide(letter ? otherScript : otherPunctuation, character);
     }
 
-    void finish() {
-        if (!m_accented) return;
-        m_key += '\0';
-        while (!m_accents.empty() && m_accents.back() == plain) m_accents.pop_back();
-        m_key += m_accents;
-    }
-
-  private:
-    static constexpr char plain = 1;
-
     void addBase(unsigned char weight) {
         m_key += static_cast<char>(weight);
-        m_accents += plain;
+        ++m_bases;
         m_lastBase = weight;
     }
 
@@ -116,24 +140,24 @@ class KeyBuilder {
         m_key += static_cast<char>(lead);
         for (int shift = 14; shift >= 0; shift -= 7)
             m_key += static_cast<char>((character >> shift & 0x7F) + 1);
-        m_accents += plain;
+        ++m_bases;
         m_lastBase = 0;
     }
 
     void addAccent(char32_t mark) {
-        if (m_accents.empty()) return addWide(otherPunctuation, mark);
+        if (m_bases == 0) return addWide(otherPunctuation, mark);
         if (mark == tilde && m_lastBase == letterWeight('n')) {
             m_key.back() = static_cast<char>(enie);
             return;
         }
-        m_accented = true;
+        m_accents.resize(m_bases, plain);
         m_accents.back() = static_cast<char>(2 + (mark & 0x7F));
     }
 
     std::string& m_key;
     unsigned char m_lastBase = 0;
-    std::string m_accents;
-    bool m_accented = false;
+    std::size_t m_bases = 0;
+    std::string m_accents;  // up to the last accent
 };
 
 }  // namespace
