@@ -1,7 +1,10 @@
 #include "platform/jet/census.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
+
+#include "platform/jet/read_transaction.h"
 
 namespace jet {
 
@@ -14,6 +17,8 @@ KnownTexts::Text textOf(const Prepared& row, int column) {
 BoundValue valueOf(const KnownTexts::Text& text) {
     return text ? BoundValue(std::string_view(*text)) : BoundValue();
 }
+
+const std::string ofGroup = " where disco is ? and nivel is ? and tipo is ?";
 
 KnownTexts knownOf(const Census::Unit& unit) {
     KnownTexts known;
@@ -37,7 +42,10 @@ Result<> Census::refresh() {
         m_version.reset();
         return std::unexpected(version.error());
     }
-    if (m_version != *version) m_units.reset();
+    if (m_version != *version) {
+        m_units.reset();
+        m_isComplete = true;
+    }
     m_version = *version;
     return {};
 }
@@ -54,44 +62,51 @@ const std::vector<Census::Unit>& Census::units() {
     return *m_units;
 }
 
-void Census::readUnits() {
-    auto& units = m_units.emplace();
-    auto null = m_connection.prepare("select 1 from datos where disco is null limit 1");
-    if (null && null->step() == Prepared::Step::Row) units.push_back({std::nullopt, {}});
-    auto next = m_connection.prepare("select disco from datos where disco >= '' order by disco limit 1");
-    if (!next || next->step() != Prepared::Step::Row) return;
-    units.push_back({textOf(*next, 0), {}});
-    next = m_connection.prepare("select disco from datos where disco > ? order by disco limit 1");
-    while (next) {
-        next->bind(0, std::string_view(*units.back().name));
-        if (next->step() != Prepared::Step::Row) return;
-        units.push_back({textOf(*next, 0), {}});
-        next->reset();
+std::vector<KnownTexts::Text> Census::textsOf(const std::string& column, const std::string& condition,
+                                              std::span<const BoundValue> values) {
+    std::vector<KnownTexts::Text> texts;
+    const auto find = [&](const std::string& wanted) {
+        auto row = m_connection.prepare("select " + column + " from datos where " + condition + column +
+                                        wanted + " order by " + column + " limit 1");
+        if (!row) return false;
+        row->bind(values);
+        if (!texts.empty() && texts.back())
+            row->bind(static_cast<int>(values.size()), std::string_view(*texts.back()));
+        if (row->step() != Prepared::Step::Row) return false;
+        texts.push_back(textOf(*row, 0));
+        return true;
+    };
+    (void)find(" is null");
+    const std::string beforeBytes = " and " + column + " < x''";
+    for (bool found = find(" >= ''" + beforeBytes); found;) found = find(" > ?" + beforeBytes);
+    if (find(" >= x''")) {
+        m_isComplete = false;
+        texts.pop_back();
     }
+    return texts;
 }
 
+void Census::readUnits() {
+    const ReadTransaction reads(m_connection);
+    auto& units = m_units.emplace();
+    for (auto& name : textsOf("disco", "", {})) units.push_back({std::move(name), {}});
+}
+
+// One step through the index for each group, and one for each row of it that does no more than count.
 const std::vector<Census::Group>& Census::groupsOf(Unit& unit) {
     if (unit.groups) return *unit.groups;
     auto& groups = unit.groups.emplace();
-    auto rows =
-        m_connection.prepare("select nivel, tipo, count(*) from datos where disco is ? group by nivel, tipo");
-    if (!rows) return groups;
     const BoundValue name = valueOf(unit.name);
-    rows->bind(0, name);
-    while (rows->step() == Prepared::Step::Row) {
-        groups.push_back({textOf(*rows, 0), textOf(*rows, 1), rows->integer(2), 0, 0});
-    }
-    // Within a group the index goes by rowid: asking for its two ends beats min() and max() over all of it.
-    for (Group& group : groups) {
-        const BoundValue values[] = {name, valueOf(group.nivel), valueOf(group.tipo)};
-        group.firstRow = firstNumber(
-            "select rowid from datos where disco is ? and nivel is ? and tipo is ? "
-            "order by rowid limit 1",
-            values);
-        group.lastRow = firstNumber(
-            "select rowid from datos where disco is ? and nivel is ? and tipo is ? "
-            "order by rowid desc limit 1",
-            values);
+    for (const auto& nivel : textsOf("nivel", "disco is ? and ", std::array{name})) {
+        const std::array level{name, valueOf(nivel)};
+        for (const auto& tipo : textsOf("tipo", "disco is ? and nivel is ? and ", level)) {
+            const std::array values{name, level[1], valueOf(tipo)};
+            // Within a group the index goes by rowid: asking for its ends beats min() and max() over all.
+            groups.push_back(
+                {nivel, tipo, firstNumber("select count(*) from datos" + ofGroup, values),
+                 firstNumber("select rowid from datos" + ofGroup + " order by rowid limit 1", values),
+                 firstNumber("select rowid from datos" + ofGroup + " order by rowid desc limit 1", values)});
+        }
     }
     return groups;
 }
@@ -106,6 +121,7 @@ std::int64_t Census::firstNumber(const std::string& sql, std::span<const BoundVa
 std::optional<long long> Census::count(const Condition* where, const std::vector<Literal>& literals) {
     const Unit anyUnit;
     if (where && !isDecidable(*where, knownOf(anyUnit, Group{}))) return std::nullopt;
+    const ReadTransaction reads(m_connection);
     (void)units();
     long long sum = 0;
     for (Unit& unit : *m_units) {
@@ -114,11 +130,12 @@ std::optional<long long> Census::count(const Condition* where, const std::vector
             if (!where || decide(*where, knownOf(unit, group), literals) == Truth::Yes) sum += group.rows;
         }
     }
-    return sum;
+    return m_isComplete ? std::optional(sum) : std::nullopt;
 }
 
 std::optional<Census::Extent> Census::extent(const Condition* where, const std::vector<Literal>& literals) {
     if (!where) return std::nullopt;
+    const ReadTransaction reads(m_connection);
     (void)units();
     std::vector<Unit*> candidates;
     for (Unit& unit : *m_units) {
@@ -134,7 +151,7 @@ std::optional<Census::Extent> Census::extent(const Condition* where, const std::
             extent.rows += group.rows;
         }
     }
-    return extent;
+    return m_isComplete ? std::optional(extent) : std::nullopt;
 }
 
 }  // namespace jet

@@ -46,21 +46,29 @@ class Census {
     // By code point, one for each spelling; a null unit comes first.
     [[nodiscard]] const std::vector<Unit>& units();
 
-    // Nothing when the condition asks for more than unit, level and kind.
+    // Nothing when the condition asks for more than unit, level and kind, or where another tool has put in
+    // values that are no texts.
     [[nodiscard]] std::optional<long long> count(const Condition* where,
                                                  const std::vector<Literal>& literals);
 
-    // Nothing when the condition leaves all units open.
+    // Nothing when the condition leaves all units open, or where there are values that are no texts.
     [[nodiscard]] std::optional<Extent> extent(const Condition* where, const std::vector<Literal>& literals);
 
   private:
     void readUnits();
+
+    // The texts that stand in a column of the index where the columns before it are as the condition, which
+    // ends in " and ", says. Null comes first.
+    [[nodiscard]] std::vector<KnownTexts::Text> textsOf(const std::string& column,
+                                                        const std::string& condition,
+                                                        std::span<const BoundValue> values);
     [[nodiscard]] const std::vector<Group>& groupsOf(Unit& unit);
     [[nodiscard]] std::int64_t firstNumber(const std::string& sql, std::span<const BoundValue> values);
 
     Connection& m_connection;
     std::optional<long long> m_version;
     std::optional<std::vector<Unit>> m_units;
+    bool m_isComplete = true;  // false once values were met that are no texts
 };
 
 }  // namespace jet

@@ -6,6 +6,8 @@
 #include <atomic>
 #include <thread>
 
+#include "platform/jet/read_transaction.h"
+
 namespace jet {
 
 namespace {
@@ -68,25 +70,6 @@ void workAlone(const Scan& scan, const RangeStatement& statement, const std::str
     share.rows.sort();
 }
 
-// Holds the file as it is while others read it too.
-class ReadTransaction {
-  public:
-    explicit ReadTransaction(Connection& connection) : m_connection(connection) {
-        m_begun = connection.run("begin") && connection.run("select rowid from datos limit 1");
-    }
-    ~ReadTransaction() {
-        if (m_begun) (void)m_connection.run("commit");
-    }
-    ReadTransaction(const ReadTransaction&) = delete;
-    ReadTransaction& operator=(const ReadTransaction&) = delete;
-
-    [[nodiscard]] bool begun() const { return m_begun; }
-
-  private:
-    Connection& m_connection;
-    bool m_begun = false;
-};
-
 Result<CollectedRows> workTogether(const Scan& scan, const RangeStatement& statement, Parts& parts,
                                    unsigned helpers) {
     const std::string path = sqlite3_db_filename(scan.connection.handle(), "main");
@@ -125,7 +108,7 @@ std::optional<Result<CollectedRows>> collectInParallel(const Scan& scan, const R
         sqlite3_get_autocommit(database) == 0) {
         return std::nullopt;
     }
-    const ReadTransaction held(scan.connection);
+    const ReadTransaction held(scan.connection);  // as it is, while others read it too
     if (!held.begun()) return std::nullopt;
     Parts parts(firstRow, lastRow);
     return workTogether(scan, statement, parts, threads - 1);

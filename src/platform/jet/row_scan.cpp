@@ -30,8 +30,9 @@ bool asksForOneLevel(const Condition& condition) {
 // The units of the catalogue, one step through the index for each.
 constexpr std::string_view unitList =
     "select 0, disco from (with recursive unit(disco) as (select (select disco from datos where disco >= '' "
-    "order by disco limit 1) "
-    "union all select (select disco from datos where disco > unit.disco order by disco limit 1) "
+    "and disco < x'' order by disco limit 1) "
+    "union all select (select disco from datos where disco > unit.disco and disco < x'' order by disco "
+    "limit 1) "
     "from unit where unit.disco is not null) "
     "select disco from unit where disco is not null "
     "union all select null where exists (select 1 from datos where disco is null))";

@@ -119,4 +119,22 @@ TEST_F(OpenTest, ASecondHandleLeavesTheFirstOnesTransactionAlone) {
     EXPECT_TRUE(db.CommitTrans());
 }
 
+TEST_F(OpenTest, TakesValuesThatAreNoTextsForNoNames) {
+    {
+        auto db = open();
+        for (const char* carpeta : {"a", "b", "c"}) addFolder(db, "E:\\x", carpeta, 1);
+    }
+    runForeign(path,
+               "update datos set tipo = x'41' where carpeta = 'b'; update datos set disco = x'41' where "
+               "carpeta = 'c'");
+    auto db = open();
+    EXPECT_EQ(column(db, "disco", "select disco from datos group by disco"), "U :");
+    EXPECT_EQ(count(db, "select disco from datos group by disco"), 1);
+    EXPECT_EQ(count(db, "select * from datos where disco=('U :') and tipo <>('archivo') order by carpeta"),
+              2);
+    EXPECT_EQ(
+        column(db, "carpeta", "select * from datos where disco=('U :') and nivel=('1') order by carpeta"),
+        "a b");
+}
+
 }  // namespace
