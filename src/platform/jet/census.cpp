@@ -54,6 +54,16 @@ void Census::keepOnly(const Condition& where, const std::vector<Literal>& litera
     auto kept = std::exchange(m_units, std::nullopt);
     if (!refresh() || !kept) return;
     std::erase_if(*kept, [&](const Unit& unit) { return !mayHold(where, knownOf(unit), literals); });
+    std::int64_t rows = 0;
+    for (Unit& unit : *kept) {
+        for (const Group& group : groupsOf(unit)) rows += group.rows;
+    }
+    for (Unit& unit : *kept) {
+        for (Group& group : *unit.groups) {
+            group.firstRow = 1;
+            group.lastRow = rows;
+        }
+    }
     m_units = std::move(kept);
 }
 

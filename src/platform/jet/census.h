@@ -37,7 +37,8 @@ class Census {
     // Makes sure that what is kept holds for the file as it is now. To be called before each statement.
     [[nodiscard]] Result<> refresh();
 
-    // Takes note that all rows of units that do not meet the condition are gone, and no others.
+    // Takes note that all rows of units that do not meet the condition are gone and the others numbered anew,
+    // from 1 on.
     void keepOnly(const Condition& where, const std::vector<Literal>& literals);
 
     // Of the file at the last refresh.

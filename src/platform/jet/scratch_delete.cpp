@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <string>
 
 #include "platform/jet/format.h"
@@ -21,17 +22,20 @@ bool hasRowsWithoutUnit(Census& census) {
     return !census.units().empty() && !census.units().front().name;
 }
 
-bool run(const Scan& scan, const SqlWriter& writer) {
-    auto prepared = scan.connection.prepare(writer.sql());
-    if (!prepared) return false;
-    prepared->bind(writer.values());
-    return prepared->step() == Prepared::Step::Done;
+// The number of rows that it changes; nothing when it fails.
+std::optional<long long> run(Connection& connection, const std::string& sql,
+                             std::span<const BoundValue> values = {}) {
+    auto prepared = connection.prepare(sql);
+    if (!prepared) return std::nullopt;
+    prepared->bind(values);
+    if (prepared->step() != Prepared::Step::Done) return std::nullopt;
+    return sqlite3_changes64(connection.handle());
 }
 
-std::optional<long long> countAll(Connection& connection) {
-    auto counted = connection.prepare("select count(*) from datos");
-    if (!counted || counted->step() != Prepared::Step::Row) return std::nullopt;
-    return counted->integer(0);
+std::optional<long long> rowsAtMost(Connection& connection) {
+    auto ends = connection.prepare("select (select min(rowid) from datos), (select max(rowid) from datos)");
+    if (!ends || ends->step() != Prepared::Step::Row) return std::nullopt;
+    return ends->integer(1) - ends->integer(0) + 1;
 }
 
 // "create table kept ..." with the columns of the table.
@@ -40,18 +44,22 @@ std::string createKept() {
     return sql.replace(sql.find(tableName), tableName.size(), "kept");
 }
 
+// In the order that they had, and numbered anew: to keep each row's number would cost a search for each.
 bool saveKept(const Scan& kept) {
-    std::string names = "rowid";
-    for (const ColumnInfo& column : columns) names += ", " + std::string(column.name);
+    std::string names;
+    for (const ColumnInfo& column : columns) names.append(names.empty() ? "" : ", ").append(column.name);
     SqlWriter writer(kept.literals, kept.census);
     writer.write("insert into kept (" + names + ") select " + names);
     writeSource(writer, kept.statement, accessFor(kept));
-    return kept.connection.run(createKept().c_str()) && run(kept, writer);
+    writer.write(" order by rowid");
+    return run(kept.connection, createKept()) && run(kept.connection, writer.sql(), writer.values());
 }
 
-bool replaceTable(Connection& connection) {
-    return connection.run("drop table datos") && connection.run("alter table kept rename to datos") &&
-           connection.run("release deleting");
+// The number of rows that the old table had.
+std::optional<long long> replaceTable(Connection& connection) {
+    const auto all = run(connection, "delete from datos");
+    const bool done = all && connection.run("drop table datos; alter table kept rename to datos");
+    return done && connection.run("release deleting") ? all : std::nullopt;
 }
 
 }  // namespace
@@ -61,19 +69,17 @@ std::optional<long long> deleteAllButOneUnit(const Scan& scan) {
     Statement statement = scan.statement;
     statement.where->kind = Condition::Equal;
     const Scan kept{scan.connection, scan.census, statement, scan.literals};
-    const auto all = countAll(scan.connection);
     const auto keptRows = scan.census.count(&*statement.where, scan.literals);
-    if (!all || !keptRows) return std::nullopt;
-    const long long deleted = *all - *keptRows;
-    if (deleted < fewestDeleted || deleted < *keptRows) return std::nullopt;
+    const auto most = rowsAtMost(scan.connection);
+    if (!keptRows || !most || *most - *keptRows < std::max(fewestDeleted, *keptRows)) return std::nullopt;
 
     if (!scan.connection.run("savepoint deleting")) return std::nullopt;
-    const bool done = saveKept(kept) && replaceTable(scan.connection);
-    if (!done) (void)scan.connection.run("rollback to deleting; release deleting");
+    const auto all = saveKept(kept) ? replaceTable(scan.connection) : std::nullopt;
+    if (!all) (void)scan.connection.run("rollback to deleting; release deleting");
     scan.connection.noteWrite();
-    if (!done) return std::nullopt;
+    if (!all) return std::nullopt;
     scan.census.keepOnly(*statement.where, scan.literals);
-    return deleted;
+    return *all - *keptRows;
 }
 
 }  // namespace jet
