@@ -18,6 +18,8 @@ std::shared_ptr<PathIndex> PathIndex::build(const Scan& scan, Levels levels, std
 bool PathIndex::divide(const std::vector<Column>& fields, Levels levels) {
     const auto& rows = m_rows.collected.rows();
     if (rows.size() > UINT32_MAX) return false;
+    m_paths.reserve(m_rows.collected.bytes());
+    m_ends.reserve(rows.size());
     const FieldPlaces places(fields);
     std::array<Value, columns.size()> values;
     for (std::uint32_t row = 0; row < rows.size(); ++row) {

@@ -27,12 +27,6 @@ bool isUnitCondition(const Condition& condition) {
            std::all_of(operands.begin() + 1, operands.end(), isText);
 }
 
-// Patterns cost the most: what stands beside them is tested first.
-bool isExpensive(const Condition& condition) {
-    return condition.kind == Condition::Like ||
-           std::any_of(condition.children.begin(), condition.children.end(), isExpensive);
-}
-
 bool compares(const Condition& condition, Column column) {
     return std::any_of(condition.operands.begin(), condition.operands.end(),
                        [column](const Operand& operand) {
@@ -51,6 +45,18 @@ std::string_view collationOf(const Condition& condition) {
         default:
             return " collate jet_sorted";
     }
+}
+
+// What testing a row takes: the dearer tests stand behind. A pass over rows is mostly one over the rows of
+// the unit asked for, so that its test decides little.
+enum class Cost { Bytes, Unit, Collation, Pattern };
+
+Cost costOf(const Condition& condition) {
+    if (isUnitCondition(condition)) return Cost::Unit;
+    if (condition.kind == Condition::Like) return Cost::Pattern;
+    Cost cost = collationOf(condition).empty() ? Cost::Bytes : Cost::Collation;
+    for (const Condition& child : condition.children) cost = std::max(cost, costOf(child));
+    return cost;
 }
 
 }  // namespace
@@ -81,9 +87,9 @@ void SqlWriter::writeOperand(const Operand& operand, Type type) {
 void SqlWriter::writeJoined(const Condition& condition, std::string_view word) {
     m_sql += '(';
     bool first = true;
-    for (const bool expensive : {false, true}) {
+    for (const Cost cost : {Cost::Bytes, Cost::Unit, Cost::Collation, Cost::Pattern}) {
         for (const Condition& child : condition.children) {
-            if (isExpensive(child) != expensive) continue;
+            if (costOf(child) != cost) continue;
             if (!std::exchange(first, false)) m_sql += word;
             writeCondition(child);
         }
