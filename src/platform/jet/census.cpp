@@ -20,6 +20,20 @@ BoundValue valueOf(const KnownTexts::Text& text) {
 
 const std::string ofGroup = " where disco is ? and nivel is ? and tipo is ?";
 
+// What a column of the index is searched for. Values that are no texts stand behind all texts.
+enum class Sought { Null, FirstText, NextText, Bytes };
+
+std::string searchFor(Sought sought, std::string_view column, std::string_view condition) {
+    constexpr std::string_view tests[]{" is null", " >= ''", " > ?", " >= x''"};
+    std::string sql = "select ";
+    sql.append(column).append(" from datos where ").append(condition);
+    sql.append(column).append(tests[static_cast<std::size_t>(sought)]);
+    const bool isText = sought == Sought::FirstText || sought == Sought::NextText;
+    if (isText) sql.append(" and ").append(column).append(" < x''");
+    sql.append(" order by ").append(column).append(" limit 1");
+    return sql;
+}
+
 KnownTexts knownOf(const Census::Unit& unit) {
     KnownTexts known;
     known.set(Column::disco, unit.name);
@@ -72,27 +86,22 @@ const std::vector<Census::Unit>& Census::units() {
     return *m_units;
 }
 
-std::vector<KnownTexts::Text> Census::textsOf(const std::string& column, const std::string& condition,
+std::vector<KnownTexts::Text> Census::textsOf(std::string_view column, std::string_view condition,
                                               std::span<const BoundValue> values) {
     std::vector<KnownTexts::Text> texts;
-    const auto find = [&](const std::string& wanted) {
-        auto row = m_connection.prepare("select " + column + " from datos where " + condition + column +
-                                        wanted + " order by " + column + " limit 1");
+    const auto find = [&](Sought sought) {
+        auto row = m_connection.prepare(searchFor(sought, column, condition));
         if (!row) return false;
         row->bind(values);
-        if (!texts.empty() && texts.back())
+        if (sought == Sought::NextText)
             row->bind(static_cast<int>(values.size()), std::string_view(*texts.back()));
         if (row->step() != Prepared::Step::Row) return false;
-        texts.push_back(textOf(*row, 0));
+        if (sought != Sought::Bytes) texts.push_back(textOf(*row, 0));
         return true;
     };
-    (void)find(" is null");
-    const std::string beforeBytes = " and " + column + " < x''";
-    for (bool found = find(" >= ''" + beforeBytes); found;) found = find(" > ?" + beforeBytes);
-    if (find(" >= x''")) {
-        m_isComplete = false;
-        texts.pop_back();
-    }
+    (void)find(Sought::Null);
+    for (bool found = find(Sought::FirstText); found;) found = find(Sought::NextText);
+    if (find(Sought::Bytes)) m_isComplete = false;
     return texts;
 }
 

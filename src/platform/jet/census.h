@@ -60,8 +60,7 @@ class Census {
 
     // The texts that stand in a column of the index where the columns before it are as the condition, which
     // ends in " and ", says. Null comes first.
-    [[nodiscard]] std::vector<KnownTexts::Text> textsOf(const std::string& column,
-                                                        const std::string& condition,
+    [[nodiscard]] std::vector<KnownTexts::Text> textsOf(std::string_view column, std::string_view condition,
                                                         std::span<const BoundValue> values);
     [[nodiscard]] const std::vector<Group>& groupsOf(Unit& unit);
     [[nodiscard]] std::int64_t firstNumber(const std::string& sql, std::span<const BoundValue> values);

@@ -31,7 +31,6 @@ class CollectedRows {
     void merge(CollectedRows&& other);  // both sorted
 
     [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
-    [[nodiscard]] std::size_t bytes() const { return m_store.bytes(); }
 
     // How much is kept in memory at most. For tests; 128 MiB otherwise.
     static std::size_t memoryBound;

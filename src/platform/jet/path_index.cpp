@@ -3,36 +3,47 @@
 #include <algorithm>
 
 #include "platform/jet/folding.h"
+#include "platform/jet/ordering.h"
 
 namespace jet {
 
-std::shared_ptr<PathIndex> PathIndex::build(const Scan& scan, Levels levels, std::size_t shown) {
-    auto collected = gatherRows(scan);
-    if (!collected) return nullptr;
-    const auto& fields = scan.statement.fields;
-    const auto endOfShown = fields.begin() + static_cast<std::ptrdiff_t>(shown);
-    std::shared_ptr<PathIndex> index(new PathIndex({std::move(*collected), {fields.begin(), endOfShown}}));
-    return index->divide(fields, levels) ? index : nullptr;
+PathIndex::PathIndex(const Statement& statement, Levels levels, std::size_t shown)
+    : m_rows({}, {statement.fields.begin(), statement.fields.begin() + static_cast<std::ptrdiff_t>(shown)}) {
+    const FieldPlaces places(statement.fields);
+    m_pathColumn = 1 + places[Column::ruta];
+    m_levelColumn = levels == Levels::Apart ? 1 + places[Column::nivel] : -1;
 }
 
-bool PathIndex::divide(const std::vector<Column>& fields, Levels levels) {
-    const auto& rows = m_rows.collected.rows();
-    if (rows.size() > UINT32_MAX) return false;
-    m_paths.reserve(m_rows.collected.bytes());
-    m_ends.reserve(rows.size());
-    const FieldPlaces places(fields);
-    std::array<Value, columns.size()> values;
-    for (std::uint32_t row = 0; row < rows.size(); ++row) {
-        if (!rows[row].packed) return false;
-        RowStore::unpack(rows[row].packed, std::span(values).first(fields.size()));
-        appendFolded(m_paths, values[places[Column::ruta]].text());
-        m_ends.push_back(m_paths.size());
-        const Value level = levels == Levels::Apart ? values[places[Column::nivel]] : Value("");
-        if (level.isNull()) continue;
-        auto found = m_levels.find(level.text());
-        if (found == m_levels.end()) found = m_levels.try_emplace(std::string(level.text())).first;
-        found->second.rows.push_back(row);
+std::shared_ptr<PathIndex> PathIndex::build(const Scan& scan, Levels levels, std::size_t shown) {
+    auto rows = scanRowsWithOrder(scan);
+    if (!rows) return nullptr;
+    std::shared_ptr<PathIndex> index(new PathIndex(scan.statement, levels, shown));
+    const int firstOrdered = 1 + static_cast<int>(scan.statement.fields.size());
+    std::string key;
+    auto last = rows->step();
+    for (; last == Prepared::Step::Row; last = rows->step()) {
+        key.clear();
+        appendOrderKey(key, scan.statement.orderBy, *rows, firstOrdered);
+        if (!index->add(*rows, key)) return nullptr;
     }
+    return last == Prepared::Step::Done ? index : nullptr;
+}
+
+// False when there is no room for the row.
+bool PathIndex::add(const Prepared& row, std::string_view key) {
+    CollectedRows& collected = m_rows.collected;
+    const std::size_t number = collected.rows().size();
+    if (number >= UINT32_MAX || m_paths.size() >= CollectedRows::memoryBound) return false;
+    collected.add(row, m_rows.fields, key);
+    if (!collected.rows().back().packed) return false;
+    appendFolded(m_paths, row.text(m_pathColumn));
+    m_ends.push_back(m_paths.size());
+    const bool together = m_levelColumn < 0;
+    if (!together && row.isNull(m_levelColumn)) return true;
+    const std::string_view level = together ? "" : row.text(m_levelColumn);
+    auto found = m_levels.find(level);
+    if (found == m_levels.end()) found = m_levels.try_emplace(std::string(level)).first;
+    found->second.rows.push_back(static_cast<std::uint32_t>(number));
     return true;
 }
 

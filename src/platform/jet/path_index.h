@@ -19,7 +19,7 @@ class PathIndex {
     enum class Levels { Apart, Together };
 
     // The select gives `ruta` and, for levels that are apart, `nivel`; recordsets are to show its first
-    // `shown` fields. Nothing when the rows could not be read, or are too many to be kept.
+    // `shown` fields. Nothing when the rows cannot be read, or are too many to be kept.
     [[nodiscard]] static std::shared_ptr<PathIndex> build(const Scan& scan, Levels levels, std::size_t shown);
 
     // The rows whose path holds `\A\B\`, case aside, and whose level is the one given (empty for levels that
@@ -35,12 +35,14 @@ class PathIndex {
         std::map<std::size_t, Runs> runs;  // by number of components
     };
 
-    explicit PathIndex(RowSet rows) : m_rows(std::move(rows)) {}
-    [[nodiscard]] bool divide(const std::vector<Column>& fields, Levels levels);
+    PathIndex(const Statement& statement, Levels levels, std::size_t shown);
+    [[nodiscard]] bool add(const Prepared& row, std::string_view key);
     [[nodiscard]] std::string_view pathOf(std::uint32_t row) const;
     void addRuns(const Level& level, std::size_t components, Runs& runs) const;
 
     RowSet m_rows;
+    int m_pathColumn;
+    int m_levelColumn;                // -1 for levels that are together
     std::string m_paths;              // folded, one behind the other
     std::vector<std::size_t> m_ends;  // of each row's path
     std::map<std::string, Level, std::less<>> m_levels;

@@ -48,6 +48,16 @@ Result<Prepared> prepareAndBind(const Scan& scan, const SqlWriter& writer) {
     return rows;
 }
 
+void writeRowsWithOrder(SqlWriter& writer, const Statement& statement, const Access& access) {
+    writer.write("select rowid, ");
+    writer.writeFields(statement.fields);
+    for (const Ordering& ordering : statement.orderBy) {
+        writer.write(", ");
+        writer.write(info(ordering.column).name);
+    }
+    writeSource(writer, statement, access);
+}
+
 Result<long long> oneNumber(const Scan& scan, const SqlWriter& writer) {
     auto rows = prepareAndBind(scan, writer);
     if (!rows) return std::unexpected(rows.error());
@@ -113,6 +123,12 @@ Result<Prepared> scanRows(const Scan& scan) {
     return prepareAndBind(scan, writer);
 }
 
+Result<Prepared> scanRowsWithOrder(const Scan& scan) {
+    SqlWriter writer(scan.literals, scan.census);
+    writeRowsWithOrder(writer, scan.statement, accessFor(scan));
+    return prepareAndBind(scan, writer);
+}
+
 bool collectFrom(const Statement& statement, Prepared& rows, CollectedRows& collected) {
     const int firstOrdered = 1 + static_cast<int>(statement.fields.size());
     std::string key;
@@ -125,20 +141,14 @@ bool collectFrom(const Statement& statement, Prepared& rows, CollectedRows& coll
     return last == Prepared::Step::Done;
 }
 
-Result<CollectedRows> gatherRows(const Scan& scan) {
+Result<CollectedRows> collectRows(const Scan& scan) {
     CollectedRows collected;
     Access access = accessFor(scan);
     if (access.kind == Access::Nowhere) return collected;
     const auto range = rangeOf(scan, access);
     if (range) access = *range;
     SqlWriter writer(scan.literals, scan.census);
-    writer.write("select rowid, ");
-    writer.writeFields(scan.statement.fields);
-    for (const Ordering& ordering : scan.statement.orderBy) {
-        writer.write(", ");
-        writer.write(info(ordering.column).name);
-    }
-    writeSource(writer, scan.statement, access);
+    writeRowsWithOrder(writer, scan.statement, access);
     if (range && triesPattern(scan.statement)) {
         auto shared =
             collectInParallel(scan, {writer.sql(), writer.values()}, range->firstRow, range->lastRow);
@@ -147,12 +157,7 @@ Result<CollectedRows> gatherRows(const Scan& scan) {
     auto rows = prepareAndBind(scan, writer);
     if (!rows) return std::unexpected(rows.error());
     if (!collectFrom(scan.statement, *rows, collected)) return std::unexpected(scan.connection.lastError());
-    return collected;
-}
-
-Result<CollectedRows> collectRows(const Scan& scan) {
-    auto collected = gatherRows(scan);
-    if (collected) collected->sort();
+    collected.sort();
     return collected;
 }
 

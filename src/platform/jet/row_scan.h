@@ -37,12 +37,13 @@ void writeSource(SqlWriter& writer, const Statement& statement, const Access& ac
 // The rows in the order that they are found: first column rowid, then the fields.
 [[nodiscard]] Result<Prepared> scanRows(const Scan& scan);
 
-// Gathers what a statement gives whose columns are rowid, the fields and what is ordered by. False when it
-// failed.
+// The same, and behind the fields the columns that are ordered by.
+[[nodiscard]] Result<Prepared> scanRowsWithOrder(const Scan& scan);
+
+// Gathers what such a statement gives. False when it failed.
 [[nodiscard]] bool collectFrom(const Statement& statement, Prepared& rows, CollectedRows& collected);
 
-// All rows at once, in any order and in the statement's.
-[[nodiscard]] Result<CollectedRows> gatherRows(const Scan& scan);
+// All rows at once, in the statement's order.
 [[nodiscard]] Result<CollectedRows> collectRows(const Scan& scan);
 
 // The number of rows, fetching none.
