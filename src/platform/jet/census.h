@@ -11,7 +11,8 @@ namespace jet {
 
 // How the rows of the table divide by unit, level and kind: read from the index alone, unit by unit as
 // needed, and kept until the file changes. It turns a unit's name into its exact spellings, answers counts
-// that ask for nothing else, and tells where in the table the rows of a statement can lie.
+// that ask for nothing else or were taken before, and tells where in the table the rows of a statement can
+// lie.
 class Census {
   public:
     struct Group {
@@ -47,8 +48,14 @@ class Census {
     // By code point, one for each spelling; a null unit comes first.
     [[nodiscard]] const std::vector<Unit>& units();
 
-    // Nothing when the condition asks for more than unit, level and kind, or where another tool has put in
-    // values that are no texts.
+    // Takes note of how many rows met a condition, read while the file was of this version.
+    void noteCount(const Condition& where, const std::vector<Literal>& literals, long long rows,
+                   long long version);
+    [[nodiscard]] std::optional<long long> notedCount(const Condition& where,
+                                                      const std::vector<Literal>& literals) const;
+
+    // Nothing when the condition asks for more than unit, level and kind and was not noted before, or where
+    // another tool has put in values that are no texts.
     [[nodiscard]] std::optional<long long> count(const Condition* where,
                                                  const std::vector<Literal>& literals);
 
@@ -56,6 +63,13 @@ class Census {
     [[nodiscard]] std::optional<Extent> extent(const Condition* where, const std::vector<Literal>& literals);
 
   private:
+    struct Noted {
+        Condition where;
+        std::vector<std::string> literals;
+        long long rows;
+    };
+    static constexpr std::size_t mostNoted = 8;
+
     void readUnits();
 
     // The texts that stand in a column of the index where the columns before it are as the condition, which
@@ -68,6 +82,7 @@ class Census {
     Connection& m_connection;
     std::optional<long long> m_version;
     std::optional<std::vector<Unit>> m_units;
+    std::vector<Noted> m_noted;
     bool m_isComplete = true;  // false once values were met that are no texts
 };
 

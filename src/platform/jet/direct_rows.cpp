@@ -3,7 +3,10 @@
 namespace jet {
 
 DirectRows::DirectRows(OwnedScan scan)
-    : Impl(scan.connection), m_scan(std::move(scan)), m_places(m_scan.query->statement().fields) {}
+    : Impl(scan.connection),
+      m_scan(std::move(scan)),
+      m_places(m_scan.query->statement().fields),
+      m_version(m_scan.census->version()) {}
 
 Result<std::unique_ptr<Recordset::Impl>> DirectRows::open(OwnedScan scan) {
     std::unique_ptr<DirectRows> opened(new DirectRows(std::move(scan)));
@@ -17,10 +20,21 @@ Result<std::unique_ptr<Recordset::Impl>> DirectRows::open(OwnedScan scan) {
 
 void DirectRows::step() {
     const auto stepped = m_rows.step();
-    if (stepped == Prepared::Step::Row) return;
+    if (stepped == Prepared::Step::Row) {
+        ++m_found;
+        return;
+    }
     m_atEnd = true;
     if (stepped == Prepared::Step::Failed) failure = connection->lastError();
     m_rows.release();  // and with it the lock on the file
+    noteCount();
+}
+
+// What was found need not be counted again.
+void DirectRows::noteCount() const {
+    const Statement& statement = m_scan.query->statement();
+    if (failure || !triesPattern(statement) || !statement.groupBy.empty()) return;
+    m_scan.census->noteCount(*statement.where, m_scan.query->literals(), m_found, m_version);
 }
 
 bool DirectRows::atEnd() {
@@ -29,7 +43,6 @@ bool DirectRows::atEnd() {
 
 void DirectRows::moveNext() {
     if (m_rest) return m_rest->moveNext();
-    ++m_passed;
     step();
 }
 
@@ -44,7 +57,7 @@ Value DirectRows::field(Column column) {
 long long DirectRows::count() {
     if (m_count) return *m_count;
     if (m_atEnd) {
-        m_count = m_passed;
+        m_count = m_found;
     } else if (triesPattern(m_scan.query->statement())) {
         m_count = countPatternRows();
     } else {
@@ -63,9 +76,8 @@ long long DirectRows::countPatternRows() {
         rest.add(m_rows, fields, {});
         step();
     }
-    const auto left = static_cast<long long>(rest.rows().size());
     m_rest = std::make_unique<StoredRows>(connection, std::make_shared<RowSet>(std::move(rest), fields));
-    return m_passed + left;
+    return m_found;
 }
 
 }  // namespace jet

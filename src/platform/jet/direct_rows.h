@@ -21,13 +21,15 @@ class DirectRows final : public Recordset::Impl {
     explicit DirectRows(OwnedScan scan);
 
     void step();
+    void noteCount() const;
     [[nodiscard]] long long countPatternRows();
 
     OwnedScan m_scan;
     Prepared m_rows;
     FieldPlaces m_places;
+    long long m_version;  // of the file when it was opened
     bool m_atEnd = false;
-    long long m_passed = 0;
+    long long m_found = 0;  // rows so far, the current one included
     std::optional<long long> m_count;
     std::unique_ptr<StoredRows> m_rest;  // the current row and all behind it, once they were counted
 };

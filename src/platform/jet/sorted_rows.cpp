@@ -4,8 +4,13 @@ namespace jet {
 
 Result<std::unique_ptr<Recordset::Impl>> SortedRows::open(OwnedScan scan) {
     std::unique_ptr<SortedRows> opened(new SortedRows(std::move(scan)));
-    // A pattern is tried once on every row, now, for the count and the rows together.
-    if (triesPattern(opened->m_scan.query->statement())) opened->collect();
+    // A pattern is tried once on every row, now, for the count and the rows together; the count may be known
+    // from a pattern tried before.
+    const Scan scanned = opened->m_scan.scan();
+    if (triesPattern(scanned.statement)) {
+        opened->m_count = scanned.census.notedCount(*scanned.statement.where, scanned.literals);
+        if (!opened->m_count) opened->collect();
+    }
     if (opened->failure) return std::unexpected(*opened->failure);
     return opened;
 }

@@ -140,4 +140,20 @@ TEST_F(RecordsetTest, AScratchCopyKeepsOneUnit) {
     EXPECT_EQ(column(plain, "archivo", "select * from datos"), "g");
 }
 
+TEST_F(RecordsetTest, ACountThatWasNotedGoesWithTheNextChange) {
+    auto db = open();
+    for (const char* name : {"viaje 1", "boda", "viaje 2"}) addFile(db, "r", name, 1, 1);
+    const std::string found = "select * from datos where archivo like ('*VIAJE*')";
+    EXPECT_EQ(column(db, "archivo", found), "viaje 1 viaje 2");
+    EXPECT_EQ(count(db, found + " order by archivo"), 2);
+    EXPECT_EQ(column(db, "archivo", found + " order by archivo"), "viaje 1 viaje 2");
+    EXPECT_EQ(count(db, "select * from datos where archivo like ('*o*') order by archivo"), 1);
+    auto other = open();
+    addFile(other, "r", "viaje 3", 1, 1);
+    EXPECT_EQ(count(db, found + " order by archivo"), 3);
+    EXPECT_EQ(column(db, "archivo", found), "viaje 1 viaje 2 viaje 3");
+    run(db, "delete * from datos where archivo = 'viaje 1'");
+    EXPECT_EQ(count(db, found + " order by archivo"), 2);
+}
+
 }  // namespace
