@@ -42,8 +42,8 @@ void appendFolded(std::string& out, std::string_view text) {
         const std::size_t begin = i;
         while (i < text.size() && isAscii(text[i])) ++i;
         const std::size_t end = out.size();
-        out.resize(end + i - begin);
-        foldAscii(text.data() + begin, i - begin, out.data() + end);
+        out.append(text.data() + begin, i - begin);
+        foldAscii(out.data() + end, i - begin, out.data() + end);
         while (i < text.size() && !isAscii(text[i])) appendCharacter(out, folded(nextCharacter(text, i)));
     }
 }

@@ -127,7 +127,10 @@ bool LikePattern::matches(std::string_view text) const {
         foldAscii(text.data(), text.size(), buffer);
         return piecesMatch({buffer, text.size()});
     }
-    return piecesMatch(folded(text));
+    thread_local std::string whole;  // keeps its room from row to row
+    whole.clear();
+    appendFolded(whole, text);
+    return piecesMatch(whole);
 }
 
 bool LikePattern::piecesMatch(std::string_view text) const {
