@@ -103,32 +103,36 @@ PathLookup::Known& PathLookup::knownFor(const std::shared_ptr<const Statement>& 
         .statement = statement, .pathLiteral = tests.pathLiteral, .others = tests.otherLiterals(literals)});
 }
 
+// The rows of the statement by their paths; nothing when it is to be scanned.
+std::shared_ptr<PathIndex> PathLookup::indexFor(Known& known, const Tests& tests, const Scan& scan) {
+    const bool isNew = known.version != scan.census.version();
+    if (isNew) {
+        known.version = scan.census.version();
+        known.index = nullptr;
+        known.tooLarge = false;
+    }
+    // A working copy is made to be asked again and again.
+    if (isNew && scan.connection.use() != Use::Scratch) return nullptr;
+    if (known.index || known.tooLarge) return known.index;
+    const Statement rest = tests.left(scan.statement);
+    const auto levels = tests.level >= 0 ? PathIndex::Levels::Apart : PathIndex::Levels::Together;
+    known.index = PathIndex::build({scan.connection, scan.census, rest, scan.literals}, levels,
+                                   scan.statement.fields.size());
+    known.tooLarge = !known.index;
+    return known.index;
+}
+
 std::unique_ptr<Recordset::Impl> PathLookup::open(const std::shared_ptr<Connection>& connection,
                                                   const std::shared_ptr<const Statement>& statement,
                                                   const Scan& scan) {
     const Tests tests(*statement, scan.literals);
     if (tests.path < 0) return nullptr;
-    Known& known = knownFor(statement, tests, scan.literals);
-    if (known.version != scan.census.version()) {
-        known.version = scan.census.version();
-        known.index = nullptr;
-        known.tooLarge = false;
-        return nullptr;
-    }
-    if (known.tooLarge) return nullptr;
-    const bool byLevel = tests.level >= 0;
-    if (!known.index) {
-        const Statement rest = tests.left(*statement);
-        known.index = PathIndex::build({scan.connection, scan.census, rest, scan.literals},
-                                       byLevel ? PathIndex::Levels::Apart : PathIndex::Levels::Together,
-                                       statement->fields.size());
-        known.tooLarge = !known.index;
-        if (known.tooLarge) return nullptr;
-    }
-    const auto& selection = known.index->find(byLevel ? scan.literals[tests.levelLiteral].text : "",
-                                              pathOf(scan.literals[tests.pathLiteral].text));
+    const auto index = indexFor(knownFor(statement, tests, scan.literals), tests, scan);
+    if (!index) return nullptr;
+    const auto& selection = index->find(tests.level >= 0 ? scan.literals[tests.levelLiteral].text : "",
+                                        pathOf(scan.literals[tests.pathLiteral].text));
     // The rows share the life of the index, which keeps the selection too.
-    std::shared_ptr<const RowSet> rows(known.index, &known.index->rows());
+    std::shared_ptr<const RowSet> rows(index, &index->rows());
     return std::make_unique<StoredRows>(connection, std::move(rows), &selection);
 }
 
