@@ -21,7 +21,8 @@ Node TreeModel::add(Node parent, const QString& text, int picture, int selectedP
     if (parent != noNode && !contains(parent)) return noNode;
     const Node node = static_cast<Node>(m_entries.size()) + 1;
     const int row = childCount(parent);
-    beginInsertRows(place(parent), row, row);
+    const bool tells = parent == noNode || row == 0 || entry(parent).asked;
+    if (tells) beginInsertRows(place(parent), row, row);
     childrenOf(parent).push_back(node);
     m_inOrder.push_back(node);
     Entry& added = m_entries.emplace_back();
@@ -33,8 +34,37 @@ Node TreeModel::add(Node parent, const QString& text, int picture, int selectedP
     added.picture = static_cast<short>(picture);
     added.selectedPicture = static_cast<short>(selectedPicture);
     if (!key.isEmpty() && !m_byKey.contains(key)) m_byKey.insert(key, node);
+    if (!tells) return node;
+    if (parent != noNode) entry(parent).told = row + 1;
     endInsertRows();
     return node;
+}
+
+int TreeModel::toldOf(Node parent) const {
+    if (parent == noNode) return static_cast<int>(m_roots.size());
+    return contains(parent) ? entry(parent).told : 0;
+}
+
+bool TreeModel::canFetchMore(const QModelIndex& parent) const {
+    const Node node = nodeOf(parent);
+    return contains(node) && !entry(node).asked && !entry(node).children.empty();
+}
+
+void TreeModel::fetchMore(const QModelIndex& parent) {
+    if (!canFetchMore(parent)) return;
+    Entry& asked = entry(nodeOf(parent));
+    asked.asked = true;
+    const int all = static_cast<int>(asked.children.size());
+    if (asked.told == all) return;
+    beginInsertRows(parent, asked.told, all - 1);
+    asked.told = all;
+    endInsertRows();
+}
+
+void TreeModel::tell(Node node) {
+    std::vector<Node> above;
+    for (Node parent = parentOf(node); parent != noNode; parent = parentOf(parent)) above.push_back(parent);
+    for (auto parent = above.rbegin(); parent != above.rend(); ++parent) fetchMore(place(*parent));
 }
 
 void TreeModel::forget(Node node) {
@@ -56,12 +86,15 @@ void TreeModel::remove(Node node) {
     if (!contains(node)) return;
     const Node parent = entry(node).parent;
     const int row = entry(node).row;
-    beginRemoveRows(place(parent), row, row);
+    const bool wasTold = row < toldOf(parent);
+    if (wasTold) beginRemoveRows(place(parent), row, row);
     std::vector<Node>& siblings = childrenOf(parent);
     siblings.erase(siblings.begin() + row);
     for (std::size_t at = static_cast<std::size_t>(row); at < siblings.size(); ++at)
         entry(siblings[at]).row = static_cast<int>(at);
     forget(node);
+    if (!wasTold) return;
+    if (parent != noNode) --entry(parent).told;
     endRemoveRows();
 }
 
@@ -156,6 +189,7 @@ bool TreeModel::isConsistent() const {
         const Node parent = parents.back();
         parents.pop_back();
         const std::vector<Node>& children = childrenOf(parent);
+        if (static_cast<std::size_t>(toldOf(parent)) > children.size()) return false;
         for (std::size_t row = 0; row < children.size(); ++row) {
             const Node child = children[row];
             if (!contains(child) || entry(child).parent != parent) return false;
@@ -172,9 +206,9 @@ bool TreeModel::isConsistent() const {
 }
 
 QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {
-    const std::vector<Node>& children = childrenOf(nodeOf(parent));
-    if (column != 0 || row < 0 || static_cast<std::size_t>(row) >= children.size()) return {};
-    return createIndex(row, 0, static_cast<quintptr>(children[static_cast<std::size_t>(row)]));
+    const Node above = nodeOf(parent);
+    if (column != 0 || row < 0 || row >= toldOf(above)) return {};
+    return createIndex(row, 0, static_cast<quintptr>(childrenOf(above)[static_cast<std::size_t>(row)]));
 }
 
 QModelIndex TreeModel::parent(const QModelIndex& child) const {
@@ -182,7 +216,7 @@ QModelIndex TreeModel::parent(const QModelIndex& child) const {
 }
 
 int TreeModel::rowCount(const QModelIndex& parent) const {
-    return childCount(nodeOf(parent));
+    return toldOf(nodeOf(parent));
 }
 
 int TreeModel::columnCount(const QModelIndex&) const {

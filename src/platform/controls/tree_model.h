@@ -12,6 +12,9 @@ using Node = int;
 inline constexpr Node noNode = 0;  // also the invisible parent of the roots
 
 // The nodes of a tree, kept compactly: a hundred thousand are nothing. Roots can be renamed.
+//
+// Views are told of a node's first child, and of the others only when they ask for more, which they do on
+// opening it: so loading a closed branch costs them nothing.
 class TreeModel : public QAbstractItemModel {
     Q_OBJECT
   public:
@@ -43,7 +46,9 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] Node nextSibling(Node node) const;
     [[nodiscard]] QString fullPath(Node node) const;  // from the root down, joined by backslashes
 
+    // Where views find the node, once they were told of it.
     [[nodiscard]] QModelIndex place(Node node) const;
+    void tell(Node node);
     [[nodiscard]] static Node nodeOf(const QModelIndex& place);
 
     // Every link has its counterpart: parents know their children in order, indices and keys lead back.
@@ -53,6 +58,8 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] QModelIndex parent(const QModelIndex& child) const override;
     [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent) const override;
+    [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
+    void fetchMore(const QModelIndex& parent) override;
     [[nodiscard]] bool hasChildren(const QModelIndex& parent) const override;
     [[nodiscard]] QVariant data(const QModelIndex& place, int role) const override;
     bool setData(const QModelIndex& place, const QVariant& value, int role) override;
@@ -72,8 +79,10 @@ class TreeModel : public QAbstractItemModel {
         Node parent = noNode;
         int row = 0;    // among the children of the parent
         int index = 0;  // 0 once removed
+        int told = 0;   // how many children views know of
         short picture = 0;
         short selectedPicture = 0;
+        bool asked = false;  // a view wants to know all children
     };
 
     [[nodiscard]] const Entry& entry(Node node) const {
@@ -82,6 +91,7 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] Entry& entry(Node node) { return m_entries[static_cast<std::size_t>(node - 1)]; }
     [[nodiscard]] const std::vector<Node>& childrenOf(Node node) const;
     [[nodiscard]] std::vector<Node>& childrenOf(Node node);
+    [[nodiscard]] int toldOf(Node parent) const;
     void forget(Node node);
 
     std::vector<Entry> m_entries;  // by handle less one

@@ -74,6 +74,7 @@ bool TreeView::isExpanded(Node node) const {
 }
 
 void TreeView::setExpanded(Node node, bool expanded) {
+    m_model.tell(node);
     QTreeView::setExpanded(m_model.place(node), expanded);
 }
 
@@ -83,6 +84,7 @@ Node TreeView::selected() const {
 }
 
 void TreeView::setSelected(Node node) {
+    m_model.tell(node);
     if (m_model.contains(node))
         setCurrentIndex(m_model.place(node));
     else

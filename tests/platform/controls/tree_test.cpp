@@ -11,6 +11,8 @@
 namespace controls {
 namespace {
 
+using Nodes = std::vector<int>;
+
 // Two units, the first with folders in two depths:  Uno(A(B), C)  Dos
 class TreeTest : public testing::Test {
   protected:
@@ -41,8 +43,6 @@ class TreeTest : public testing::Test {
     Node c = tree.addNode(one, "C", 2, 3);
     QSignalSpy clicks;
 };
-
-using Nodes = std::vector<int>;
 
 TEST_F(TreeTest, NodesKnowTheirPlace) {
     EXPECT_EQ(tree.nodes().fullPath(b), "Uno :\\A\\B");
@@ -112,6 +112,28 @@ TEST_F(TreeTest, KeysDoWhatTheMouseDoes) {
     EXPECT_EQ(clicked(), (Nodes{a, c}));
     QTest::keyClick(&tree, Qt::Key_Return);
     EXPECT_EQ(clicked(), Nodes{c});
+}
+
+// Views are told of a closed node's first child only.
+TEST_F(TreeTest, AllNodesCanBeReachedHoweverTheyAreOpened) {
+    const Node d = tree.addNode(c, "D", 2, 3);
+    const Node e = tree.addNode(c, "E", 2, 3);
+    tree.setSelected(e);
+    EXPECT_EQ(tree.selected(), e);
+    EXPECT_FALSE(tree.visualRect(tree.nodes().place(d)).isEmpty());
+    tree.setExpanded(one, false);
+    tree.addNode(one, "F", 2, 3);
+    Nodes below;
+    for (int depth = 0; depth < 3; ++depth) {
+        const Node parent = depth == 0 ? two : below.back();
+        for (const char* name : {"x", "y", "z"}) below.push_back(tree.addNode(parent, name, 2, 3));
+    }
+    tree.setSelected(two);
+    QTest::keyClick(&tree, Qt::Key_Asterisk);  // opens the whole branch
+    for (const Node node : below) EXPECT_FALSE(tree.visualRect(tree.nodes().place(node)).isEmpty());
+    tree.remove(below.back());
+    tree.remove(two);
+    EXPECT_TRUE(tree.nodes().isConsistent());
 }
 
 TEST_F(TreeTest, FirstKeyTakesTheNodeThatHasTheFocus) {
