@@ -40,8 +40,10 @@ bool PathIndex::add(const Prepared& row, std::string_view key) {
     m_ends.push_back(m_paths.size());
     const bool together = m_levelColumn < 0;
     if (!together && row.isNull(m_levelColumn)) return true;
-    m_levels[together ? "" : folded(row.text(m_levelColumn))].rows.push_back(
-        static_cast<std::uint32_t>(number));
+    const std::string_view level = together ? "" : row.text(m_levelColumn);
+    auto found = m_levels.find(level);
+    if (found == m_levels.end()) found = m_levels.try_emplace(std::string(level)).first;
+    found->second.rows.push_back(static_cast<std::uint32_t>(number));
     return true;
 }
 
@@ -69,7 +71,7 @@ void PathIndex::addRuns(const Level& level, std::size_t components, Runs& runs) 
 
 const StoredRows::Selection& PathIndex::find(std::string_view level, std::string_view path) {
     static const StoredRows::Selection nothing;
-    const auto asked = m_levels.find(folded(level));
+    const auto asked = m_levels.find(level);
     if (asked == m_levels.end()) return nothing;
     const std::size_t components = std::count(path.begin(), path.end(), '\\') - 1;
     auto [runs, isNew] = asked->second.runs.try_emplace(components);

@@ -22,8 +22,8 @@ class PathIndex {
     // `shown` fields. Nothing when the rows cannot be read, or are too many to be kept.
     [[nodiscard]] static std::shared_ptr<PathIndex> build(const Scan& scan, Levels levels, std::size_t shown);
 
-    // The rows whose path holds `\A\B\` and whose level is the one given (empty for levels that are
-    // together), case aside.
+    // The rows whose path holds `\A\B\`, case aside, and whose level is the one given (empty for levels that
+    // are together).
     [[nodiscard]] const StoredRows::Selection& find(std::string_view level, std::string_view path);
 
     [[nodiscard]] const RowSet& rows() const { return m_rows; }
@@ -42,11 +42,11 @@ class PathIndex {
 
     RowSet m_rows;
     int m_pathColumn;
-    int m_levelColumn;                      // -1 for levels that are together
-    std::string m_paths;                    // folded, one behind the other
-    std::vector<std::size_t> m_ends;        // of each row's path
-    std::map<std::string, Level> m_levels;  // by the level, folded
-    std::string m_wanted;                   // the path asked for, folded
+    int m_levelColumn;                // -1 for levels that are together
+    std::string m_paths;              // folded, one behind the other
+    std::vector<std::size_t> m_ends;  // of each row's path
+    std::map<std::string, Level, std::less<>> m_levels;
+    std::string m_wanted;  // the path asked for, folded
 };
 
 }  // namespace jet

@@ -44,6 +44,22 @@ TEST_F(PathLookupTest, GivesWhatTheScanGives) {
     EXPECT_GT(found, 1000);
 }
 
+TEST_F(PathLookupTest, TakesTheLevelByTheByteAsTheScanDoes) {
+    auto db = open();
+    addFolder(db, "E:\\a\\x", "x", 2);
+    run(db,
+        "insert into datos (ruta,carpeta,nivel,tipo,disco) values ('E:\\a\\y','y','b','Carpeta de "
+        "archivos','U :')");
+    run(db,
+        "insert into datos (ruta,carpeta,nivel,tipo,disco) values ('E:\\a\\z','z','B','Carpeta de "
+        "archivos','U :')");
+    for (int round = 0; round < 3; ++round)
+        EXPECT_EQ(
+            column(db, "carpeta",
+                   "select carpeta from datos where ruta like ('*\\a\\*') and nivel=('b') order by carpeta"),
+            "y");
+}
+
 TEST_F(PathLookupTest, KnowsWhichOfTwoPatternsIsThePath) {
     auto db = open();
     addFolder(db, "E:\\a\\x", "x", 2);
