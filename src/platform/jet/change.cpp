@@ -6,8 +6,12 @@
 
 namespace jet {
 
-Result<long long> Changes::run(const Statement& statement, const std::vector<Literal>& literals) {
-    if (statement.kind == Statement::Insert) return insert(statement, literals);
+Result<long long> Changes::run(const std::shared_ptr<const Statement>& statement,
+                               const std::vector<Literal>& literals) {
+    return statement->kind == Statement::Insert ? insert(statement, literals) : change(*statement, literals);
+}
+
+Result<long long> Changes::change(const Statement& statement, const std::vector<Literal>& literals) {
     if (auto current = m_census.refresh(); !current) return std::unexpected(current.error());
     const Scan scan{m_connection, m_census, statement, literals};
     if (statement.kind == Statement::Delete && m_connection.use() == Use::Scratch) {
@@ -25,14 +29,15 @@ Result<long long> Changes::run(const Statement& statement, const std::vector<Lit
     return runPrepared(*prepared);
 }
 
-Result<long long> Changes::insert(const Statement& statement, const std::vector<Literal>& literals) {
-    if (m_lastInsert != &statement) {
+Result<long long> Changes::insert(const std::shared_ptr<const Statement>& statement,
+                                  const std::vector<Literal>& literals) {
+    if (m_lastInsert != statement) {
         SqlWriter writer(literals, m_census);
-        writer.writeInsert(statement);
+        writer.writeInsert(*statement);
         m_lastInsertSql = writer.sql();
-        m_lastInsert = &statement;
+        m_lastInsert = statement;
     }
-    const auto& assignments = statement.assignments;
+    const auto& assignments = statement->assignments;
     m_values.clear();
     m_storage.resize(assignments.size());
     for (std::size_t i = 0; i < assignments.size(); ++i) {

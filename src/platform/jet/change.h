@@ -12,11 +12,14 @@ class Changes {
   public:
     Changes(Connection& connection, Census& census) : m_connection(connection), m_census(census) {}
 
-    // The number of rows changed. The statement must outlive this object, or be another one each time.
-    [[nodiscard]] Result<long long> run(const Statement& statement, const std::vector<Literal>& literals);
+    // The number of rows changed.
+    [[nodiscard]] Result<long long> run(const std::shared_ptr<const Statement>& statement,
+                                        const std::vector<Literal>& literals);
 
   private:
-    [[nodiscard]] Result<long long> insert(const Statement& statement, const std::vector<Literal>& literals);
+    [[nodiscard]] Result<long long> insert(const std::shared_ptr<const Statement>& statement,
+                                           const std::vector<Literal>& literals);
+    [[nodiscard]] Result<long long> change(const Statement& statement, const std::vector<Literal>& literals);
     [[nodiscard]] Result<long long> runPrepared(Prepared& prepared);
 
     Connection& m_connection;
@@ -25,7 +28,7 @@ class Changes {
     std::vector<std::string> m_storage;
 
     // The insert that ran last: a scan runs one or two of them a hundred thousand times.
-    const Statement* m_lastInsert = nullptr;
+    std::shared_ptr<const Statement> m_lastInsert;
     std::string m_lastInsertSql;
 };
 

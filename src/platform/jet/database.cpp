@@ -47,7 +47,7 @@ Result<long long> Database::Execute(std::string_view sql) {
     if ((*statement)->kind == Statement::Select) {
         return std::unexpected(Error{error::general, "A select cannot be executed"});
     }
-    return m_impl->changes.run(**statement, m_impl->reader.literals());
+    return m_impl->changes.run(*statement, m_impl->reader.literals());
 }
 
 Result<Recordset> Database::OpenRecordset(std::string_view sql) {
