@@ -12,7 +12,7 @@ std::string fenced(std::string_view name) {
 }
 
 std::string anywhere(std::string_view name) {
-    return "*" + fenced(name) + "*";
+    return std::string("*").append(fenced(name)).append("*");
 }
 
 }  // namespace
@@ -52,9 +52,8 @@ int NameLists::levelOf(std::string_view disco, std::string_view node,
     };
     for (int level = 2; level <= deepestListed && level - 1 <= static_cast<int>(ancestors.size()); ++level) {
         // From depth 3 on the name may stand anywhere behind the unit.
-        const std::string between = level == 2 ? "" : "*";
-        const std::string pattern =
-            "*" + fenced(disco) + between + std::string(node) + std::string(fence) + "*";
+        std::string pattern("*");
+        pattern.append(fenced(disco)).append(level == 2 ? "" : "*").append(node).append(fence).append("*");
         if (holds(level, pattern) && ancestorsHold(level)) return level;
     }
     return 0;
