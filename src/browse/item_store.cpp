@@ -73,7 +73,7 @@ std::string ItemStore::Impl::nameKey(const Item& item) {
         case NameKey::File:
             return std::string("b").append(item.name());
         case NameKey::LowerCaseFile:
-            return "b" + asciiLower(item.name());
+            return std::string("b").append(asciiLower(item.name()));
         case NameKey::OfItsOwn:
             break;
     }

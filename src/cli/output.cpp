@@ -93,7 +93,9 @@ JsonLine& JsonLine::boolean(std::string_view name, bool value) {
 
 std::string JsonLine::take() {
     m_line += "}\n";
-    return std::exchange(m_line, "{");
+    std::string line = std::move(m_line);
+    m_line.assign(1, '{');
+    return line;
 }
 
 void JsonLine::key(std::string_view name) {

@@ -20,7 +20,7 @@ jet::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, jet::D
 
     core::CatalogRow row;
     row.numero = lastNumero(database) + 1;
-    row.ruta = "C:" + unit.content;  // no drive: only how such a row is marked
+    row.ruta = std::string("C:").append(unit.content);  // no drive: only how such a row is marked
     row.carpeta = unit.content;
     row.nivel = "1";
     row.fecha = core::today();
