@@ -3,15 +3,12 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
 
-#include "core/catalog_row.h"
-#include "core/inserts.h"
-#include "core/unit_kinds.h"
-#include "platform/jet/database.h"
-#include "platform/jet/maintenance.h"
+#include "support/catalogue_fixture.h"
 
 namespace test {
 
@@ -50,34 +47,29 @@ inline Content contentOf(const std::string& path) {
     return content;
 }
 
-// Writes a unit of `count` rows, a folder to every twenty files, with nothing but the program's own
-// statements.
-inline void writeUnit(jet::Database& database, const std::string& name, int count) {
-    jet::Transaction all(database);
-    ASSERT_TRUE(all.begin());
+// The rows of a unit, a folder to every twenty files.
+inline std::vector<core::CatalogRow> unitOf(const std::string& name, int count) {
+    std::vector<core::CatalogRow> rows;
     for (int i = 0; i < count; ++i) {
-        core::CatalogRow row;
-        row.numero = i + 1;
-        row.carpeta = "folder" + std::to_string(i / 20);
-        row.ruta = "E:\\" + row.carpeta;
-        row.nivel = i % 20 == 0 ? "1" : "2";
-        row.fecha = 37'000 + i / 7.0;
-        row.disco = name + std::string(core::unitSuffix);
-        row.tipo = i % 20 == 0 ? core::folderTipo : core::fileTipo;
-        if (i % 20 != 0) {
-            row.archivo = "file " + std::to_string(i) + ".txt";
-            row.largo = i;
-        }
-        ASSERT_TRUE(database.Execute(row.archivo ? core::insertFile(row) : core::insertFolder(row)));
+        const std::string disco = name + " :", ruta = "E:\\folder" + std::to_string(i / 20);
+        rows.push_back(i % 20 == 0 ? folderRow(disco, ruta)
+                                   : fileRow(disco, ruta, "file " + std::to_string(i) + ".txt", i));
+        rows.back().fecha = 37'000 + i / 7.0;
     }
-    ASSERT_TRUE(all.commit());
+    return rows;
+}
+
+inline void makeTree(const std::string& path, int folders, int filesInEach) {
+    for (int folder = 0; folder < folders; ++folder) {
+        const std::string inner = path + "/folder" + std::to_string(folder);
+        std::filesystem::create_directories(inner);
+        for (int file = 0; file < filesInEach; ++file) writeFile(inner + "/file" + std::to_string(file), "");
+    }
 }
 
 inline void makeCatalogue(const std::string& path, const std::vector<std::string>& units, int rowsEach) {
     ASSERT_TRUE(jet::CreateDatabase(path));
-    auto database = jet::OpenDatabase(path);
-    ASSERT_TRUE(database);
-    for (const std::string& unit : units) writeUnit(*database, unit, rowsEach);
+    for (const std::string& unit : units) addRows(path, unitOf(unit, rowsEach));
 }
 
 }  // namespace test

@@ -38,14 +38,6 @@ std::vector<Work> worksOn(const std::string& catalogue, const std::string& tree)
     };
 }
 
-void makeTree(const std::string& path) {
-    for (int folder = 0; folder < 20; ++folder) {
-        const std::string inner = path + "/folder" + std::to_string(folder);
-        fs::create_directories(inner);
-        for (int file = 0; file < 50; ++file) test::writeFile(inner + "/file" + std::to_string(file), "");
-    }
-}
-
 // Runs a work where it may not get all the room it wants.
 void runCramped(const Work& work, const std::string& catalogue, const Content& before,
                 const test::Conditions& conditions) {
@@ -65,7 +57,7 @@ TEST(FullDisk, NothingIsLostAndWorkGoesOnWhenThereIsRoom) {
     const test::OwnDisk disk(4);
     if (!disk.isMounted()) GTEST_SKIP() << "no disk can be mounted here";
     const test::TemporaryFolder elsewhere;
-    makeTree(elsewhere / "tree");
+    test::makeTree(elsewhere / "tree", 20, 50);
     const std::string original = elsewhere / "original.zrq";
     test::makeCatalogue(original, {"Earlier", "Victim"}, 1500);
     const Content before = test::contentOf(original);
@@ -92,7 +84,7 @@ TEST(FullDisk, NothingIsLostAndWorkGoesOnWhenThereIsRoom) {
 
 TEST(FullDisk, AFileThatMayNotGrowLosesNothing) {
     const test::TemporaryFolder folder;
-    makeTree(folder / "tree");
+    test::makeTree(folder / "tree", 20, 50);
     const std::string original = folder / "original.zrq";
     test::makeCatalogue(original, {"Earlier", "Victim"}, 1500);
     const Content before = test::contentOf(original);
@@ -114,7 +106,7 @@ TEST(ReadOnlyDisk, IsReadAndRefusesChanges) {
     const test::OwnDisk disk(4);
     if (!disk.isMounted()) GTEST_SKIP() << "no disk can be mounted here";
     const test::TemporaryFolder elsewhere;
-    makeTree(elsewhere / "tree");
+    test::makeTree(elsewhere / "tree", 20, 50);
     const std::string catalogue = disk / "catalogue.zrq";
     test::makeCatalogue(catalogue, {"Earlier", "Victim"}, 100);
     const std::string bytes = test::readFile(catalogue);

@@ -70,11 +70,7 @@ class Killed : public testing::Test {
 };
 
 TEST_F(Killed, ScanKeepsAllButItsLastMoments) {
-    for (int folder = 0; folder < 40; ++folder) {
-        const std::string path = work / ("tree/folder" + std::to_string(folder));
-        fs::create_directories(path);
-        for (int file = 0; file < 50; ++file) test::writeFile(path + "/file" + std::to_string(file), "x");
-    }
+    test::makeTree(work / "tree", 40, 50);
     const Words scan{ZARQUELIN_CLI, "scan", catalogue, "New", work / "tree"};
     restore();
     ASSERT_EQ(test::statusOf(scan), 0);
