@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 
 #include "reliability/catalogue_check.h"
@@ -12,19 +11,12 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-
 class TwoPrograms : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         elsewhere = std::make_unique<test::TemporaryFolder>();
         tree = *elsewhere / "tree";
-        for (int folder = 0; folder < folders; ++folder) {
-            const std::string path = tree + "/folder" + std::to_string(folder);
-            fs::create_directories(path);
-            for (int file = 0; file < filesInEach; ++file)
-                test::writeFile(path + "/file" + std::to_string(file), "");
-        }
+        test::makeTree(tree, folders, filesInEach);
     }
     static void TearDownTestSuite() { elsewhere.reset(); }
 
@@ -94,6 +86,7 @@ TEST_F(TwoPrograms, AFileInTheMidstOfAChangeIsNotReplaced) {
     ASSERT_TRUE(change.begin());
     ASSERT_TRUE(open.Execute("update datos set comentario='noted' where disco=('Earlier :')"));
     EXPECT_NE(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
+    EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 3);
     ASSERT_TRUE(change.commit());
     EXPECT_EQ(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
     EXPECT_EQ(test::contentOf(catalogue), test::contentOf(other));
