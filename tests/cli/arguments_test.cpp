@@ -10,18 +10,6 @@ std::expected<cli::Arguments, cli::UsageError> parsed(const Words& words) {
     return cli::parse(words);
 }
 
-TEST(Arguments, OptionsMayStandAnywhereBehindTheCommand) {
-    for (const Words& words : {Words{"add", "--kind", "audio", "c", "n", "x", "--json"},
-                               Words{"--json", "add", "c", "--kind=audio", "n", "x"}}) {
-        const auto arguments = parsed(words);
-        ASSERT_TRUE(arguments);
-        EXPECT_EQ(arguments->command->name, "add");
-        EXPECT_EQ(arguments->operands, (std::vector<std::string>{"c", "n", "x"}));
-        EXPECT_EQ(arguments->value("--kind"), "audio");
-        EXPECT_TRUE(arguments->json);
-    }
-}
-
 TEST(Arguments, OperandsAreBytesAndMayLookLikeOptions) {
     const auto arguments = parsed({"add", "-c", "\xff\xfe", "--", "--json"});
     ASSERT_TRUE(arguments);

