@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
-#include <QHeaderView>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
-#include <QTreeView>
 
 #include "platform/controls/list_view.h"
 
@@ -39,7 +37,6 @@ class ListTest : public testing::Test {
             if (list.isSelected(row)) rows.push_back(row);
         return rows;
     }
-    [[nodiscard]] QHeaderView* header() const { return list.findChild<QTreeView*>("report")->header(); }
 
     QStandardItemModel model;
     ListView list;
@@ -117,20 +114,6 @@ TEST_F(ListTest, TheMouseIsToldAfterTheSelection) {
     EXPECT_EQ(pressed[0], std::pair(Qt::RightButton, Rows{2}));
     ASSERT_EQ(releases.count(), 1);
     EXPECT_EQ(releases[0].at(1).toPoint(), list.shownView()->viewport()->mapToGlobal(at(2)));
-}
-
-TEST_F(ListTest, HeadersAreClickedAndHiddenColumnsStayShut) {
-    QSignalSpy columns(&list, &ListView::columnClicked);
-    QTest::mouseClick(header()->viewport(), Qt::LeftButton, {}, {header()->sectionPosition(1) + 40, 8});
-    ASSERT_EQ(columns.count(), 1);
-    EXPECT_EQ(columns[0].at(0).toInt(), 2);
-
-    list.setColumnWidth(3, 80);
-    EXPECT_EQ(list.columnWidth(3), 0);
-    header()->showSection(2);
-    header()->resizeSection(2, 90);
-    EXPECT_EQ(list.columnWidth(3), 0);
-    EXPECT_EQ(list.columnWidth(2), 150);
 }
 
 TEST_F(ListTest, ALargerFontMakesLargerCells) {
