@@ -6,7 +6,7 @@
 
 #include "platform/command_line.h"
 #include "platform/settings.h"
-#include "platform/shell_open.h"
+#include "support/opened_files.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -64,19 +64,14 @@ TEST(Settings, AnUnwritableStoreKeepsValuesForTheRun) {
 
 TEST(ShellOpen, LinkFilesAreOpenedByTheirAddress) {
     const test::TemporaryFolder folder;
-    std::string opened;
-    platform::setShellOpener([&](const std::string& target, const std::string&) {
-        opened = target;
-        return true;
-    });
+    const test::OpenedFiles opened;
     writeFile(folder / "site.URL", "[InternetShortcut]\r\nURL=https://example.org/?a=b\r\nIconIndex=0\r\n");
-    EXPECT_TRUE(platform::ShellExecute(folder / "site.URL", ""));
-    EXPECT_EQ(opened, "https://example.org/?a=b");
-    EXPECT_TRUE(platform::ShellExecute("mailto:someone@example.org", ""));
-    EXPECT_EQ(opened, "mailto:someone@example.org");
     writeFile(folder / "empty.url", "[InternetShortcut]\nURL=\n");
+    EXPECT_TRUE(platform::ShellExecute(folder / "site.URL", ""));
+    EXPECT_TRUE(platform::ShellExecute("mailto:someone@example.org", ""));
     EXPECT_FALSE(platform::ShellExecute(folder / "empty.url", ""));
-    platform::setShellOpener({});
+    EXPECT_EQ(opened.targets,
+              (std::vector<std::string>{"https://example.org/?a=b", "mailto:someone@example.org"}));
 }
 
 TEST(ShellOpen, TheDesktopsProgramGetsTheExactNameAndFolder) {

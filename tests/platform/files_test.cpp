@@ -127,13 +127,10 @@ TEST_F(Files, ExistenceAndDeletion) {
     fs::create_symlink("source", folder / "link");
     fs::create_symlink("gone", folder / "dangling");
     fs::create_directory_symlink(".", folder / "here");
-    EXPECT_TRUE(platform::FileExists(source));
-    EXPECT_TRUE(platform::FileExists(folder / "link"));
-    EXPECT_FALSE(platform::FileExists(folder / "dangling"));
-    EXPECT_FALSE(platform::FileExists(folder.path()));
-    EXPECT_FALSE(platform::FileExists(""));
-    EXPECT_TRUE(platform::FolderExists(folder / "here"));
-    EXPECT_FALSE(platform::FolderExists(source));
+    for (const std::string& file : {source, folder / "link"}) EXPECT_TRUE(platform::FileExists(file)) << file;
+    for (const std::string& none : {folder / "dangling", folder.path(), std::string()})
+        EXPECT_FALSE(platform::FileExists(none)) << none;
+    EXPECT_TRUE(platform::FolderExists(folder / "here") && !platform::FolderExists(source));
 
     EXPECT_EQ(numberOf(platform::DeleteFile(folder / "link")), 0);
     EXPECT_TRUE(platform::FileExists(source));

@@ -15,14 +15,6 @@ bool isUtf8(const std::string& text) {
     return QString::fromStdString(text).toStdString() == text;
 }
 
-TEST(Names, ReadableNamesStayAsTheyAre) {
-    for (const std::string name :
-         {"", "plain.txt", "año ñandú.mp3", "日本語", "😀.png", "~!@#$%^&*'\"", "a\nb"}) {
-        EXPECT_EQ(toCatalogueName(name), name);
-        EXPECT_EQ(toDiskName(name), name);
-    }
-}
-
 TEST(Names, EachOddByteBecomesOneCharacter) {
     EXPECT_EQ(toCatalogueName("a\\b"), "a\uF05Cb");
     EXPECT_EQ(toCatalogueName("caf\xE9"), "caf\uF0E9");                          // Latin-1
