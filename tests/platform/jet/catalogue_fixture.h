@@ -1,33 +1,21 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
-#include <vector>
 
 #include "platform/jet/database.h"
 #include "platform/jet/maintenance.h"
+#include "support/temporary_folder.h"
 
 // A fresh folder with an empty catalogue in it.
 class CatalogueTest : public testing::Test {
   protected:
-    CatalogueTest() {
-        std::string name = (std::filesystem::temp_directory_path() / "jet-XXXXXX").string();
-        folder = ::mkdtemp(name.data());
-        path = folder / "a.zrq";
-        if (!jet::CreateDatabase(path)) std::abort();
-    }
-    ~CatalogueTest() override { std::filesystem::remove_all(folder); }
+    CatalogueTest() { jet::CreateDatabase(path).value(); }
 
-    jet::Database open(jet::Use use = jet::Use::Catalogue) {
-        auto opened = jet::OpenDatabase(path, use);
-        if (!opened) throw std::runtime_error(opened.error().text);
-        return std::move(*opened);
-    }
+    jet::Database open(jet::Use use = jet::Use::Catalogue) { return jet::OpenDatabase(path, use).value(); }
 
     static void run(jet::Database& database, const std::string& sql) {
         const auto done = database.Execute(sql);
@@ -77,14 +65,25 @@ class CatalogueTest : public testing::Test {
         return done ? 0 : done.error().number;
     }
 
-    static std::string bytesOf(const std::filesystem::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-    static void write(const std::filesystem::path& file, const std::string& bytes) {
-        std::ofstream(file, std::ios::binary | std::ios::trunc) << bytes;
+    // What the bare engine answers to a statement; its error when it refuses.
+    static std::string plainly(const std::string& file, const char* sql) {
+        sqlite3* database = nullptr;
+        std::string answer;
+        const auto add = [](void* to, int, char** values, char**) {
+            *static_cast<std::string*>(to) += values[0];
+            return 0;
+        };
+        if (sqlite3_open(file.c_str(), &database) != SQLITE_OK ||
+            sqlite3_exec(database, sql, add, &answer, nullptr) != SQLITE_OK)
+            answer = sqlite3_errmsg(database);
+        sqlite3_close(database);
+        return answer;
     }
 
-    std::filesystem::path folder;
-    std::filesystem::path path;
+  private:
+    const test::TemporaryFolder m_folder;
+
+  protected:
+    const std::filesystem::path folder = m_folder.path();
+    const std::filesystem::path path = folder / "a.zrq";
 };

@@ -1,11 +1,9 @@
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "fuzz_rounds.h"
 #include "platform/jet/database.h"
 #include "platform/jet/maintenance.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
@@ -27,8 +25,7 @@ void useAll(const std::string& path) {
 // A catalogue with a few bytes changed or its end cut off: reading ends in rows or an error, and what a
 // repair calls repaired is sound.
 int main(int argc, char** argv) {
-    std::string name = (std::filesystem::temp_directory_path() / "jet-fuzz-XXXXXX").string();
-    const std::filesystem::path folder = ::mkdtemp(name.data());
+    const test::TemporaryFolder folder;
     const std::string path = folder / "a.zrq";
     if (!jet::CreateDatabase(path)) return 1;
     if (auto db = jet::OpenDatabase(path)) {
@@ -40,8 +37,7 @@ int main(int argc, char** argv) {
                 "','1','3','4','Archivo','U :','" + std::string(i % 90 == 0 ? 9000 : 5, 'n') + "')");
         }
     }
-    std::ifstream in(path, std::ios::binary);
-    const std::string whole{std::istreambuf_iterator<char>(in), {}};
+    const std::string whole = test::readFile(path);
     std::mt19937 random(3);
     bool unsound = false;
     int repaired = 0;
@@ -52,7 +48,7 @@ int main(int argc, char** argv) {
             hurt[at] = static_cast<char>(hurt[at] ^ 1 << random() % 8);
         }
         if (random() % 3 == 0) hurt.resize(random() % hurt.size());
-        std::ofstream(path, std::ios::binary | std::ios::trunc) << hurt;
+        test::writeFile(path, hurt);
         useAll(path);
         if (!jet::RepairDatabase(path)) continue;
         ++repaired;
@@ -60,7 +56,6 @@ int main(int argc, char** argv) {
         unsound = !jet::OpenDatabase(path).has_value();
         unsound = unsound || !jet::RepairDatabase(path).has_value();
     }
-    std::filesystem::remove_all(folder);
     std::printf("%d repaired%s\n", repaired, unsound ? ", one of them unsound" : "");
     return unsound ? 1 : 0;
 }

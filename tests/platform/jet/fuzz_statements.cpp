@@ -1,9 +1,9 @@
 #include <cstdio>
-#include <filesystem>
 
 #include "fuzz_rounds.h"
 #include "platform/jet/database.h"
 #include "platform/jet/maintenance.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
@@ -87,8 +87,7 @@ std::string nearlyValid(std::mt19937& random) {
 // Statements put together or spoilt at random: each is refused with a number or runs, and none but a delete
 // loses a row.
 int main(int argc, char** argv) {
-    std::string name = (std::filesystem::temp_directory_path() / "jet-fuzz-XXXXXX").string();
-    const std::filesystem::path folder = ::mkdtemp(name.data());
+    const test::TemporaryFolder folder;
     const std::string path = folder / "a.zrq";
     int accepted = 0;
     bool lost = !jet::CreateDatabase(path);
@@ -109,7 +108,6 @@ int main(int argc, char** argv) {
                 lost = db->OpenRecordset("select * from datos order by numero")->RecordCount() != rows;
         }
     }
-    std::filesystem::remove_all(folder);
     std::printf("%d accepted%s\n", accepted, lost ? ", rows lost" : "");
     return lost || accepted == 0 ? 1 : 0;
 }

@@ -2,21 +2,11 @@
 
 #include <gtest/gtest.h>
 
+// Plain patterns are compared with a reading of their meaning at random; here is what that leaves out.
 namespace {
 
 bool like(std::string_view text, std::string_view pattern) {
     return jet::LikePattern(pattern).matches(text);
-}
-
-TEST(Like, TakesTheWholeValueInEitherCase) {
-    EXPECT_TRUE(like("Foto Playa.JPG", "*playa*.jpg"));
-    EXPECT_FALSE(like("Foto Playa.JPG.bak", "*playa*.jpg"));
-    EXPECT_TRUE(like("x.MP3", "?.mp#"));
-    EXPECT_FALSE(like("x.mpa", "?.mp#"));
-    EXPECT_TRUE(like("", "*"));
-    EXPECT_TRUE(like("", ""));
-    EXPECT_FALSE(like("a", ""));
-    EXPECT_FALSE(like("ab.jpg", "ab*b.jpg"));  // start and end may not share a character
 }
 
 TEST(Like, FoldsCaseOverAllOfUnicodeAndKeepsAccents) {
@@ -31,17 +21,11 @@ TEST(Like, FoldsCaseOverAllOfUnicodeAndKeepsAccents) {
     EXPECT_TRUE(like("Ñ", "[m-ñ]"));
 }
 
-TEST(Like, ReadsSetsAndLonelyBrackets) {
-    EXPECT_TRUE(like("b", "[a-c]"));
-    EXPECT_TRUE(like("B", "[!x-z]"));
-    EXPECT_FALSE(like("X", "[!x-z]"));
+TEST(Like, ReadsOddSets) {
     EXPECT_TRUE(like("-", "[a-]"));
     EXPECT_TRUE(like("*", "[*]"));
     EXPECT_FALSE(like("a", "[*]"));
     EXPECT_TRUE(like("!", "[!]"));
-    EXPECT_TRUE(like("ab", "a[]b"));
-    EXPECT_TRUE(like("[x", "[x"));
-    EXPECT_TRUE(like("a]", "a]"));
 }
 
 TEST(Like, TakesAnyBytes) {

@@ -43,6 +43,7 @@ const std::vector<Case> cases{
      {"insert into datos (numero,ruta) values (?,?)", {"it's", ""}}},
     {"insert into datos (numero,ruta) values ('open", {"error", {}}},
     {"insert into datos (numero,ruta) values (\u00e9)", {"error", {}}},
+    {"where nivel2='it''s' or x>-1.5e2 and \"q\"", {"where nivel2=? or x>-# and ?", {"it's", "1.5e2", "q"}}},
     {"where nivel='1'", {"where nivel=?", {"1"}}},
     {"where nivel1'1'", {"where nivel1?", {"1"}}},
     {"where nivel'1'", {"where nivel?", {"1"}}},
@@ -60,6 +61,12 @@ TEST(Literals, AreLiftedTheSameWhateverCameBefore) {
             EXPECT_EQ(lift(now.sql, out), now.expected) << before.sql << " then " << now.sql;
         }
     }
+}
+
+TEST(Literals, NumbersHaveOnePointOrComma) {
+    EXPECT_EQ(jet::numberOf(" 38123,5 "), 38123.5);
+    EXPECT_FALSE(jet::numberOf("1,2,3"));
+    EXPECT_FALSE(jet::numberOf("x"));
 }
 
 }  // namespace

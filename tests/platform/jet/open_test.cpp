@@ -7,6 +7,9 @@
 
 namespace {
 
+using test::readFile;
+using test::writeFile;
+
 using OpenTest = CatalogueTest;
 
 int openError(const std::string& path, jet::Use use = jet::Use::Catalogue) {
@@ -14,20 +17,13 @@ int openError(const std::string& path, jet::Use use = jet::Use::Catalogue) {
     return opened ? 0 : opened.error().number;
 }
 
-void runForeign(const std::string& path, const char* sql) {
-    sqlite3* database = nullptr;
-    ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
-    sqlite3_close(database);
-}
-
 TEST_F(OpenTest, RefusesWhatIsNoCatalogueAndLeavesItAlone) {
     const std::string other = folder / "other.zrq";
-    runForeign(other, "create table datos (x)");
-    write(folder / "empty.zrq", "");
-    write(folder / "text.zrq", std::string(5000, 'x'));
+    EXPECT_EQ(plainly(other, "create table datos (x)"), "");
+    writeFile(folder / "empty.zrq", "");
+    writeFile(folder / "text.zrq", std::string(5000, 'x'));
     ASSERT_EQ(::mkfifo((folder / "fifo.zrq").c_str(), 0600), 0);
-    const std::string before = bytesOf(other);
+    const std::string before = readFile(other);
     EXPECT_EQ(openError(other), jet::error::unrecognizedFormat);
     EXPECT_EQ(openError(folder / "empty.zrq"), jet::error::unrecognizedFormat);
     EXPECT_EQ(openError(folder / "text.zrq"), jet::error::unrecognizedFormat);
@@ -37,42 +33,43 @@ TEST_F(OpenTest, RefusesWhatIsNoCatalogueAndLeavesItAlone) {
     EXPECT_EQ(openError(""), jet::error::fileNotFound);
     EXPECT_EQ(openError(":memory:"), jet::error::fileNotFound);
     EXPECT_EQ(openError("file:" + path.string()), jet::error::fileNotFound);
-    EXPECT_EQ(bytesOf(other), before);
+    EXPECT_EQ(readFile(other), before);
     EXPECT_FALSE(std::filesystem::exists(folder / "none.zrq"));
 }
 
 TEST_F(OpenTest, RefusesCataloguesItCannotTrust) {
     const std::string later = folder / "later.zrq";
     std::filesystem::copy_file(path, later);
-    runForeign(later, "pragma user_version = 99");
+    EXPECT_EQ(plainly(later, "pragma user_version = 99"), "");
     EXPECT_EQ(openError(later), jet::error::unrecognizedFormat);
-    runForeign(path, "alter table datos drop column largo");
+    EXPECT_EQ(plainly(path, "alter table datos drop column largo"), "");
     EXPECT_EQ(openError(path), jet::error::corrupt);
-    runForeign(path, "drop table datos; create view datos as select 1 numero");
+    EXPECT_EQ(plainly(path, "drop table datos; create view datos as select 1 numero"), "");
     EXPECT_EQ(openError(path), jet::error::corrupt);
 }
 
 TEST_F(OpenTest, DisarmsTriggersAndForeignModes) {
-    runForeign(path,
-               "create trigger t after insert on datos begin delete from datos; end;"
-               "drop index datos_unidad; pragma journal_mode = wal");
+    EXPECT_EQ(plainly(path,
+                      "create trigger t after insert on datos begin delete from datos; end;"
+                      "drop index datos_unidad; pragma journal_mode = wal"),
+              "wal");
     {
         auto db = open();
         addFile(db, "r", "a");
         EXPECT_EQ(count(db, "select * from datos"), 1);
     }
     for (const auto& entry : std::filesystem::directory_iterator(folder)) EXPECT_EQ(entry.path(), path);
-    runForeign(path, "drop index datos_unidad");  // it was there again
+    EXPECT_EQ(plainly(path, "drop index datos_unidad"), "");  // it was there again
 }
 
 TEST_F(OpenTest, MarksItsFilesAndCreatesOnlyNewOnes) {
-    const std::string bytes = bytesOf(path);
+    const std::string bytes = readFile(path);
     EXPECT_EQ(bytes.substr(0, 15), "SQLite format 3");
     EXPECT_EQ(bytes.substr(68, 4), "ZRQL");
     const auto again = jet::CreateDatabase(path);
     ASSERT_FALSE(again);
     EXPECT_EQ(again.error().number, jet::error::fileExists);
-    EXPECT_EQ(bytesOf(path), bytes);
+    EXPECT_EQ(readFile(path), bytes);
     EXPECT_FALSE(jet::CreateDatabase(folder / "no" / "b.zrq"));
 }
 
@@ -81,12 +78,12 @@ TEST_F(OpenTest, ReadOnlyNeverWrites) {
         auto db = open();
         addFile(db, "r", "a");
     }
-    const std::string before = bytesOf(path);
+    const std::string before = readFile(path);
     auto db = open(jet::Use::ReadOnly);
     EXPECT_EQ(errorOf(db, "delete * from datos"), jet::error::readOnly);
     EXPECT_FALSE(db.BeginTrans() && db.Execute("update datos set comentario='x'"));
     EXPECT_EQ(count(db, "select * from datos where archivo like 'A'"), 1);
-    EXPECT_EQ(bytesOf(path), before);
+    EXPECT_EQ(readFile(path), before);
 }
 
 TEST_F(OpenTest, TellsThatAnotherHandleHoldsTheFile) {
@@ -124,9 +121,11 @@ TEST_F(OpenTest, TakesValuesThatAreNoTextsForNoNames) {
         auto db = open();
         for (const char* carpeta : {"a", "b", "c"}) addFolder(db, "E:\\x", carpeta, 1);
     }
-    runForeign(path,
-               "update datos set tipo = x'41' where carpeta = 'b'; update datos set disco = x'41' where "
-               "carpeta = 'c'");
+    EXPECT_EQ(
+        plainly(path,
+                "update datos set tipo = x'41' where carpeta = 'b'; update datos set disco = x'41' where "
+                "carpeta = 'c'"),
+        "");
     auto db = open();
     EXPECT_EQ(column(db, "disco", "select disco from datos group by disco"), "U :");
     EXPECT_EQ(count(db, "select disco from datos group by disco"), 1);
