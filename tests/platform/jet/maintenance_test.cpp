@@ -127,4 +127,16 @@ TEST_F(MaintenanceTest, RepairBringsNoDeletedRowBack) {
     EXPECT_EQ(repaired(hurt), 600);
 }
 
+TEST_F(MaintenanceTest, RepairKeepsARowWhoseDamagedNumberIsAnothers) {
+    fill(5);
+    std::string hurt = readFile(path);
+    const auto numberOf = [&](std::size_t cell) -> char& {  // in the leaf that the root is, behind the length
+        const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(hurt[8192 + at]); };
+        return hurt[8192 + byte(8 + 2 * cell) * 256u + byte(9 + 2 * cell) + 1];
+    };
+    ASSERT_EQ(numberOf(2) - numberOf(1), 1);
+    numberOf(2) = numberOf(1);
+    EXPECT_EQ(repaired(hurt), 5);
+}
+
 }  // namespace
