@@ -8,11 +8,8 @@ using core::Language;
 using shell::Toolbar;
 using test::Names;
 
-class Browsing : public test::MainWindow, public testing::WithParamInterface<Language> {
+class Browsing : public test::BilingualWindow {
   protected:
-    [[nodiscard]] std::string in(const char* spanish, const char* english) const {
-        return GetParam() == Language::Spanish ? spanish : english;
-    }
     void expectOpen(bool open) {
         for (const char* entry : {"guardar", "explorar", "Imprimir", "explore", "cerrar", "buscar", "edicion",
                                   "ver", "Herramientas"})
@@ -25,15 +22,12 @@ class Browsing : public test::MainWindow, public testing::WithParamInterface<Lan
             EXPECT_EQ(control(pane).isVisible(), open) << pane;
     }
 };
-class Looks : public test::MainWindow {};
+using Looks = test::MainWindow;
 
-INSTANTIATE_TEST_SUITE_P(, Browsing, testing::Values(Language::Spanish, Language::English),
-                         [](const auto& each) {
-                             return each.param == Language::Spanish ? "Spanish" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, Browsing, testing::Values(Language::Spanish, Language::English));
 
 TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
-    test::writeFotos(discs);
+    writeFotos();
     start(GetParam());
     expectOpen(false);
     EXPECT_EQ(caption(), "Zarquelin");
@@ -51,7 +45,6 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
 
     press(Toolbar::Import);
     EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Import}));
-    EXPECT_TRUE(control("Picture2").isVisible());
     import("Fotos", discs.disc("dvd"));
     EXPECT_TRUE(control("Picture2").isHidden());
     EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
@@ -62,7 +55,6 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     choose("arriba");  // nothing was clicked yet
     EXPECT_EQ(listed(), Names{});
     click("Fotos :");
-    EXPECT_EQ(tree().nodes().count(), 5);
     EXPECT_FALSE(tree().isExpanded(node("Fotos :")));
     EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
     EXPECT_EQ(surface().lists.listView1.subItem(2, 7), "bLista.TXT");
@@ -81,7 +73,6 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_EQ(items(combo()), (Names{"Fotos :", "Fotos :\\viaje"}));
     EXPECT_EQ(frame().status.picture(), 2);
     click("Fotos :\\viaje\\2003\\playa");
-    EXPECT_EQ(listed(), (Names{"b.jpg"}));
     EXPECT_EQ(items(combo()), (Names{"Fotos :", "Fotos :\\viaje\\2003\\playa"}));
 
     // Up to the unit: the path item stays, and every file enters the size.
@@ -95,8 +86,6 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_EQ(combo().text(), "Fotos :");
     EXPECT_EQ(items(combo()).size(), 2u);
     EXPECT_EQ(size(), in("Tamaño: 1 MB", "Size: 1 MB"));
-    press(Toolbar::Up);
-    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
 
     // The path combo: typing drops the path, choosing lists.
     click("Fotos :\\viaje");
@@ -114,7 +103,7 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Search}));
     EXPECT_TRUE(control("Picture1").isVisible() && control("ListView2").isVisible());
     EXPECT_EQ(control("Picture1").geometry(), tree().geometry());
-    EXPECT_EQ(QApplication::focusWidget(), &control("Combo2"));
+    EXPECT_EQ(focused(), "Combo2");
     search("map");
     EXPECT_EQ(listed(), (Names{"mapa.txt"}));
     press(Toolbar::Explore);
@@ -130,11 +119,13 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
 
     choose("cerrar");
     expectOpen(false);
-    EXPECT_EQ(caption(), "Zarquelin");
+    EXPECT_EQ(caption() + status() + size() + kind(), "Zarquelin");
     EXPECT_EQ(pressed(), std::vector<int>{});
     choose("reciente");
     expectOpen(true);
     EXPECT_EQ(roots(), (Names{"Fotos :"}));
+    choose("buscar");
+    EXPECT_EQ(listed(), Names{}) << "what was found went with its catalogue";
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -142,13 +133,11 @@ TEST_F(Looks, ViewsFontsAndTexts) {
     start();
     newCatalogue();
     using View = controls::ListView::View;
-    const auto view = [&] {
-        EXPECT_EQ(surface().lists.listView1.view(), surface().lists.listView2.view());
-        return surface().lists.listView1.view();
-    };
+    const auto view = [&] { return surface().lists.listView1.view(); };
     for (const View next : {View::LargeIcons, View::SmallIcons, View::List, View::Report, View::LargeIcons}) {
         press(Toolbar::Views);
-        EXPECT_EQ(view(), next);
+        EXPECT_TRUE(view() == next && surface().lists.listView2.view() == next);
+        EXPECT_EQ(pressed(), std::vector<int>{});
     }
     EXPECT_TRUE(isChecked("Iconosgrandes") && !isChecked("Detalle"));
     control<QAction>("Toolbar1(11)(3)").trigger();
@@ -157,8 +146,7 @@ TEST_F(Looks, ViewsFontsAndTexts) {
     EXPECT_TRUE(view() == View::Report && isChecked("Detalle") && !isChecked("lista"));
 
     choose("Grande");
-    for (const char* name :
-         {"TreeView1", "ListView1", "ListView2", "ImageCombo1", "Text9", "Label2", "Label3"})
+    for (const char* name : {"TreeView1", "ListView1", "ListView2", "ImageCombo1", "Text9"})
         EXPECT_EQ(control(name).font().pointSize(), 12) << name;
     EXPECT_TRUE(isChecked("Grande") && !isChecked("Pequeño"));
     EXPECT_FALSE(surface().lists.listView1.fullRowSelect()) << "as its entry shows";
@@ -168,6 +156,13 @@ TEST_F(Looks, ViewsFontsAndTexts) {
     EXPECT_EQ(frame().toolbar.caption(Toolbar::Exit), " ");
     choose("botonescontexto");
     EXPECT_EQ(frame().toolbar.caption(Toolbar::Exit), "Exit");
+    choose("español");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0], (test::RecordingMessages::Shown{
+                                     "Changes will take place the next time you initiate this aplication.",
+                                     "Languaje change", shell::MessageStyle::Information}));
+    EXPECT_EQ(platform::GetSetting("idioma"), "Español");
+    EXPECT_TRUE(isChecked("English") && !isChecked("español")) << "until the next start";
     for (const char* kept : {"si", "no"}) {
         choose("iniciomenu");
         EXPECT_EQ(platform::GetSetting("iniciorapido"), kept);
@@ -183,6 +178,7 @@ TEST_F(Looks, TheDividerStaysWithinItsBounds) {
         QTest::mousePress(&divider, Qt::LeftButton, {}, QPoint(1, 50));
         QTest::mouseMove(&divider, QPoint(x - divider.x(), 50));
         EXPECT_TRUE(control("picSplitter").isVisible());
+        EXPECT_GE(control("picSplitter").x(), 33);
         QTest::mouseRelease(&divider, Qt::LeftButton, {}, QPoint(x - divider.x(), 50));
         EXPECT_TRUE(control("picSplitter").isHidden());
         EXPECT_EQ(control("ListView2").geometry(), control("ListView1").geometry());
@@ -193,12 +189,14 @@ TEST_F(Looks, TheDividerStaysWithinItsBounds) {
     EXPECT_NEAR(dragTo(400), 400, 2);
     EXPECT_EQ(dragTo(5), 100);
     EXPECT_EQ(dragTo(inner - 5), inner - 100);
+    QTest::keyClick(&divider, Qt::Key_Left);
+    EXPECT_NEAR(tree().width(), inner - 110, 2);
     form->resize(480, 320);
     EXPECT_GT(tree().height(), 0);
 }
 
 TEST_F(Looks, EverythingByKeyboardAlone) {
-    test::writeFotos(discs);
+    writeFotos();
     start();
     const auto key = [&](int code, Qt::KeyboardModifiers with = {}) {
         QWidget* focused = QApplication::focusWidget();

@@ -2,9 +2,7 @@
 
 #include <QAccessible>
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QMenu>
-#include <QPlainTextEdit>
 
 #include "shell/language_chooser.h"
 #include "shell/quick_start.h"
@@ -18,12 +16,6 @@ using test::Names;
 
 class Keyboard : public test::MainWindow {
   protected:
-    void startWithFotos(Language idioma = Language::English) {
-        test::writeFotos(discs);
-        start(idioma);
-        newCatalogue();
-        import("Fotos", discs.disc("dvd"));
-    }
     static void key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
     // Whether the menu key opens this menu; closes it again.
     static bool menuKeyOpens(QMenu& menu) {
@@ -151,18 +143,6 @@ TEST_F(Keyboard, TabGoesRoundTheSearchAndPassesWhatItCovers) {
     choose("explorar");
     key(Qt::Key_Tab);
     EXPECT_TRUE(isIn("ListView1"));
-}
-
-TEST_F(Keyboard, WhatWasFoundGoesWithItsCatalogue) {
-    startWithFotos();
-    choose("buscar");
-    search("*");
-    EXPECT_EQ(listed().size(), 8U);
-    choose("cerrar");
-    EXPECT_EQ(status() + size() + kind(), "");
-    newCatalogue("other.zrq");
-    choose("buscar");
-    EXPECT_EQ(listed(), Names{});
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // Units entered by hand, renamed and deleted in the real window, and units with odd content.
 
-#include "core/inserts.h"
-#include "core/unit_kinds.h"
+#include "support/catalogue_fixture.h"
 #include "support/main_window.h"
 
 namespace {
@@ -10,66 +9,25 @@ using core::Language;
 using shell::Toolbar;
 using test::Names;
 
-class Units : public test::MainWindow {
-  protected:
-    void insert(core::CatalogRow row) {
-        auto database = jet::OpenDatabase(frame().catalogue.path()).value();
-        ASSERT_TRUE(database.Execute(row.archivo ? core::insertFile(row) : core::insertFolder(row)));
-    }
-    static core::CatalogRow folderRow(const std::string& disco, const std::string& ruta, int nivel) {
-        core::CatalogRow row;
-        row.disco = disco;
-        row.ruta = ruta;
-        row.carpeta = ruta.substr(ruta.rfind('\\') + 1);
-        row.nivel = std::to_string(nivel);
-        row.tipo = core::folderTipo;
-        return row;
-    }
-};
-
-TEST_F(Units, AHandMadeUnitIsBrowsedAtOnce) {
-    start(Language::Spanish);
-    newCatalogue();
-    choose("explore");
-    control<QTabBar>("TabStrip2").setCurrentIndex(1);
-    control<controls::ImageCombo>("ImageCombo4").setSelected(2);
-    QTest::keyClicks(&control("Text11"), "Cds de jazz");
-    QTest::keyClicks(&control("Text3"), "Musica");
-    control<QAbstractButton>("Label20").click();
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
-    click("Musica :");
-    EXPECT_EQ(listed(), (Names{"Cds de jazz"}));
-    EXPECT_EQ(kind(), "Unidad de audio");
-    EXPECT_EQ(frame().status.picture(), 7);
-    EXPECT_EQ(status(), "  Unidad: Musica :  Carpetas: 1  Archivos: 0");
-    EXPECT_EQ(size(), "Tamaño: 0 KB");
-    EXPECT_EQ(tree().nodes().childCount(node("Musica :")), 1) << "its row stands in the tree like a folder";
-    EXPECT_FALSE(std::filesystem::exists(folder / "temp.ejm"));
-}
+using Units = test::MainWindow;
 
 TEST_F(Units, RenamingRefusesNamesInAllUpperOrAllLowerCase) {
-    test::writeFotos(discs);
-    start();
-    const std::string path = newCatalogue();
-    import("Fotos", discs.disc("dvd"));
+    const std::string path = startWithFotos();
     for (const char* unit : {"CDS", "dvds", "MiXed"}) addByHand(unit, "x");
     click("Fotos :");
     for (const char* taken : {"cds", "CDS", "Dvds"}) {
         rename("Fotos :", taken);
-        ASSERT_EQ(messages.shown.size(), 1u) << taken;
-        EXPECT_EQ(messages.shown[0].text, "There is a unit with this name, please choose another. ");
-        EXPECT_EQ(roots()[0], "Fotos :");
-        messages.shown.clear();
+        EXPECT_EQ(messages.shown.back().text, "There is a unit with this name, please choose another. ");
     }
-    rename("Fotos :", "it's");
-    EXPECT_EQ(messages.shown.size(), 1u) << "no name for the engine";
+    for (const char* noName : {"it's", "x', ruta='y"}) rename("Fotos :", noName);
+    rename("Fotos :", "Otra", Qt::Key_Escape);
+    EXPECT_EQ(messages.shown.size(), 5u);
+    EXPECT_EQ(roots()[0], "Fotos :");
     messages.shown.clear();
 
     rename("Fotos :", "Viejas :");  // the ending left in place is doubled
-    EXPECT_EQ(roots()[0], "Viejas : :");
-    EXPECT_EQ(items(combo())[0], "Viejas : :");
+    EXPECT_EQ(roots()[0] + items(combo())[0], "Viejas : :Viejas : :");
     EXPECT_EQ(rowCount(path, "disco=('Viejas : :')"), 8);
-    EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
     EXPECT_EQ(surface().lists.listView1.subItem(0, 8), "Viejas : :") << "listed under the new name";
     click("Viejas : :\\viaje\\2003");
     EXPECT_EQ(listed(), (Names{"playa", "a.jpg"}));
@@ -88,10 +46,7 @@ TEST_F(Units, RenamingRefusesNamesInAllUpperOrAllLowerCase) {
 }
 
 TEST_F(Units, DeletingAsksFirstAndTouchesOneUnit) {
-    test::writeFotos(discs);
-    start();
-    const std::string path = newCatalogue();
-    import("Fotos", discs.disc("dvd"));
+    const std::string path = startWithFotos();
     addByHand("Cds", "x");
     for (const char* upkeep : {"compactar", "reparar"}) {
         choose(upkeep);
@@ -100,8 +55,11 @@ TEST_F(Units, DeletingAsksFirstAndTouchesOneUnit) {
     choose("borrarunidad1");  // nothing selected
     click("Fotos :");
     click("Fotos :\\viaje", Qt::RightButton);
+    EXPECT_EQ(listed(), (Names{"2003", "mapa.txt"})) << "clicked before its menu comes";
     EXPECT_FALSE(isOn("borrarunidad") || isOn("cambiarnombre"));
     frame().menus.popup()->close();
+    QTest::keyClick(&tree(), Qt::Key_F2);
+    EXPECT_EQ(tree().viewport()->findChild<QLineEdit*>(), nullptr) << "a folder keeps its name";
     press(Toolbar::Delete);  // a folder is selected
     EXPECT_TRUE(messages.asked.empty());
     EXPECT_FALSE(frame().toolbar.isPressed(Toolbar::Delete));
@@ -118,12 +76,11 @@ TEST_F(Units, DeletingAsksFirstAndTouchesOneUnit) {
     EXPECT_EQ(rowCount(path), 1);
     EXPECT_EQ(roots(), (Names{"Cds :"}));
     EXPECT_EQ(items(combo()), (Names{"Cds :"}));
-    EXPECT_EQ(combo().text(), "");
     EXPECT_EQ(items(surface().imageCombo3), (Names{"Complete catalog:", "Cds :"}));
+    EXPECT_EQ(combo().text(), "");
     EXPECT_EQ(status(), "  Units: 1  Folders: 0  Files: 0");
     EXPECT_EQ(size() + kind(), "") << "these told of the unit";
     click("Cds :");
-    EXPECT_EQ(combo().text(), "Cds :");
     EXPECT_EQ(listed(), (Names{"x"}));
     import("Fotos", discs.disc("dvd"));  // the name is free, and the unit is found behind the folder nodes
     click("Cds :\\x");
@@ -150,31 +107,19 @@ TEST_F(Units, DeletingEverythingAsksTwiceAndSpeaksSpanish) {
     EXPECT_TRUE(roots().empty() && items(combo()).empty());
     EXPECT_EQ(items(surface().imageCombo3), (Names{"Complete catalog:"}));
     EXPECT_TRUE(control("Picture1").isHidden());
-    addByHand("Cds", "y");
-    click("Cds :");
-    EXPECT_EQ(listed(), (Names{"y"}));
 }
 
 TEST_F(Units, NamesDecideWhatANodeIs) {
-    start();
-    newCatalogue();
-    insert(folderRow("Fotos :", "E:\\Cds :", 1));
-    insert(folderRow("Fotos :", "E:\\a", 1));
-    insert(folderRow("Fotos :", "E:\\a\\b", 2));
-    core::CatalogRow odd = folderRow("Odd :", "E:\\a", 1);
+    core::CatalogRow odd = test::folderRow("Odd :", "E:\\a");
     odd.tipo = "Unidad de cintas";
-    insert(odd);
-    core::CatalogRow file = folderRow("fotos :", "E:\\", 1);
-    file.archivo = "plain.txt";
-    file.carpeta = "E:";
-    file.tipo = core::fileTipo;
-    insert(file);
-    addByHand("Cds", "pelis");
-    choose("reciente");
+    const test::CatalogueFixture sample;
+    sample.add({test::folderRow("Fotos :", "E:\\Cds :"), test::folderRow("Fotos :", "E:\\a"),
+                test::folderRow("Fotos :", "E:\\a\\b"), odd, test::fileRow("fotos :", "E:\\", "plain.txt"),
+                test::unitRow("Cds :", "pelis", "Unidad de audio")});
+    start(Language::English, sample.path);
     // The unit of unknown kind has no node, but counts.
-    ASSERT_EQ(roots().size(), 3u);
-    EXPECT_NE(node("Fotos :"), browse::noNode);
-    EXPECT_NE(node("fotos :"), browse::noNode) << "a spelling of its own";
+    EXPECT_EQ(roots().size(), 3u);
+    EXPECT_NE(node("Fotos :"), node("fotos :")) << "a spelling of its own";
     EXPECT_EQ(status(), "  Units: 4  Folders: 3  Files: 1");
 
     click("Fotos :");
@@ -182,8 +127,6 @@ TEST_F(Units, NamesDecideWhatANodeIs) {
     click("Fotos :\\Cds :");
     EXPECT_EQ(listed(), (Names{"pelis"})) << "a folder with a unit's name counts as the unit";
     EXPECT_EQ(surface().estado.discoactual, "Cds :");
-    choose("arriba");
-    EXPECT_EQ(listed(), (Names{"pelis"}));
 
     // A unit opened through the combo has no names for its folders: they list nothing.
     choose("reciente");
@@ -197,26 +140,35 @@ TEST_F(Units, NamesDecideWhatANodeIs) {
 }
 
 TEST_F(Units, TheTwelfthLevelStaysOutOfTheTree) {
-    std::string path, ruta = "E:";
-    start();
-    newCatalogue();
-    QString full = "Deep :";
+    const test::CatalogueFixture sample;
+    std::string path;
     for (int nivel = 1; nivel <= 12; ++nivel) {
-        ruta += "\\f" + std::to_string(nivel);
-        insert(folderRow("Deep :", ruta, nivel));
-        if (nivel < 12) full += "\\f" + QString::number(nivel);
+        path += "\\f" + std::to_string(nivel);
+        sample.add(test::folderRow("Deep :", "E:" + path));
     }
-    choose("reciente");
+    start(Language::English, sample.path);
     click("Deep :");
     EXPECT_EQ(tree().nodes().count(), 12);
     EXPECT_EQ(status(), "  Unit: Deep :  Folders: 12  Files: 0");
-    click(full.section('\\', 0, -2));
+    const QString ninth = "Deep :\\f1\\f2\\f3\\f4\\f5\\f6\\f7\\f8\\f9";
+    click(ninth + "\\f10");
     EXPECT_EQ(listed(), (Names{"f11"}));
     EXPECT_EQ(surface().estado.nivelactual, 11);
-    click(full);
+    click(ninth + "\\f10\\f11");
     EXPECT_EQ(listed(), Names{}) << "what lies in a folder of the eleventh level is reached by search only";
     choose("arriba");
     EXPECT_EQ(listed(), (Names{"f11"}));
+
+    // The same, stepping down from the list.
+    click(ninth);
+    for (const Names& inside : {Names{"f11"}, Names{}}) {
+        surface().lists.listView1.setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(listed(), inside);
+    }
+    EXPECT_EQ(surface().estado.nivelactual, 12);
+    EXPECT_EQ(tree().selected(), node(ninth + "\\f10\\f11"));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -69,8 +70,11 @@ class MainWindow : public testing::Test {
     // The numbers of the buttons that are down.
     [[nodiscard]] std::vector<int> pressed() {
         std::vector<int> buttons;
-        for (int button = 1; button <= shell::Toolbar::count; ++button)
+        for (int button = 1; button <= shell::Toolbar::count; ++button) {
+            const QToolButton* widget = frame().toolbar.button(button);
+            EXPECT_TRUE(!widget || widget->isChecked() == frame().toolbar.isPressed(button)) << button;
             if (frame().toolbar.isPressed(button)) buttons.push_back(button);
+        }
         return buttons;
     }
     [[nodiscard]] std::string caption() const { return form->windowTitle().toStdString(); }
@@ -93,6 +97,17 @@ class MainWindow : public testing::Test {
         const QModelIndex place = tree().nodes().place(clicked);
         tree().scrollTo(place);
         QTest::mouseClick(tree().viewport(), button, {}, tree().visualRect(place).center());
+    }
+    static void clickRow(const browse::ItemList& list, int row) {
+        auto* view = list.findChild<QAbstractItemView*>("report");
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                          view->visualRect(view->model()->index(row, 0)).center());
+    }
+    static void doubleClickRow(const browse::ItemList& list, int row) {
+        auto* view = list.findChild<QAbstractItemView*>("report");
+        clickRow(list, row);
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
+                           view->visualRect(view->model()->index(row, 0)).center());
     }
     [[nodiscard]] Names roots() {
         Names texts;
@@ -118,6 +133,22 @@ class MainWindow : public testing::Test {
         choose("nuevo");
         return folder / name;
     }
+    // A catalogue with the unit "Fotos": four folders, four files. Without those of one kilobyte they take
+    // 1000 KB, with them 1 MB.
+    std::string startWithFotos(core::Language idioma = core::Language::English) {
+        writeFotos();
+        start(idioma);
+        const std::string catalogue = newCatalogue();
+        import("Fotos", discs.disc("dvd"));
+        return catalogue;
+    }
+    void writeFotos() const {
+        discs.write("dvd", "viaje/2003/a.jpg", std::string(5000, 'x'));
+        discs.write("dvd", "viaje/2003/playa/b.jpg", std::string(993 * 1024, 'x'));
+        discs.write("dvd", "viaje/mapa.txt", std::string(1024, 'x'));
+        discs.write("dvd", "Lista.TXT", std::string(2048, 'x'));
+        std::filesystem::create_directory(discs.disc("dvd") + "/atlas");
+    }
     void openImportPanel(int tab) {
         choose("explore");
         auto& tabs = control<QTabBar>("TabStrip2");
@@ -127,14 +158,19 @@ class MainWindow : public testing::Test {
         dialogs.answers.push_back(QString::fromStdString(nativeFolder));
         openImportPanel(0);
         control<QAbstractButton>("Label19").click();
-        QTest::keyClicks(&control("Text3"), QString::fromUtf8(unit));
-        QTest::keyClick(&control("Text3"), Qt::Key_Return);
+        enterName(unit);
     }
     void addByHand(const char* unit, const char* content) {
         openImportPanel(1);
         QTest::keyClicks(&control("Text11"), QString::fromUtf8(content));
+        enterName(unit);
+    }
+    void enterName(const char* unit) {
         QTest::keyClicks(&control("Text3"), QString::fromUtf8(unit));
         QTest::keyClick(&control("Text3"), Qt::Key_Return);
+    }
+    [[nodiscard]] static QString focused() {
+        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
     }
     void search(const char* text) {
         auto& name = control<QComboBox>("Combo2");
@@ -142,13 +178,13 @@ class MainWindow : public testing::Test {
         QTest::keyClicks(&name, QString::fromUtf8(text));
         QTest::keyClick(&name, Qt::Key_Return);
     }
-    void rename(const QString& unit, const char* name) {
+    void rename(const QString& unit, const char* name, Qt::Key end = Qt::Key_Return) {
         tree().setSelected(node(unit));
         choose("cambiarnombre");
         auto* editor = tree().viewport()->findChild<QLineEdit*>();
         ASSERT_NE(editor, nullptr);
         QTest::keyClicks(editor, QString::fromUtf8(name));
-        QTest::keyClick(editor, Qt::Key_Return);
+        QTest::keyClick(editor, end);
         QCoreApplication::processEvents();  // the editor's end comes by the queue
         QCoreApplication::sendPostedEvents(editor, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
@@ -169,13 +205,12 @@ class MainWindow : public testing::Test {
     std::unique_ptr<shell::Form1> form;
 };
 
-// Four folders, four files. Without those of one kilobyte they take 1000 KB, with them 1 MB.
-inline void writeFotos(const MountedDiscs& discs) {
-    discs.write("dvd", "viaje/2003/a.jpg", std::string(5000, 'x'));
-    discs.write("dvd", "viaje/2003/playa/b.jpg", std::string(993 * 1024, 'x'));
-    discs.write("dvd", "viaje/mapa.txt", std::string(1024, 'x'));
-    discs.write("dvd", "Lista.TXT", std::string(2048, 'x'));
-    std::filesystem::create_directory(discs.disc("dvd") + "/atlas");
-}
+// A story that is told in both languages.
+class BilingualWindow : public MainWindow, public testing::WithParamInterface<core::Language> {
+  protected:
+    [[nodiscard]] std::string in(const char* spanish, const char* english) const {
+        return GetParam() == core::Language::Spanish ? spanish : english;
+    }
+};
 
 }  // namespace test
