@@ -33,11 +33,4 @@ TEST(Listing, OrdersSpellingsThatDifferInCaseByTheirBytes) {
               (std::vector<std::string>{"README", "Readme", "readme"}));
 }
 
-TEST(Listing, KeepsNamesThatAreNoText) {
-    const std::vector<std::string> odd{"\xff\xfe", "a\nb", "\xc3", "b"};
-    const auto inOrder = sorted(odd);
-    EXPECT_TRUE(std::ranges::is_permutation(inOrder, odd));
-    EXPECT_EQ(inOrder.front(), "a\nb");
-}
-
 }  // namespace
