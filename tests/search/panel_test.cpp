@@ -1,241 +1,172 @@
 #include "search/search_panel.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDateEdit>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QTabBar>
-#include <QTest>
-#include <QToolButton>
 
-#include "browse/item_list.h"
-#include "platform/controls/image_combo.h"
 #include "platform/controls/step_buttons.h"
 #include "search/sample_catalogue.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/menus.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
-#include "support/recording_messages.h"
-#include "support/scripted_dialogs.h"
+#include "support/fitting.h"
+#include "support/main_window.h"
 
 namespace {
 
-class SearchPanelTest : public testing::Test {
-  protected:
-    SearchPanelTest() {
-        catalogue.setPath(sample.path());
-        panel.addUnit("Fotos :", 16);
-        panel.show();
-        panel.activateWindow();
-        QApplication::setActiveWindow(&panel);
-    }
+using core::Language;
+using test::Names;
 
-    template <class T>
-    T* control(const char* name) {
-        auto* found = panel.findChild<T*>(name);
-        EXPECT_NE(found, nullptr) << name;
-        return found;
+class Searching : public test::MainWindow {
+  protected:
+    void SetUp() override { begin(Language::English); }
+    void begin(Language idioma) {
+        start(idioma, sample.path);
+        choose("buscar");
     }
-    QComboBox* combo(const char* name) { return control<QComboBox>(name); }
+    search::SearchPanel& panel() { return control<search::SearchPanel>("Picture1"); }
+    QComboBox& combo(const char* name) { return control<QComboBox>(name); }
+    QLineEdit& field(const char* name) { return control<QLineEdit>(name); }
     void switchOn(int criterion, bool on = true) {
-        control<QCheckBox>(qPrintable(QString("Check1(%1)").arg(criterion)))->setChecked(on);
-    }
-    // The test library's own typing knows ASCII only.
-    static void type(QWidget* field, const char* text) {
-        for (const QChar character : QString::fromUtf8(text)) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
-            QApplication::sendEvent(field, &press);
-        }
+        control<QCheckBox>(qPrintable(QString("Check1(%1)").arg(criterion))).setChecked(on);
     }
     static void enter(QWidget* field) { QTest::keyClick(field, Qt::Key_Return); }
-    QStringList names() const {
-        QStringList names;
-        for (int position = 0; position < list.count(); ++position) names << list.text(position);
-        return names;
+    [[nodiscard]] std::string lastMessage() const {
+        return messages.shown.empty() ? std::string() : messages.shown.back().text.toStdString();
     }
-    QString lastMessage() const { return messages.shown.empty() ? QString() : messages.shown.back().text; }
 
     SampleCatalogue sample;
-    shell::Catalogue catalogue;
-    test::RecordingMessages messages;
-    test::ScriptedDialogs dialogs;
-    shell::MenuBar menus{core::Language::English};
-    shell::Toolbar toolbar{core::Language::English};
-    shell::StatusBand status;
-    shell::Frame frame{core::Language::English, catalogue, messages, dialogs, menus, toolbar, status};
-    browse::ItemList list;
-    search::SearchPanel panel{frame, list};
 };
 
-TEST_F(SearchPanelTest, TypingPassesTheAllowedSetOnly) {
-    QComboBox* name = combo("Combo2");
-    type(name->lineEdit(), "A'b\"Ñ*[ü");
-    EXPECT_EQ(name->currentText(), QString::fromUtf8("AbÑ*["));
-    QTest::keyClick(name->lineEdit(), Qt::Key_Backspace);
-    EXPECT_EQ(name->currentText(), QString::fromUtf8("AbÑ*"));
+TEST_F(Searching, TypingPassesTheAllowedSetOnly) {
+    QLineEdit* name = combo("Combo2").lineEdit();
+    QTest::keyClicks(QApplication::focusWidget(), "A'b");  // where the window system sends the keys
+    QTest::keyClicks(name, QString::fromUtf8("\"Ñ*["));
+    EXPECT_EQ(name->text(), QString::fromUtf8("AbÑ*["));
+    QTest::keyClick(name, Qt::Key_Backspace);
+    EXPECT_EQ(name->text(), QString::fromUtf8("AbÑ*"));
     switchOn(3);
-    type(control<QLineEdit>("Text6"), "1a-5 ");
-    EXPECT_EQ(control<QLineEdit>("Text6")->text(), "015 ");
+    QTest::keyClicks(&field("Text6"), "1a-5 ");
+    EXPECT_EQ(field("Text6").text(), "015 ");
 }
 
-TEST_F(SearchPanelTest, BoxesSwitchTheirControls) {
-    auto* type = control<controls::ImageCombo>("ImageCombo2");
-    ASSERT_EQ(type->count(), 8);
-    EXPECT_FALSE(type->isEnabled());
+TEST_F(Searching, BoxesSwitchTheirControls) {
+    auto& type = control<controls::ImageCombo>("ImageCombo2");
+    EXPECT_FALSE(type.isEnabled());
     switchOn(0);
-    EXPECT_TRUE(type->isEnabled());
-    EXPECT_NE(type->palette().color(QPalette::Text), QColor(0x80, 0x80, 0x80));
-    type->setSelected(4);
+    EXPECT_TRUE(type.isEnabled());
+    type.setSelected(8);
     switchOn(0, false);
-    EXPECT_EQ(type->selectedItem(), 1);
-    EXPECT_EQ(type->palette().color(QPalette::Text), QColor(0x80, 0x80, 0x80));
+    EXPECT_EQ(type.selectedItem(), 1);
+    EXPECT_EQ(type.palette().color(QPalette::Text), QColor(0x80, 0x80, 0x80));
 
     switchOn(2);
-    auto* from = control<QDateEdit>("DTPicker1");
-    from->setDate({2003, 5, 1});
+    auto& from = control<QDateEdit>("DTPicker1");
+    from.setDate({2003, 5, 1});
     switchOn(2, false);
-    EXPECT_FALSE(from->isEnabled());
-    EXPECT_EQ(from->date(), QDate(2003, 5, 1));
-    EXPECT_FALSE(panel.request().date);
+    EXPECT_FALSE(from.isEnabled());
+    EXPECT_EQ(from.date(), QDate(2003, 5, 1));
+    EXPECT_FALSE(panel().request().date);
 
     // A choice counts by what the combo shows, also with its box off.
-    control<controls::ImageCombo>("ImageCombo3")->setSelected(2);
-    EXPECT_EQ(panel.request().unit, "Fotos :");
+    surface().imageCombo3.setSelected(3);
+    EXPECT_EQ(panel().request().unit, "Fotos :");
 }
 
-TEST_F(SearchPanelTest, StepsGoByTenWithoutLimit) {
+TEST_F(Searching, StepsGoByTenWithoutLimit) {
     switchOn(3);
-    auto* text = control<QLineEdit>("Text6");
-    QTest::keyClick(control<controls::UpDown>("UpDown1"), Qt::Key_Down);
-    EXPECT_EQ(text->text(), "-10");
-    text->setText("abc");
-    QTest::keyClick(control<controls::UpDown>("UpDown1"), Qt::Key_Down);
-    EXPECT_EQ(text->text(), "-10");
-    text->setText("1 2 x");
-    QTest::keyClick(control<controls::UpDown>("UpDown1"), Qt::Key_Up);
-    EXPECT_EQ(text->text(), "22");
+    auto& steps = control<controls::UpDown>("UpDown1");
+    QTest::keyClick(&steps, Qt::Key_Down);
+    EXPECT_EQ(field("Text6").text(), "-10");
+    field("Text6").setText("abc");
+    QTest::mouseClick(steps.findChild<QToolButton*>("stepDown"), Qt::LeftButton);
+    EXPECT_EQ(field("Text6").text(), "-10");
+    field("Text6").setText("1 2 x");
+    QTest::keyClick(&steps, Qt::Key_Up);
+    QTest::mouseClick(steps.findChild<QToolButton*>("stepUp"), Qt::LeftButton);
+    EXPECT_EQ(field("Text6").text(), "32");
 }
 
-TEST_F(SearchPanelTest, ATabShowsItsPageAndGivesTheFocusBack) {
-    control<QTabBar>("TabStrip1")->setCurrentIndex(3);
-    EXPECT_TRUE(control<QWidget>("Picture11(3)")->isVisible());
-    EXPECT_FALSE(control<QWidget>("Picture11(0)")->isVisible());
-    EXPECT_EQ(panel.focusWidget(), combo("Combo2"));
+TEST_F(Searching, ATabShowsItsPageAndGivesTheFocusBack) {
+    control<QTabBar>("TabStrip1").setCurrentIndex(3);
+    EXPECT_TRUE(control("Picture11(3)").isVisible());
+    EXPECT_FALSE(control("Picture11(0)").isVisible());
+    EXPECT_EQ(focused(), "Combo2");
 }
 
-TEST_F(SearchPanelTest, ANameSearchRemembersItsTextEachTime) {
-    QComboBox* name = combo("Combo2");
-    type(name->lineEdit(), "foto");
-    enter(name->lineEdit());
-    EXPECT_EQ(names(), QStringList({"fotos", "foto1.jpg", "foto2.JPG"}));
-    EXPECT_EQ(status.text(), " Folders found: 1  Files found: 2");
-    QTest::mouseClick(control<QPushButton>("Label5"), Qt::LeftButton);
-    EXPECT_EQ(name->count(), 2);
+TEST_F(Searching, ANameSearchRemembersItsTextEachTime) {
+    QComboBox& name = combo("Combo2");
+    search("foto");
+    EXPECT_EQ(listed(), (Names{"fotos", "foto1.jpg", "foto2.JPG"}));
+    EXPECT_EQ(status(), " Folders found: 1  Files found: 2");
+    QTest::mouseClick(&control<QPushButton>("Label5"), Qt::LeftButton);
+    EXPECT_EQ(name.count(), 2);
 
     switchOn(3);
-    control<QLineEdit>("Text7")->setText("5000");
-    enter(name->lineEdit());
-    EXPECT_EQ(name->count(), 2);
-    EXPECT_EQ(name->currentText(), "foto");
+    field("Text7").setText("5000");
+    enter(&name);
+    EXPECT_EQ(name.count(), 2);
+    EXPECT_EQ(name.currentText(), "foto");
 }
 
-TEST_F(SearchPanelTest, TheStraightRoadKeepsTheOtherCounter) {
-    combo("Combo2")->setEditText("foto");
-    panel.clickLabel5();
+TEST_F(Searching, TheStraightRoadKeepsTheOtherCounter) {
+    search("foto");
     switchOn(3);
     switchOn(0);
-    control<QLineEdit>("Text7")->setText("5000");
-    control<controls::ImageCombo>("ImageCombo2")->setSelected(3);
-    enter(control<QLineEdit>("Text7"));
-    EXPECT_EQ(names(), QStringList({"foto1.jpg", "foto2.JPG"}));
-    EXPECT_EQ(status.text(), " Folders found: 1  Files found: 2");
-    enter(combo("Combo2")->lineEdit());
-    EXPECT_EQ(status.text(), " Folders found: 0  Files found: 2");
+    field("Text7").setText("5000");
+    control<controls::ImageCombo>("ImageCombo2").setSelected(3);
+    enter(&field("Text7"));
+    EXPECT_EQ(listed(), (Names{"foto1.jpg", "foto2.JPG"}));
+    EXPECT_EQ(status(), " Folders found: 1  Files found: 2");
+    enter(&combo("Combo2"));
+    EXPECT_EQ(status(), " Folders found: 0  Files found: 2");
 }
 
-TEST_F(SearchPanelTest, NotesAreRememberedOnlyWithTheSizeOff) {
-    combo("Combo2")->setEditText("foto");
+TEST_F(Searching, NotesAreRememberedOnlyWithTheSizeOff) {
+    combo("Combo2").setEditText("foto");
     switchOn(4);
-    QComboBox* note = combo("Combo1");
-    enter(note->lineEdit());
+    QComboBox& note = combo("Combo1");
+    enter(&note);
     EXPECT_EQ(lastMessage(), "Write the note to search.");
-    type(note->lineEdit(), "playa");
-    enter(note->lineEdit());
-    EXPECT_EQ(names(), QStringList({"foto1.jpg"}));
-    EXPECT_EQ(note->count(), 1);
-    switchOn(3);
-    control<QLineEdit>("Text7")->setText("5000");
-    enter(note->lineEdit());
-    EXPECT_EQ(names(), QStringList({"foto1.jpg"}));
-    EXPECT_EQ(note->count(), 1);
+    QTest::keyClicks(&note, "playa");
+    for (const bool size : {false, true}) {
+        switchOn(3, size);
+        field("Text7").setText("5000");
+        enter(&note);
+        EXPECT_EQ(listed(), (Names{"foto1.jpg"}));
+        EXPECT_EQ(note.count(), 1);
+    }
     EXPECT_EQ(messages.shown.size(), 1u);
 }
 
-TEST_F(SearchPanelTest, EachProcedureWarnsInItsOwnWords) {
-    browse::ListItem before;
-    before.text = "before";
-    list.add(before);
-    panel.clickLabel5();
-    EXPECT_EQ(lastMessage(), "Write the item to search.");
-    EXPECT_EQ(messages.shown.back().title, "zarquelin");
-    EXPECT_EQ(messages.shown.back().style, shell::MessageStyle::Exclamation);
-    EXPECT_EQ(panel.focusWidget(), combo("Combo2"));
-    EXPECT_EQ(names(), QStringList("before"));
-    EXPECT_EQ(status.text(), " Folders found: 0  Files found: 0");
+TEST_F(Searching, EachProcedureWarnsInItsOwnWords) {
+    search("foto1");
+    combo("Combo2").clearEditText();
+    panel().clickLabel5();
+    EXPECT_EQ(messages.shown.back(),
+              (test::RecordingMessages::Shown{"Write the item to search.", "zarquelin"}));
+    EXPECT_EQ(focused(), "Combo2");
+    EXPECT_EQ(listed(), (Names{"foto1.jpg"}));
+    EXPECT_EQ(status(), " Folders found: 0  Files found: 0");
 
-    switchOn(4);
-    panel.clickLabel5();
-    EXPECT_EQ(lastMessage(), "Introduce a note to search.");
-    combo("Combo1")->setEditText("x");
-    panel.clickLabel5();
-    EXPECT_EQ(lastMessage(), "Introduce the item to search.");
-    switchOn(3);
-    panel.clickLabel5();
-    EXPECT_EQ(lastMessage(), "Introduce a item to search.");
-    combo("Combo1")->setEditText("");
-    panel.busquedaconfecha();
-    EXPECT_EQ(lastMessage(), "Introduzca la Nota a buscar.");
-    switchOn(4, false);
-    panel.busquedaconfecha();
-    EXPECT_EQ(lastMessage(), "Introduce a item to search.");
+    const auto button = [&] { panel().clickLabel5(); };
+    const auto straight = [&] { panel().busquedaconfecha(); };
+    const auto warning = [&](bool size, bool note, const char* noteText, const auto& search) {
+        switchOn(3, size);
+        switchOn(4, note);
+        combo("Combo1").setEditText(noteText);
+        search();
+        return lastMessage();
+    };
+    EXPECT_EQ(warning(false, true, "", button), "Introduce a note to search.");
+    EXPECT_EQ(warning(false, true, "x", button), "Introduce the item to search.");
+    EXPECT_EQ(warning(true, true, "x", button), "Introduce a item to search.");
+    EXPECT_EQ(warning(true, true, "", straight), "Introduzca la Nota a buscar.");
+    EXPECT_EQ(warning(true, false, "", straight), "Introduce a item to search.");
 }
 
-// Fields, buttons and captions stay whole in a narrow panel, whatever the language and letters.
-TEST_F(SearchPanelTest, NothingIsCutOffInANarrowPanel) {
-    for (const core::Language language : {core::Language::Spanish, core::Language::English})
-        for (const int points : {8, 10, 12}) {
-            const shell::Frame other{language, catalogue, messages, dialogs, menus, toolbar, status};
-            search::SearchPanel narrow(other, list);
-            QFont font = narrow.font();
-            font.setPointSize(points);
-            narrow.setFont(font);
-            narrow.resize(250, 400);
-            narrow.show();
-            auto* tabs = narrow.findChild<QTabBar*>("TabStrip1");
-            for (int tab = 0; tab < tabs->count(); ++tab) {
-                tabs->setCurrentIndex(tab);
-                QApplication::processEvents();
-                EXPECT_EQ(narrow.width(), 250) << points << " page " << tab;
-                EXPECT_LE(tabs->tabRect(tab).right(), tabs->width()) << points;
-                EXPECT_LE(tabs->fontMetrics().horizontalAdvance(tabs->tabText(tab).trimmed()),
-                          tabs->tabRect(tab).width());
-                for (const QLabel* label : narrow.findChildren<QLabel*>())
-                    if (label->isVisible()) {
-                        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
-                            << qPrintable(label->text());
-                    }
-                if (const QString folder = qEnvironmentVariable("PANEL_PICTURES"); !folder.isEmpty())
-                    narrow.grab().save(
-                        QString("%1/%2-%3-%4.png").arg(folder).arg(int(language)).arg(points).arg(tab));
-            }
-        }
+TEST_F(Searching, NothingIsCutOffInANarrowPanel) {
+    for (const Language idioma : {Language::Spanish, Language::English}) {
+        begin(idioma);
+        test::expectNothingCutOff(panel(), 250);
+    }
 }
 
 }  // namespace
