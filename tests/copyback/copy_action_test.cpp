@@ -1,43 +1,40 @@
 #include "copyback/copy_action.h"
 
-#include <gtest/gtest.h>
-
-#include "support/browse_window.h"
+#include "support/main_window.h"
 
 namespace {
 
 using core::Language;
 
-TEST(CopyAction, CopiesTheSelectedFilesOfTheShownList) {
-    for (const Language idioma : {Language::Spanish, Language::English}) {
-        const bool spanish = idioma == Language::Spanish;
-        test::BrowseWindow window(idioma);
-        window.discs.write("disk", "docs/it's.txt", "bytes");
-        window.scan("Docs", window.discs.disc("disk") + "/docs");
-        window.browse("Docs");
-        window.window.show();
-        window.window.activateWindow();
-        window.list1.select(0);
-        window.surface.clic.indicefila = 0;
+using CopyAction = test::BilingualWindow;
 
-        const std::string target = window.discs.disc("tárget");
-        window.dialogs.answers = {QString::fromStdString(target)};
-        copyback::Copiararchivos(window.surface, [&] { return window.discs(); });
-        EXPECT_EQ(window.dialogs.titles.front(), spanish ? QString("Seleccione los archivos a copiar.")
-                                                         : QString("Select the files to copy."));
-        EXPECT_EQ(test::readFile(target + "/it's.txt"), "bytes");
-        ASSERT_EQ(window.messages.shown.size(), 1u);
-        EXPECT_EQ(window.messages.shown[0].style, shell::MessageStyle::Information);
-        EXPECT_EQ(window.window.focusWidget(), &window.tree);
+TEST_P(CopyAction, CopiesTheSelectedFilesOfTheShownList) {
+    discs.write("dvd", "it's.txt", "bytes");
+    start(GetParam());
+    newCatalogue();
+    import("Docs", discs.disc("dvd"));
+    click("Docs :");
+    clickRow(surface().lists.listView1, 0);
 
-        // With the search list over it, the selection of the browse list does not count.
-        window.list2.show();
-        std::filesystem::remove(target + "/it's.txt");
-        window.dialogs.answers = {QString::fromStdString(target)};
-        copyback::Copiararchivos(window.surface, [&] { return window.discs(); });
-        EXPECT_FALSE(std::filesystem::exists(target + "/it's.txt"));
-        EXPECT_EQ(window.messages.shown.size(), 2u);
-    }
+    const std::string target = discs.disc("tárget");
+    dialogs.answers = {QString::fromStdString(target)};
+    choose("Copiararchivos");
+    EXPECT_EQ(dialogs.titles.back().toStdString(),
+              in("Seleccione los archivos a copiar.", "Select the files to copy."));
+    EXPECT_EQ(test::readFile(target + "/it's.txt"), "bytes");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].style, shell::MessageStyle::Information);
+    EXPECT_EQ(QApplication::focusWidget(), &tree());
+
+    // With the search list over it, the selection of the browse list does not count.
+    choose("buscar");
+    std::filesystem::remove(target + "/it's.txt");
+    dialogs.answers = {QString::fromStdString(target)};
+    choose("Copiararchivos");
+    EXPECT_FALSE(std::filesystem::exists(target + "/it's.txt"));
+    EXPECT_EQ(messages.shown.size(), 2u);
 }
+
+INSTANTIATE_TEST_SUITE_P(, CopyAction, testing::Values(Language::Spanish, Language::English));
 
 }  // namespace
