@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "stats/chart_scale.h"
-#include "stats/sample_catalogue.h"
+#include "support/catalogue_fixture.h"
 
 using stats::Scope;
 using stats::Statistics;
@@ -13,7 +13,7 @@ namespace {
 
 using Counts = std::array<std::int64_t, stats::categoryCount>;
 
-Statistics counted(const test::SampleCatalogue& catalogue, const Scope& scope) {
+Statistics counted(const test::CatalogueFixture& catalogue, const Scope& scope) {
     jet::Database database = catalogue.open();
     const auto statistics = stats::countScope(database, scope, TotalLimit::Window);
     EXPECT_TRUE(statistics);
@@ -22,83 +22,32 @@ Statistics counted(const test::SampleCatalogue& catalogue, const Scope& scope) {
 
 }  // namespace
 
-TEST(StatisticsStatements, UnitScopeKeepsItsOddBlanks) {
-    const Scope unit{"U :", {}};
-    EXPECT_EQ(
-        stats::selectCategory(unit, 0),
-        "select * from datos where disco =('U :') and archivo  like ('*.mp3') or disco =('U :') and archivo  "
-        "like ('*.wav') or disco =('U :') and archivo  like ('*.wma') or disco =('U :') and archivo  like "
-        "('*.mid') order by numero");
-    EXPECT_EQ(
-        stats::selectCategory(unit, 1),
-        "select * from datos where disco = ('U :') and archivo  like ('*.txt') or disco =('U :') and archivo "
-        " "
-        "like ('*.doc') or disco =('U :') and archivo  like ('*.pdf') or disco =('U :') and archivo  like "
-        "('*.nfo') or disco =('U :') and archivo  like ('*.dat') order by numero");
-    EXPECT_EQ(
-        stats::selectCategory(unit, 3),
-        "select * from datos where disco = ('U :') and archivo  like ('*.jpg') or disco =('U :') and archivo "
-        " "
-        "like ('*.bmp') or disco =('U :') and archivo like ('*.gif') or disco =('U :') and archivo  like "
-        "('*.ico') order by numero");
-    EXPECT_EQ(stats::selectCategory(unit, 4),
-              "select * from datos where disco = ('U :') and archivo  like ('*.exe') order by numero");
-    EXPECT_EQ(
-        stats::selectCategory(unit, 5),
-        "select * from datos where disco = ('U :') and archivo  like ('*.avi') or disco =('U :') and archivo "
-        " "
-        "like ('*.mpge') or disco =('U :') and archivo  like ('*.mpg') or disco =('U :') and archivo  like "
-        "('*.mov*') or disco =('U :') and archivo  like ('*.asf*') order by numero");
-    EXPECT_EQ(stats::selectTotal(unit),
-              "select * from datos where disco = ('U :')  and tipo =('archivo')order by numero");
-}
-
-TEST(StatisticsStatements, FolderScopeOrdersSomeEndingsDifferently) {
-    const Scope folder{"U :", "\\a\\b"};
-    EXPECT_EQ(
-        stats::selectCategory(folder, 2),
-        "select * from datos where disco = ('U :')and ruta like ('*\\a\\b*') and archivo  like ('*.mht') or "
-        "disco = ('U :')and ruta like ('*\\a\\b*') and archivo  like ('*.html') or disco = ('U :')and ruta "
-        "like "
-        "('*\\a\\b*') and archivo  like ('*.htm') order by numero");
-    EXPECT_EQ(
-        stats::selectTotal(folder),
-        "select * from datos where disco = ('U :')and ruta like ('*\\a\\b*')  and tipo =('archivo')order by "
-        "numero");
-    const auto at = [&](std::size_t category, const char* ending) {
-        return stats::selectCategory(folder, category).find(ending);
-    };
-    EXPECT_LT(at(1, "*.dat')"), at(1, "*.txt')"));
-    EXPECT_LT(at(1, "*.doc')"), at(1, "*.pdf')"));
-    EXPECT_NE(at(5, "like ('*.mov')"), std::string::npos);  // closed at its end, unlike the unit's
-    EXPECT_NE(at(3, "archivo  like ('*.gif')"), std::string::npos);
-}
-
 TEST(StatisticsCount, TellsScopesAndCategoriesApart) {
-    test::SampleCatalogue catalogue;
-    catalogue.addFiles("U :", "C:\\m\\canciones", "song.MP3");
-    catalogue.addFiles("U :", "C:\\m\\canciones", "a.mov.zip");
-    catalogue.addFiles("U :", "C:\\m\\canciones\\dos", "notas.txt", 2);
-    catalogue.addFiles("U :", "C:\\m\\otra", "b.mpeg");
-    catalogue.addFiles("U :", "C:\\m\\otra", "c.cab");
-    catalogue.addFiles("V :", "D:\\m\\canciones", "otra.mp3");
-    catalogue.addFolder("U :", "C:\\m\\canciones", "canciones");
+    const test::CatalogueFixture catalogue;
+    std::vector<core::CatalogRow> rows{
+        test::folderRow("U :", "C:\\m\\canciones"), test::fileRow("U :", "C:\\m\\otra", "b.mpeg"),
+        test::fileRow("U :", "C:\\m\\otra", "c.cab"), test::fileRow("V :", "D:\\m\\canciones", "otra.mp3")};
+    for (const char* ending :
+         {"MP3", "wav", "wma", "mid", "txt", "doc",  "pdf", "nfo", "dat", "htm", "html", "mht", "jpg",
+          "bmp", "gif", "ico", "exe", "avi", "mpge", "mpg", "mov", "asf", "zip", "rar",  "rad", "mov.zip"})
+        rows.push_back(test::fileRow("U :", "C:\\m\\canciones\\dos", std::string("x.") + ending));
+    catalogue.add(rows);
 
     // The doubly counted file is taken off Resto.
     const Statistics unit = counted(catalogue, {"U :", {}});
-    EXPECT_EQ(unit.cantidadcategoria, (Counts{1, 2, 0, 0, 0, 1, 1, 1}));
-    EXPECT_EQ(unit.totalarchivos, 6);
+    EXPECT_EQ(unit.cantidadcategoria, (Counts{4, 5, 3, 4, 1, 6, 4, 1}));
+    EXPECT_EQ(unit.totalarchivos, 28);
     const Statistics folder = counted(catalogue, {"U :", "\\canciones"});
-    EXPECT_EQ(folder.cantidadcategoria, (Counts{1, 2, 0, 0, 0, 0, 1, 0}));
-    EXPECT_EQ(folder.totalarchivos, 4);
+    EXPECT_EQ(folder.cantidadcategoria, (Counts{4, 5, 3, 4, 1, 5, 4, 0}));
+    EXPECT_EQ(folder.totalarchivos, 26);
 }
 
 TEST(StatisticsCount, RestoFallsBelowZeroAndEmptyScopesAreNoError) {
-    test::SampleCatalogue catalogue;
-    catalogue.addFolder("U :", "C:\\m\\vacía", "vacía");
+    const test::CatalogueFixture catalogue;
+    catalogue.add(test::folderRow("U :", "C:\\m\\vacía"));
     EXPECT_EQ(counted(catalogue, {"U :", {}}), Statistics{});
 
-    catalogue.addFiles("U :", "C:\\m", "a.mov.zip", 3);
+    catalogue.add(std::vector(3, test::fileRow("U :", "C:\\m", "a.mov.zip")));
     const Statistics statistics = counted(catalogue, {"U :", {}});
     EXPECT_EQ(statistics.cantidadcategoria, (Counts{0, 0, 0, 0, 0, 3, 3, -3}));
     EXPECT_EQ(statistics.percentage(stats::restIndex), -100);
@@ -108,14 +57,14 @@ TEST(StatisticsCount, RestoFallsBelowZeroAndEmptyScopesAreNoError) {
 }
 
 TEST(StatisticsCount, WindowStopsBehind32767Files) {
-    test::SampleCatalogue catalogue;
-    catalogue.addFiles("U :", "C:\\m", "a.txt", 32767);
+    const test::CatalogueFixture catalogue;
+    catalogue.add(std::vector(32767, test::fileRow("U :", "C:\\m", "a.txt")));
     int steps = 0;
     jet::Database database = catalogue.open();
     ASSERT_TRUE(stats::countScope(database, {"U :", {}}, TotalLimit::Window, [&] { ++steps; }));
     EXPECT_EQ(steps, 8);
 
-    catalogue.addFiles("U :", "C:\\m", "b.txt");
+    catalogue.add(test::fileRow("U :", "C:\\m", "b.txt"));
     const auto refused = stats::countScope(database, {"U :", {}}, TotalLimit::Window, [&] { ++steps; });
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error().number, stats::overflow);
@@ -123,40 +72,16 @@ TEST(StatisticsCount, WindowStopsBehind32767Files) {
     EXPECT_EQ(stats::countScope(database, {"U :", {}}, TotalLimit::None)->totalarchivos, 32768);
 }
 
-TEST(StatisticsPercentage, HalvesGoToTheEvenNeighbour) {
-    const auto percentage = [](std::int64_t count, std::int64_t total) {
-        Statistics statistics;
-        statistics.cantidadcategoria[0] = count;
-        statistics.totalarchivos = total;
-        return statistics.percentage(0);
-    };
-    EXPECT_EQ(percentage(1, 8), 12);
-    EXPECT_EQ(percentage(27, 200), 14);
-    EXPECT_EQ(percentage(1, 3), 33);
-    EXPECT_EQ(percentage(2, 3), 67);
-    EXPECT_EQ(percentage(-1, 8), -12);
-}
-
-TEST(StatisticsTexts, FoldersKeepSpanishNamesInEnglish) {
-    using core::Language;
-    EXPECT_EQ(stats::scopeTitle(Language::Spanish, "U :"), " Estadísticas de:  U :");
-    EXPECT_EQ(stats::scopeTitle(Language::English, "U :\\a"), " Statistics of:  U :\\a");
-    EXPECT_EQ(stats::categoryName(Language::English, {"U :", {}}, 4), "Aplications:");
-    EXPECT_EQ(stats::categoryName(Language::English, {"U :", "\\a"}, 4), "Programas:");
-}
-
 TEST(StatisticsCharts, ScalesAreRoundAndLabelsKeepApart) {
-    for (const auto& [values, low, high, step] :
-         std::vector<std::tuple<std::vector<std::int64_t>, int, int, int>>{{{0, 1}, 0, 1, 1},
-                                                                           {{97}, 0, 100, 20},
-                                                                           {{3, -5}, -6, 4, 2},
-                                                                           {{32767}, 0, 40000, 10000},
-                                                                           {{}, 0, 1, 1}}) {
-        const auto scale = stats::chartScale(values);
-        EXPECT_EQ(scale.low, low);
-        EXPECT_EQ(scale.high, high);
-        EXPECT_EQ(scale.step, step);
-    }
+    const auto scale = [](std::vector<std::int64_t> values) {
+        const auto made = stats::chartScale(std::move(values));
+        return std::vector<double>{double(made.low), double(made.high), double(made.step)};
+    };
+    using Scale = std::vector<double>;
+    EXPECT_EQ(scale({}), (Scale{0, 1, 1}));
+    EXPECT_EQ(scale({97}), (Scale{0, 100, 20}));
+    EXPECT_EQ(scale({3, -5}), (Scale{-6, 4, 2}));
+    EXPECT_EQ(scale({32767}), (Scale{0, 40000, 10000}));
     EXPECT_EQ(stats::spreadLabels({10, 50, 90}, 10, 0, 100), (std::vector<double>{10, 50, 90}));
     EXPECT_EQ(stats::spreadLabels({49, 50, 51}, 10, 0, 100), (std::vector<double>{40, 50, 60}));
     EXPECT_EQ(stats::spreadLabels({1, 2, 99}, 10, 0, 100), (std::vector<double>{5, 15, 95}));
