@@ -3,93 +3,59 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
-#include <QTemporaryDir>
 
-#include "browse/item_list.h"
 #include "print/list_printer.h"
-#include "print/print_job.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/frame.h"
-#include "shell/frame/menus.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
-#include "support/recording_messages.h"
-#include "support/scripted_dialogs.h"
-
-using core::Language;
+#include "support/catalogue_fixture.h"
+#include "support/main_window.h"
 
 namespace {
 
-struct Desk {
-    shell::Catalogue catalogue;
-    test::RecordingMessages messages;
-    test::ScriptedDialogs dialogs;
-    shell::MenuBar menus{Language::Spanish};
-    shell::Toolbar toolbar{Language::Spanish};
-    shell::StatusBand status;
-    shell::Frame frame{Language::Spanish, catalogue, messages, dialogs, menus, toolbar, status};
-    QWidget window;
-    browse::ItemList& listView1 = *new browse::ItemList(&window);
-    browse::ItemList& listView2 = *new browse::ItemList(&window);
-    browse::Lists lists{listView1, listView2};
-};
+using Imprimir1 = test::MainWindow;
 
-void fill(browse::ItemList& list, int count) {
-    list.beginFill();
-    for (int i = 0; i < count; ++i) {
-        browse::ListItem item;
-        item.text = "item " + std::to_string(i);
-        item.type = "Archivo";
-        item.largo = i;
-        list.add(item);
-    }
-    list.endFill();
-}
-
-qsizetype pagesOf(const QString& path) {
-    QFile file(path);
+qsizetype pagesOf(const std::string& path) {
+    QFile file(QString::fromStdString(path));
     return file.open(QIODevice::ReadOnly) ? file.readAll().count("/Type /Page\n") : -1;
 }
 
 }  // namespace
 
-TEST(Imprimir1, PrintsTheShownListOncePerCopy) {
-    QTemporaryDir folder;
-    Desk desk;
-    int dialogs = 0;
-    desk.dialogs.onPrint = [&](QPrinter& printer) {
-        ++dialogs;
-        printer.setOutputFileName(folder.filePath("list.pdf"));
+TEST_F(Imprimir1, PrintsTheShownListOncePerCopy) {
+    const test::CatalogueFixture sample;
+    sample.add(std::vector(31, test::fileRow("U :", "E:\\", "item")));
+    sample.add(std::vector(30, test::fileRow("V :", "E:\\", "item")));
+    int asked = 0;
+    dialogs.onPrint = [&](QPrinter& printer) {
+        ++asked;
+        printer.setOutputFileName(QString::fromStdString(folder / "list.pdf"));
     };
-    desk.dialogs.copies = 3;
-    desk.listView2.hide();
-    desk.toolbar.setPressed(shell::Toolbar::Search, true);
-    print::Imprimir1(desk.frame, desk.lists);
-    EXPECT_EQ(dialogs, 0) << "an empty list asks nothing";
-    EXPECT_FALSE(desk.toolbar.isPressed(shell::Toolbar::Search));
+    dialogs.copies = 3;
+    start(core::Language::Spanish, sample.path);
+    frame().toolbar.setPressed(shell::Toolbar::Search, true);
+    choose("Imprimir");
+    EXPECT_EQ(asked, 0) << "an empty list asks nothing";
+    EXPECT_FALSE(frame().toolbar.isPressed(shell::Toolbar::Search));
 
-    fill(desk.listView1, 31);
-    fill(desk.listView2, 61);
-    print::Imprimir1(desk.frame, desk.lists);
-    EXPECT_EQ(dialogs, 1);
+    click("U :");
+    choose("Imprimir");
+    EXPECT_EQ(asked, 1);
     for (const char* name : {"list.pdf", "list (2).pdf", "list (3).pdf"})
-        EXPECT_EQ(pagesOf(folder.filePath(name)), 2) << name;
-    EXPECT_FALSE(QFile::exists(folder.filePath("list (4).pdf")));
+        EXPECT_EQ(pagesOf(folder / name), 2) << name;
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(folder / "list (4).pdf")));
 
-    desk.listView2.show();  // the search list lies over the other
-    desk.dialogs.copies = 1;
-    print::Imprimir1(desk.frame, desk.lists);
-    EXPECT_EQ(pagesOf(folder.filePath("list.pdf")), 3);
+    choose("buscar");  // the search list lies over the other
+    search("item");
+    dialogs.copies = 1;
+    press(shell::Toolbar::Print);
+    EXPECT_EQ(pagesOf(folder / "list.pdf"), 3);
 
-    QFile::remove(folder.filePath("list.pdf"));
-    desk.dialogs.copies.reset();
-    print::Imprimir1(desk.frame, desk.lists);
-    EXPECT_FALSE(QFile::exists(folder.filePath("list.pdf"))) << "cancelled";
-    EXPECT_TRUE(desk.messages.shown.empty());
+    std::filesystem::remove(folder / "list.pdf");
+    dialogs.copies.reset();
+    choose("Imprimir");
+    EXPECT_EQ(pagesOf(folder / "list.pdf"), -1) << "cancelled";
+    EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
@@ -117,10 +83,4 @@ TEST(ListPrinter, WideTextsStayInTheirColumn) {
     EXPECT_GT(rightmost(40, 70), blanks);
     EXPECT_LT(rightmost(40, 70), 1500);
     EXPECT_LE(print::reportLineHeight() * 32 + 300, 11906) << "thirty rows on a sheet laid across";
-}
-
-TEST(PrintJob, NumbersTheFilesOfFurtherCopies) {
-    EXPECT_EQ(print::copyFileName("/a.b/list.pdf", 1), "/a.b/list.pdf");
-    EXPECT_EQ(print::copyFileName("/a.b/list.pdf", 2), "/a.b/list (2).pdf");
-    EXPECT_EQ(print::copyFileName("/a.b/list", 12), "/a.b/list (12)");
 }
