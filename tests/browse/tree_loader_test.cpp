@@ -5,12 +5,8 @@
 #include <QString>
 #include <random>
 
-#include "core/inserts.h"
-#include "core/unit_kinds.h"
 #include "platform/files.h"
-#include "platform/jet/database.h"
-#include "platform/jet/maintenance.h"
-#include "support/temporary_folder.h"
+#include "support/catalogue_fixture.h"
 
 namespace {
 
@@ -67,67 +63,52 @@ struct PlainLoad {
 class Disc {
   public:
     explicit Disc(unsigned seed) : m_random(seed) {
-        jet::CreateDatabase(catalogue).value();
-        m_database.emplace(jet::OpenDatabase(catalogue).value());
-        jet::Transaction filling(*m_database);
-        EXPECT_TRUE(filling.begin());
-        m_row.disco = disco;
         // Some bases hold a name that folders have too.
-        folder(seed % 3 == 0 ? "E:\\ab" : seed % 3 == 1 ? "E:" : "E:\\x\\Ñ", 1, seed % 4 == 0 ? 13 : 4);
-        m_row.disco = "Other :";
-        folder("E:\\ab", 1, 4);
-        EXPECT_TRUE(filling.commit());
+        folder(disco,
+               seed % 3 == 0   ? "E:\\ab"
+               : seed % 3 == 1 ? "E:"
+                               : "E:\\x\\Ñ",
+               1, seed % 4 == 0 ? 13 : 4);
+        folder("Other :", "E:\\ab", 1, 4);
+        catalogue.add(m_rows);
     }
 
-    test::TemporaryFolder place;
-    std::string catalogue = place / "test.zrq";
+    test::CatalogueFixture catalogue;
 
   private:
     int upTo(int most) { return std::uniform_int_distribution(0, most)(m_random); }
 
-    void folder(const std::string& path, int nivel, int depth) {
+    void folder(const std::string& unit, const std::string& path, int nivel, int depth) {
         static constexpr const char* names[] = {"ab", "AB",  "a",  "b", "ñ",  "Ñ",    "n",     "á b",
                                                 "a*", "a?b", "a#", "7", "a7", "[ab]", "[ab]c", "c.d"};
         if (nivel > depth) return;
         const int folders = depth > 4 ? 1 + upTo(5) / 5 : 1 + upTo(2);
         for (int i = 0; i < folders; ++i) {
-            m_row.carpeta = names[upTo(std::size(names) - 1)];
-            m_row.ruta = path + '\\' + m_row.carpeta;
-            m_row.nivel = std::to_string(nivel);
-            m_row.tipo = core::folderTipo;
-            const std::string below = m_row.ruta;
-            insert(core::insertFolder(m_row));
-            folder(below, nivel + 1, depth);
+            const std::string below = path + '\\' + names[upTo(std::size(names) - 1)];
+            m_rows.push_back(test::folderRow(unit, below));
+            m_rows.back().nivel = std::to_string(nivel);
+            folder(unit, below, nivel + 1, depth);
         }
-        m_row.archivo = "file";
-        m_row.ruta = path;
-        m_row.nivel = std::to_string(nivel);
-        m_row.tipo = core::fileTipo;
-        insert(core::insertFile(m_row));
-        m_row.archivo.reset();
-    }
-    void insert(const std::string& sql) {
-        ++m_row.numero;
-        ASSERT_TRUE(m_database->Execute(sql)) << sql;
+        m_rows.push_back(test::fileRow(unit, path, "file"));
+        m_rows.back().nivel = std::to_string(nivel);
     }
 
     std::mt19937 m_random;
-    core::CatalogRow m_row;
-    std::optional<jet::Database> m_database;
+    std::vector<core::CatalogRow> m_rows;
 };
 
 TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
     std::size_t folders = 0, deepest = 0;
     for (unsigned seed = 0; seed < 20; ++seed) {
         Disc disc(seed);
-        const std::string copyPath = disc.place / "temp.ejm";
-        ASSERT_TRUE(platform::CopyFile(disc.catalogue, copyPath));
+        const std::string copyPath = disc.catalogue.folder / "temp.ejm";
+        ASSERT_TRUE(platform::CopyFile(disc.catalogue.path, copyPath));
         auto copy = jet::OpenDatabase(copyPath, jet::Use::Scratch).value();
         ASSERT_TRUE(copy.Execute(std::string("delete * from datos where disco<>('") + disco + "') "));
         Collected loaded;
         browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded);
 
-        auto catalogue = jet::OpenDatabase(disc.catalogue).value();
+        auto catalogue = disc.catalogue.open();
         PlainLoad plain(catalogue);
         plain.level(1, "");
         ASSERT_EQ(loaded.folders, plain.to.folders) << seed;
