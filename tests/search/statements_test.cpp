@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <map>
 
@@ -22,6 +23,24 @@ std::map<std::string, std::string> allStatements() {
             statements[nameOf(row) + "\t" + std::to_string(++index)] = sql;
     }
     return statements;
+}
+
+long occurrences(std::string_view what) {
+    long count = 0;
+    for (const auto& [row, sql] : allStatements())
+        for (std::size_t at = sql.find(what); at != std::string::npos; at = sql.find(what, at + 1)) ++count;
+    return count;
+}
+
+TEST(Statements, NumberOfRowsAndSpellings) {
+    EXPECT_EQ(allRows().size(), 144u);
+    EXPECT_EQ(allStatements().size(), 204u);
+    EXPECT_EQ(std::ranges::count_if(allRows(), isSplit), 16);
+    EXPECT_EQ(occurrences("{D1})and({D2})and"), 77);
+    EXPECT_EQ(occurrences("{D1})and({D2}) and"), 10);
+    EXPECT_EQ(occurrences("archivo like ('*"), 54);
+    EXPECT_EQ(occurrences("or where"), 1);
+    EXPECT_EQ(occurrences("{S2}) fecha"), 2);
 }
 
 TEST(Statements, EqualTheListWrittenByHand) {

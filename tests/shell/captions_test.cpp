@@ -1,0 +1,106 @@
+// The menus and captions as the users know them, odd spelling and blanks included.
+
+#include "shell/frame/captions.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QMenu>
+
+#include "shell/frame/menus.h"
+
+namespace {
+
+using core::Language;
+using shell::MenuBar;
+
+// "-" a separator, "!" off, "*" checked, "( )" a submenu.
+std::string entriesOf(const QMenu& menu) {
+    std::string text;
+    for (const QAction* entry : menu.actions()) {
+        if (!text.empty()) text += ' ';
+        text += entry->isSeparator() ? "-" : entry->isChecked() ? "*" : entry->isEnabled() ? "" : "!";
+        text += entry->objectName().toStdString();
+        if (entry->menu()) text += "(" + entriesOf(*entry->menu()) + ")";
+    }
+    return text;
+}
+
+TEST(MenuBar, HasItsTreeInBothLanguages) {
+    const std::pair<const char*, const char*> expected[] = {
+        {"archivos", "nuevo abrir reciente -barra1 guardar cerrar Imprimir -barra3 salir"},
+        {"edicion",
+         "explore buscar explorar -barra23 borr(eliminar borrarunidad1) -barra25 !Parar1 -Barra9 actualizar1 "
+         "-barra35 !Copiararchivos"},
+        {"ver",
+         "Tamañodefuente(*Pequeño Mediano Grande) -barra33 barradetareas(*botonescontexto botonessintexto) "
+         "-barra5 "
+         "vistas(Iconosgrandes Iconospequeños lista *Detalle) -barra32 arriba -barra30 iniciomenu"},
+        {"Herramientas", "graficos -barra22 compactar -barra8 reparar"},
+        {"ayuda", "idioma1(español *English) -barra31 soporte website feedback -barra6 acerca"},
+    };
+    const MenuBar english(Language::English);
+    ASSERT_EQ(static_cast<const QWidget&>(english).actions().size(), 5);
+    for (int top = 0; top < 5; ++top) {
+        const QAction* menu = static_cast<const QWidget&>(english).actions()[top];
+        EXPECT_EQ(menu->objectName().toStdString(), expected[top].first);
+        EXPECT_EQ(entriesOf(*menu->menu()), expected[top].second);
+    }
+    EXPECT_EQ(entriesOf(*english.popup()),
+              "abrirnodo -barra7 cambiarnombre graficos2 borrarunidad -Barra21 Propiedades");
+    EXPECT_EQ(entriesOf(*english.popup2()),
+              "abrirlistitem -Barra20 !Copiararchivos2 -barra36 insertarcomentario vercomentarios -barra37 "
+              "filacompleta");
+    EXPECT_EQ(english.action("abrirnodo")->text(), "");
+    EXPECT_EQ(english.action("idioma1")->text(), "Languaje");
+    EXPECT_EQ(english.action("archivos")->menu()->title(), "File");
+
+    const MenuBar spanish(Language::Spanish);
+    EXPECT_EQ(entriesOf(*spanish.action("idioma1")->menu()), "*español English");
+    EXPECT_EQ(spanish.action("nuevo")->text(), "Nuevo ");
+}
+
+TEST(MenuBar, ShortcutsOpenOneEntryEach) {
+    const MenuBar menus(Language::English);
+    const std::pair<const char*, const char*> expected[] = {
+        {"nuevo", "Ctrl+N"},   {"abrir", "Ctrl+O"},  {"reciente", "Ctrl+R"}, {"Imprimir", "Ctrl+P"},
+        {"explore", "Ctrl+I"}, {"buscar", "Ctrl+S"}, {"explorar", "Ctrl+E"}, {"Parar1", "Ctrl+T"}};
+    for (const auto& [name, key] : expected)
+        EXPECT_EQ(menus.action(name)->shortcut(), QKeySequence(key)) << name;
+    QSet<QKeySequence> seen;
+    for (const QAction* entry : menus.findChildren<QAction*>()) {
+        for (const QKeySequence& key : entry->shortcuts()) {
+            EXPECT_FALSE(key.isEmpty() || seen.contains(key)) << entry->objectName().toStdString();
+            seen.insert(key);
+        }
+    }
+}
+
+TEST(Captions, KeepTheirBlanksAndSpelling) {
+    struct Expected {
+        const char16_t *control, *spanish, *english;
+    };
+    const Expected expected[] = {
+        {u"nuevo", u"Nuevo ", u"New"},
+        {u"botonescontexto", u"Botones con texto", u"Bottons with text"},
+        {u"TabStrip2(1)", u"   Desde el directorio   ", u"    From directory   "},
+        {u"TabStrip2(2)", u"       Manualmente       ", u"    Manualy   "},
+        {u"TabStrip1(1)", u"Tipo", u" Type  "},
+        {u"TabStrip1(5)", u"Notas", u" Notes  "},
+        {u"Label9(2)", u"Generar una unidad  manualmente:", u"Generate an unit manualy:"},
+        {u"Label10(2)", u"Busqueda por Nota :", u"Search by note:"},
+        {u"Label13", u"Entre el :", u"Between:"},
+        {u"Label19", u"Selecionar", u"Select"},
+        {u"Copiararchivos2", u"Copiar archivos", u"Copy files"},
+        {u"Toolbar1(11)(4)", u"Detalle", u"Details"},
+    };
+    for (const Expected& row : expected) {
+        EXPECT_EQ(shell::caption(row.control, Language::Spanish), QString::fromUtf16(row.spanish));
+        EXPECT_EQ(shell::caption(row.control, Language::English), QString::fromUtf16(row.english));
+    }
+    EXPECT_TRUE(shell::caption(u"Toolbar1(3)", Language::English).isNull());
+    EXPECT_EQ(shell::toolbarToolTip(9, Language::Spanish), "Estadísticas");
+    EXPECT_EQ(shell::toolbarToolTip(9, Language::English), "Statistics");
+}
+
+}  // namespace
