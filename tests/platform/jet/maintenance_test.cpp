@@ -127,16 +127,28 @@ TEST_F(MaintenanceTest, RepairBringsNoDeletedRowBack) {
     EXPECT_EQ(repaired(hurt), 600);
 }
 
-TEST_F(MaintenanceTest, RepairKeepsARowWhoseDamagedNumberIsAnothers) {
+// One wrong bit or byte in a row's cell or in the pointer to it, and what the row is still told by.
+TEST_F(MaintenanceTest, RepairKeepsARowWithADamagedCell) {
     fill(5);
-    std::string hurt = readFile(path);
-    const auto numberOf = [&](std::size_t cell) -> char& {  // in the leaf that the root is, behind the length
-        const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(hurt[8192 + at]); };
-        return hurt[8192 + byte(8 + 2 * cell) * 256u + byte(9 + 2 * cell) + 1];
+    const std::string whole = readFile(path);
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(whole[at]); };
+    const std::size_t page = 8192, pointer = page + 8 + 2 * 2;  // the root is a leaf; its third row
+    const std::size_t cell = page + byte(pointer) * 256u + byte(pointer + 1);
+    const std::size_t length = cell, number = cell + 1, level = cell + 7;
+    struct Damage {
+        const char* what;
+        std::size_t at;
+        int value;
     };
-    ASSERT_EQ(numberOf(2) - numberOf(1), 1);
-    numberOf(2) = numberOf(1);
-    EXPECT_EQ(repaired(hurt), 5);
+    for (const auto& [what, at, value] : {Damage{"another row's number", number, byte(number) - 1},
+                                          Damage{"a pointer beyond the page", pointer, byte(pointer) | 0x80},
+                                          Damage{"a length beyond the row", length, byte(length) + 3},
+                                          Damage{"a text of bytes", level, 14}}) {
+        std::string hurt = whole;
+        ASSERT_NE(byte(at), value);
+        hurt[at] = static_cast<char>(value);
+        EXPECT_EQ(repaired(hurt), 5) << what;
+    }
 }
 
 }  // namespace
