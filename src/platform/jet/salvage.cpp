@@ -28,8 +28,8 @@ struct TreePage {
         rightMost = fourBytes(page, at + 8);
     }
 
-    // Where a cell begins; 0 when there is none: a damaged count may promise more than the page can hold. Bits
-    // that lead beyond the page can only be damage.
+    // Where a cell begins; 0 when there is none: a damaged count may promise more than the page can hold.
+    // Bits that lead beyond the page can only be damage.
     [[nodiscard]] std::size_t cell(std::size_t i, std::size_t header) const {
         const std::size_t at = header + 2 * i;
         return at + 2 > page.size() ? 0 : twoBytes(page, at) & (page.size() - 1);
