@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QProgressBar>
@@ -8,32 +7,14 @@
 #include <QToolButton>
 
 #include "shell/frame/desktop_dialogs.h"
-#include "shell/frame/menus.h"
 #include "shell/frame/status_band.h"
 #include "shell/frame/toolbar.h"
 
 namespace {
 
 using core::Language;
-using shell::MenuBar;
 using shell::StatusBand;
 using shell::Toolbar;
-
-TEST(MenuBar, ShortcutsOpenOneEntryEach) {
-    const MenuBar menus(Language::English);
-    const std::pair<const char*, const char*> expected[] = {
-        {"nuevo", "Ctrl+N"},   {"abrir", "Ctrl+O"},  {"reciente", "Ctrl+R"}, {"Imprimir", "Ctrl+P"},
-        {"explore", "Ctrl+I"}, {"buscar", "Ctrl+S"}, {"explorar", "Ctrl+E"}, {"Parar1", "Ctrl+T"}};
-    for (const auto& [name, key] : expected)
-        EXPECT_EQ(menus.action(name)->shortcut(), QKeySequence(key)) << name;
-    QSet<QKeySequence> seen;
-    for (const QAction* entry : menus.findChildren<QAction*>()) {
-        for (const QKeySequence& key : entry->shortcuts()) {
-            EXPECT_FALSE(key.isEmpty() || seen.contains(key)) << entry->objectName().toStdString();
-            seen.insert(key);
-        }
-    }
-}
 
 TEST(Toolbar, ShowsItsCaptionsWhereThereIsRoom) {
     for (const Language language : {Language::Spanish, Language::English}) {
