@@ -7,34 +7,13 @@
 #include "copyback/copy_run.h"
 #include "copyback/locate.h"
 #include "support/catalogue_fixture.h"
+#include "support/hostile_names.h"
 #include "support/mounted_discs.h"
 #include "support/run_command.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// Names as no sane person gives them: every byte, the longest, and what looks like something else.
-std::vector<std::string> oddNames() {
-    std::vector<std::string> names{" ",
-                                   "'",
-                                   "\\",
-                                   "-rf",
-                                   "~",
-                                   "...",
-                                   "C:\\x",
-                                   "\xc2\xb4 alone",
-                                   "\xed\xa0\x80",
-                                   "''\\'\n\xff'",
-                                   "\xc3\xb1\xc3",
-                                   "$(x);--*?[#",
-                                   "\xef\x80\xa7\\\xef\x80\xa7",
-                                   "\xf0\x9f\x98\x80'\x7f\"%"};
-    for (const char last : {'\'', '\xe9', '\\'}) names.push_back(std::string(254, last) + "x");
-    for (int byte = 1; byte < 256; ++byte)
-        if (byte != '/') names.push_back(std::string("n") + static_cast<char>(byte) + "m");
-    return names;
-}
 
 struct ScannedFiles : copyback::ItemReader {
     std::vector<core::CatalogRow> rows;
@@ -51,7 +30,7 @@ TEST(OddNames, AreScannedFoundInAnotherDriveAndCopiedByteForByte) {
     discs.insert('E', "dvd", "removable");
     const std::string folder = discs.disc("dvd/it's \xff odd");
     std::set<std::string> expected;
-    for (const std::string& name : oddNames()) {
+    for (const std::string& name : test::hostileNames()) {
         test::writeFile(folder + '/' + name, "bytes of " + name);
         expected.insert(name);
     }

@@ -14,6 +14,7 @@
 
 #include "reliability/catalogue_check.h"
 #include "reliability/program.h"
+#include "support/hostile_names.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -41,27 +42,8 @@ class HostileTree : public testing::Test {
     const std::string catalogue = work / "catalogue.zrq";
 };
 
-// One name for every byte, and whatever the longest name may hold.
-std::vector<std::string> hostileNames() {
-    std::vector<std::string> names;
-    for (int byte = 1; byte < 256; ++byte)
-        if (byte != '/' && byte != '.') names.emplace_back(1, static_cast<char>(byte));
-    names.push_back(std::string(255, '\''));
-    names.push_back(std::string(255, '\\'));
-    names.push_back(std::string(255, '\xff'));
-    for (const char* name : {"...", " ", "-rf", "*", "[a", "%s%n", "a\nb", "'); delete * from datos; --",
-                             "\xed\xa0\x80", "\xf4\x90\x80\x80",
-                             "\xe2\x80\xae"
-                             "exe.txt",
-                             "C:", "\xef\x80\xaf"})
-        names.emplace_back(name);
-    std::ranges::sort(names);
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-    return names;
-}
-
 TEST_F(HostileTree, EveryEntryHasItsRow) {
-    const auto names = hostileNames();
+    const auto names = test::hostileNames();
     for (const std::string& name : names) {
         fs::create_directories(tree + "/files");
         test::writeFile(tree + "/files/" + name, "x");
