@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "reliability/catalogue_check.h"
 #include "reliability/program.h"
 #include "support/temporary_folder.h"
@@ -13,14 +11,8 @@ namespace {
 
 class TwoPrograms : public testing::Test {
   protected:
-    static void SetUpTestSuite() {
-        elsewhere = std::make_unique<test::TemporaryFolder>();
-        tree = *elsewhere / "tree";
-        test::makeTree(tree, folders, filesInEach);
-    }
-    static void TearDownTestSuite() { elsewhere.reset(); }
-
     void SetUp() override {
+        test::makeTree(tree, folders, filesInEach);
         test::makeCatalogue(catalogue, {"Earlier"}, 500);
         earlier = test::contentOf(catalogue);
     }
@@ -40,9 +32,8 @@ class TwoPrograms : public testing::Test {
 
     static constexpr int folders = 60;
     static constexpr int filesInEach = 100;
-    static inline std::unique_ptr<test::TemporaryFolder> elsewhere;
-    static inline std::string tree;
     test::TemporaryFolder work;
+    const std::string tree = work / "tree";
     const std::string catalogue = work / "catalogue.zrq";
     test::Content earlier;
 };
