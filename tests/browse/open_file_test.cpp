@@ -60,16 +60,6 @@ TEST_F(OpenFile, AFixedDiskIsNotLookedForInOtherDrives) {
     EXPECT_TRUE(opened.targets.empty());
 }
 
-TEST_F(OpenFile, FindsADiscInAnotherDrive) {
-    discs.insert('G', "dvd", "removable");
-    const std::string file = discs.write("dvd", "E:/it's.txt", "");  // a folder that looks like a drive
-    const std::string inRoot = discs.write("dvd", "readme", "");
-    EXPECT_EQ(open("E:\\E:", "it´s.txt"), browse::OpenEnd::Opened);
-    EXPECT_EQ(open("E:\\", "readme"), browse::OpenEnd::Opened);
-    EXPECT_EQ(opened.targets, (std::vector{file, inRoot}));
-    EXPECT_TRUE(told.empty());
-}
-
 TEST_F(OpenFile, AsksForTheUnitOnceAndLooksAgain) {
     discs.eject('E');
     const std::string file = discs.write("dvd", "a/x.txt", "");

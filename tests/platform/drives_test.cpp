@@ -12,9 +12,6 @@ namespace platform {
 bool operator==(const Drive& a, const Drive& b) {
     return a.letter == b.letter && a.type == b.type && a.mountPoint == b.mountPoint;
 }
-void PrintTo(const Drive& drive, std::ostream* out) {
-    *out << drive.name() << '=' << drive.mountPoint << ',' << int(drive.type);
-}
 
 }  // namespace platform
 
