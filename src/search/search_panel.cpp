@@ -136,10 +136,6 @@ void SearchPanel::clearUnits() {
     imageCombo3().setSelected(1);
 }
 
-void SearchPanel::addUnit(const QString& disco, int picture) {
-    imageCombo3().addItem(imageCombo3().count() + 1, {}, disco, picture);
-}
-
 controls::ImageCombo& SearchPanel::imageCombo3() {
     return m_picture15->units();
 }

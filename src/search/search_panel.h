@@ -35,10 +35,7 @@ class SearchPanel : public QWidget {
 
     // ImageCombo2: the eight types anew, the first selected.
     void fillTypes();
-    // ImageCombo3: the whole catalogue as the only item, selected; then one item per unit, its text with "
-    // :".
-    void clearUnits();
-    void addUnit(const QString& disco, int picture);
+    // The units are entered by who knows them; the panel begins with the whole catalogue alone.
     [[nodiscard]] controls::ImageCombo& imageCombo3();
 
     [[nodiscard]] SearchRequest request() const;
@@ -49,6 +46,7 @@ class SearchPanel : public QWidget {
 
   private:
     void makeControls();
+    void clearUnits();
     void showTab(int tab);
     void enterInField();
     void enterInNote();

@@ -73,10 +73,6 @@ void ListView::setColumnWidth(int column, int pixels) {
     m_report->setColumnWidth(column - 1, pixels);
 }
 
-int ListView::columnWidth(int column) const {
-    return m_report->columnWidth(column - 1);
-}
-
 void ListView::setHiddenColumns(const std::vector<int>& columns) {
     m_hiddenColumns = columns;
     for (int section = 0; section < m_report->header()->count(); ++section)

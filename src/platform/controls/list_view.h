@@ -34,7 +34,6 @@ class ListView : public QWidget {
     [[nodiscard]] bool fullRowSelect() const;
 
     void setColumnWidth(int column, int pixels);
-    [[nodiscard]] int columnWidth(int column) const;
     // These columns have no width, and go back to none whatever opens them.
     void setHiddenColumns(const std::vector<int>& columns);
     void setSortIndicator(int column, Qt::SortOrder order);  // column 0: no indicator

@@ -137,14 +137,6 @@ QString TreeModel::key(Node node) const {
     return contains(node) ? entry(node).key : QString();
 }
 
-int TreeModel::picture(Node node) const {
-    return contains(node) ? entry(node).picture : 0;
-}
-
-int TreeModel::selectedPicture(Node node) const {
-    return contains(node) ? entry(node).selectedPicture : 0;
-}
-
 Node TreeModel::parentOf(Node node) const {
     return contains(node) ? entry(node).parent : noNode;
 }

@@ -36,8 +36,6 @@ class TreeModel : public QAbstractItemModel {
     [[nodiscard]] QString text(Node node) const;
     void setText(Node node, const QString& text);
     [[nodiscard]] QString key(Node node) const;
-    [[nodiscard]] int picture(Node node) const;
-    [[nodiscard]] int selectedPicture(Node node) const;
 
     [[nodiscard]] Node parentOf(Node node) const;
     [[nodiscard]] int childCount(Node node) const;  // of noNode: the number of roots
