@@ -97,7 +97,14 @@ std::vector<KnownTexts::Text> Census::textsOf(std::string_view column, std::stri
         if (sought == Sought::NextText)
             row->bind(static_cast<int>(values.size()), std::string_view(*texts.back()));
         if (row->step() != Prepared::Step::Row) return false;
-        if (sought != Sought::Bytes) texts.push_back(textOf(*row, 0));
+        if (sought == Sought::Bytes) return true;
+        auto text = textOf(*row, 0);
+        // A damaged index may lead backwards, and so without end.
+        if (sought == Sought::NextText && !(texts.back() < text)) {
+            m_isComplete = false;
+            return false;
+        }
+        texts.push_back(std::move(text));
         return true;
     };
     (void)find(Sought::Null);

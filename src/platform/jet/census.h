@@ -83,7 +83,7 @@ class Census {
     std::optional<long long> m_version;
     std::optional<std::vector<Unit>> m_units;
     std::vector<Noted> m_noted;
-    bool m_isComplete = true;  // false once values were met that are no texts
+    bool m_isComplete = true;  // false once values were met that are no texts, or an index out of order
 };
 
 }  // namespace jet

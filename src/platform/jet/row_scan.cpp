@@ -27,11 +27,12 @@ bool asksForOneLevel(const Condition& condition) {
            condition.operands[0].column == Column::nivel && condition.operands[1].kind == Operand::Text;
 }
 
-// The units of the catalogue, one step through the index for each.
+// The units of the catalogue, one step through the index for each. A plain union ends where a damaged index
+// leads back to a unit that was met before.
 constexpr std::string_view unitList =
     "select 0, disco from (with recursive unit(disco) as (select (select disco from datos where disco >= '' "
     "and disco < x'' order by disco limit 1) "
-    "union all select (select disco from datos where disco > unit.disco and disco < x'' order by disco "
+    "union select (select disco from datos where disco > unit.disco and disco < x'' order by disco "
     "limit 1) "
     "from unit where unit.disco is not null) "
     "select disco from unit where disco is not null "

@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
     std::mt19937 random(3);
     bool unsound = false;
     int repaired = 0;
-    for (int i = rounds(argc, argv, 30); i > 0 && !unsound; --i) {
+    for (int i = rounds(argc, argv, 200); i > 0 && !unsound; --i) {
         std::string hurt = whole;
         for (unsigned flips = 1 + random() % 20; flips > 0; --flips) {
             const std::size_t at = random() % 4 ? random() % hurt.size() : random() % 8192;
