@@ -8,10 +8,10 @@
 #include <fstream>
 #include <string>
 
-#include "browse/column_sort.h"
-#include "browse/item_list.h"
-#include "platform/controls/pictures.h"
-#include "platform/controls/tree_view.h"
+#include "controls/pictures.h"
+#include "controls/tree_view.h"
+#include "lists/column_sort.h"
+#include "lists/item_list.h"
 
 namespace {
 

@@ -19,8 +19,8 @@
 #include "core/catalog_row.h"
 #include "core/inserts.h"
 #include "core/unit_kinds.h"
-#include "platform/jet/database.h"
-#include "platform/jet/maintenance.h"
+#include "engine/database.h"
+#include "engine/maintenance.h"
 
 namespace {
 

@@ -17,9 +17,9 @@
 #include <cstring>
 #include <functional>
 
-#include "platform/controls/link_label.h"
-#include "platform/controls/pictures.h"
-#include "shell/frame/menus.h"
+#include "controls/link_label.h"
+#include "controls/pictures.h"
+#include "frame/menus.h"
 #include "shell/main_window.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "platform/controls/pictures.h"
+#include "controls/pictures.h"
 #include "sample_discs.h"
 #include "tour.h"
 

@@ -10,12 +10,12 @@
 #include <QTabBar>
 #include <QTimer>
 
-#include "browse/item_list.h"
+#include "controls/image_combo.h"
+#include "controls/link_label.h"
+#include "frame/menus.h"
+#include "frame/pointer.h"
+#include "lists/item_list.h"
 #include "notes/notes_panel.h"
-#include "platform/controls/image_combo.h"
-#include "platform/controls/link_label.h"
-#include "shell/frame/menus.h"
-#include "shell/frame/pointer.h"
 #include "shell/language_chooser.h"
 #include "shell/main_window.h"
 #include "shell/quick_start.h"

@@ -2,9 +2,9 @@
 
 #include "browse/tail.h"
 #include "browse/tree_names.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/status_band.h"
 
 namespace browse {
 

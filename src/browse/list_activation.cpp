@@ -4,10 +4,10 @@
 #include <optional>
 
 #include "browse/tail.h"
-#include "platform/jet/database.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/tell.h"
+#include "engine/database.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/tell.h"
 
 namespace browse {
 namespace {

@@ -1,6 +1,6 @@
 #include "browse/listing.h"
 
-#include "browse/row_items.h"
+#include "lists/row_items.h"
 
 namespace browse {
 

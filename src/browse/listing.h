@@ -2,10 +2,10 @@
 
 #include <functional>
 
-#include "browse/list_item.h"
 #include "browse/listing_statements.h"
 #include "core/language.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
+#include "lists/list_item.h"
 
 namespace browse {
 

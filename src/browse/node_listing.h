@@ -7,7 +7,7 @@
 #include "browse/listing_statements.h"
 #include "browse/name_lists.h"
 #include "browse/node_names.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace browse {
 

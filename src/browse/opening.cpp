@@ -1,10 +1,10 @@
 #include "browse/opening.h"
 
+#include "controls/qtext.h"
 #include "core/unit_kinds.h"
-#include "platform/controls/qtext.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/status_band.h"
 
 namespace browse {
 namespace {

@@ -2,10 +2,10 @@
 
 #include "browse/tail.h"
 #include "browse/unit_load.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/running.h"
-#include "shell/frame/status_band.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/running.h"
+#include "frame/status_band.h"
 
 namespace browse {
 

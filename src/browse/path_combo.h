@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browse/surface.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace browse {
 

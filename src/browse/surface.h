@@ -2,12 +2,12 @@
 
 #include "browse/browse_state.h"
 #include "browse/clicked_row.h"
-#include "browse/item_list.h"
 #include "browse/name_lists.h"
+#include "controls/image_combo.h"
+#include "controls/tree_view.h"
 #include "core/units.h"
-#include "platform/controls/image_combo.h"
-#include "platform/controls/tree_view.h"
-#include "shell/frame/frame.h"
+#include "frame/frame.h"
+#include "lists/item_list.h"
 
 namespace browse {
 

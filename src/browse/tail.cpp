@@ -3,8 +3,8 @@
 #include <QAction>
 
 #include "core/kilobytes.h"
-#include "shell/frame/menus.h"
-#include "shell/frame/status_band.h"
+#include "frame/menus.h"
+#include "frame/status_band.h"
 
 namespace browse {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "core/language.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace browse {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace browse {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browse/node_names.h"
-#include "platform/controls/tree_view.h"
+#include "controls/tree_view.h"
 
 namespace browse {
 

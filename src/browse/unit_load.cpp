@@ -2,11 +2,11 @@
 
 #include <array>
 
+#include "controls/qtext.h"
 #include "core/catalogue_file.h"
-#include "platform/controls/qtext.h"
+#include "frame/pointer.h"
+#include "frame/status_band.h"
 #include "platform/files.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
 
 namespace browse {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "cli/command.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace cli {
 

@@ -3,8 +3,8 @@
 #include <QFile>
 
 #include "copyback/copy_run.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/tell.h"
+#include "frame/pointer.h"
+#include "frame/tell.h"
 
 namespace copyback {
 namespace {

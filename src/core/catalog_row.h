@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/jet/recordset.h"
+#include "engine/recordset.h"
 
 namespace core {
 

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "core/text.h"
-#include "platform/jet/database.h"
-#include "platform/jet/maintenance.h"
+#include "engine/database.h"
+#include "engine/maintenance.h"
 
 namespace core {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "engine/error.h"
 #include "platform/files.h"
-#include "platform/jet/error.h"
 
 namespace core {
 

@@ -6,8 +6,8 @@
 #include <filesystem>
 
 #include "core/catalogue_file.h"
-#include "platform/jet/database.h"
-#include "platform/jet/maintenance.h"
+#include "engine/database.h"
+#include "engine/maintenance.h"
 
 namespace core {
 namespace {

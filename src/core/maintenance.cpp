@@ -2,7 +2,7 @@
 
 #include "core/text.h"
 #include "core/unit_kinds.h"
-#include "platform/jet/maintenance.h"
+#include "engine/maintenance.h"
 
 namespace core {
 namespace {

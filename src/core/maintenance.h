@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/jet/database.h"
-#include "platform/jet/error.h"
+#include "engine/database.h"
+#include "engine/error.h"
 
 namespace core {
 

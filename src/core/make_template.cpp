@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
+#include "engine/maintenance.h"
 #include "platform/files.h"
-#include "platform/jet/maintenance.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {

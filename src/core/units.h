@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/language.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace core {
 

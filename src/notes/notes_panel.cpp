@@ -6,10 +6,10 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "platform/controls/qtext.h"
-#include "platform/controls/twips.h"
-#include "shell/frame/captions.h"
-#include "shell/frame/catalogue.h"
+#include "controls/qtext.h"
+#include "controls/twips.h"
+#include "frame/captions.h"
+#include "frame/catalogue.h"
 
 namespace notes {
 namespace {

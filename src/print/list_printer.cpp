@@ -8,7 +8,7 @@
 #include <QPrinter>
 #include <cmath>
 
-#include "platform/controls/pictures.h"
+#include "controls/pictures.h"
 
 namespace print {
 namespace {

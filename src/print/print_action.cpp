@@ -2,13 +2,13 @@
 
 #include <QPrinter>
 
-#include "browse/item_list.h"
+#include "frame/dialogs.h"
+#include "frame/frame.h"
+#include "frame/pointer.h"
+#include "frame/toolbar.h"
+#include "lists/item_list.h"
 #include "print/list_printer.h"
 #include "print/print_job.h"
-#include "shell/frame/dialogs.h"
-#include "shell/frame/frame.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/toolbar.h"
 
 namespace print {
 namespace {

@@ -3,20 +3,20 @@
 #include <QLineEdit>
 #include <QWidget>
 
+#include "controls/image_combo.h"
 #include "core/catalogue_file.h"
 #include "core/unit_kinds.h"
-#include "platform/controls/image_combo.h"
+#include "frame/captions.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/running.h"
+#include "frame/status_band.h"
+#include "frame/toolbar.h"
 #include "platform/drives.h"
 #include "scan/manual_unit.h"
 #include "scan/scan_request.h"
 #include "scan/status_text.h"
 #include "scan/walk_display.h"
-#include "shell/frame/captions.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/running.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
 
 namespace scan {
 namespace {

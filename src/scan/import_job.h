@@ -3,11 +3,11 @@
 #include <optional>
 #include <string>
 
-#include "platform/jet/database.h"
+#include "engine/database.h"
+#include "frame/frame.h"
 #include "scan/import_fields.h"
 #include "scan/import_host.h"
 #include "scan/walker.h"
-#include "shell/frame/frame.h"
 
 namespace scan {
 

@@ -9,17 +9,17 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "controls/image_combo.h"
+#include "controls/key_filter.h"
+#include "controls/link_label.h"
+#include "controls/pictures.h"
+#include "controls/tab_strip.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
-#include "platform/controls/image_combo.h"
-#include "platform/controls/key_filter.h"
-#include "platform/controls/link_label.h"
-#include "platform/controls/pictures.h"
-#include "platform/controls/tab_strip.h"
+#include "frame/captions.h"
 #include "scan/allowed_keys.h"
 #include "scan/folder.h"
 #include "scan/refusal.h"
-#include "shell/frame/captions.h"
 
 namespace scan {
 namespace {

@@ -3,9 +3,9 @@
 #include <QWidget>
 #include <string>
 
+#include "frame/frame.h"
 #include "scan/import_host.h"
 #include "scan/import_job.h"
-#include "shell/frame/frame.h"
 
 class QHBoxLayout;
 class QLabel;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/jet/database.h"
+#include "engine/database.h"
 #include "scan/refusal.h"
 
 namespace scan {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/database.h"
 #include "platform/drives.h"
-#include "platform/jet/database.h"
 #include "scan/refusal.h"
 #include "scan/walker.h"
 

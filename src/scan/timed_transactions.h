@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace scan {
 

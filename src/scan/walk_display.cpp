@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "frame/pointer.h"
+#include "frame/status_band.h"
 #include "scan/row_writer.h"
 #include "scan/status_text.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
 
 namespace scan {
 namespace {

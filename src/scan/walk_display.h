@@ -2,8 +2,8 @@
 
 #include <chrono>
 
+#include "frame/frame.h"
 #include "scan/walk_observer.h"
-#include "shell/frame/frame.h"
 
 namespace scan {
 

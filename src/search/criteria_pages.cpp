@@ -8,15 +8,15 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "controls/image_combo.h"
+#include "controls/key_filter.h"
+#include "controls/step_buttons.h"
 #include "core/serial_date.h"
 #include "core/text.h"
-#include "platform/controls/image_combo.h"
-#include "platform/controls/key_filter.h"
-#include "platform/controls/step_buttons.h"
+#include "frame/captions.h"
 #include "search/criterion_heading.h"
 #include "search/recent_combo.h"
 #include "search/typed_text.h"
-#include "shell/frame/captions.h"
 
 namespace search {
 namespace {

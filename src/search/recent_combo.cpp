@@ -2,8 +2,8 @@
 
 #include <QLineEdit>
 
+#include "controls/key_filter.h"
 #include "core/text.h"
-#include "platform/controls/key_filter.h"
 #include "search/typed_text.h"
 
 namespace search {

@@ -1,6 +1,6 @@
 #include "search/result_row.h"
 
-#include "browse/file_types.h"
+#include "lists/file_types.h"
 
 namespace search {
 namespace {

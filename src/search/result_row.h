@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "browse/list_item.h"
 #include "core/language.h"
-#include "platform/jet/recordset.h"
+#include "engine/recordset.h"
+#include "lists/list_item.h"
 #include "search/passes.h"
 
 namespace search {

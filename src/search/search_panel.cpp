@@ -6,18 +6,18 @@
 #include <QPushButton>
 #include <optional>
 
-#include "browse/item_list.h"
-#include "platform/controls/image_combo.h"
-#include "platform/controls/pictures.h"
-#include "platform/controls/tab_strip.h"
-#include "platform/jet/database.h"
+#include "controls/image_combo.h"
+#include "controls/pictures.h"
+#include "controls/tab_strip.h"
+#include "engine/database.h"
+#include "frame/captions.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/status_band.h"
+#include "lists/item_list.h"
 #include "search/criteria_pages.h"
 #include "search/recent_combo.h"
 #include "search/search_messages.h"
-#include "shell/frame/captions.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
 
 namespace search {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <QWidget>
 
+#include "frame/frame.h"
 #include "search/refusal.h"
 #include "search/result_row.h"
 #include "search/search_run.h"
-#include "shell/frame/frame.h"
 
 class QComboBox;
 class QPushButton;

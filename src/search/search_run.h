@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/jet/database.h"
+#include "engine/database.h"
 #include "search/passes.h"
 
 namespace search {

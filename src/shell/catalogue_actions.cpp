@@ -2,13 +2,13 @@
 
 #include <QFile>
 
+#include "controls/qtext.h"
 #include "core/catalogue_file.h"
-#include "platform/controls/qtext.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/status_band.h"
+#include "frame/toolbar.h"
 #include "platform/files.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
 
 namespace shell {
 namespace {

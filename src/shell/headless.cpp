@@ -6,14 +6,14 @@
 #include <QPixmap>
 #include <cstdio>
 
+#include "controls/link_label.h"
 #include "core/catalogue_file.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
-#include "platform/controls/link_label.h"
+#include "frame/menus.h"
+#include "frame/pointer.h"
 #include "platform/files.h"
 #include "scan/allowed_keys.h"
-#include "shell/frame/menus.h"
-#include "shell/frame/pointer.h"
 #include "shell/language_choice.h"
 #include "shell/main_window.h"
 

@@ -1,8 +1,8 @@
 #include "shell/language_choice.h"
 
+#include "frame/captions.h"
+#include "frame/frame.h"
 #include "platform/settings.h"
-#include "shell/frame/captions.h"
-#include "shell/frame/frame.h"
 
 namespace shell {
 

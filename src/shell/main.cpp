@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <cstring>
 
+#include "controls/pictures.h"
+#include "frame/desktop_dialogs.h"
+#include "frame/message_boxes.h"
 #include "platform/command_line.h"
-#include "platform/controls/pictures.h"
-#include "shell/frame/desktop_dialogs.h"
-#include "shell/frame/message_boxes.h"
 #include "shell/headless.h"
 #include "shell/main_window.h"
 #include "shell/startup.h"

@@ -6,10 +6,10 @@
 #include <QShortcut>
 #include <functional>
 
-#include "browse/column_sort.h"
 #include "browse/tail.h"
+#include "frame/pointer.h"
+#include "lists/column_sort.h"
 #include "print/print_action.h"
-#include "shell/frame/pointer.h"
 #include "shell/language_choice.h"
 #include "shell/links.h"
 #include "shell/logo.h"

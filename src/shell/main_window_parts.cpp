@@ -1,7 +1,7 @@
 #include "shell/main_window_parts.h"
 
-#include "platform/controls/twips.h"
-#include "shell/frame/captions.h"
+#include "controls/twips.h"
+#include "frame/captions.h"
 #include "shell/main_window.h"
 
 namespace shell {

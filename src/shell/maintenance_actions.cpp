@@ -1,14 +1,14 @@
 #include "shell/maintenance_actions.h"
 
 #include "browse/tail.h"
+#include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "core/maintenance.h"
-#include "platform/controls/qtext.h"
+#include "frame/catalogue.h"
+#include "frame/pointer.h"
+#include "frame/status_band.h"
+#include "frame/toolbar.h"
 #include "shell/catalogue_actions.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
 
 namespace shell {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/controls/twips.h"
+#include "controls/twips.h"
 
 namespace shell {
 namespace {

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "shell/frame/layout.h"
+#include "frame/layout.h"
 
 namespace shell {
 

@@ -7,8 +7,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "platform/controls/pictures.h"
-#include "shell/frame/captions.h"
+#include "controls/pictures.h"
+#include "frame/captions.h"
 #include "shell/logo.h"
 
 namespace shell {

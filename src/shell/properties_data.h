@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "core/language.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 
 namespace shell {
 

@@ -7,9 +7,9 @@
 #include <QLabel>
 #include <QToolButton>
 
-#include "platform/controls/pictures.h"
-#include "shell/frame/captions.h"
-#include "shell/frame/elided_label.h"
+#include "controls/pictures.h"
+#include "frame/captions.h"
+#include "frame/elided_label.h"
 #include "shell/logo.h"
 #include "shell/quick_start_setting.h"
 

@@ -6,7 +6,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "shell/frame/captions.h"
+#include "frame/captions.h"
 #include "shell/links.h"
 #include "shell/logo.h"
 

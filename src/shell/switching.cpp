@@ -1,8 +1,8 @@
 #include "shell/switching.h"
 
+#include "frame/toolbar.h"
 #include "scan/import_panel.h"
 #include "search/search_panel.h"
-#include "shell/frame/toolbar.h"
 #include "shell/panes.h"
 
 namespace shell {

@@ -3,9 +3,9 @@
 #include <QAction>
 #include <array>
 
-#include "shell/frame/menus.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
+#include "frame/menus.h"
+#include "frame/status_band.h"
+#include "frame/toolbar.h"
 
 namespace shell {
 namespace {

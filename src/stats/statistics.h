@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "core/language.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 #include "stats/categories.h"
 #include "stats/statements.h"
 

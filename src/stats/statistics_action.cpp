@@ -1,10 +1,10 @@
 #include "stats/statistics_action.h"
 
-#include "shell/frame/catalogue.h"
-#include "shell/frame/frame.h"
-#include "shell/frame/pointer.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
+#include "frame/catalogue.h"
+#include "frame/frame.h"
+#include "frame/pointer.h"
+#include "frame/status_band.h"
+#include "frame/toolbar.h"
 #include "stats/statistics_window.h"
 
 namespace stats {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/units.h"
-#include "platform/jet/database.h"
+#include "engine/database.h"
 #include "stats/statistics.h"
 #include "stats/statistics_window.h"
 

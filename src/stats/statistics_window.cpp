@@ -12,8 +12,8 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
-#include "platform/controls/pictures.h"
-#include "shell/frame/dialogs.h"
+#include "controls/pictures.h"
+#include "frame/dialogs.h"
 #include "stats/bar_chart_2d.h"
 #include "stats/bar_chart_3d.h"
 #include "stats/pie_chart.h"

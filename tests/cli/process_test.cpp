@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/jet/database.h"
+#include "engine/database.h"
 #include "reliability/program.h"
 #include "support/temporary_folder.h"
 

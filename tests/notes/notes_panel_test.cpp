@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "platform/controls/twips.h"
+#include "controls/twips.h"
 #include "support/main_window.h"
 
 namespace {

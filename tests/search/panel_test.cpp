@@ -4,7 +4,7 @@
 #include <QDateEdit>
 #include <QPushButton>
 
-#include "platform/controls/step_buttons.h"
+#include "controls/step_buttons.h"
 #include "search/sample_catalogue.h"
 #include "support/fitting.h"
 #include "support/main_window.h"

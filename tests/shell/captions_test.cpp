@@ -1,13 +1,13 @@
 // The menus and captions as the users know them, odd spelling and blanks included.
 
-#include "shell/frame/captions.h"
+#include "frame/captions.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QMenu>
 
-#include "shell/frame/menus.h"
+#include "frame/menus.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <QResizeEvent>
 #include <QToolButton>
 
-#include "shell/frame/desktop_dialogs.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
+#include "frame/desktop_dialogs.h"
+#include "frame/status_band.h"
+#include "frame/toolbar.h"
 
 namespace {
 

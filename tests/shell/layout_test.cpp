@@ -1,11 +1,11 @@
-#include "shell/frame/layout.h"
+#include "frame/layout.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 
-#include "shell/frame/enabling.h"
+#include "frame/enabling.h"
 
 namespace {
 

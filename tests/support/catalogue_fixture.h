@@ -8,8 +8,8 @@
 
 #include "core/inserts.h"
 #include "core/unit_kinds.h"
-#include "platform/jet/database.h"
-#include "platform/jet/maintenance.h"
+#include "engine/database.h"
+#include "engine/maintenance.h"
 #include "support/temporary_folder.h"
 
 namespace test {

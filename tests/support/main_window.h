@@ -13,12 +13,12 @@
 #include <QToolButton>
 #include <memory>
 
-#include "platform/jet/database.h"
+#include "engine/database.h"
+#include "frame/catalogue.h"
+#include "frame/menus.h"
+#include "frame/status_band.h"
+#include "frame/toolbar.h"
 #include "platform/settings.h"
-#include "shell/frame/catalogue.h"
-#include "shell/frame/menus.h"
-#include "shell/frame/status_band.h"
-#include "shell/frame/toolbar.h"
 #include "shell/main_window.h"
 #include "support/mounted_discs.h"
 #include "support/recording_messages.h"

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "shell/frame/messages.h"
+#include "frame/messages.h"
 
 namespace test {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "shell/frame/dialogs.h"
+#include "frame/dialogs.h"
 
 namespace test {
 

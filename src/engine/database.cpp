@@ -1,0 +1,115 @@
+#include "engine/database.h"
+
+#include "engine/dialect/query.h"
+#include "engine/rows/change.h"
+#include "engine/rows/path_lookup.h"
+#include "engine/rows/recordset_impl.h"
+
+namespace jet {
+
+struct Database::Impl {
+    std::shared_ptr<Connection> connection;
+    std::shared_ptr<Census> census;
+    StatementReader reader;
+    PathLookup paths;
+    Changes changes;
+
+    explicit Impl(std::shared_ptr<Connection> opened)
+        : connection(std::move(opened)),
+          census(std::make_shared<Census>(*connection)),
+          changes(*connection, *census) {}
+};
+
+Database::Database(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
+Database::Database(Database&&) noexcept = default;
+Database& Database::operator=(Database&& other) noexcept {
+    if (this != &other) {
+        Close();
+        m_impl = std::move(other.m_impl);
+    }
+    return *this;
+}
+Database::~Database() {
+    Close();
+}
+
+Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
+    auto connection = Connection::open(nativePath, use);
+    if (!connection) return std::unexpected(connection.error());
+    auto impl = std::make_unique<Database::Impl>(std::move(*connection));
+    return Database(std::move(impl));
+}
+
+Result<long long> Database::Execute(std::string_view sql) {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    auto statement = m_impl->reader.read(sql);
+    if (!statement) return std::unexpected(statement.error());
+    if ((*statement)->kind == Statement::Select) {
+        return std::unexpected(Error{error::general, "A select cannot be executed"});
+    }
+    return m_impl->changes.run(*statement, m_impl->reader.literals());
+}
+
+Result<Recordset> Database::OpenRecordset(std::string_view sql) {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    auto statement = m_impl->reader.read(sql);
+    if (!statement) return std::unexpected(statement.error());
+    if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(sql));
+    if (auto current = m_impl->census->refresh(); !current) return std::unexpected(current.error());
+    const Scan scan{*m_impl->connection, *m_impl->census, **statement, m_impl->reader.literals()};
+    if (auto known = m_impl->paths.open(m_impl->connection, *statement, scan))
+        return Recordset(std::move(known));
+    auto rows =
+        openRows({m_impl->connection, m_impl->census, std::make_unique<Query>(sql, std::move(*statement))});
+    if (!rows) return std::unexpected(rows.error());
+    return Recordset(std::move(*rows));
+}
+
+Result<> Database::BeginTrans() {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    return m_impl->connection->run("begin immediate");
+}
+
+Result<> Database::CommitTrans() {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    return m_impl->connection->run("commit");
+}
+
+void Database::Rollback() {
+    if (!isOpen()) return;
+    m_impl->connection->noteWrite();
+    (void)m_impl->connection->run("rollback");
+}
+
+Result<> Database::HoldStill() {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    return m_impl->connection->run("begin; select count(*) from sqlite_schema");
+}
+
+void Database::Close() {
+    if (isOpen()) m_impl->connection->close();
+}
+
+bool Database::isOpen() const {
+    return m_impl && m_impl->connection->isOpen();
+}
+
+Transaction::Transaction(Database& database) : m_database(database) {}
+
+Transaction::~Transaction() {
+    if (m_open) m_database.Rollback();
+}
+
+Result<> Transaction::begin() {
+    auto begun = m_database.BeginTrans();
+    m_open = begun.has_value();
+    return begun;
+}
+
+Result<> Transaction::commit() {
+    auto committed = m_database.CommitTrans();
+    if (committed) m_open = false;
+    return committed;
+}
+
+}  // namespace jet

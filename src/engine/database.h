@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "engine/error.h"
+#include "engine/recordset.h"
+
+namespace jet {
+
+// What an opened file is used for.
+enum class Use {
+    Catalogue,  // durable: a finished Execute, or a committed transaction, survives a crash
+    ReadOnly,   // never writes, not even a journal; works on read-only media
+    Scratch,    // a working copy that may be lost: no journal, no flush
+};
+
+// One open database file. Statements are the dialect's texts, UTF-8; every literal in them is lifted to a
+// bound parameter and the prepared statement is kept by its shape, so that repeating a statement with other
+// values costs microseconds. One statement a call: text after its end is an error. Not for use from two
+// threads.
+//
+// Closing (or destroying) the handle ends open recordsets and rolls back an open transaction.
+class Database {
+  public:
+    Database(Database&&) noexcept;
+    Database& operator=(Database&&) noexcept;
+    ~Database();
+
+    // Runs a statement that returns no rows; gives the number of rows it touched.
+    [[nodiscard]] Result<long long> Execute(std::string_view sql);
+
+    // Opens the rows of a `select`, positioned on the first one. Rows are fetched as they are asked for.
+    [[nodiscard]] Result<Recordset> OpenRecordset(std::string_view sql);
+
+    // Explicit transactions; see Transaction for the scoped form. Not nested.
+    [[nodiscard]] Result<> BeginTrans();
+    [[nodiscard]] Result<> CommitTrans();
+    void Rollback();
+
+    // Until the handle is closed no program can write to the file, which may be copied; others go on reading.
+    [[nodiscard]] Result<> HoldStill();
+
+    void Close();
+    [[nodiscard]] bool isOpen() const;
+
+  private:
+    friend Result<Database> OpenDatabase(const std::string& nativePath, Use use);
+    struct Impl;
+    explicit Database(std::unique_ptr<Impl> impl);
+    std::unique_ptr<Impl> m_impl;
+};
+
+// Opens an existing catalogue file by its native path; never creates one, and never changes a file that is
+// not a catalogue. A file that cannot be written is opened for reading.
+[[nodiscard]] Result<Database> OpenDatabase(const std::string& nativePath, Use use = Use::Catalogue);
+
+// A transaction that is rolled back when it leaves its scope without commit().
+class Transaction {
+  public:
+    explicit Transaction(Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    [[nodiscard]] Result<> begin();
+    [[nodiscard]] Result<> commit();
+
+  private:
+    Database& m_database;
+    bool m_open = false;
+};
+
+}  // namespace jet

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "engine/dialect/literals.h"
+#include "engine/format.h"
+
+namespace jet {
+
+// A pattern of `like` on its way to a prepared statement, which compiles it once and keeps it.
+struct PatternText {
+    std::string_view text;
+};
+
+// A value no column ever holds; equal to nothing, and unlike null, unequal to every text.
+struct NoSuchValue {};
+
+// What is bound to one parameter. Texts are views into the literals or the unit names.
+using BoundValue =
+    std::variant<std::monostate, std::int64_t, double, std::string_view, PatternText, NoSuchValue>;
+
+// A literal as a value of a column's type: text in a numeric column becomes its number, or null when it is
+// none.
+[[nodiscard]] BoundValue converted(const Literal& literal, bool negative, Type type, std::string& storage);
+
+}  // namespace jet

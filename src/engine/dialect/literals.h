@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "engine/error.h"
+
+namespace jet {
+
+struct Literal {
+    std::string_view text;  // of a text: its content; of a number: its digits
+    bool isNumber = false;
+};
+
+// A statement with its literals lifted out: what is left is its shape, in which textMark and numberMark stand
+// for them. Statements that differ in their literals only have the same shape.
+struct LiftedStatement {
+    static constexpr char textMark = '\1';
+    static constexpr char numberMark = '\2';
+
+    std::string shape;
+    std::vector<std::size_t> marks;  // where they stand in the shape
+    std::vector<Literal> literals;   // views into the statement or into `unescaped`
+    std::list<std::string> unescaped;
+    bool repeated = false;  // the shape is that of the statement lifted before
+};
+
+// Lifts the literals of `sql`, which must outlive `out`. Fails on an unclosed quote, and on characters that
+// no statement has outside quotes.
+[[nodiscard]] Result<> liftLiterals(std::string_view sql, LiftedStatement& out);
+
+// The number that a text stands for: a point or a comma as decimal sign, blanks around it skipped.
+[[nodiscard]] std::optional<double> numberOf(std::string_view text);
+
+[[nodiscard]] Error syntaxError(std::string_view near);
+
+}  // namespace jet

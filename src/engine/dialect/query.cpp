@@ -1,0 +1,34 @@
+#include "engine/dialect/query.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace jet {
+
+Result<std::shared_ptr<const Statement>> StatementReader::read(std::string_view sql) {
+    const auto last = std::exchange(m_last, nullptr);
+    if (auto lifted = liftLiterals(sql, m_lifted); !lifted) return std::unexpected(lifted.error());
+    if (m_lifted.repeated && last) return m_last = last;
+    auto statement = parsed(m_lifted.shape);
+    if (statement) m_last = *statement;
+    return statement;
+}
+
+Result<std::shared_ptr<const Statement>> StatementReader::parsed(const std::string& shape) {
+    if (const auto found = m_shapes.find(shape); found != m_shapes.end()) return found->second;
+    auto statement = parseShape(shape);
+    if (!statement) return std::unexpected(statement.error());
+    if (m_shapes.size() >= mostKept) m_shapes.clear();
+    const auto same = std::find_if(m_shapes.begin(), m_shapes.end(),
+                                   [&](const auto& known) { return *known.second == *statement; });
+    const auto shared =
+        same == m_shapes.end() ? std::make_shared<const Statement>(std::move(*statement)) : same->second;
+    return m_shapes[shape] = shared;
+}
+
+Query::Query(std::string_view sql, std::shared_ptr<const Statement> statement)
+    : m_sql(sql), m_statement(std::move(statement)) {
+    (void)liftLiterals(m_sql, m_lifted);  // what could be read once can be read again
+}
+
+}  // namespace jet

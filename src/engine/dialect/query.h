@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "engine/dialect/literals.h"
+#include "engine/dialect/parser.h"
+
+namespace jet {
+
+// Takes statements apart: their literals, and the parsed shape that they share with others. Each shape is
+// parsed once, and shapes that say the same share what they say.
+class StatementReader {
+  public:
+    // The literals are those of the statement until the next one is read.
+    [[nodiscard]] Result<std::shared_ptr<const Statement>> read(std::string_view sql);
+    [[nodiscard]] const std::vector<Literal>& literals() const { return m_lifted.literals; }
+
+  private:
+    [[nodiscard]] Result<std::shared_ptr<const Statement>> parsed(const std::string& shape);
+
+    static constexpr std::size_t mostKept = 1000;
+    LiftedStatement m_lifted;
+    std::shared_ptr<const Statement> m_last;
+    std::unordered_map<std::string, std::shared_ptr<const Statement>> m_shapes;
+};
+
+// One statement that outlives the text it came as.
+class Query {
+  public:
+    Query(std::string_view sql, std::shared_ptr<const Statement> statement);
+    Query(const Query&) = delete;
+    Query& operator=(const Query&) = delete;
+
+    [[nodiscard]] const Statement& statement() const { return *m_statement; }
+    [[nodiscard]] const std::vector<Literal>& literals() const { return m_lifted.literals; }
+
+  private:
+    std::string m_sql;
+    LiftedStatement m_lifted;  // views into m_sql
+    std::shared_ptr<const Statement> m_statement;
+};
+
+}  // namespace jet

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "engine/dialect/bound_value.h"
+#include "engine/dialect/literals.h"
+#include "engine/dialect/statement.h"
+#include "engine/rows/census.h"
+
+namespace jet {
+
+// Puts a parsed statement and its literals into SQLite's words: text with a parameter for each value. No
+// literal ever becomes part of the text.
+class SqlWriter {
+  public:
+    SqlWriter(const std::vector<Literal>& literals, Census& census)
+        : m_literals(literals), m_census(census) {}
+
+    void write(std::string_view sql) { m_sql += sql; }
+    void writeFields(const std::vector<Column>& fields);
+    void writeCondition(const Condition& condition);
+    void writeWhere(const Statement& statement);  // " where ..." or nothing
+
+    // The same for the rows between two rowids only.
+    void writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow);
+    void writeGroupAndOrder(const Statement& statement);
+    void writeAssignments(const Statement& statement);  // " set ..." of an update
+    void writeInsert(const Statement& statement);
+
+    [[nodiscard]] const std::string& sql() const { return m_sql; }
+    [[nodiscard]] const std::vector<BoundValue>& values() const { return m_values; }
+
+  private:
+    void writeJoined(const Condition& condition, std::string_view word);
+    void writeUnits(const Condition& condition);
+    void writeTest(const Condition& condition);
+    void writeOperand(const Operand& operand, Type type);
+    void writeValue(const BoundValue& value);
+
+    const std::vector<Literal>& m_literals;
+    Census& m_census;
+    std::string m_sql;
+    std::vector<BoundValue> m_values;
+    std::deque<std::string> m_storage;  // for values that no literal holds as they are
+};
+
+}  // namespace jet

@@ -1,0 +1,58 @@
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include "engine/file/connection.h"
+#include "engine/file/file_header.h"
+#include "engine/file/open_files.h"
+#include "engine/file/prepared.h"
+#include "engine/file/replacement.h"
+#include "engine/file/sqlite_error.h"
+#include "engine/maintenance.h"
+
+namespace jet {
+
+namespace {
+
+Result<> refuseOpenFile(const std::string& path) {
+    const auto file = identityOf(path);
+    if (file && OpenFile::isOpen(*file)) return std::unexpected(Error{error::locked, path + " is open"});
+    return {};
+}
+
+Result<> vacuumInto(const std::string& source, const std::string& path) {
+    auto database = openSqlite(source, SQLITE_OPEN_READWRITE);
+    if (!database) return std::unexpected(database.error());
+    StatementPool pool(database->get());
+    auto vacuum = pool.lend("vacuum into ?");
+    if (!vacuum) return std::unexpected(vacuum.error());
+    const std::string target = path.starts_with('/') ? path : "./" + path;
+    vacuum->bind(0, std::string_view(target));
+    if (vacuum->step() == Prepared::Step::Failed) return std::unexpected(lastError(database->get()));
+    return {};
+}
+
+Result<> writeCompacted(const std::string& source, const std::string& destination) {
+    if (auto sound = checkCatalogueFile(source); !sound) return sound;
+    auto compacted = Replacement::beside(destination, source);
+    if (!compacted) return std::unexpected(compacted.error());
+    if (auto written = vacuumInto(source, compacted->path()); !written) return written;
+    return compacted->putInPlace();
+}
+
+}  // namespace
+
+Result<> CompactDatabase(const std::string& source, const std::string& destination) {
+    if (auto free = refuseOpenFile(source); !free) {
+        if (identityOf(source) != identityOf(destination)) ::unlink(destination.c_str());
+        return free;
+    }
+    if (identityOf(source) && identityOf(source) == identityOf(destination)) {
+        return std::unexpected(Error{error::fileExists, "A catalogue cannot be compacted into itself"});
+    }
+    if (auto free = refuseOpenFile(destination); !free) return free;
+    auto written = writeCompacted(source, destination);
+    if (!written) ::unlink(destination.c_str());
+    return written;
+}
+
+}  // namespace jet

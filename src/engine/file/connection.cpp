@@ -1,0 +1,164 @@
+#include "engine/file/connection.h"
+
+#include <sqlite3.h>
+
+#include "engine/file/file_header.h"
+#include "engine/file/sql_functions.h"
+#include "engine/file/sqlite_error.h"
+#include "engine/format.h"
+
+namespace jet {
+
+namespace {
+
+constexpr int busyMilliseconds = 1000;
+
+// A path that SQLite can take for nothing but a path (it knows "file:" and ":memory:").
+std::string plainPath(const std::string& path) {
+    return path.starts_with('/') ? path : "./" + path;
+}
+
+// A file may come from anywhere: nothing in its schema may act.
+void distrustSchema(sqlite3* database) {
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+}
+
+// Deleted rows are wiped, so that what a repair finds on pages that nothing leads to is no row deleted long
+// ago.
+const char* settingsFor(Use use) {
+    switch (use) {
+        case Use::Catalogue:
+            return "pragma synchronous = full; pragma secure_delete = on";
+        case Use::ReadOnly:
+            return "pragma query_only = on";
+        case Use::Scratch:
+            return "pragma locking_mode = exclusive; pragma journal_mode = memory; pragma synchronous = off;"
+                   "pragma secure_delete = off";
+    }
+    return "";
+}
+
+// The table with all its columns must be there.
+Result<> checkSchema(sqlite3* database) {
+    sqlite3_stmt* statement = nullptr;
+    int code =
+        sqlite3_prepare_v2(database,
+                           "select count(*) from sqlite_schema where type = 'table' and name = 'datos' "
+                           "and rootpage > 0",
+                           -1, &statement, nullptr);
+    if (code == SQLITE_OK) code = sqlite3_step(statement);
+    const bool found = code == SQLITE_ROW && sqlite3_column_int(statement, 0) == 1;
+    sqlite3_finalize(statement);
+    if (code != SQLITE_ROW) return std::unexpected(lastError(database));
+    if (!found) return std::unexpected(Error{error::corrupt, "The table of the catalogue is missing"});
+
+    code = sqlite3_prepare_v2(
+        database,
+        "select numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, comentario, "
+        "rowid from datos",
+        -1, &statement, nullptr);
+    sqlite3_finalize(statement);
+    if (code == SQLITE_OK) return {};
+    if ((code & 0xFF) != SQLITE_ERROR) return std::unexpected(lastError(database));
+    return std::unexpected(Error{error::corrupt, "The table of the catalogue lacks a column"});
+}
+
+// Another tool may have left the file in a mode that needs a second file beside it, or without its index.
+// Costs nothing when it did not.
+void undoForeignChanges(sqlite3* database) {
+    if (sqlite3_db_readonly(database, "main") != 0) return;
+    (void)run(database, "pragma journal_mode = delete");
+    (void)run(database, createIndex);
+}
+
+// SQLite's count of its memory would cost a lock and an update for each allocation, several a row. Comes too
+// late, and does nothing, if some other library of the process has used SQLite before.
+void keepNoMemoryCount() {
+    static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    static_cast<void>(done);
+}
+
+// A program died within a change. The first one that may write puts the file right, also when it came to
+// read; where nobody may write, the file stays unreadable.
+void undoInterruptedChange(const std::string& path) {
+    const auto writer = openSqlite(path, SQLITE_OPEN_READWRITE);
+    if (writer) static_cast<void>(run(writer->get(), "select count(*) from sqlite_schema"));
+}
+
+}  // namespace
+
+void CloseSqlite::operator()(sqlite3* database) const {
+    sqlite3_close_v2(database);
+}
+
+Result<> run(sqlite3* database, const char* sql) {
+    if (!database) return std::unexpected(Error{error::general, "The database is closed"});
+    if (sqlite3_exec(database, sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
+        return std::unexpected(lastError(database));
+    }
+    return {};
+}
+
+Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
+    keepNoMemoryCount();
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(plainPath(path).c_str(), &opened,
+                                     sqliteFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    SqliteHandle handle(opened);
+    if (code != SQLITE_OK) return std::unexpected(errorOfCode(code));
+    sqlite3_busy_timeout(opened, busyMilliseconds);
+    distrustSchema(opened);
+    if (const int failed = registerFunctions(opened); failed != SQLITE_OK)
+        return std::unexpected(errorOfCode(failed));
+    return handle;
+}
+
+Connection::Connection(SqliteHandle handle, FileIdentity file, Use use)
+    : m_file(file), m_handle(std::move(handle)), m_pool(m_handle.get()), m_use(use) {}
+
+Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Use use) {
+    if (auto checked = checkCatalogueFile(path); !checked) return std::unexpected(checked.error());
+    const auto file = identityOf(path);
+    if (!file) return std::unexpected(Error{error::fileNotFound, path + " has vanished"});
+    OpenFile held(*file);
+    auto handle = openSqlite(path, use == Use::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
+    if (!handle) return std::unexpected(handle.error());
+    if (auto set = jet::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
+    auto sound = checkSchema(handle->get());
+    if (!sound && sqlite3_extended_errcode(handle->get()) == SQLITE_READONLY_ROLLBACK) {
+        undoInterruptedChange(path);
+        sound = checkSchema(handle->get());
+    }
+    if (!sound) return std::unexpected(sound.error());
+    if (use == Use::Catalogue) undoForeignChanges(handle->get());
+    return std::shared_ptr<Connection>(new Connection(std::move(*handle), *file, use));
+}
+
+Error Connection::lastError() const {
+    return isOpen() ? jet::lastError(handle()) : Error{error::general, "The database is closed"};
+}
+
+Result<long long> Connection::version() {
+    std::int64_t data = m_seenData;
+    if (m_use != Use::Scratch) {  // which nobody else can write to
+        auto asked = prepare("pragma data_version");
+        if (!asked) return std::unexpected(asked.error());
+        if (asked->step() != Prepared::Step::Row) return std::unexpected(lastError());
+        data = asked->integer(0);
+    }
+    if (data != m_seenData || m_writes != m_seenWrites) ++m_version;
+    m_seenData = data;
+    m_seenWrites = m_writes;
+    return m_version;
+}
+
+void Connection::close() {
+    m_pool.close();
+    m_handle.reset();
+    m_file = OpenFile();
+}
+
+}  // namespace jet

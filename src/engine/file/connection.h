@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/database.h"
+#include "engine/file/open_files.h"
+#include "engine/file/prepared.h"
+
+namespace jet {
+
+struct CloseSqlite {
+    void operator()(sqlite3* database) const;
+};
+using SqliteHandle = std::unique_ptr<sqlite3, CloseSqlite>;
+
+// Opens or creates a file as it stands, with our functions registered and the file's schema distrusted.
+[[nodiscard]] Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags);
+
+// Runs statements that take no values and give no rows.
+[[nodiscard]] Result<> run(sqlite3* database, const char* sql);
+
+// One SQLite connection on a catalogue file, shared by a Database and its open recordsets.
+class Connection {
+  public:
+    [[nodiscard]] static Result<std::shared_ptr<Connection>> open(const std::string& path, Use use);
+
+    [[nodiscard]] sqlite3* handle() const { return m_handle.get(); }
+    [[nodiscard]] bool isOpen() const { return m_handle != nullptr; }
+    [[nodiscard]] Use use() const { return m_use; }
+
+    [[nodiscard]] Result<Prepared> prepare(const std::string& sql) { return m_pool.lend(sql); }
+    [[nodiscard]] Result<> run(const char* sql) { return jet::run(handle(), sql); }
+    [[nodiscard]] Error lastError() const;
+
+    // Changes whenever rows may have changed since the last call, through this connection or another one.
+    // Fails when the file cannot be read now (locked, damaged).
+    [[nodiscard]] Result<long long> version();
+    void noteWrite() { ++m_writes; }
+
+    void close();
+
+  private:
+    Connection(SqliteHandle handle, FileIdentity file, Use use);
+
+    OpenFile m_file;
+    SqliteHandle m_handle;
+    StatementPool m_pool;
+    Use m_use;
+    long long m_writes = 0;
+    long long m_version = 0;
+    std::int64_t m_seenData = -1;
+    long long m_seenWrites = 0;
+};
+
+}  // namespace jet

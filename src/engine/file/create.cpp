@@ -1,0 +1,40 @@
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "engine/file/connection.h"
+#include "engine/file/schema.h"
+#include "engine/format.h"
+#include "engine/maintenance.h"
+
+namespace jet {
+
+Result<> writeSchema(sqlite3* database) {
+    const std::string marks = "pragma page_size = " + std::to_string(pageSize) +
+                              "; begin; pragma application_id = " + std::to_string(applicationId) +
+                              "; pragma user_version = " + std::to_string(formatVersion);
+    if (auto marked = run(database, marks.c_str()); !marked) return marked;
+    if (auto table = run(database, createTable); !table) return table;
+    if (auto index = run(database, createIndex); !index) return index;
+    return run(database, "commit");
+}
+
+Result<> CreateDatabase(const std::string& nativePath) {
+    // Taking the name first keeps a file that is there already from being written into.
+    const int file = ::open(nativePath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file < 0) {
+        const int number = errno == EEXIST ? error::fileExists : error::cannotOpenFile;
+        return std::unexpected(Error{number, nativePath + ": " + std::strerror(errno)});
+    }
+    ::close(file);
+    auto database = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
+    Result<> written = database ? writeSchema(database->get()) : std::unexpected(database.error());
+    if (database) database->reset();
+    if (!written) ::unlink(nativePath.c_str());
+    return written;
+}
+
+}  // namespace jet

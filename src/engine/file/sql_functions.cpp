@@ -1,0 +1,43 @@
+#include "engine/file/sql_functions.h"
+
+#include <sqlite3.h>
+
+#include "engine/text/folding.h"
+#include "engine/text/like_pattern.h"
+#include "engine/text/sort_key.h"
+
+namespace jet {
+
+namespace {
+
+void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const auto* pattern =
+        static_cast<const LikePattern*>(sqlite3_value_pointer(arguments[1], patternPointerType));
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
+    if (!pattern || !text) return sqlite3_result_null(context);
+    sqlite3_result_int(context,
+                       pattern->matches({text, static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]))}));
+}
+
+template <int (*compare)(std::string_view, std::string_view)>
+int collate(void*, int sizeA, const void* a, int sizeB, const void* b) {
+    return compare({static_cast<const char*>(a), static_cast<std::size_t>(sizeA)},
+                   {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
+}
+
+}  // namespace
+
+int registerFunctions(sqlite3* database) {
+    constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
+    int code =
+        sqlite3_create_function(database, "jet_like", 2, flags, nullptr, likeFunction, nullptr, nullptr);
+    if (code == SQLITE_OK) {
+        code = sqlite3_create_collation(database, "jet_folded", SQLITE_UTF8, nullptr, collate<compareFolded>);
+    }
+    if (code == SQLITE_OK) {
+        code = sqlite3_create_collation(database, "jet_sorted", SQLITE_UTF8, nullptr, collate<compareSorted>);
+    }
+    return code;
+}
+
+}  // namespace jet

@@ -1,0 +1,44 @@
+#include "engine/file/sqlite_error.h"
+
+#include <sqlite3.h>
+
+namespace jet {
+
+namespace {
+
+int numberOfCode(int sqliteCode) {
+    if (sqliteCode == SQLITE_READONLY_DIRECTORY) return error::readOnly;
+    switch (sqliteCode & 0xFF) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return error::locked;
+        case SQLITE_READONLY:
+            return error::readOnly;
+        case SQLITE_FULL:
+            return error::diskFull;
+        case SQLITE_CANTOPEN:
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            return error::cannotOpenFile;
+        case SQLITE_NOTADB:
+            return error::unrecognizedFormat;
+        case SQLITE_CORRUPT:
+            return error::corrupt;
+        case SQLITE_CONSTRAINT:
+            return error::duplicateValue;
+        default:
+            return error::general;
+    }
+}
+
+}  // namespace
+
+Error errorOfCode(int sqliteCode, const std::string& text) {
+    return {numberOfCode(sqliteCode), text.empty() ? sqlite3_errstr(sqliteCode) : text};
+}
+
+Error lastError(sqlite3* database) {
+    return errorOfCode(sqlite3_extended_errcode(database), sqlite3_errmsg(database));
+}
+
+}  // namespace jet

@@ -1,0 +1,131 @@
+#include "engine/repair/salvage.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace jet {
+
+namespace {
+
+constexpr unsigned char interiorIndexPage = 0x02;
+constexpr unsigned char interiorTablePage = 0x05;
+constexpr unsigned char leafIndexPage = 0x0A;
+constexpr unsigned char leafTablePage = 0x0D;
+constexpr std::size_t leafHeader = 8;
+constexpr std::size_t interiorHeader = 12;
+constexpr std::size_t firstPageHeader = 100;
+constexpr std::uint32_t usualRoot = 2;  // the table is the first thing that a new file gets
+
+// The header of a b-tree page.
+struct TreePage {
+    explicit TreePage(const RawPages::Page& page, std::uint32_t number) : page(page) {
+        const std::size_t at = number == 1 ? firstPageHeader : 0;
+        kind = page[at];
+        cells = twoBytes(page, at + 3);
+        rightMost = fourBytes(page, at + 8);
+    }
+
+    // Where a cell begins; 0 when there is none: a damaged count may promise more than the page can hold.
+    // Bits that lead beyond the page can only be damage.
+    [[nodiscard]] std::size_t cell(std::size_t i, std::size_t header) const {
+        const std::size_t at = header + 2 * i;
+        return at + 2 > page.size() ? 0 : twoBytes(page, at) & (page.size() - 1);
+    }
+
+    const RawPages::Page& page;
+    unsigned char kind;
+    std::size_t cells;
+    std::uint32_t rightMost;
+};
+
+// Tells rows apart that bear one number.
+std::size_t fingerprint(const RawRow& row) {
+    std::size_t print = 0;
+    for (const RawRow::Field& field : row.fields) print = print * 31 + std::hash<RawRow::Field>{}(field);
+    return print;
+}
+
+class Walk {
+  public:
+    Walk(const RawPages& pages, Salvage& salvage) : m_pages(pages), m_salvage(salvage) {}
+
+    // Every leaf that a tree leads to.
+    void followTree(std::uint32_t root) {
+        std::vector<std::uint32_t> open{root};
+        while (!open.empty() && !m_stopped) {
+            const std::uint32_t number = open.back();
+            open.pop_back();
+            const RawPages::Page page = m_pages.read(number);
+            if (page.empty() || number == 1 || !m_seen.insert(number).second) continue;
+            const TreePage tree(page, number);
+            takeLeaf(tree, number == root);
+            if (tree.kind != interiorTablePage) continue;
+            open.push_back(tree.rightMost);
+            for (std::size_t i = tree.cells; i-- > 0;) {
+                const std::size_t cell = tree.cell(i, interiorHeader);
+                if (cell != 0 && cell + 4 <= page.size()) open.push_back(fourBytes(page, cell));
+            }
+        }
+    }
+
+    void takeLostLeaves() {
+        const auto free = m_pages.freePages();
+        for (std::uint32_t number = 2; number <= m_pages.count() && !m_stopped; ++number) {
+            if (m_seen.contains(number) || free.contains(number)) continue;
+            const RawPages::Page page = m_pages.read(number);
+            if (!page.empty()) takeLeaf(TreePage(page, number), false);
+        }
+    }
+
+    // A damaged row number may be another row's: such a row is kept under a new number.
+    void takeNamesakes() {
+        for (auto& row : m_namesakes) {
+            if (m_stopped) return;
+            row.rowid = ++m_highest;
+            m_stopped = !m_salvage.take(row);
+        }
+    }
+
+  private:
+    // Any page may be a leaf whose kind is damaged: each cell proves itself.
+    void takeLeaf(const TreePage& leaf, bool isRoot) {
+        if (leaf.kind == interiorIndexPage || leaf.kind == leafIndexPage) return;
+        if (isRoot && leaf.kind == leafTablePage && leaf.cells == 0) m_salvage.tableFound = true;
+        for (std::size_t i = 0; i < leaf.cells && !m_stopped; ++i) {
+            const std::size_t at = leaf.cell(i, leafHeader);
+            if (at == 0) break;
+            const auto row = rowAt(m_pages, leaf.page, at);
+            if (!row) continue;
+            m_salvage.tableFound = true;
+            const auto [known, isNew] = m_taken.emplace(row->rowid, fingerprint(*row));
+            if (!isNew) {
+                if (known->second != fingerprint(*row)) m_namesakes.push_back(*row);
+                continue;
+            }
+            m_highest = std::max(m_highest, row->rowid);
+            m_stopped = !m_salvage.take(*row);
+        }
+    }
+
+    const RawPages& m_pages;
+    Salvage& m_salvage;
+    std::unordered_set<std::uint32_t> m_seen;
+    std::unordered_map<std::int64_t, std::size_t> m_taken;  // row numbers with what the rows hold
+    std::int64_t m_highest = 0;
+    std::vector<RawRow> m_namesakes;  // rows whose number another row has
+    bool m_stopped = false;
+};
+
+}  // namespace
+
+void Salvage::run(const RawPages& pages) {
+    Walk walk(pages, *this);
+    walk.followTree(usualRoot);
+    walk.takeLostLeaves();
+    walk.takeNamesakes();
+}
+
+}  // namespace jet

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+
+#include "engine/rows/row_scan.h"
+
+namespace jet {
+
+// Runs the statements that change rows.
+class Changes {
+  public:
+    Changes(Connection& connection, Census& census) : m_connection(connection), m_census(census) {}
+
+    // The number of rows changed.
+    [[nodiscard]] Result<long long> run(const std::shared_ptr<const Statement>& statement,
+                                        const std::vector<Literal>& literals);
+
+  private:
+    [[nodiscard]] Result<long long> insert(const std::shared_ptr<const Statement>& statement,
+                                           const std::vector<Literal>& literals);
+    [[nodiscard]] Result<long long> change(const Statement& statement, const std::vector<Literal>& literals);
+    [[nodiscard]] Result<long long> runPrepared(Prepared& prepared);
+
+    Connection& m_connection;
+    Census& m_census;
+    std::vector<BoundValue> m_values;
+    std::vector<std::string> m_storage;
+
+    // The insert that ran last: a scan runs one or two of them a hundred thousand times.
+    std::shared_ptr<const Statement> m_lastInsert;
+    std::string m_lastInsertSql;
+};
+
+}  // namespace jet

@@ -1,0 +1,139 @@
+#include "engine/rows/path_lookup.h"
+
+#include <algorithm>
+
+namespace jet {
+
+namespace {
+
+// `*\A\B\*` without its stars; empty for a pattern of another form.
+std::string_view pathOf(std::string_view pattern) {
+    if (pattern.size() < 4 || !pattern.starts_with("*\\") || !pattern.ends_with("\\*")) return {};
+    const std::string_view path = pattern.substr(1, pattern.size() - 2);
+    const auto isIn = [path](char wild) { return path.find(wild) != path.npos; };
+    constexpr std::string_view wildcards = "*?#[";
+    return std::any_of(wildcards.begin(), wildcards.end(), isIn) ? std::string_view() : path;
+}
+
+bool isPathTest(const Condition& condition, const std::vector<Literal>& literals) {
+    return condition.kind == Condition::Like && condition.operands[0].kind == Operand::Field &&
+           condition.operands[0].column == Column::ruta &&
+           !pathOf(literals[condition.operands[1].literal].text).empty();
+}
+
+bool isLevelTest(const Condition& condition) {
+    return condition.kind == Condition::Equal && condition.operands[0].kind == Operand::Field &&
+           condition.operands[0].column == Column::nivel && condition.operands[1].kind == Operand::Text;
+}
+
+void addField(std::vector<Column>& fields, Column field) {
+    if (std::find(fields.begin(), fields.end(), field) == fields.end()) fields.push_back(field);
+}
+
+// The place of the only test of its kind; -1 when there is none or not just one.
+template <class IsTest>
+int placeOf(const std::vector<Condition>& tests, IsTest isTest) {
+    const auto first = std::find_if(tests.begin(), tests.end(), isTest);
+    if (first == tests.end() || std::any_of(first + 1, tests.end(), isTest)) return -1;
+    return static_cast<int>(first - tests.begin());
+}
+
+}  // namespace
+
+// The tests of a condition that a look-up stands in for.
+struct PathLookup::Tests {
+    int path = -1;  // their places in the condition
+    int level = -1;
+    int pathLiteral = -1;
+    int levelLiteral = -1;
+
+    Tests(const Statement& statement, const std::vector<Literal>& literals) {
+        if (!statement.where || statement.where->kind != Condition::And || statement.orderBy.empty() ||
+            !statement.groupBy.empty()) {
+            return;
+        }
+        const auto& tests = statement.where->children;
+        path = placeOf(tests, [&](const Condition& test) { return isPathTest(test, literals); });
+        level = placeOf(tests, isLevelTest);
+        if (path >= 0) pathLiteral = tests[path].operands[1].literal;
+        if (level >= 0) levelLiteral = tests[level].operands[1].literal;
+    }
+
+    [[nodiscard]] bool areOtherLiterals(const std::vector<std::string>& others,
+                                        const std::vector<Literal>& literals) const {
+        std::size_t next = 0;
+        for (int i = 0; i < std::ssize(literals); ++i) {
+            if (i != pathLiteral && i != levelLiteral && others[next++] != literals[i].text) return false;
+        }
+        return true;
+    }
+
+    [[nodiscard]] std::vector<std::string> otherLiterals(const std::vector<Literal>& literals) const {
+        std::vector<std::string> others;
+        for (int i = 0; i < std::ssize(literals); ++i) {
+            if (i != pathLiteral && i != levelLiteral) others.emplace_back(literals[i].text);
+        }
+        return others;
+    }
+
+    // The statement without them. Its additional fields stand behind its own.
+    [[nodiscard]] Statement left(const Statement& statement) const {
+        Statement rest = statement;
+        auto& tests = rest.where->children;
+        tests.clear();
+        for (int i = 0; i < std::ssize(statement.where->children); ++i) {
+            if (i != path && i != level) tests.push_back(statement.where->children[i]);
+        }
+        if (tests.empty()) rest.where.reset();
+        addField(rest.fields, Column::ruta);
+        if (level >= 0) addField(rest.fields, Column::nivel);
+        return rest;
+    }
+};
+
+PathLookup::Known& PathLookup::knownFor(const std::shared_ptr<const Statement>& statement, const Tests& tests,
+                                        const std::vector<Literal>& literals) {
+    const auto found = std::find_if(m_known.begin(), m_known.end(), [&](const Known& known) {
+        return known.statement == statement && known.pathLiteral == tests.pathLiteral &&
+               tests.areOtherLiterals(known.others, literals);
+    });
+    if (found != m_known.end()) return *found;
+    if (m_known.size() >= mostKept) m_known.clear();
+    return m_known.emplace_back(Known{
+        .statement = statement, .pathLiteral = tests.pathLiteral, .others = tests.otherLiterals(literals)});
+}
+
+// The rows of the statement by their paths; nothing when it is to be scanned.
+std::shared_ptr<PathIndex> PathLookup::indexFor(Known& known, const Tests& tests, const Scan& scan) {
+    const bool isNew = known.version != scan.census.version();
+    if (isNew) {
+        known.version = scan.census.version();
+        known.index = nullptr;
+        known.tooLarge = false;
+    }
+    // A working copy is made to be asked again and again.
+    if (isNew && scan.connection.use() != Use::Scratch) return nullptr;
+    if (known.index || known.tooLarge) return known.index;
+    const Statement rest = tests.left(scan.statement);
+    const auto levels = tests.level >= 0 ? PathIndex::Levels::Apart : PathIndex::Levels::Together;
+    known.index = PathIndex::build({scan.connection, scan.census, rest, scan.literals}, levels,
+                                   scan.statement.fields.size());
+    known.tooLarge = !known.index;
+    return known.index;
+}
+
+std::unique_ptr<Recordset::Impl> PathLookup::open(const std::shared_ptr<Connection>& connection,
+                                                  const std::shared_ptr<const Statement>& statement,
+                                                  const Scan& scan) {
+    const Tests tests(*statement, scan.literals);
+    if (tests.path < 0) return nullptr;
+    const auto index = indexFor(knownFor(statement, tests, scan.literals), tests, scan);
+    if (!index) return nullptr;
+    const auto& selection = index->find(tests.level >= 0 ? scan.literals[tests.levelLiteral].text : "",
+                                        pathOf(scan.literals[tests.pathLiteral].text));
+    // The rows share the life of the index, which keeps the selection too.
+    std::shared_ptr<const RowSet> rows(index, &index->rows());
+    return std::make_unique<StoredRows>(connection, std::move(rows), &selection);
+}
+
+}  // namespace jet

@@ -1,0 +1,99 @@
+#include "engine/rows/row_store.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+namespace jet {
+
+namespace {
+
+// A field is its tag, then its bytes: a number's eight, or a text's. The tag of a text is its size +
+// firstText.
+using Tag = std::uint32_t;
+constexpr Tag nullTag = 0;
+constexpr Tag numberTag = 1;
+constexpr Tag firstText = 2;
+
+}  // namespace
+
+char* RowStore::room(std::size_t size) {
+    if (size > m_left) {
+        m_left = std::max(size, blockSize);
+        m_free = m_blocks.emplace_back(new char[m_left]).get();
+    }
+    m_left -= size;
+    m_bytes += size;
+    return std::exchange(m_free, m_free + size);
+}
+
+const char* RowStore::addBytes(std::string_view bytes) {
+    char* to = room(bytes.size());
+    if (!bytes.empty()) std::memcpy(to, bytes.data(), bytes.size());
+    return to;
+}
+
+const char* RowStore::add(const Prepared& row, const std::vector<Column>& fields, int first) {
+    struct Source {
+        Tag tag = nullTag;
+        const char* text = nullptr;
+        double number = 0;
+    };
+    std::array<Source, columns.size()> sources;
+    const std::size_t count = std::min(fields.size(), sources.size());
+    std::size_t size = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const int column = first + static_cast<int>(i);
+        size += sizeof(Tag);
+        if (row.isNull(column)) continue;
+        if (info(fields[i]).type == Type::Text) {
+            const std::string_view text = row.text(column);
+            sources[i] = {static_cast<Tag>(text.size()) + firstText, text.data()};
+            size += text.size();
+        } else {
+            sources[i] = {numberTag, nullptr, row.number(column)};
+            size += sizeof(double);
+        }
+    }
+    char* const packed = room(size);
+    char* to = packed;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto& [tag, text, number] = sources[i];
+        std::memcpy(to, &tag, sizeof tag);
+        to += sizeof tag;
+        if (tag == nullTag) continue;
+        const std::size_t bytes = tag == numberTag ? sizeof number : tag - firstText;
+        if (bytes > 0)
+            std::memcpy(to, tag == numberTag ? reinterpret_cast<const char*>(&number) : text, bytes);
+        to += bytes;
+    }
+    return packed;
+}
+
+void RowStore::absorb(RowStore&& other) {
+    m_bytes += other.m_bytes;
+    m_blocks.insert(m_blocks.end(), std::make_move_iterator(other.m_blocks.begin()),
+                    std::make_move_iterator(other.m_blocks.end()));
+    other = RowStore();
+}
+
+void RowStore::unpack(const char* row, std::span<Value> values) {
+    for (Value& value : values) {
+        Tag tag;
+        std::memcpy(&tag, row, sizeof tag);
+        row += sizeof tag;
+        if (tag == nullTag) {
+            value = Value();
+        } else if (tag == numberTag) {
+            double number;
+            std::memcpy(&number, row, sizeof number);
+            value = Value({}, number);
+            row += sizeof number;
+        } else {
+            value = Value(std::string_view(row, tag - firstText));
+            row += tag - firstText;
+        }
+    }
+}
+
+}  // namespace jet

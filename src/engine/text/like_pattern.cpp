@@ -1,0 +1,178 @@
+#include "engine/text/like_pattern.h"
+
+#include <algorithm>
+
+#include "engine/text/folding.h"
+#include "engine/text/utf8.h"
+
+namespace jet {
+
+namespace {
+
+std::u32string foldedCharacters(std::string_view text) {
+    std::u32string characters;
+    characters.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) characters += folded(nextCharacter(text, i));
+    return characters;
+}
+
+// The two characters beyond ASCII that fold to letters of it, the Kelvin sign and the long s. Without them, a
+// pattern of ASCII meets a text's other characters in its stars alone, where they need no folding.
+bool hasTwinOfAscii(std::string_view text) {
+    return text.find("\u212A") != text.npos || text.find("\u017F") != text.npos;
+}
+
+}  // namespace
+
+bool LikePattern::Set::contains(char32_t character) const {
+    const auto holds = [character](Range range) {
+        return character >= range.first && character <= range.last;
+    };
+    return std::any_of(ranges.begin(), ranges.end(), holds) != negated;
+}
+
+bool LikePattern::Step::accepts(char32_t candidate) const {
+    switch (kind) {
+        case Character:
+            return candidate == character;
+        case Digit:
+            return candidate >= U'0' && candidate <= U'9';
+        case OneOf:
+            return set.contains(candidate);
+        case AnyOne:
+            return true;
+        case AnyRun:
+            break;
+    }
+    return false;
+}
+
+LikePattern::LikePattern(std::string_view pattern) {
+    compile(pattern);
+    m_hasWildcards = std::any_of(m_steps.begin(), m_steps.end(),
+                                 [](const Step& step) { return step.kind != Step::Character; });
+    m_onlyRuns = std::all_of(m_steps.begin(), m_steps.end(), [](const Step& step) {
+        return step.kind == Step::Character || step.kind == Step::AnyRun;
+    });
+    if (m_onlyRuns) splitIntoPieces();
+}
+
+void LikePattern::compile(std::string_view pattern) {
+    for (std::size_t i = 0; i < pattern.size();) {
+        switch (pattern[i]) {
+            case '*':
+                if (m_steps.empty() || m_steps.back().kind != Step::AnyRun)
+                    m_steps.push_back({.kind = Step::AnyRun});
+                ++i;
+                continue;
+            case '?':
+                m_steps.push_back({.kind = Step::AnyOne});
+                ++i;
+                continue;
+            case '#':
+                m_steps.push_back({.kind = Step::Digit});
+                ++i;
+                continue;
+            case '[':
+                if (const std::size_t end = pattern.find(']', i); end != pattern.npos) {
+                    const auto inside = pattern.substr(i + 1, end - i - 1);
+                    if (!inside.empty()) m_steps.push_back({.kind = Step::OneOf, .set = parseSet(inside)});
+                    i = end + 1;
+                    continue;
+                }
+                break;
+            default:
+                break;
+        }
+        m_steps.push_back({.kind = Step::Character, .character = folded(nextCharacter(pattern, i))});
+    }
+}
+
+LikePattern::Set LikePattern::parseSet(std::string_view inside) {
+    Set set;
+    if (inside.size() > 1 && inside.front() == '!') {
+        set.negated = true;
+        inside.remove_prefix(1);
+    }
+    const std::u32string members = foldedCharacters(inside);
+    for (std::size_t i = 0; i < members.size();) {
+        const bool range = i + 2 < members.size() && members[i + 1] == U'-';
+        set.ranges.push_back({members[i], members[range ? i + 2 : i]});
+        i += range ? 3 : 1;
+    }
+    return set;
+}
+
+void LikePattern::splitIntoPieces() {
+    std::vector<std::string> pieces(1);
+    for (const Step& step : m_steps) {
+        if (step.kind == Step::AnyRun) {
+            pieces.emplace_back();
+        } else {
+            appendCharacter(pieces.back(), step.character);
+        }
+    }
+    m_asciiPieces =
+        std::all_of(pieces.begin(), pieces.end(), [](const std::string& piece) { return isAscii(piece); });
+    m_start = pieces.front();
+    if (pieces.size() == 1) return;
+    m_end = pieces.back();
+    m_middle.assign(pieces.begin() + 1, pieces.end() - 1);
+}
+
+bool LikePattern::matches(std::string_view text) const {
+    if (!m_onlyRuns) return stepsMatch(foldedCharacters(text));
+    char buffer[512];
+    if (text.size() <= sizeof buffer && (isAscii(text) || (m_asciiPieces && !hasTwinOfAscii(text)))) {
+        foldAscii(text.data(), text.size(), buffer);
+        return piecesMatch({buffer, text.size()});
+    }
+    thread_local std::string whole;  // keeps its room from row to row
+    whole.clear();
+    appendFolded(whole, text);
+    return piecesMatch(whole);
+}
+
+bool LikePattern::piecesMatch(std::string_view text) const {
+    if (!m_hasWildcards) return text == m_start;
+    if (text.size() < m_start.size() + m_end.size() || !text.starts_with(m_start) || !text.ends_with(m_end)) {
+        return false;
+    }
+    text.remove_prefix(m_start.size());
+    text.remove_suffix(m_end.size());
+    for (const std::string& piece : m_middle) {
+        const std::size_t found = text.find(piece);
+        if (found == text.npos) return false;
+        text.remove_prefix(found + piece.size());
+    }
+    return true;
+}
+
+// After a mismatch only the last star can take one character more, so the cost is bounded by text times
+// pattern.
+bool LikePattern::stepsMatch(std::u32string_view text) const {
+    std::size_t at = 0;
+    std::size_t step = 0;
+    std::size_t retryStep = m_steps.size();
+    std::size_t retryAt = 0;
+    bool starSeen = false;
+    while (at < text.size()) {
+        if (step < m_steps.size() && m_steps[step].kind == Step::AnyRun) {
+            starSeen = true;
+            retryStep = ++step;
+            retryAt = at;
+        } else if (step < m_steps.size() && m_steps[step].accepts(text[at])) {
+            ++step;
+            ++at;
+        } else if (starSeen) {
+            step = retryStep;
+            at = ++retryAt;
+        } else {
+            return false;
+        }
+    }
+    while (step < m_steps.size() && m_steps[step].kind == Step::AnyRun) ++step;
+    return step == m_steps.size();
+}
+
+}  // namespace jet

@@ -1,0 +1,68 @@
+#include "frame/desktop_dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QStandardPaths>
+
+namespace shell {
+
+QString toolkitFilter(const QString& filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString description = parts[i];
+        const QString& patterns = parts[i + 1];
+        if (description.isEmpty() || patterns.isEmpty()) continue;
+        if (!description.endsWith(u')')) description += QStringLiteral(" (%1)").arg(patterns);
+        filters += description.replace(u';', u' ');
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+QString DesktopDialogs::run(QFileDialog& dialog, QString& folder) {
+    if (!folder.isEmpty()) dialog.setDirectory(folder);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    const QString chosen = dialog.selectedFiles().value(0);
+    folder = dialog.directory().absolutePath();
+    return chosen;
+}
+
+QString DesktopDialogs::openCatalogue(const QString& title, const QString& filter) {
+    QFileDialog dialog(QApplication::activeWindow(), title, {}, toolkitFilter(filter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return run(dialog, m_catalogueFolder);
+}
+
+// The dialog adds the extension that was not typed before it asks whether to overwrite, so the question is
+// always about the file that will be written.
+QString DesktopDialogs::saveCatalogue(const QString& title, const QString& filter) {
+    QFileDialog dialog(QApplication::activeWindow(), title, {}, toolkitFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QStringLiteral("zrq"));
+    return run(dialog, m_catalogueFolder);
+}
+
+QString DesktopDialogs::chooseFolder(const QString& title) {
+    QFileDialog dialog(QApplication::activeWindow(), title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return run(dialog, m_chosenFolder);
+}
+
+std::optional<int> DesktopDialogs::print(QPrinter& printer) {
+    // On a machine without printers the dialog has only its file printer, which refuses to start without a
+    // name.
+    if (printer.outputFileName().isEmpty() && printer.printerName().isEmpty()) {
+        const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        printer.setOutputFileName(QDir(folder).filePath(QStringLiteral("zarquelin.pdf")));
+    }
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return printer.copyCount();
+}
+
+}  // namespace shell

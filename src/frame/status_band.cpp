@@ -1,0 +1,163 @@
+#include "frame/status_band.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <algorithm>
+
+#include "controls/pictures.h"
+#include "controls/twips.h"
+#include "frame/captions.h"
+#include "frame/elided_label.h"
+
+namespace shell {
+
+namespace {
+
+using controls::pixels;
+
+constexpr int bandHeight = 380;
+constexpr int lineTop = 40;
+constexpr int lineHeightTwips = 310;
+constexpr int textLeft = 0, textWidth = 5000;
+constexpr int sizeLeft = 5020, sizeWidth = 2000;
+constexpr int iconLeft = 7050, iconWidth = 400;
+constexpr int kindLeft = 7480;
+constexpr int kindMargin = 8;  // pixels
+constexpr qint64 millisecondsBetweenPaints = 50;
+constexpr int visibleSteps = 500;  // of the bar
+
+// Its text is its accessible name, so that a screen reader tells what it says.
+QLabel* makeLabel(QWidget* parent, const QString& name, const QString& purpose) {
+    auto* label = new ElidedLabel(parent);
+    label->setObjectName(name);
+    label->setAccessibleDescription(purpose);
+    label->setAlignment(Qt::AlignVCenter | Qt::AlignLeft);
+    return label;
+}
+
+}  // namespace
+
+StatusBand::StatusBand(QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("Picture4"));
+    setAccessibleName(QStringLiteral("Status"));
+    m_text = makeLabel(this, QStringLiteral("Text9"), QStringLiteral("Status line"));
+    m_size = makeLabel(this, QStringLiteral("Label3"), QStringLiteral("Size"));
+    m_progress = new QProgressBar(this);
+    m_progress->setObjectName(QStringLiteral("ProgressBar1"));
+    m_progress->setAccessibleName(QStringLiteral("Progress"));
+    m_progress->setTextVisible(false);
+    m_progress->hide();
+    m_icon = new QLabel(this);
+    m_icon->setObjectName(QStringLiteral("Picture16"));
+    m_icon->setAccessibleName(QStringLiteral("Unit"));
+    m_icon->setAlignment(Qt::AlignCenter);
+    m_kind = makeLabel(this, QStringLiteral("Label2"), QStringLiteral("Unit kind"));
+    applyFontSize(m_points);
+}
+
+// A scan writes this line once for every file: the text is kept each time, but painting it costs more than
+// the file does, so long work shows it only as often as an eye can follow.
+void StatusBand::setText(std::string_view text) {
+    m_text->setText(toQString(text));
+    if (m_lastPaint.isValid() && m_lastPaint.elapsed() < millisecondsBetweenPaints) return;
+    m_text->repaint();
+    m_lastPaint.start();
+}
+
+void StatusBand::setSize(std::string_view text) {
+    m_size->setText(toQString(text));
+}
+
+void StatusBand::setKind(std::string_view text) {
+    m_kind->setText(toQString(text));
+    arrange();
+}
+
+void StatusBand::setPicture(int picture) {
+    m_picture = picture;
+    if (picture == 0) return m_icon->clear();
+    const int side = std::max(16, lineHeight() - 4);
+    m_icon->setPixmap(controls::picture(picture).pixmap(side, side));
+}
+
+void StatusBand::blank() {
+    for (QLabel* label : {m_text, m_size, m_kind}) label->clear();
+    setPicture(0);
+}
+
+QString StatusBand::text() const {
+    return m_text->text();
+}
+QString StatusBand::size() const {
+    return m_size->text();
+}
+QString StatusBand::kind() const {
+    return m_kind->text();
+}
+
+void StatusBand::showProgress(int maximum) {
+    m_progress->setRange(0, std::max(1, maximum));
+    m_progress->setValue(0);
+    m_value = 0;
+    m_progress->show();
+    m_progress->raise();
+}
+
+void StatusBand::setProgress(int value) {
+    const int maximum = m_progress->maximum();
+    if (value > maximum) return;
+    m_value = value;
+    const auto step = [&](int at) { return std::int64_t{at} * visibleSteps / maximum; };
+    if (step(value) != step(m_progress->value())) m_progress->setValue(value);
+}
+
+void StatusBand::advanceProgress() {
+    setProgress(m_value + 1);
+}
+
+void StatusBand::hideProgress() {
+    m_progress->hide();
+}
+
+void StatusBand::applyFontSize(int points) {
+    m_points = points;
+    for (QLabel* label : {m_text, m_size, m_kind}) {
+        QFont font = label->font();
+        font.setPointSize(points);
+        label->setFont(font);
+    }
+    if (m_picture != 0) setPicture(m_picture);
+    updateGeometry();
+    arrange();
+}
+
+int StatusBand::lineHeight() const {
+    return std::max(pixels(lineHeightTwips), m_text->fontMetrics().height() + 2);
+}
+
+QSize StatusBand::sizeHint() const {
+    return {pixels(kindLeft + sizeWidth), pixels(bandHeight - lineHeightTwips) + lineHeight()};
+}
+
+void StatusBand::resizeEvent(QResizeEvent*) {
+    arrange();
+}
+
+void StatusBand::arrange() {
+    const double wanted = std::max(1.0, m_points / 8.0);
+    const double allowed = double(width() - m_kind->sizeHint().width() - kindMargin) / pixels(kindLeft);
+    const double stretch = std::clamp(allowed, 1.0, wanted);
+    const auto place = [&](QWidget* control, int leftTwips, int widthTwips) {
+        control->setGeometry(int(pixels(leftTwips) * stretch), pixels(lineTop),
+                             int(pixels(widthTwips) * stretch), lineHeight());
+    };
+    place(m_text, textLeft, textWidth);
+    place(m_size, sizeLeft, sizeWidth);
+    place(m_progress, sizeLeft, sizeWidth);
+    place(m_icon, iconLeft, iconWidth);
+    // A band too narrow for the kind leaves it as it was.
+    const int left = int(pixels(kindLeft) * stretch);
+    if (width() > left) m_kind->setGeometry(left, pixels(lineTop), width() - left, lineHeight());
+}
+
+}  // namespace shell

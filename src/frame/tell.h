@@ -1,0 +1,18 @@
+#pragma once
+
+#include "controls/qtext.h"
+#include "core/notice.h"
+#include "frame/messages.h"
+
+namespace shell {
+
+// Shows the messages of a procedure that knows no windows as message boxes.
+[[nodiscard]] inline core::Tell tellThrough(Messages& messages) {
+    return [&messages](const core::Notice& notice) {
+        const bool information = notice.style == core::Notice::Style::Information;
+        messages.show(controls::qtext(notice.text), controls::qtext(notice.title),
+                      information ? MessageStyle::Information : MessageStyle::Exclamation);
+    };
+}
+
+}  // namespace shell

@@ -1,0 +1,234 @@
+#include "lists/item_list.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QStyle>
+#include <algorithm>
+#include <numeric>
+
+#include "controls/qtext.h"
+#include "core/serial_date.h"
+#include "lists/column_sort.h"
+#include "lists/item_model.h"
+
+namespace browse {
+namespace {
+
+// The fractions of the browse list add up to a little more than one; that is made to fit instead of scrolled.
+constexpr double nearlyFits = 1.05;
+
+// Which items are selected, by numbers that sorting does not change.
+struct SelectedItems {
+    std::vector<bool> selected;
+    std::size_t current = 0;
+    bool hasCurrent = false;
+    bool any = false;
+};
+
+SelectedItems selectedItems(const QItemSelectionModel& selection, const ItemStore& store) {
+    SelectedItems result;
+    result.selected.resize(store.size());
+    for (const QItemSelectionRange& range : selection.selection())
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            result.selected[store.numberOf(static_cast<std::size_t>(row))] = true;
+            result.any = true;
+        }
+    result.hasCurrent = selection.currentIndex().isValid();
+    if (result.hasCurrent)
+        result.current = store.numberOf(static_cast<std::size_t>(selection.currentIndex().row()));
+    return result;
+}
+
+void restore(QItemSelectionModel& selection, const ItemModel& model, const SelectedItems& kept) {
+    QItemSelection ranges;
+    const int rows = model.rowCount();
+    int begin = -1;
+    for (int row = 0; row <= rows; ++row) {
+        const std::size_t number = row < rows ? model.store().numberOf(static_cast<std::size_t>(row)) : 0;
+        const bool selected = row < rows && kept.selected[number];
+        if (selected && begin < 0) begin = row;
+        if (!selected && begin >= 0) {
+            ranges.append(
+                QItemSelectionRange(model.index(begin, 0), model.index(row - 1, ItemModel::columns - 1)));
+            begin = -1;
+        }
+        if (row < rows && kept.hasCurrent && number == kept.current)
+            selection.setCurrentIndex(model.index(row, 0), QItemSelectionModel::NoUpdate);
+    }
+    selection.select(ranges, QItemSelectionModel::Select);
+}
+
+// A cut date says little and a cut name much, so with a large font the names make room for whole dates.
+void giveDatesRoom(std::vector<int>& widths, const QFontMetrics& metrics) {
+    constexpr std::size_t nameColumn = 0;
+    constexpr std::size_t dateColumn = 4;
+    constexpr double longDate = 38338.999;  // a December evening
+    if (widths.size() <= dateColumn || widths[dateColumn] == 0) return;
+    const int needed =
+        metrics.horizontalAdvance(controls::qtext(core::dateText(longDate))) + 2 * metrics.averageCharWidth();
+    const int spare = widths[nameColumn] - 16 * metrics.averageCharWidth();
+    const int taken = std::clamp(needed - widths[dateColumn], 0, std::max(0, spare));
+    widths[nameColumn] -= taken;
+    widths[dateColumn] += taken;
+}
+
+}  // namespace
+
+ItemList::ItemList(QWidget* parent)
+    : QWidget(parent), m_model(new ItemModel(this)), m_view(new controls::ListView(this)) {
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    setFocusProxy(m_view);
+    m_view->setModel(m_model);
+    using controls::ListView;
+    connect(m_view, &ListView::rowClicked, this, &ItemList::itemClicked);
+    connect(m_view, &ListView::rowActivated, this, &ItemList::itemActivated);
+    connect(m_view, &ListView::mousePressed, this, &ItemList::mousePressed);
+    connect(m_view, &ListView::mouseReleased, this, &ItemList::mouseReleased);
+    connect(m_view, &ListView::columnClicked, this, &ItemList::columnClicked);
+    connect(m_view, &ListView::columnResized, this, [this] { m_widthsAreTheUsers |= !m_applyingWidths; });
+}
+
+void ItemList::setColumns(const std::vector<Column>& columns) {
+    m_columns = columns;
+    m_columns.resize(ItemModel::columns);
+    QStringList captions;
+    std::vector<Qt::Alignment> alignments;
+    std::vector<int> hidden;
+    for (std::size_t at = 0; at < m_columns.size(); ++at) {
+        captions.append(m_columns[at].caption);
+        alignments.push_back(m_columns[at].alignment);
+        if (m_columns[at].width <= 0) hidden.push_back(static_cast<int>(at) + 1);
+    }
+    m_model->setCaptions(captions, alignments);
+    m_view->setHiddenColumns(hidden);
+    m_widthsAreTheUsers = false;
+    applyWidths();
+}
+
+void ItemList::applyWidths() {
+    const double sum =
+        std::accumulate(m_columns.begin(), m_columns.end(), 0.0,
+                        [](double total, const Column& column) { return total + column.width; });
+    const int frame = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    const double inner = width() - frame - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const double whole = sum > 1 && sum <= nearlyFits ? inner / sum : inner;
+    std::vector<int> widths;
+    for (const Column& column : m_columns) widths.push_back(static_cast<int>(whole * column.width));
+    giveDatesRoom(widths, m_view->fontMetrics());
+    m_applyingWidths = true;
+    for (std::size_t at = 0; at < widths.size(); ++at)
+        if (widths[at] > 0) m_view->setColumnWidth(static_cast<int>(at) + 1, widths[at]);
+    m_applyingWidths = false;
+}
+
+void ItemList::setView(controls::ListView::View view) {
+    m_view->setView(view);
+}
+
+controls::ListView::View ItemList::view() const {
+    return m_view->view();
+}
+
+void ItemList::setFullRowSelect(bool on) {
+    m_view->setFullRowSelect(on);
+}
+
+bool ItemList::fullRowSelect() const {
+    return m_view->fullRowSelect();
+}
+
+void ItemList::clear() {
+    m_model->clear();
+}
+
+void ItemList::beginFill() {
+    m_filling = true;
+}
+
+void ItemList::add(const ListItem& item) {
+    m_model->add(item);
+    if (!m_filling) endFill();
+}
+
+void ItemList::endFill() {
+    m_filling = false;
+    const bool more = m_model->rowCount() > 0;
+    m_model->show();
+    if (more && store().sorting().on) sort(store().sorting());
+}
+
+int ItemList::count() const {
+    return static_cast<int>(store().size());
+}
+
+QString ItemList::text(int position) const {
+    return holds(position) ? controls::qtext(store().text(static_cast<std::size_t>(position))) : QString();
+}
+
+QString ItemList::subItem(int position, int number) const {
+    return holds(position) ? controls::qtext(store().subItem(static_cast<std::size_t>(position), number))
+                           : QString();
+}
+
+void ItemList::setNotes(int position, const QString& notes) {
+    m_model->setNotes(position, notes);
+}
+
+int ItemList::smallPicture(int position) const {
+    return holds(position) ? store().smallPicture(static_cast<std::size_t>(position)) : 0;
+}
+
+int ItemList::selectedPosition() const {
+    const int current = m_view->currentRow();
+    if (m_view->isSelected(current)) return current;
+    int first = -1;
+    for (const QItemSelectionRange& range : m_view->selectionModel()->selection())
+        if (first < 0 || range.top() < first) first = range.top();
+    return first;
+}
+
+bool ItemList::isSelected(int position) const {
+    return m_view->isSelected(position);
+}
+
+void ItemList::select(int position) {
+    if (position >= 0 && position < m_model->rowCount()) m_view->setCurrentRow(position);
+}
+
+const ItemStore& ItemList::store() const {
+    return m_model->store();
+}
+
+bool ItemList::holds(int position) const {
+    return position >= 0 && position < count();
+}
+
+void ItemList::sort(ItemStore::Sorting sorting) {
+    QItemSelectionModel& selection = *m_view->selectionModel();
+    const SelectedItems kept = selectedItems(selection, store());
+    selection.reset();  // in silence: to the outside the selection does not change
+    m_model->sort(sorting);
+    if (kept.any || kept.hasCurrent) restore(selection, *m_model, kept);
+    m_view->setSortIndicator(sorting.on ? columnOfSortKey(sorting.key) : 0,
+                             sorting.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ItemList::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!m_widthsAreTheUsers) applyWidths();
+}
+
+void ItemList::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && !m_widthsAreTheUsers) applyWidths();
+}
+
+void ItemList::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    m_view->setListName(accessibleName());
+}
+
+}  // namespace browse

@@ -1,0 +1,108 @@
+#include "lists/item_model.h"
+
+#include "controls/list_view.h"
+#include "controls/pictures.h"
+#include "controls/qtext.h"
+
+namespace browse {
+
+using controls::qtext;
+
+ItemModel::ItemModel(QObject* parent) : QAbstractTableModel(parent), m_alignments(columns, Qt::AlignLeft) {}
+
+void ItemModel::setCaptions(const QStringList& captions, const std::vector<Qt::Alignment>& alignments) {
+    m_captions = captions;
+    m_alignments = alignments;
+    m_alignments.resize(columns, Qt::AlignLeft);
+    emit headerDataChanged(Qt::Horizontal, 0, columns - 1);
+}
+
+void ItemModel::clear() {
+    beginResetModel();
+    m_store.clear();
+    m_shown = 0;
+    endResetModel();
+}
+
+void ItemModel::show() {
+    const int added = static_cast<int>(m_store.size());
+    if (added == m_shown) return;
+    if (m_shown == 0) m_store.sortAgain();
+    beginInsertRows({}, m_shown, added - 1);
+    m_shown = added;
+    endInsertRows();
+}
+
+void ItemModel::setNotes(int row, const QString& notes) {
+    if (row < 0 || row >= m_shown) return;
+    m_store.setNotes(static_cast<std::size_t>(row), notes.toStdString());
+    emit dataChanged(index(row, 1), index(row, 1));
+}
+
+void ItemModel::sort(ItemStore::Sorting sorting) {
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    m_store.sort(sorting);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+bool ItemModel::isConsistent() const {
+    return m_store.isConsistent() && m_shown >= 0 && static_cast<std::size_t>(m_shown) <= m_store.size();
+}
+
+int ItemModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : m_shown;
+}
+
+int ItemModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns;
+}
+
+QVariant ItemModel::data(const QModelIndex& place, int role) const {
+    if (!place.isValid() || place.row() >= m_shown) return {};
+    const auto position = static_cast<std::size_t>(place.row());
+    const int column = place.column();
+    switch (role) {
+        case Qt::DisplayRole:
+            return column == 0 ? qtext(m_store.text(position)) : qtext(m_store.subItem(position, column));
+        case Qt::DecorationRole:
+            return column == 0 ? QVariant(controls::picture(m_store.smallPicture(position))) : QVariant();
+        case controls::ListView::LargeIconRole:
+            return controls::picture(m_store.picture(position));
+        case Qt::TextAlignmentRole: {
+            const Qt::Alignment across = m_alignments[static_cast<std::size_t>(column)];
+            return QVariant::fromValue(across | Qt::AlignVCenter);
+        }
+        default:
+            return {};
+    }
+}
+
+QVariant ItemModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columns) return {};
+    if (role == Qt::DisplayRole) return m_captions.value(section);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(m_alignments[static_cast<std::size_t>(section)] | Qt::AlignVCenter);
+    return {};
+}
+
+Qt::ItemFlags ItemModel::flags(const QModelIndex& place) const {
+    if (!place.isValid()) return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+QModelIndexList ItemModel::match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                 Qt::MatchFlags flags) const {
+    if (role != Qt::DisplayRole || !start.isValid() || start.column() != 0 || hits != 1)
+        return QAbstractTableModel::match(start, role, value, hits, flags);
+    const QString prefix = value.toString();
+    for (int step = 0; step < m_shown; ++step) {
+        const int row = (start.row() + step) % m_shown;
+        const std::string_view text = m_store.text(static_cast<std::size_t>(row));
+        // A character of the prefix takes at most four bytes of the text.
+        const std::string_view beginning = text.substr(0, static_cast<std::size_t>(prefix.size()) * 4);
+        if (qtext(beginning).startsWith(prefix, Qt::CaseInsensitive)) return {index(row, 0)};
+    }
+    return {};
+}
+
+}  // namespace browse

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <vector>
+
+#include "lists/item_store.h"
+
+namespace browse {
+
+// The items of a store as rows of ten columns, the text and its sub-items. What was added since the last
+// show() is in the store and not yet among the rows.
+class ItemModel : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    static constexpr int columns = 1 + subItemCount;
+
+    explicit ItemModel(QObject* parent = nullptr);
+
+    [[nodiscard]] const ItemStore& store() const { return m_store; }
+    void setCaptions(const QStringList& captions, const std::vector<Qt::Alignment>& alignments);
+
+    void clear();
+    void add(const ListItem& item) { m_store.add(item); }
+    void show();  // sorted, when sorting is on and nothing was shown before
+    void setNotes(int row, const QString& notes);
+    // Moves no selection: whoever shows it restores that by the numbers of the items.
+    void sort(ItemStore::Sorting sorting);
+
+    [[nodiscard]] bool isConsistent() const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& place, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& place) const override;
+    // By the beginning of the text, for a million rows at the speed of typing.
+    [[nodiscard]] QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                        Qt::MatchFlags flags) const override;
+
+  private:
+    ItemStore m_store;
+    int m_shown = 0;
+    QStringList m_captions;
+    std::vector<Qt::Alignment> m_alignments;
+};
+
+}  // namespace browse

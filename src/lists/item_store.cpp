@@ -1,0 +1,231 @@
+#include "lists/item_store.h"
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+#include <limits>
+
+#include "core/serial_date.h"
+#include "lists/key_sort.h"
+#include "lists/text_arena.h"
+
+namespace browse {
+namespace {
+
+constexpr std::int64_t noLargo = std::numeric_limits<std::int64_t>::min();
+
+// How the name key follows from the text, which spares keeping it.
+enum class NameKey : std::uint8_t { Folder, File, LowerCaseFile, OfItsOwn };
+
+struct Item {
+    const char* text;  // in the arena; a name key of its own stands behind, its length first
+    std::int64_t largo;
+    double fecha;
+    std::uint32_t textSize;
+    std::uint32_t notes, type, disco, ruta;  // numbers in the pool
+    std::uint8_t picture, smallPicture;
+    NameKey nameKey;
+    bool dateKeyIsSerial;
+
+    [[nodiscard]] std::string_view name() const { return {text, textSize}; }
+};
+
+std::string asciiLower(std::string_view text) {
+    std::string lower(text);
+    for (char& byte : lower)
+        if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
+    return lower;
+}
+
+NameKey nameKeyOf(std::string_view text, std::string_view key) {
+    if (key.size() != text.size() + 1) return NameKey::OfItsOwn;
+    const std::string_view rest = key.substr(1);
+    if (key.front() == 'a' && rest == text) return NameKey::Folder;
+    if (key.front() == 'b' && rest == text) return NameKey::File;
+    return key.front() == 'b' && rest == asciiLower(text) ? NameKey::LowerCaseFile : NameKey::OfItsOwn;
+}
+
+std::string paddedSize(std::int64_t largo) {
+    constexpr std::size_t width = 10;
+    const std::string padded = "000000000000000" + std::to_string(largo);
+    return padded.substr(padded.size() - width);
+}
+
+}  // namespace
+
+struct ItemStore::Impl {
+    TextArena arena;
+    TextPool pool;
+    std::deque<Item> items;            // in the order of adding
+    std::vector<std::uint32_t> order;  // the number of the item at each position
+    Sorting sorting;
+
+    [[nodiscard]] const Item& at(std::size_t position) const { return items[order[position]]; }
+    [[nodiscard]] static std::string nameKey(const Item& item);
+    [[nodiscard]] std::string subItem(const Item& item, int number) const;
+    [[nodiscard]] std::vector<std::string_view> keys(int key, TextArena& computed) const;
+};
+
+std::string ItemStore::Impl::nameKey(const Item& item) {
+    switch (item.nameKey) {
+        case NameKey::Folder:
+            return std::string("a").append(item.name());
+        case NameKey::File:
+            return std::string("b").append(item.name());
+        case NameKey::LowerCaseFile:
+            return std::string("b").append(asciiLower(item.name()));
+        case NameKey::OfItsOwn:
+            break;
+    }
+    std::uint32_t size = 0;
+    const char* behind = item.text + item.textSize;
+    std::memcpy(&size, behind, sizeof size);
+    return {behind + sizeof size, size};
+}
+
+std::string ItemStore::Impl::subItem(const Item& item, int number) const {
+    switch (number) {
+        case 1:
+            return std::string(pool.text(item.notes));
+        case 2:
+            return std::string(pool.text(item.type));
+        case 3:
+            return item.largo == noLargo ? " " : std::to_string(item.largo) + " KB";
+        case 4:
+            return core::dateText(item.fecha);
+        case 5:
+            return item.dateKeyIsSerial ? core::decimalText(item.fecha) : core::dateText(item.fecha);
+        case 6:
+            return item.largo == noLargo ? std::string() : paddedSize(item.largo);
+        case 7:
+            return nameKey(item);
+        case 8:
+            return std::string(pool.text(item.disco));
+        case 9:
+            return std::string(pool.text(item.ruta));
+        default:
+            return {};
+    }
+}
+
+// The sort key of each item by its number; what has to be computed goes into the given arena.
+std::vector<std::string_view> ItemStore::Impl::keys(int key, TextArena& computed) const {
+    std::vector<std::string_view> result;
+    result.reserve(items.size());
+    for (const Item& item : items) {
+        switch (key) {
+            case 0:
+                result.push_back(item.name());
+                break;
+            case 1:
+                result.push_back(pool.text(item.notes));
+                break;
+            case 2:
+                result.push_back(pool.text(item.type));
+                break;
+            case 8:
+                result.push_back(pool.text(item.disco));
+                break;
+            case 9:
+                result.push_back(pool.text(item.ruta));
+                break;
+            default:
+                result.push_back(computed.add(subItem(item, key)));
+        }
+    }
+    return result;
+}
+
+ItemStore::ItemStore() : m_impl(std::make_unique<Impl>()) {}
+ItemStore::~ItemStore() = default;
+
+void ItemStore::clear() {
+    const Sorting kept = m_impl->sorting;
+    m_impl = std::make_unique<Impl>();
+    m_impl->sorting = kept;
+}
+
+void ItemStore::add(const ListItem& item) {
+    TextPool& pool = m_impl->pool;
+    Item added{};
+    added.nameKey = nameKeyOf(item.text, item.nameKey);
+    if (added.nameKey == NameKey::OfItsOwn) {
+        const auto size = static_cast<std::uint32_t>(item.nameKey.size());
+        std::string both = item.text;
+        both.append(reinterpret_cast<const char*>(&size), sizeof size).append(item.nameKey);
+        added.text = m_impl->arena.add(both).data();
+    } else {
+        added.text = m_impl->arena.add(item.text).data();
+    }
+    added.textSize = static_cast<std::uint32_t>(item.text.size());
+    added.largo = item.largo.value_or(noLargo);
+    added.fecha = item.fecha;
+    added.notes = pool.add(item.notes);
+    added.type = pool.add(item.type);
+    added.disco = pool.add(item.disco);
+    added.ruta = pool.add(item.ruta);
+    added.picture = static_cast<std::uint8_t>(item.picture);
+    added.smallPicture = static_cast<std::uint8_t>(item.smallPicture);
+    added.dateKeyIsSerial = item.dateKeyIsSerial;
+    m_impl->order.push_back(static_cast<std::uint32_t>(m_impl->items.size()));
+    m_impl->items.push_back(added);
+}
+
+std::size_t ItemStore::size() const {
+    return m_impl->items.size();
+}
+
+std::string_view ItemStore::text(std::size_t position) const {
+    return m_impl->at(position).name();
+}
+
+std::string ItemStore::subItem(std::size_t position, int number) const {
+    return m_impl->subItem(m_impl->at(position), number);
+}
+
+int ItemStore::picture(std::size_t position) const {
+    return m_impl->at(position).picture;
+}
+
+int ItemStore::smallPicture(std::size_t position) const {
+    return m_impl->at(position).smallPicture;
+}
+
+void ItemStore::setNotes(std::size_t position, std::string_view notes) {
+    m_impl->items[m_impl->order[position]].notes = m_impl->pool.add(notes);
+}
+
+std::size_t ItemStore::numberOf(std::size_t position) const {
+    return m_impl->order[position];
+}
+
+void ItemStore::sort(Sorting sorting) {
+    m_impl->sorting = sorting;
+    sortAgain();
+}
+
+void ItemStore::sortAgain() {
+    if (!m_impl->sorting.on) return;
+    TextArena computed;
+    m_impl->order = orderOfKeys(m_impl->keys(m_impl->sorting.key, computed), m_impl->sorting.descending);
+}
+
+const ItemStore::Sorting& ItemStore::sorting() const {
+    return m_impl->sorting;
+}
+
+std::size_t ItemStore::bytesUsed() const {
+    return m_impl->arena.bytesUsed() + m_impl->pool.bytesUsed() + m_impl->items.size() * sizeof(Item) +
+           m_impl->order.capacity() * sizeof(std::uint32_t);
+}
+
+bool ItemStore::isConsistent() const {
+    std::vector<bool> seen(size());
+    for (const std::uint32_t number : m_impl->order) {
+        if (number >= size() || seen[number]) return false;
+        seen[number] = true;
+    }
+    return m_impl->order.size() == size();
+}
+
+}  // namespace browse

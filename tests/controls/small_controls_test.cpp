@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "controls/image_combo.h"
+#include "controls/key_filter.h"
+#include "controls/link_label.h"
+#include "controls/pictures.h"
+#include "controls/twips.h"
+
+namespace controls {
+namespace {
+
+static_assert(pixels(1200) == 80 && pixels(500) == 33 && pixels(-90) == -6 && twips(80) == 1200);
+
+bool isBlank(const QIcon& icon) {
+    const QImage image = icon.pixmap(32, 32).toImage();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y).alpha() > 0) return false;
+    return true;
+}
+
+TEST(Pictures, NoNumberIsBlankWithOrWithoutATheme) {
+    const auto drawn = [] {
+        int count = 0;
+        for (int number = 1; number <= pictureCount; ++number) count += isBlank(picture(number)) ? 0 : 1;
+        return count;
+    };
+    EXPECT_EQ(drawn(), pictureCount);
+    installIconTheme();
+    EXPECT_EQ(drawn(), pictureCount);
+    EXPECT_TRUE(picture(0).isNull());
+    EXPECT_TRUE(picture(18).isNull());
+    EXPECT_FALSE(isBlank(actionIcon("document-open")));
+    EXPECT_FALSE(isBlank(actionIcon("no-such-icon")));
+}
+
+TEST(Combo, ItemsKeepNumberKeyTextAndPicture) {
+    ImageCombo combo(ImageCombo::Typing::Yes);
+    QSignalSpy chosen(&combo, &ImageCombo::clicked);
+    EXPECT_TRUE(combo.addItem(1, "Uno :", "Uno :", 7));
+    EXPECT_EQ(combo.selectedItem(), 0) << "nothing is selected until somebody does";
+    EXPECT_TRUE(combo.addItem(2, "", "Uno :\\fotos", 2));
+    EXPECT_FALSE(combo.addItem(4, "", "gap", 2));
+    combo.setSelected(2);
+    EXPECT_EQ(combo.text(), "Uno :\\fotos");
+
+    EXPECT_TRUE(combo.addItem(1, "Cero :", "Cero :", 9));
+    EXPECT_EQ(combo.selectedItem(), 3) << "the item moved up";
+    EXPECT_EQ(combo.itemKey(2), "Uno :");
+    EXPECT_EQ(combo.itemPicture(2), 7);
+    EXPECT_TRUE(combo.removeItem(3));
+    EXPECT_EQ(combo.selectedItem(), 0) << "no neighbour takes its place";
+    EXPECT_FALSE(combo.removeItem(3));
+    combo.setSelected(1);
+    combo.setItemText(1, "Nueva :");
+    EXPECT_EQ(combo.text(), "Nueva :");
+    EXPECT_EQ(chosen.count(), 0) << "only the user clicks";
+}
+
+TEST(Filter, HoldsBackCharactersAndNothingElse) {
+    QLineEdit field;
+    int entered = 0;
+    KeyFilter::install(
+        &field, [](char32_t c) { return c == U'ñ' || (c >= U'a' && c <= U'd'); }, [&] { ++entered; });
+    field.show();
+    QTest::keyClicks(&field, "azb'*c");
+    for (const char* typed : {"ñ", "😀"})
+        QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QString::fromUtf8(typed), Qt::NoModifier);
+    QInputMethodEvent composed;
+    composed.setCommitString(QString::fromUtf8("é"));
+    QCoreApplication::sendEvent(&field, &composed);
+    EXPECT_EQ(field.text(), QString::fromUtf8("abcñ"));
+
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    QTest::keyClick(&field, Qt::Key_Home);
+    QTest::keyClick(&field, Qt::Key_Delete);
+    EXPECT_EQ(field.text(), "bc");
+    QTest::keyClick(&field, Qt::Key_Enter);
+    EXPECT_EQ(entered, 1);
+}
+
+TEST(Label, IsAButtonToMouseKeyboardAndScreenReader) {
+    ClickableLabel label("Buscar");
+    label.show();
+    QSignalSpy clicks(&label, &ClickableLabel::clicked);
+    QTest::mouseClick(&label, Qt::LeftButton);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) QTest::keyClick(&label, key);
+    EXPECT_EQ(clicks.count(), 4);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->role(), QAccessible::Button);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), "Buscar");
+    label.setEnabled(false);
+    QTest::mouseClick(&label, Qt::LeftButton);
+    EXPECT_EQ(clicks.count(), 4);
+}
+
+}  // namespace
+}  // namespace controls

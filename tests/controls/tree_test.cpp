@@ -1,0 +1,120 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "controls/tree_view.h"
+
+namespace controls {
+namespace {
+
+using Nodes = std::vector<int>;
+
+// Two units, the first with folders in two depths:  Uno(A(B), C)  Dos
+class TreeTest : public testing::Test {
+  protected:
+    TreeTest() : clicks(&tree, &TreeView::nodeClicked) {
+        tree.resize(300, 300);
+        tree.show();
+    }
+
+    [[nodiscard]] QPoint middleOf(Node node) const {
+        return tree.visualRect(tree.nodes().place(node)).center();
+    }
+    [[nodiscard]] std::vector<int> clicked() {
+        std::vector<int> nodes;
+        for (const auto& arguments : clicks) nodes.push_back(arguments.at(0).toInt());
+        clicks.clear();
+        return nodes;
+    }
+
+    TreeView tree;
+    QAbstractItemModelTester tester{tree.model(), QAbstractItemModelTester::FailureReportingMode::Fatal};
+    Node one = tree.addNode(noNode, "Uno :", 7, 7, "Uno :");
+    Node two = tree.addNode(noNode, "Dos :", 9, 9, "Dos :");
+    Node a = tree.addNode(one, "A", 2, 3);
+    Node b = tree.addNode(a, "B", 2, 3);
+    Node c = tree.addNode(one, "C", 2, 3);
+    QSignalSpy clicks;
+};
+
+using Nodes = std::vector<int>;
+
+TEST_F(TreeTest, RemovalTakesAllBelowAndClosesTheGapInTheIndices) {
+    EXPECT_EQ(tree.addNode(99, "lost", 1, 1), noNode);
+    EXPECT_EQ(tree.nodes().indexOf(c), 5);
+    EXPECT_EQ(tree.nodes().childCount(one), 2);
+    tree.remove(a);
+    EXPECT_FALSE(tree.nodes().contains(b));
+    EXPECT_EQ(tree.nodes().text(b), "");
+    EXPECT_EQ(tree.nodes().indexOf(c), 3);
+    EXPECT_EQ(tree.nodes().nodeAt(3), c);
+    EXPECT_EQ(tree.nodes().count(), 3);
+    tree.remove(one);
+    EXPECT_EQ(tree.nodes().indexOf(two), 1);
+    EXPECT_EQ(tree.nodes().nodeOfKey("Uno :"), noNode);
+    EXPECT_TRUE(tree.nodes().isConsistent());
+
+    const Node again = tree.addNode(noNode, "Uno :", 7, 7, "Uno :");
+    EXPECT_FALSE(tree.nodes().contains(one)) << "an old handle must not name a new node";
+    EXPECT_EQ(tree.nodes().indexOf(again), 2);
+    tree.clear();
+    EXPECT_EQ(tree.nodes().count() + tree.selected(), 0);
+}
+
+TEST_F(TreeTest, AClickSelectsAndOnlyThePlusSignOpens) {
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, middleOf(one));
+    EXPECT_EQ(clicked(), Nodes{one});
+    EXPECT_EQ(tree.selected(), one);
+    QSignalSpy doubles(&tree, &TreeView::nodeDoubleClicked);
+    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, middleOf(one));
+    EXPECT_EQ(doubles.count(), 1);
+    EXPECT_FALSE(tree.isExpanded(one));
+
+    clicks.clear();
+    tree.setSelected(two);
+    EXPECT_EQ(clicked(), Nodes{}) << "only the user clicks";
+    const QRect text = tree.visualRect(tree.nodes().place(one));
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, {text.left() - 8, text.center().y()});
+    EXPECT_TRUE(tree.isExpanded(one));
+    EXPECT_EQ(clicked(), Nodes{});
+    EXPECT_EQ(tree.selected(), two);
+}
+
+TEST_F(TreeTest, KeysDoWhatTheMouseDoes) {
+    tree.setSelected(one);
+    for (const auto key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Down}) QTest::keyClick(&tree, key);
+    EXPECT_EQ(clicked(), (Nodes{a, c})) << "the first key opens";
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_EQ(clicked(), Nodes{c});
+    tree.editLabel(one);
+    QTest::keyClick(tree.viewport()->findChild<QLineEdit*>(), Qt::Key_Return);
+    EXPECT_EQ(clicked(), Nodes{}) << "Enter ends the edit and clicks nothing";
+}
+
+// Views are told of a closed node's first child only.
+TEST_F(TreeTest, AllNodesCanBeReachedHoweverTheyAreOpened) {
+    const Node d = tree.addNode(c, "D", 2, 3);
+    const Node e = tree.addNode(c, "E", 2, 3);
+    tree.setSelected(e);
+    EXPECT_EQ(tree.selected(), e);
+    EXPECT_FALSE(tree.visualRect(tree.nodes().place(d)).isEmpty());
+    tree.setExpanded(one, false);
+    tree.addNode(one, "F", 2, 3);
+    Nodes below;
+    for (int depth = 0; depth < 3; ++depth) {
+        const Node parent = depth == 0 ? two : below.back();
+        for (const char* name : {"x", "y", "z"}) below.push_back(tree.addNode(parent, name, 2, 3));
+    }
+    tree.setSelected(two);
+    QTest::keyClick(&tree, Qt::Key_Asterisk);  // opens the whole branch
+    for (const Node node : below) EXPECT_FALSE(tree.visualRect(tree.nodes().place(node)).isEmpty());
+    tree.remove(below.back());
+    tree.remove(two);
+    EXPECT_TRUE(tree.nodes().isConsistent());
+}
+
+}  // namespace
+}  // namespace controls

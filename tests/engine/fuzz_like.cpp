@@ -1,0 +1,24 @@
+#include <cstdio>
+
+#include "engine/text/like_pattern.h"
+#include "fuzz_rounds.h"
+#include "like_reference.h"
+
+// Patterns against a plain reading of their meaning; and any bytes at all, which must only end well.
+int main(int argc, char** argv) {
+    static constexpr const char* textPieces[] = {"a", "B", "b", "c", "1", ".", "-", "]", "!", "jpg"};
+    static constexpr const char* patternPieces[] = {"a",    "b", "C", "*",  "*", "?",   "#", "[a-c]",
+                                                    "[!b]", "[", "]", "[]", "-", "jpg", "1"};
+    static constexpr const char* bytes[] = {"\xff", "\xc3", "\xb1",         "ñ", "Ñ", "ſ", "K", "a", "*",
+                                            "[",    "😀",    "\xed\xa0\x80", "?"};
+    std::mt19937 random(1);
+    for (int i = rounds(argc, argv, 100'000); i > 0; --i) {
+        const std::string text = randomText(random, textPieces, 9);
+        const std::string pattern = randomText(random, patternPieces, 7);
+        if (jet::LikePattern(pattern).matches(text) != likeReference(text, pattern)) {
+            std::printf("'%s' like '%s' differs\n", text.c_str(), pattern.c_str());
+            return 1;
+        }
+        (void)jet::LikePattern(randomText(random, bytes, 9)).matches(randomText(random, bytes, 9));
+    }
+}

@@ -1,0 +1,113 @@
+#include <cstdio>
+
+#include "engine/database.h"
+#include "engine/maintenance.h"
+#include "fuzz_rounds.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+constexpr const char* pieces[] = {"select ",
+                                  "* ",
+                                  "from ",
+                                  "datos ",
+                                  "where ",
+                                  "disco",
+                                  "ruta ",
+                                  "archivo ",
+                                  "nivel",
+                                  "largo ",
+                                  "fecha ",
+                                  "=",
+                                  "<>",
+                                  " like ",
+                                  "(",
+                                  ")",
+                                  "('*a*')",
+                                  "'a'",
+                                  "\"b\"",
+                                  "'",
+                                  "1",
+                                  "-2.5",
+                                  " and ",
+                                  " or ",
+                                  " not ",
+                                  " in ",
+                                  "('x','y')",
+                                  " between ",
+                                  "(1)and (2)",
+                                  " is null ",
+                                  "order by ",
+                                  "group by ",
+                                  "carpeta",
+                                  ",",
+                                  ";",
+                                  "insert into datos ",
+                                  "(disco,largo) ",
+                                  "values ",
+                                  "('z','3') ",
+                                  "update datos set ",
+                                  "comentario=",
+                                  "numero",
+                                  " desc",
+                                  "\xff",
+                                  "\\",
+                                  "#",
+                                  "--",
+                                  "pragma ",
+                                  "attach ",
+                                  "null"};
+constexpr const char* starts[] = {"", "select * from datos where ", "select disco from datos where disco=",
+                                  "update datos set comentario='x' where ",
+                                  "insert into datos (disco,largo) values ("};
+constexpr const char* valid[] = {
+    "select * from datos where disco=('U :') and nivel=('2') and ruta like ('*\\A\\*') order by carpeta ",
+    "select largo from datos where largo > (1) and disco=('U :')",
+    "select disco from datos where (archivo like ('*a[!b-d]#?*')) or not carpeta in ('x','y') group by disco",
+    "select * from datos where fecha between (1)and (2.5) and comentario is null order by archivo, numero "
+    "desc",
+    "update datos set disco=('V :'), comentario='n' where disco=('U :')",
+    "insert into datos (disco,largo) values ('z','3') "};
+
+// A valid statement with up to three places spoilt.
+std::string nearlyValid(std::mt19937& random) {
+    std::string sql = valid[random() % std::size(valid)];
+    for (unsigned changes = random() % 4; changes > 0 && !sql.empty(); --changes) {
+        const std::size_t at = random() % sql.size();
+        if (random() % 2)
+            sql.erase(at, 1 + random() % 5);
+        else
+            sql.insert(at, pieces[random() % std::size(pieces)]);
+    }
+    return sql;
+}
+
+}  // namespace
+
+// Statements put together or spoilt at random: each is refused with a number or runs, and none but a delete
+// loses a row.
+int main(int argc, char** argv) {
+    const test::TemporaryFolder folder;
+    const std::string path = folder / "a.zrq";
+    int accepted = 0;
+    bool lost = !jet::CreateDatabase(path);
+    if (auto db = jet::OpenDatabase(path)) {
+        long long rows = 0;
+        std::mt19937 random(2);
+        for (int i = rounds(argc, argv, 20'000); i > 0 && !lost; --i) {
+            const std::string sql =
+                random() % 2 ? nearlyValid(random)
+                             : starts[random() % std::size(starts)] + randomText(random, pieces, 12);
+            const auto changed = db->Execute(sql);
+            if (changed && sql.starts_with("insert")) ++rows;
+            auto found = db->OpenRecordset(sql);
+            if (found) (void)found->RecordCount();
+            if (found && !found->Eof()) found->MoveNext();
+            accepted += changed || found;
+            if (i % 100 == 0)
+                lost = db->OpenRecordset("select * from datos order by numero")->RecordCount() != rows;
+        }
+    }
+    std::printf("%d accepted%s\n", accepted, lost ? ", rows lost" : "");
+    return lost || accepted == 0 ? 1 : 0;
+}

@@ -1,0 +1,72 @@
+#include "engine/dialect/literals.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// The shape with ? for a text and # for a number, or "error", and the literals.
+struct Lifted {
+    std::string shape;
+    Texts literals;
+    bool operator==(const Lifted&) const = default;
+};
+
+Lifted lift(const std::string& sql, jet::LiftedStatement& out) {
+    if (!jet::liftLiterals(sql, out)) return {"error", {}};
+    Lifted lifted{out.shape, {}};
+    for (char& c : lifted.shape) {
+        if (c == jet::LiftedStatement::textMark) c = '?';
+        if (c == jet::LiftedStatement::numberMark) c = '#';
+    }
+    for (const jet::Literal& literal : out.literals) lifted.literals.emplace_back(literal.text);
+    return lifted;
+}
+
+struct Case {
+    std::string sql;
+    Lifted expected;
+};
+
+const std::vector<Case> cases{
+    {"insert into datos (numero,ruta) values (1,'a')",
+     {"insert into datos (numero,ruta) values (#,?)", {"1", "a"}}},
+    {"insert into datos (numero,ruta) values ('x\"y',-2.5e3)",
+     {"insert into datos (numero,ruta) values (?,-#)", {"x\"y", "2.5e3"}}},
+    {"insert into datos (numero,ruta) values (a1,.5)",
+     {"insert into datos (numero,ruta) values (a1,#)", {".5"}}},
+    {"insert into datos (numero,ruta) values (", {"insert into datos (numero,ruta) values (", {}}},
+    {"insert into datos (numero,ruta) values ('it''s',\"\")",
+     {"insert into datos (numero,ruta) values (?,?)", {"it's", ""}}},
+    {"insert into datos (numero,ruta) values ('open", {"error", {}}},
+    {"insert into datos (numero,ruta) values (\u00e9)", {"error", {}}},
+    {"where nivel2='it''s' or x>-1.5e2 and \"q\"", {"where nivel2=? or x>-# and ?", {"it's", "1.5e2", "q"}}},
+    {"where nivel='1'", {"where nivel=?", {"1"}}},
+    {"where nivel1'1'", {"where nivel1?", {"1"}}},
+    {"where nivel'1'", {"where nivel?", {"1"}}},
+    {"where nivel2x", {"where nivel2x", {}}},
+    {"''", {"?", {""}}},
+    {"", {"", {}}},
+};
+
+// Lifting remembers how the last statement began, which must never show.
+TEST(Literals, AreLiftedTheSameWhateverCameBefore) {
+    for (const Case& before : cases) {
+        for (const Case& now : cases) {
+            jet::LiftedStatement out;
+            static_cast<void>(lift(before.sql, out));
+            EXPECT_EQ(lift(now.sql, out), now.expected) << before.sql << " then " << now.sql;
+        }
+    }
+}
+
+TEST(Literals, NumbersHaveOnePointOrComma) {
+    EXPECT_EQ(jet::numberOf(" 38123,5 "), 38123.5);
+    EXPECT_FALSE(jet::numberOf("1,2,3"));
+    EXPECT_FALSE(jet::numberOf("x"));
+}
+
+}  // namespace

@@ -1,0 +1,156 @@
+#include <random>
+
+#include "catalogue_fixture.h"
+#include "engine/rows/collected_rows.h"
+
+namespace {
+
+using RecordsetTest = CatalogueTest;
+
+TEST_F(RecordsetTest, CountsWithoutMoving) {
+    auto db = open();
+    for (const char* name : {"b", "a", "c"}) addFile(db, "r", name);
+    for (const char* sql :
+         {"select * from datos where tipo =('archivo') order by archivo",
+          "select * from datos where archivo like '*' order by archivo",
+          "select * from datos where archivo like '*'", "select * from datos where largo=7"}) {
+        auto rows = db.OpenRecordset(sql);
+        ASSERT_TRUE(rows);
+        rows->MoveNext();
+        const std::string second(rows->Field("archivo").text());
+        EXPECT_EQ(rows->RecordCount(), 3);
+        EXPECT_EQ(rows->Field("archivo").text(), second) << sql;
+        rows->MoveNext();
+        EXPECT_EQ(rows->Field("archivo").text(), "c");
+        rows->MoveNext();
+        EXPECT_TRUE(rows->Eof());
+        EXPECT_EQ(rows->RecordCount(), 3);
+        rows->MoveNext();
+        EXPECT_TRUE(rows->Field("archivo").isNull());
+        EXPECT_EQ(rows->error(), nullptr);
+    }
+}
+
+TEST_F(RecordsetTest, NestsWithinOneShape) {
+    auto db = open();
+    for (int i = 0; i < 5; ++i) addFile(db, "r", "f" + std::to_string(i), 1 + i % 2, i);
+    int pairs = 0;
+    auto outer = db.OpenRecordset("select * from datos where largo >= (0)");
+    for (; !outer->Eof(); outer->MoveNext()) {
+        auto inner = db.OpenRecordset("select * from datos where largo >= (" +
+                                      std::to_string(outer->Field("largo").integer()) + ")");
+        for (; !inner->Eof(); inner->MoveNext()) ++pairs;
+    }
+    EXPECT_EQ(pairs, 15);
+}
+
+TEST_F(RecordsetTest, EndsWithItsDatabase) {
+    auto db = open();
+    addFile(db, "r", "a");
+    auto direct = db.OpenRecordset("select * from datos where largo=7");
+    auto sorted = db.OpenRecordset("select * from datos order by archivo");
+    ASSERT_TRUE(direct && sorted && !direct->Eof());
+    db.Close();
+    for (auto* rows : {&*direct, &*sorted}) {
+        EXPECT_TRUE(rows->Eof());
+        EXPECT_TRUE(rows->Field("archivo").isNull());
+        EXPECT_EQ(rows->RecordCount(), 0);
+        rows->MoveNext();
+    }
+    EXPECT_FALSE(db.OpenRecordset("select * from datos"));
+    EXPECT_FALSE(db.Execute("delete * from datos"));
+}
+
+TEST_F(RecordsetTest, SeesOtherHandlesChanges) {
+    auto db = open();
+    auto other = open();
+    addFile(db, "r", "a");
+    EXPECT_EQ(count(other, "select disco from datos group by disco"), 1);
+    addFile(db, "r", "b", 1, 7, "Nueva :");
+    EXPECT_EQ(count(other, "select * from datos where disco=('nueva :')"), 1);
+    EXPECT_EQ(column(other, "disco", "select disco from datos group by disco order by disco"), "Nueva : U :");
+    run(other, "update datos set disco='Vieja :' where disco=('Nueva :')");
+    EXPECT_EQ(count(db, "select * from datos where tipo =('archivo') and disco<>('U :')"), 1);
+}
+
+TEST_F(RecordsetTest, TransactionsRollBackUnlessCommitted) {
+    auto db = open();
+    {
+        jet::Transaction transaction(db);
+        ASSERT_TRUE(transaction.begin());
+        addFile(db, "r", "a");
+        EXPECT_EQ(count(db, "select * from datos order by numero"), 1);
+    }
+    EXPECT_EQ(count(db, "select * from datos order by numero"), 0);
+    jet::Transaction transaction(db);
+    ASSERT_TRUE(transaction.begin());
+    addFile(db, "r", "b");
+    ASSERT_TRUE(transaction.commit());
+    db.Close();
+    db = open();
+    EXPECT_EQ(column(db, "archivo", "select * from datos"), "b");
+}
+
+// Whatever way the rows are found, the answer is the same: by one thread or several, from memory or read
+// again.
+TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
+    auto db = open();
+    std::mt19937 random(1);
+    ASSERT_TRUE(db.BeginTrans());
+    for (int i = 0; i < 110'000; ++i) {
+        addFile(db, "r", (random() % 3 ? "Ñame" : "zebra") + std::to_string(random() % 5000), 1 + i % 12,
+                i % 100, i % 1000 < 400 ? "U :" : "V :", i);
+    }
+    const std::string sql =
+        "select numero from datos where archivo like ('*ÑAME*7*') and tipo=('archivo') order by archivo";
+    const std::string inTransaction = column(db, "numero", sql);  // others cannot see these rows: one thread
+    ASSERT_TRUE(db.CommitTrans());
+    EXPECT_GT(inTransaction.size(), 10'000u);
+    EXPECT_EQ(column(db, "numero", sql), inTransaction);
+    const std::size_t bound = std::exchange(jet::CollectedRows::memoryBound, 1000);
+    EXPECT_EQ(column(db, "numero", sql), inTransaction);
+    jet::CollectedRows::memoryBound = bound;
+
+    const std::string unit = "select * from datos where disco=('u :') and archivo like ('*99') ";
+    EXPECT_EQ(count(db, unit + "order by numero"), count(db, unit));
+    EXPECT_EQ(
+        count(db, unit) + count(db, "select * from datos where disco<>('U :') and archivo like ('*99')"),
+        count(db, "select * from datos where archivo like ('*99')"));
+    EXPECT_EQ(count(db, "select * from datos where disco=('U :') and nivel in ('12') and tipo=('archivo')"),
+              count(db, "select * from datos where nivel='12' and largo >= (0) and disco like ('U*')"));
+}
+
+TEST_F(RecordsetTest, AScratchCopyKeepsOneUnit) {
+    auto db = open(jet::Use::Scratch);
+    ASSERT_TRUE(db.BeginTrans());
+    for (int i = 0; i < 3000; ++i)
+        addFile(db, "r" + std::to_string(i), "f", 1, i, i % 10 == 3 ? "Una :" : "Otra :", i);
+    ASSERT_TRUE(db.CommitTrans());
+    EXPECT_EQ(db.Execute("delete * from datos where disco<>('una :') "), 2700);
+    EXPECT_EQ(count(db, "select * from datos order by numero"), 300);
+    EXPECT_EQ(column(db, "largo", "select largo from datos where largo < (40) order by numero"),
+              "3 13 23 33");
+    addFile(db, "r", "g", 1, 1, "Nueva :");
+    EXPECT_EQ(db.Execute("delete * from datos where disco<>('nueva :')"), 300);
+    db.Close();
+    auto plain = open();
+    EXPECT_EQ(column(plain, "archivo", "select * from datos"), "g");
+}
+
+TEST_F(RecordsetTest, ACountThatWasNotedGoesWithTheNextChange) {
+    auto db = open();
+    for (const char* name : {"viaje 1", "boda", "viaje 2"}) addFile(db, "r", name, 1, 1);
+    const std::string found = "select * from datos where archivo like ('*VIAJE*')";
+    EXPECT_EQ(column(db, "archivo", found), "viaje 1 viaje 2");
+    EXPECT_EQ(count(db, found + " order by archivo"), 2);
+    EXPECT_EQ(column(db, "archivo", found + " order by archivo"), "viaje 1 viaje 2");
+    EXPECT_EQ(count(db, "select * from datos where archivo like ('*o*') order by archivo"), 1);
+    auto other = open();
+    addFile(other, "r", "viaje 3", 1, 1);
+    EXPECT_EQ(count(db, found + " order by archivo"), 3);
+    EXPECT_EQ(column(db, "archivo", found), "viaje 1 viaje 2 viaje 3");
+    run(db, "delete * from datos where archivo = 'viaje 1'");
+    EXPECT_EQ(count(db, found + " order by archivo"), 2);
+}
+
+}  // namespace
