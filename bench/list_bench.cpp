@@ -24,10 +24,10 @@ long residentKilobytes() {
     return 0;
 }
 
-browse::ListItem itemNumber(int number) {
+lists::ListItem itemNumber(int number) {
     // Names in no order, thirty to a folder, as a search over several discs finds them.
     const unsigned mixed = static_cast<unsigned>(number) * 2654435761U;
-    browse::ListItem item;
+    lists::ListItem item;
     item.text = "holiday picture " + std::to_string(mixed % 10'000'000) + ".jpg";
     item.picture = item.smallPicture = 8;
     item.type = "archivo de imagen";
@@ -50,15 +50,15 @@ struct Stopwatch {
     }
 };
 
-void settle(browse::ItemList& list) {
+void settle(lists::ItemList& list) {
     QCoreApplication::processEvents();
     (void)list.grab();
 }
 
 double benchList(int rows) {
     const long before = residentKilobytes();
-    browse::ItemList list;
-    std::vector<browse::ItemList::Column> columns(10);
+    lists::ItemList list;
+    std::vector<lists::ItemList::Column> columns(10);
     columns[0] = {"Nombre", 0.3};
     columns[2] = {"Tipo", 0.2};
     columns[3] = {"Tamaño", 0.2, Qt::AlignRight};
@@ -75,7 +75,7 @@ double benchList(int rows) {
     const double fill = watch.seconds();
     settle(list);
     const double show = watch.seconds();
-    list.sort({.on = true, .key = browse::sortKeyOfColumn(1)});
+    list.sort({.on = true, .key = lists::sortKeyOfColumn(1)});
     settle(list);
     const double sort = watch.seconds();
     const double grown = static_cast<double>(residentKilobytes() - before) * 1024 / rows;

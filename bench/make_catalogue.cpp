@@ -38,7 +38,7 @@ constexpr std::array<std::string_view, 12> endings{".JPG", ".jpg", ".mp3", ".mp3
 
 class CatalogueMaker {
   public:
-    CatalogueMaker(jet::Database& database, long long rows) : m_database(database), m_rows(rows) {}
+    CatalogueMaker(engine::Database& database, long long rows) : m_database(database), m_rows(rows) {}
 
     bool make() {
         if (!m_database.BeginTrans()) return false;
@@ -121,7 +121,7 @@ class CatalogueMaker {
         }
     }
 
-    jet::Database& m_database;
+    engine::Database& m_database;
     long long m_rows;
     std::int64_t m_numero = 0;
     std::string m_disco;
@@ -138,11 +138,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     ::unlink(argv[1]);
-    if (auto created = jet::CreateDatabase(argv[1]); !created) {
+    if (auto created = engine::CreateDatabase(argv[1]); !created) {
         std::fprintf(stderr, "%s\n", created.error().text.c_str());
         return 1;
     }
-    auto database = jet::OpenDatabase(argv[1], jet::Use::Catalogue);
+    auto database = engine::OpenDatabase(argv[1], engine::Use::Catalogue);
     if (database && CatalogueMaker(*database, rows).make()) return 0;
     std::fprintf(stderr, "%s could not be written\n", argv[1]);
     return 1;

@@ -26,15 +26,15 @@ namespace {
 
 using browse::Node;
 
-class PrintedMessages : public shell::Messages {
+class PrintedMessages : public frame::Messages {
   public:
-    void show(const QString& text, const QString&, shell::MessageStyle) override {
+    void show(const QString& text, const QString&, frame::MessageStyle) override {
         std::fprintf(stderr, "%s\n", qUtf8Printable(text));
     }
     bool askYesNo(const QString&, const QString&) override { return false; }
 };
 
-class KnownFolder : public shell::Dialogs {
+class KnownFolder : public frame::Dialogs {
   public:
     explicit KnownFolder(QString folder) : m_folder(std::move(folder)) {}
     QString openCatalogue(const QString&, const QString&) override { return {}; }

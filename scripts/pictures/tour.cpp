@@ -25,9 +25,9 @@
 
 namespace {
 
-using browse::ItemList;
 using browse::Node;
 using browse::noNode;
+using lists::ItemList;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
@@ -85,7 +85,7 @@ class Tour {
     void slideNotes();
 
     void shoot(QWidget& window, const char* name) {
-        shell::yieldToQueue();
+        frame::yieldToQueue();
         const QString file = text(m_folders.pictures) + u'/' + QLatin1String(name) + QStringLiteral(".png");
         const QImage image = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
         m_allWritten = image.save(file, "PNG", 0) && m_allWritten;
@@ -144,7 +144,7 @@ void Tour::clickNode(Node node) {
     tree.setSelected(node);
     emit tree.nodeClicked(node);
     tree.setExpanded(node, true);
-    shell::yieldToQueue();
+    frame::yieldToQueue();
 }
 
 Node Tour::childNamed(Node parent, core::Bilingual start) {

@@ -21,9 +21,9 @@ void GoingUp::arriba() {
 void GoingUp::volveratras() {
     const Node node = m_surface.treeView1.selected();
     if (node == noNode) return;
-    const shell::Hourglass hourglass;
+    const frame::Hourglass hourglass;
     m_surface.lists.listView1.clear();
-    if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
+    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path())) {
         if (m_surface.isUnit(node))
             listUnit(*database, node);
         else
@@ -33,7 +33,7 @@ void GoingUp::volveratras() {
     showKind(m_surface);
 }
 
-void GoingUp::listUnit(jet::Database& database, Node node) {
+void GoingUp::listUnit(engine::Database& database, Node node) {
     controls::ImageCombo& combo = m_surface.imageCombo1;
     const NodeNames names = namesOf(m_surface.treeView1.nodes(), node);
     for (int number = 1; number <= combo.count(); ++number) {
@@ -44,7 +44,7 @@ void GoingUp::listUnit(jet::Database& database, Node node) {
     showUnitTotals(m_surface, names.text, raisedUnitTotals(database, names.text));
 }
 
-void GoingUp::listFolder(jet::Database& database, Node node) {
+void GoingUp::listFolder(engine::Database& database, Node node) {
     const NodeNames names = namesOf(m_surface.treeView1.nodes(), node);
     showPathItem(m_surface, names.fullPath);
     const int level = m_surface.nombres.levelOf(names.unit(), names.text, names.ancestors);

@@ -15,8 +15,8 @@ class GoingUp {
     void volveratras();
 
   private:
-    void listUnit(jet::Database& database, Node node);
-    void listFolder(jet::Database& database, Node node);
+    void listUnit(engine::Database& database, Node node);
+    void listFolder(engine::Database& database, Node node);
 
     Surface& m_surface;
 };

@@ -19,7 +19,7 @@ constexpr int notesKey = 1;
 constexpr int deepestLookedUp = 10;  // a folder deeper than that lists nothing
 
 // The level of what lies in the folder that the statement finds.
-std::optional<int> levelInside(jet::Database& database, const std::string& lookup) {
+std::optional<int> levelInside(engine::Database& database, const std::string& lookup) {
     const auto rows = database.OpenRecordset(lookup);
     if (!rows || rows->Eof()) return std::nullopt;
     const std::string_view nivel = rows->Field("nivel").text();
@@ -34,7 +34,7 @@ bool ListActivation::isFolderCaption(const std::string& type) const {
     return type == m_surface.frame.rotulos().rotulocarpeta;
 }
 
-void ListActivation::itemClicked(ItemList& list, int position) {
+void ListActivation::itemClicked(lists::ItemList& list, int position) {
     ClickedRow& clic = m_surface.clic;
     clic.indicefila = position;
     clic.nodoactual = list.text(position).toStdString();
@@ -50,13 +50,13 @@ void ListActivation::abrirlistitem() {
     doubleClicked(m_surface.lists.shown());
 }
 
-void ListActivation::doubleClicked(ItemList& list) {
+void ListActivation::doubleClicked(lists::ItemList& list) {
     const ClickedRow& clic = m_surface.clic;
     const int position = list.selectedPosition();
     if (list.count() == 0 || position < 0) return;
     if (!(isResults(list) ? clic.filaelegida2 : clic.filaelegida1) || clic.indicefila < 0) return;
 
-    const shell::Hourglass hourglass;
+    const frame::Hourglass hourglass;
     const Row row{list.text(position).toStdString(), list.subItem(position, discoColumn).toStdString(),
                   list.subItem(position, rutaColumn).toStdString()};
     if (!isFolderCaption(list.subItem(position, typeColumn).toStdString()))
@@ -69,18 +69,18 @@ void ListActivation::doubleClicked(ItemList& list) {
 
 void ListActivation::openRow(const Row& row) {
     openFile({row.ruta, row.name}, row.disco, m_surface.frame.idioma, m_drives,
-             shell::tellThrough(m_surface.frame.messages));
+             frame::tellThrough(m_surface.frame.messages));
 }
 
 void ListActivation::stepFromBrowsing(const Row& row) {
-    ItemList& list = m_surface.lists.listView1;
+    lists::ItemList& list = m_surface.lists.listView1;
     list.sort({.on = true, .key = notesKey, .descending = false});
     selectChildNode(list.selectedPosition());
     ++m_surface.estado.nivelactual;
     showPathItem(m_surface, m_surface.imageCombo1.text().toStdString() + '\\' + m_surface.clic.nodoactual);
 
     list.clear();
-    if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
+    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path())) {
         const std::string lookup = steppedFolderLookup(row.name, row.disco, row.ruta);
         const auto level = levelInside(*database, lookup);
         m_surface.clic.nivelfila1 = level ? std::to_string(*level - 1) : std::string();
@@ -108,16 +108,16 @@ void ListActivation::selectChildNode(int position) {
 
 // Stays in the search list: tree, path combo and sorting are left as they are.
 void ListActivation::stepFromResults(const Row& row) {
-    ItemList& results = m_surface.lists.listView2;
+    lists::ItemList& results = m_surface.lists.listView2;
     results.clear();
-    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     if (!database) return;
     const auto level = levelInside(*database, steppedResultLookup(row.name, row.disco, row.ruta));
     m_surface.clic.nivelfila2 = level ? std::to_string(*level - 1) : std::string();
     if (!level) return;
     results.beginFill();
     list(*database, steppedResultListing(*level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
-         [&](const ListItem& item) { results.add(item); });
+         [&](const lists::ListItem& item) { results.add(item); });
     results.endFill();
 }
 

@@ -13,8 +13,8 @@ class ListActivation {
 
     void abrirlistitem();  // the popup entry: as a double click on the list that is shown
 
-    void itemClicked(ItemList& list, int position);
-    void doubleClicked(ItemList& list);
+    void itemClicked(lists::ItemList& list, int position);
+    void doubleClicked(lists::ItemList& list);
     [[nodiscard]] bool popupAllowed() const;  // a row is selected, and it is no folder
 
   private:
@@ -25,7 +25,9 @@ class ListActivation {
         std::string ruta;
     };
 
-    [[nodiscard]] bool isResults(const ItemList& list) const { return &list == &m_surface.lists.listView2; }
+    [[nodiscard]] bool isResults(const lists::ItemList& list) const {
+        return &list == &m_surface.lists.listView2;
+    }
     [[nodiscard]] bool isFolderCaption(const std::string& type) const;
     void openRow(const Row& row);
     void stepFromBrowsing(const Row& row);

@@ -4,9 +4,9 @@
 
 namespace browse {
 
-void list(jet::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
+void list(engine::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
           bool lowerCaseKeys) {
-    RowItems items(language);
+    lists::RowItems items(language);
     if (auto rows = database.OpenRecordset(listing.folders))
         for (; !rows->Eof(); rows->MoveNext()) sink(items.folderItem(core::readRow(*rows)));
     if (auto rows = database.OpenRecordset(listing.files))

@@ -9,11 +9,11 @@
 
 namespace browse {
 
-using ItemSink = std::function<void(const ListItem&)>;
+using ItemSink = std::function<void(const lists::ListItem&)>;
 
 // Runs a listing, folders first, and hands over its items. A statement that the engine refuses gives no
 // items.
-void list(jet::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
+void list(engine::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
           bool lowerCaseKeys = false);
 
 }  // namespace browse

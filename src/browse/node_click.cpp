@@ -32,10 +32,10 @@ void NodeClick::end() {
 }
 
 void NodeClick::click(Node node) {
-    const shell::Hourglass hourglass;
-    const shell::Running running(m_surface.frame);
+    const frame::Hourglass hourglass;
+    const frame::Running running(m_surface.frame);
     begin(node);
-    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     if (database && m_surface.isUnit(node)) {
         listUnit(*database, node);
     } else if (database) {
@@ -61,7 +61,7 @@ bool NodeClick::loadUnit(Node node, const std::string& disco) {
     return load.fromWorkingCopy(m_surface.frame.catalogue.path()) == LoadEnd::Complete;
 }
 
-void NodeClick::listUnit(jet::Database& database, Node node) {
+void NodeClick::listUnit(engine::Database& database, Node node) {
     BrowseState& estado = m_surface.estado;
     const std::string disco = m_surface.clic.nodoactual;
     estado.discoactual = disco;
@@ -78,7 +78,7 @@ void NodeClick::listUnit(jet::Database& database, Node node) {
     showUnitTotals(m_surface, disco, clickedUnitTotals(database, disco));
 }
 
-void NodeClick::listFolder(jet::Database& database, Node node) {
+void NodeClick::listFolder(engine::Database& database, Node node) {
     BrowseState& estado = m_surface.estado;
     const NodeNames names = namesOf(m_surface.treeView1.nodes(), node);
     estado.discoactual = names.unit();

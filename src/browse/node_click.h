@@ -14,9 +14,9 @@ class NodeClick {
     void click(Node node);
 
   private:
-    void listUnit(jet::Database& database, Node node);
+    void listUnit(engine::Database& database, Node node);
     void pointComboAtUnit(Node node);
-    void listFolder(jet::Database& database, Node node);
+    void listFolder(engine::Database& database, Node node);
     [[nodiscard]] bool loadUnit(Node node, const std::string& disco);
     void begin(Node node);
     void end();

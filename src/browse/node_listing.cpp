@@ -60,8 +60,8 @@ std::optional<FolderListing> clickedListing(const NameLists& lists, const NodeNa
     return FolderListing{level, clickedFolderListing(level, disco, node.chain(level), node.text)};
 }
 
-jet::Result<std::optional<Listing>> nodeListing(jet::Database& database, const std::string& unit,
-                                                std::span<const std::string> folders) {
+engine::Result<std::optional<Listing>> nodeListing(engine::Database& database, const std::string& unit,
+                                                   std::span<const std::string> folders) {
     const auto units = core::unitNames(database);
     if (!units) return std::unexpected(units.error());
     const auto disco = storedSpelling(*units, unit);

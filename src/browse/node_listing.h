@@ -23,8 +23,8 @@ struct FolderListing {
 // What a click lists on the node that the folders, outermost first, lead to in the freshly loaded tree of a
 // unit. Case matters only where two spellings stand side by side. Nothing when no such node is in the tree;
 // an empty Listing when the names tell no depth.
-[[nodiscard]] jet::Result<std::optional<Listing>> nodeListing(jet::Database& database,
-                                                              const std::string& unit,
-                                                              std::span<const std::string> folders);
+[[nodiscard]] engine::Result<std::optional<Listing>> nodeListing(engine::Database& database,
+                                                                 const std::string& unit,
+                                                                 std::span<const std::string> folders);
 
 }  // namespace browse

@@ -32,15 +32,15 @@ constexpr ColumnSpec pathColumn{{"Ruta", "Path"}, 1.0 / 2};
 using Names = std::vector<std::string>;
 
 // 0 for a unit whose first row bears an unknown word.
-int pictureOf(jet::Database& database, const std::string& disco) {
+int pictureOf(engine::Database& database, const std::string& disco) {
     return core::unitPicture(core::unitTipo(database, disco).value_or(std::string()));
 }
 
 enum class Whereabouts { Hidden, Shown };
 
 // Ten columns; only the search list shows where each row lies.
-std::vector<ItemList::Column> columns(core::Language language, Whereabouts whereabouts) {
-    std::vector<ItemList::Column> result;
+std::vector<lists::ItemList::Column> columns(core::Language language, Whereabouts whereabouts) {
+    std::vector<lists::ItemList::Column> result;
     const auto add = [&](const ColumnSpec& spec) {
         result.push_back({qtext(spec.caption.in(language)), spec.width, spec.alignment});
     };
@@ -64,14 +64,14 @@ void Opening::setColumns() {
 void Opening::inicio() {
     m_surface.nombres.blank();
     m_host.resetPanels();
-    shell::yieldToQueue();
+    frame::yieldToQueue();
     m_host.layOutPanes();
-    shell::yieldToQueue();
+    frame::yieldToQueue();
     setColumns();
     m_host.selectFirstType();
-    shell::yieldToQueue();
+    frame::yieldToQueue();
 
-    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     if (database) {
         agregarcombos(*database);
         m_surface.contadores = core::countAll(*database).value_or(core::Counters{});
@@ -97,7 +97,7 @@ void Opening::addUnit(const std::string& disco, int picture, const QString& key)
     m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), text, picture);
 }
 
-void Opening::agregarcombos(jet::Database& database) {
+void Opening::agregarcombos(engine::Database& database) {
     m_surface.imageCombo1.clear();
     resetImageCombo3();
     for (const std::string& disco : core::unitNames(database).value_or(Names{})) {
@@ -109,12 +109,12 @@ void Opening::agregarcombos(jet::Database& database) {
     m_surface.treeView1.repaintNow();
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
     if (m_surface.estado.indicecombo > 0) m_surface.imageCombo1.setSelected(1);
-    shell::yieldToQueue();
+    frame::yieldToQueue();
 }
 
 void Opening::agregarcombo3() {
     resetImageCombo3();
-    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     if (!database) return;
     for (const std::string& disco : core::unitNames(*database).value_or(Names{}))
         if (const int picture = pictureOf(*database, disco))
@@ -127,10 +127,10 @@ void Opening::writeCounters() {
 }
 
 void Opening::actualizar() {
-    const shell::Hourglass hourglass;
+    const frame::Hourglass hourglass;
     m_surface.treeView1.update();
     m_surface.lists.listView1.update();
-    if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path()))
+    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
         m_surface.contadores = core::countAll(*database).value_or(core::Counters{});
     writeCounters();
     m_host.layOutPanes();

@@ -32,7 +32,7 @@ class Opening {
     void writeCounters();
 
   private:
-    void agregarcombos(jet::Database& database);
+    void agregarcombos(engine::Database& database);
     void setColumns();
 
     Surface& m_surface;

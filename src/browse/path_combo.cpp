@@ -25,7 +25,7 @@ Node PathCombo::unitNode(const QString& disco) const {
 }
 
 void PathCombo::choose(int number) {
-    const shell::Hourglass hourglass;
+    const frame::Hourglass hourglass;
     const QString chosen = m_surface.imageCombo1.itemText(number);
     m_surface.clic.nodoactual = chosen.toStdString();
     selectUnitNode(number);
@@ -33,7 +33,7 @@ void PathCombo::choose(int number) {
     const Node selected = m_surface.treeView1.selected();
     const bool hasChildren = selected != noNode && m_surface.treeView1.nodes().childCount(selected) > 0;
     m_surface.estado.hijosnodo = hasChildren;
-    if (auto database = jet::OpenDatabase(m_surface.frame.catalogue.path())) {
+    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path())) {
         fillList(m_surface, *database, unitListing(m_surface.clic.nodoactual));
         const Node unit = unitNode(chosen);
         if (!hasChildren && unit != noNode && m_surface.treeView1.nodes().childCount(unit) == 0)
@@ -44,8 +44,8 @@ void PathCombo::choose(int number) {
     showKind(m_surface);
 }
 
-void PathCombo::loadUnit(jet::Database& database, Node node) {
-    const shell::Running running(m_surface.frame);
+void PathCombo::loadUnit(engine::Database& database, Node node) {
+    const frame::Running running(m_surface.frame);
     m_surface.estado.cargaparada = false;
     UnitLoad load(m_surface, node, m_surface.clic.nodoactual, UnitLoad::Names::Ignore);
     (void)load.from(database, FirstLevel::FoldersOnly);

@@ -18,7 +18,7 @@ class PathCombo {
   private:
     void selectUnitNode(int number);
     [[nodiscard]] Node unitNode(const QString& disco) const;
-    void loadUnit(jet::Database& database, Node node);
+    void loadUnit(engine::Database& database, Node node);
 
     Surface& m_surface;
 };

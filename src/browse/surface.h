@@ -17,11 +17,11 @@ using controls::noNode;
 // What the browsing procedures work on: the controls, which Form1 owns, and the state they share. Lives as
 // long as the main window.
 struct Surface {
-    shell::Frame& frame;
+    frame::Frame& frame;
     controls::TreeView& treeView1;
     controls::ImageCombo& imageCombo1;  // the path combo: the units, then at most one path
     controls::ImageCombo& imageCombo3;  // the search panel's units, kept in step
-    Lists lists;
+    lists::Lists lists;
 
     NameLists nombres;
     BrowseState estado;

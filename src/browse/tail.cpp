@@ -20,17 +20,17 @@ void showPathItem(Surface& surface, const std::string& fullPath) {
     surface.imageCombo1.setSelected(number);
 }
 
-void fillList(Surface& surface, jet::Database& database, const Listing& listing, bool lowerCaseKeys) {
-    ItemList& shown = surface.lists.listView1;
+void fillList(Surface& surface, engine::Database& database, const Listing& listing, bool lowerCaseKeys) {
+    lists::ItemList& shown = surface.lists.listView1;
     shown.clear();
     shown.beginFill();
     list(
-        database, listing, surface.frame.idioma, [&](const ListItem& item) { shown.add(item); },
+        database, listing, surface.frame.idioma, [&](const lists::ListItem& item) { shown.add(item); },
         lowerCaseKeys);
     shown.endFill();
 }
 
-void cantidadytamaños(Surface& surface, jet::Database& database) {
+void cantidadytamaños(Surface& surface, engine::Database& database) {
     BrowseState& estado = surface.estado;
     const std::string path = surface.imageCombo1.text().toStdString();
     estado.rutaactual = path.substr(std::min(estado.largodisco, path.size()));
@@ -58,7 +58,7 @@ void showPicture(Surface& surface) {
 }
 
 void showKind(Surface& surface) {
-    const ItemList& shown = surface.lists.listView1;
+    const lists::ItemList& shown = surface.lists.listView1;
     if (shown.count() == 0) return;
     const QString type = shown.subItem(0, 2);
     const bool isUnitRow = type.contains(QStringLiteral("Unidad")) || type.contains(QStringLiteral("unit"));

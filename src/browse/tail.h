@@ -13,11 +13,12 @@ void showPathItem(Surface& surface, const std::string& fullPath);
 void dropPathItem(Surface& surface);
 
 // Empties ListView1 and fills it with a listing.
-void fillList(Surface& surface, jet::Database& database, const Listing& listing, bool lowerCaseKeys = false);
+void fillList(Surface& surface, engine::Database& database, const Listing& listing,
+              bool lowerCaseKeys = false);
 
 // `cantidadytamaños`: the summary of the folder that ImageCombo1 shows, written to Label3, Text9 and
 // Picture16.
-void cantidadytamaños(Surface& surface, jet::Database& database);
+void cantidadytamaños(Surface& surface, engine::Database& database);
 
 void showUnitTotals(Surface& surface, const std::string& disco, const Totals& totals);
 

@@ -3,19 +3,19 @@
 namespace browse {
 namespace {
 
-long long countOf(jet::Database& database, const std::string& sql) {
+long long countOf(engine::Database& database, const std::string& sql) {
     auto rows = database.OpenRecordset(sql);
     return rows ? rows->RecordCount() : 0;
 }
 
-std::int64_t sumOfLargo(jet::Database& database, const std::string& sql) {
+std::int64_t sumOfLargo(engine::Database& database, const std::string& sql) {
     std::int64_t sum = 0;
     if (auto rows = database.OpenRecordset(sql))
         for (; !rows->Eof(); rows->MoveNext()) sum += rows->Field("largo").integer();
     return sum;
 }
 
-Totals unitCounts(jet::Database& database, const std::string& disco) {
+Totals unitCounts(engine::Database& database, const std::string& disco) {
     Totals totals;
     totals.folders = countOf(database, "select * from datos where disco=('" + disco +
                                            "') and tipo <>('archivo')  order by carpeta ");
@@ -26,7 +26,7 @@ Totals unitCounts(jet::Database& database, const std::string& disco) {
 
 }  // namespace
 
-Totals clickedUnitTotals(jet::Database& database, std::string_view disco) {
+Totals clickedUnitTotals(engine::Database& database, std::string_view disco) {
     const std::string unit(disco);
     Totals totals = unitCounts(database, unit);
     totals.kilobytes =
@@ -34,7 +34,7 @@ Totals clickedUnitTotals(jet::Database& database, std::string_view disco) {
     return totals;
 }
 
-Totals raisedUnitTotals(jet::Database& database, std::string_view disco) {
+Totals raisedUnitTotals(engine::Database& database, std::string_view disco) {
     const std::string unit(disco);
     Totals totals = unitCounts(database, unit);
     totals.kilobytes = sumOfLargo(
@@ -42,7 +42,7 @@ Totals raisedUnitTotals(jet::Database& database, std::string_view disco) {
     return totals;
 }
 
-Totals cantidadytamaños(jet::Database& database, std::string_view discoactual, std::string_view rutaactual,
+Totals cantidadytamaños(engine::Database& database, std::string_view discoactual, std::string_view rutaactual,
                         int nivelactual) {
     const std::string below = "select * from datos where disco=('" + std::string(discoactual) +
                               "')and ruta like('*" + std::string(rutaactual) + "*') and ";

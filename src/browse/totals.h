@@ -19,14 +19,14 @@ struct Totals {
 
 // A clicked unit. Files of one kilobyte or less do not enter its size, and every row that is no file counts
 // as a folder, the single row of a hand-made unit included.
-[[nodiscard]] Totals clickedUnitTotals(jet::Database& database, std::string_view disco);
+[[nodiscard]] Totals clickedUnitTotals(engine::Database& database, std::string_view disco);
 
 // A unit reached by going up: the size takes in every file.
-[[nodiscard]] Totals raisedUnitTotals(jet::Database& database, std::string_view disco);
+[[nodiscard]] Totals raisedUnitTotals(engine::Database& database, std::string_view disco);
 
 // `cantidadytamaños`: rows of the unit deeper than `nivelactual` whose path holds `rutaactual`, the folder's
 // path below the unit. The files directly in the folder are not among them.
-[[nodiscard]] Totals cantidadytamaños(jet::Database& database, std::string_view discoactual,
+[[nodiscard]] Totals cantidadytamaños(engine::Database& database, std::string_view discoactual,
                                       std::string_view rutaactual, int nivelactual);
 
 // "  Unidad: X :  Carpetas: N  Archivos: N" and "  Carpetas: N  Archivos: N".

@@ -8,7 +8,7 @@ namespace {
 constexpr int deepestNivel = 11;
 
 struct Walk {
-    jet::Database& database;
+    engine::Database& database;
     std::string_view disco;
     FirstLevel first;
     FolderSink& sink;
@@ -59,7 +59,7 @@ std::string allFoldersOf(std::string_view disco) {
            "') and  tipo =('Carpeta de archivos')  order by carpeta ";
 }
 
-LoadEnd loadFolders(jet::Database& database, std::string_view disco, FirstLevel first, FolderSink& sink) {
+LoadEnd loadFolders(engine::Database& database, std::string_view disco, FirstLevel first, FolderSink& sink) {
     return Walk{database, disco, first, sink, {}}.level(1);
 }
 

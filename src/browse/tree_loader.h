@@ -34,6 +34,6 @@ enum class FirstLevel { NoFiles, FoldersOnly };
 
 // Walks the unit's folders level by level, deepest first, eleven levels at most. A statement that the engine
 // refuses ends its level only.
-LoadEnd loadFolders(jet::Database& database, std::string_view disco, FirstLevel first, FolderSink& sink);
+LoadEnd loadFolders(engine::Database& database, std::string_view disco, FirstLevel first, FolderSink& sink);
 
 }  // namespace browse

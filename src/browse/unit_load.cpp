@@ -20,7 +20,7 @@ class TreeFiller : public FolderSink {
     }
 
     bool yieldAndTestStop() override {
-        shell::yieldToQueue();
+        frame::yieldToQueue();
         // A catalogue opened or closed during the yield has taken the unit's node away.
         return m_surface.estado.cargaparada || !m_surface.treeView1.nodes().contains(m_open[0]);
     }
@@ -43,7 +43,7 @@ class TreeFiller : public FolderSink {
 UnitLoad::UnitLoad(Surface& surface, Node unit, std::string disco, Names names)
     : m_surface(surface), m_unit(unit), m_disco(std::move(disco)), m_names(names) {}
 
-LoadEnd UnitLoad::from(jet::Database& database, FirstLevel first) {
+LoadEnd UnitLoad::from(engine::Database& database, FirstLevel first) {
     auto all = database.OpenRecordset(allFoldersOf(m_disco));
     m_surface.frame.status.showProgress(all ? static_cast<int>(all->RecordCount()) : 1);
     m_surface.frame.status.setProgress(1);
@@ -54,7 +54,7 @@ LoadEnd UnitLoad::from(jet::Database& database, FirstLevel first) {
 LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
     const std::string copyPath = core::scratchPath(cataloguePath);
     if (!copyPath.empty() && core::copyToScratch(cataloguePath, copyPath)) {
-        if (auto copy = jet::OpenDatabase(copyPath, jet::Use::Scratch)) {
+        if (auto copy = engine::OpenDatabase(copyPath, engine::Use::Scratch)) {
             // A copy that could not be cut down is only slower to read.
             (void)copy->Execute("delete * from datos where disco<>('" + m_disco + "') ");
             const LoadEnd end = from(*copy, FirstLevel::NoFiles);
@@ -65,7 +65,7 @@ LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
         }
         (void)platform::DeleteFile(copyPath);
     }
-    auto catalogue = jet::OpenDatabase(cataloguePath, jet::Use::ReadOnly);
+    auto catalogue = engine::OpenDatabase(cataloguePath, engine::Use::ReadOnly);
     return catalogue ? from(*catalogue, FirstLevel::NoFiles) : LoadEnd::Complete;
 }
 

@@ -21,7 +21,7 @@ class UnitLoad {
     LoadEnd fromWorkingCopy(const std::string& cataloguePath);
 
     // Straight from an open catalogue.
-    LoadEnd from(jet::Database& database, FirstLevel first);
+    LoadEnd from(engine::Database& database, FirstLevel first);
 
   private:
     Surface& m_surface;

@@ -41,7 +41,7 @@ int runRepair(const Invocation& invocation) {
     return Done;
 }
 
-constexpr Command table[]{
+constexpr Command catalogueTable[]{
     {"new", "CAT.zrq", {"Crea un catálogo vacío.", "Makes an empty catalogue."}, 1, 1, {}, runNew},
     {"compact",
      "CAT.zrq",
@@ -62,7 +62,7 @@ constexpr Command table[]{
 }  // namespace
 
 std::span<const Command> catalogueCommands() {
-    return table;
+    return catalogueTable;
 }
 
 }  // namespace cli

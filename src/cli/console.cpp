@@ -29,8 +29,8 @@ int fail(ExitStatus status, std::string_view subject, std::string_view reason) {
     return fail(status, std::string(subject) + ": " + std::string(reason));
 }
 
-std::optional<jet::Database> openCatalogue(const std::string& path, jet::Use use) {
-    auto database = jet::OpenDatabase(path, use);
+std::optional<engine::Database> openCatalogue(const std::string& path, engine::Use use) {
+    auto database = engine::OpenDatabase(path, use);
     if (!database) {
         fail(UnusableCatalogue, path, database.error().text);
         return std::nullopt;

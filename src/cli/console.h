@@ -16,7 +16,7 @@ int fail(ExitStatus status, std::string_view subject, std::string_view reason);
 int fail(ExitStatus status, std::string_view reason);
 
 // Opens a catalogue, or says why it cannot be used and gives nothing.
-[[nodiscard]] std::optional<jet::Database> openCatalogue(const std::string& path, jet::Use use);
+[[nodiscard]] std::optional<engine::Database> openCatalogue(const std::string& path, engine::Use use);
 
 // True when every character of the text could be typed in a field that takes only `allowed`.
 [[nodiscard]] bool canBeTyped(std::string_view text, std::string_view allowed);

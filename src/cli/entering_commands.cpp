@@ -64,7 +64,7 @@ int runScan(const Invocation& invocation) {
     if (!request.directory.empty() && !platform::FolderExists(request.directory))
         return fail(WrongUsage, request.directory, noFolder.in(invocation.language));
 
-    auto database = openCatalogue(catalogue, jet::Use::Catalogue);
+    auto database = openCatalogue(catalogue, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     if (const auto* refusal = scan::refusalOf(request, *database))
         return fail(WrongUsage, refusal->text.in(invocation.language));
@@ -88,7 +88,7 @@ int runAdd(const Invocation& invocation) {
         if (!canBeTyped(typed, scan::allowedInNames))
             return fail(WrongUsage, typed, notTypeable.in(invocation.language));
 
-    auto database = openCatalogue(operands[0], jet::Use::Catalogue);
+    auto database = openCatalogue(operands[0], engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     if (const auto* refusal = scan::refusalOf(unit, *database))
         return fail(WrongUsage, refusal->text.in(invocation.language));
@@ -100,7 +100,7 @@ int runAdd(const Invocation& invocation) {
 
 constexpr Option addOptions[]{{"--kind", true}};
 
-constexpr Command table[]{
+constexpr Command enteringTable[]{
     {"scan",
      "CAT.zrq NAME DIR",
      {"Cataloga la carpeta DIR como unidad NAME. Ctrl-C conserva lo ya catalogado.",
@@ -121,7 +121,7 @@ constexpr Command table[]{
 }  // namespace
 
 std::span<const Command> enteringCommands() {
-    return table;
+    return enteringTable;
 }
 
 }  // namespace cli

@@ -18,7 +18,7 @@ int runExport(const Invocation& invocation) {
     const bool csv = format == "csv";
 
     const std::string& catalogue = arguments.operands[0];
-    auto database = openCatalogue(catalogue, jet::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     auto rows = database->OpenRecordset("select * from datos order by numero");
     if (!rows) return fail(UnusableCatalogue, catalogue, rows.error().text);
@@ -35,7 +35,7 @@ int runExport(const Invocation& invocation) {
 
 constexpr Option options[]{{"--format", true}};
 
-constexpr Command table[]{
+constexpr Command exportTable[]{
     {"export",
      "CAT.zrq [--format csv|json]",
      {"Escribe todas las filas del catálogo, por número.", "Writes every row of the catalogue, by number."},
@@ -48,7 +48,7 @@ constexpr Command table[]{
 }  // namespace
 
 std::span<const Command> exportCommands() {
-    return table;
+    return exportTable;
 }
 
 }  // namespace cli

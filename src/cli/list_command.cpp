@@ -34,7 +34,7 @@ std::string plainRow(const core::CatalogRow& row) {
            core::dateText(row.fecha) + '\n';
 }
 
-jet::Result<long long> printRows(jet::Database& database, const std::string& select, bool json) {
+engine::Result<long long> printRows(engine::Database& database, const std::string& select, bool json) {
     auto rows = database.OpenRecordset(select);
     if (!rows) return std::unexpected(rows.error());
     long long count = 0;
@@ -48,7 +48,7 @@ jet::Result<long long> printRows(jet::Database& database, const std::string& sel
 
 int runList(const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
-    auto database = openCatalogue(operands[0], jet::Use::ReadOnly);
+    auto database = openCatalogue(operands[0], engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
 
     // Names lose their apostrophes on the way into a catalogue.
@@ -70,7 +70,7 @@ int runList(const Invocation& invocation) {
     return count > 0 ? Done : NothingFound;
 }
 
-constexpr Command table[]{
+constexpr Command listTable[]{
     {"list",
      "CAT.zrq UNIT [FOLDER\\SUB]",
      {"Muestra lo que hay en una unidad o carpeta.", "Lists what lies directly in a unit or folder."},
@@ -83,7 +83,7 @@ constexpr Command table[]{
 }  // namespace
 
 std::span<const Command> listCommands() {
-    return table;
+    return listTable;
 }
 
 }  // namespace cli

@@ -47,7 +47,7 @@ struct RowOperand {
 enum class Lookup { File, Unit, Folder, Missing };
 
 // Fills in the row and what the note statements need to know of it.
-jet::Result<Lookup> lookUp(jet::Database& database, RowOperand& operand) {
+engine::Result<Lookup> lookUp(engine::Database& database, RowOperand& operand) {
     for (const auto list : {notes::ListKind::Results, notes::ListKind::Browse}) {
         operand.target.list = list;
         const auto rows = database.OpenRecordset(notes::selectForStoring(operand.target));
@@ -81,7 +81,7 @@ int runNote(const Invocation& invocation) {
     if (writes && !QUtf8StringView(operands[3]).isValidUtf8())
         return fail(WrongUsage, operands[3], notUtf8.in(invocation.language));
 
-    auto database = openCatalogue(operands[0], writes ? jet::Use::Catalogue : jet::Use::ReadOnly);
+    auto database = openCatalogue(operands[0], writes ? engine::Use::Catalogue : engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     RowOperand operand(operands[1], operands[2]);
     const auto found = lookUp(*database, operand);
@@ -92,13 +92,13 @@ int runNote(const Invocation& invocation) {
 
     const auto stored = notes::storeNote(*database, operand.target, operands[3]);
     if (stored) return Done;
-    if (stored.error().number == jet::error::syntaxInExpression)
+    if (stored.error().number == engine::error::syntaxInExpression)
         return fail(WrongUsage, restricted.in(invocation.language));
     return fail(UnusableCatalogue, operands[0], stored.error().text);
 }
 
 // Copies one file; the status of what went wrong.
-int copyBack(jet::Database& database, const platform::Drives& drives, const std::string& path,
+int copyBack(engine::Database& database, const platform::Drives& drives, const std::string& path,
              const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
     RowOperand operand(operands[1], path);
@@ -116,7 +116,7 @@ int runCopy(const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
     if (!platform::FolderExists(operands.back()))
         return fail(WrongUsage, operands.back(), noFolder.in(invocation.language));
-    auto database = openCatalogue(operands[0], jet::Use::ReadOnly);
+    auto database = openCatalogue(operands[0], engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
 
     const platform::Drives drives = platform::Drives::current();
@@ -126,7 +126,7 @@ int runCopy(const Invocation& invocation) {
     return worst;
 }
 
-constexpr Command table[]{
+constexpr Command rowTable[]{
     {"note",
      "CAT.zrq UNIT PATH [TEXT]",
      {"Muestra la nota de una fila, o la escribe. Un TEXT vacío la quita.",
@@ -147,7 +147,7 @@ constexpr Command table[]{
 }  // namespace
 
 std::span<const Command> rowCommands() {
-    return table;
+    return rowTable;
 }
 
 }  // namespace cli

@@ -125,7 +125,7 @@ class Printer : public search::ResultSink {
   public:
     explicit Printer(bool json) : m_json(json) {}
     void clear() override {}
-    void add(const jet::Recordset& rows, const search::Pass&) override {
+    void add(const engine::Recordset& rows, const search::Pass&) override {
         ++m_count;
         const core::CatalogRow row = core::readRow(rows);
         print(m_json ? jsonRow(row) : plainRow(row));
@@ -160,7 +160,7 @@ int runSearch(const Invocation& invocation) {
         return Done;
     }
 
-    auto database = openCatalogue(arguments.operands[0], jet::Use::ReadOnly);
+    auto database = openCatalogue(arguments.operands[0], engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     Printer printer(arguments.json);
     search::Counters counters;
@@ -172,7 +172,7 @@ int runSearch(const Invocation& invocation) {
 constexpr Option options[]{{"--type", true},   {"--unit", true},   {"--from", true}, {"--to", true},
                            {"--min-kb", true}, {"--max-kb", true}, {"--note", true}, {"--explain", false}};
 
-constexpr Command table[]{
+constexpr Command searchTable[]{
     {"search",
      "CAT.zrq TEXT [--type audio|picture|video|application|text|web|zipped] [--unit NAME] [--from YYYY-MM-DD "
      "--to "
@@ -188,7 +188,7 @@ constexpr Command table[]{
 }  // namespace
 
 std::span<const Command> searchCommands() {
-    return table;
+    return searchTable;
 }
 
 }  // namespace cli

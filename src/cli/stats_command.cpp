@@ -29,7 +29,7 @@ std::string jsonLine(const stats::Statistics& statistics) {
     return line.number("total", statistics.totalarchivos).take();
 }
 
-std::string table(const stats::Statistics& statistics, core::Language language) {
+std::string plainTable(const stats::Statistics& statistics, core::Language language) {
     std::string lines;
     for (std::size_t category = 0; category < stats::categoryCount; ++category)
         lines += std::string(stats::categories[category].caption.in(language)) + '\t' +
@@ -41,14 +41,14 @@ std::string table(const stats::Statistics& statistics, core::Language language) 
 int runStats(const Invocation& invocation) {
     const Arguments& arguments = invocation.arguments;
     const std::string& catalogue = arguments.operands[0];
-    auto database = openCatalogue(catalogue, jet::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     const auto statistics =
         stats::countScope(*database, scopeOf(arguments.operands), stats::TotalLimit::None);
     if (!statistics) return fail(UnusableCatalogue, catalogue, statistics.error().text);
     if (statistics->totalarchivos < 1)
         return fail(NothingFound, arguments.operands[1], stats::noFiles.in(invocation.language));
-    print(arguments.json ? jsonLine(*statistics) : table(*statistics, invocation.language));
+    print(arguments.json ? jsonLine(*statistics) : plainTable(*statistics, invocation.language));
     return Done;
 }
 

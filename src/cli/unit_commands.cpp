@@ -50,7 +50,7 @@ void printUnit(const core::Unit& unit, const Invocation& invocation) {
 
 int runUnits(const Invocation& invocation) {
     const std::string& catalogue = invocation.arguments.operands[0];
-    auto database = openCatalogue(catalogue, jet::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     const auto units = core::units(*database);
     if (!units) return fail(UnusableCatalogue, catalogue, units.error().text);
@@ -59,11 +59,11 @@ int runUnits(const Invocation& invocation) {
 }
 
 // The `disco` of the unit that an operand names; says so and gives the exit status when there is none.
-std::expected<std::string, int> findUnit(jet::Database& database, const Invocation& invocation) {
+std::expected<std::string, int> findUnit(engine::Database& database, const Invocation& invocation) {
     const std::string& name = invocation.arguments.operands[1];
     std::string disco = name + std::string(core::unitSuffix);
     const auto tipo = core::unitTipo(database, disco);
-    const bool unreadable = !tipo && tipo.error().number != jet::error::syntaxInExpression;
+    const bool unreadable = !tipo && tipo.error().number != engine::error::syntaxInExpression;
     if (unreadable)
         return std::unexpected(fail(UnusableCatalogue, invocation.arguments.operands[0], tipo.error().text));
     if (!tipo || tipo->empty())
@@ -77,7 +77,7 @@ int runRename(const Invocation& invocation) {
     const std::string& newName = invocation.arguments.operands[2];
     if (newName.empty() || !canBeTyped(newName, scan::allowedInNames))
         return fail(WrongUsage, newName, notTypeable.in(invocation.language));
-    auto database = openCatalogue(catalogue, jet::Use::Catalogue);
+    auto database = openCatalogue(catalogue, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     const auto disco = findUnit(*database, invocation);
     if (!disco) return disco.error();
@@ -91,7 +91,7 @@ int runRename(const Invocation& invocation) {
 
 int runDelete(const Invocation& invocation) {
     const std::string& catalogue = invocation.arguments.operands[0];
-    auto database = openCatalogue(catalogue, jet::Use::Catalogue);
+    auto database = openCatalogue(catalogue, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     const auto disco = findUnit(*database, invocation);
     if (!disco) return disco.error();
@@ -100,7 +100,7 @@ int runDelete(const Invocation& invocation) {
     return Done;
 }
 
-constexpr Command table[]{
+constexpr Command unitTable[]{
     {"units",
      "CAT.zrq",
      {"Lista las unidades: nombre, tipo, carpetas, archivos y KB.",
@@ -128,7 +128,7 @@ constexpr Command table[]{
 }  // namespace
 
 std::span<const Command> unitCommands() {
-    return table;
+    return unitTable;
 }
 
 }  // namespace cli

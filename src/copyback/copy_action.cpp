@@ -13,7 +13,7 @@ constexpr core::Bilingual chooserTitle{"Seleccione los archivos a copiar.", "Sel
 
 class ListReader : public ItemReader {
   public:
-    explicit ListReader(const browse::ItemList& list) : m_list(list) {}
+    explicit ListReader(const lists::ItemList& list) : m_list(list) {}
 
     int count() const override { return m_list.count(); }
     bool isSelected(int position) const override { return m_list.isSelected(position); }
@@ -23,10 +23,10 @@ class ListReader : public ItemReader {
     }
 
   private:
-    const browse::ItemList& m_list;
+    const lists::ItemList& m_list;
 };
 
-std::string chosenFolder(shell::Frame& frame) {
+std::string chosenFolder(frame::Frame& frame) {
     const QString chosen = frame.dialogs.chooseFolder(controls::qtext(chooserTitle.in(frame.idioma)));
     return QFile::encodeName(chosen).toStdString();
 }
@@ -38,7 +38,7 @@ platform::FileResult<> copy(const std::string& source, const std::string& destin
 }  // namespace
 
 void Copiararchivos(browse::Surface& surface, const core::DriveSource& drives) {
-    const shell::Hourglass hourglass;
+    const frame::Hourglass hourglass;
     const ListReader listView1(surface.lists.listView1);
     const ListReader listView2(surface.lists.listView2);
     const CopyRequest request{.listView1 = listView1,
@@ -47,7 +47,7 @@ void Copiararchivos(browse::Surface& surface, const core::DriveSource& drives) {
                               .indicefila = surface.clic.indicefila,
                               .carpetadestino = chosenFolder(surface.frame),
                               .idioma = surface.frame.idioma};
-    const CopyPorts ports{drives, shell::tellThrough(surface.frame.messages), copy};
+    const CopyPorts ports{drives, frame::tellThrough(surface.frame.messages), copy};
     if (copyFiles(request, ports) == RunEnd::Complete) surface.treeView1.setFocus();
 }
 

@@ -3,14 +3,14 @@
 namespace core {
 namespace {
 
-std::optional<std::string> textOrNothing(const jet::Value& value) {
+std::optional<std::string> textOrNothing(const engine::Value& value) {
     if (value.isNull()) return std::nullopt;
     return std::string(value.text());
 }
 
 }  // namespace
 
-CatalogRow readRow(const jet::Recordset& rows) {
+CatalogRow readRow(const engine::Recordset& rows) {
     CatalogRow row;
     row.numero = rows.Field("numero").integer();
     row.ruta = rows.Field("ruta").text();
@@ -18,7 +18,7 @@ CatalogRow readRow(const jet::Recordset& rows) {
     row.archivo = textOrNothing(rows.Field("archivo"));
     row.nivel = rows.Field("nivel").text();
     row.fecha = rows.Field("fecha").number();
-    if (const jet::Value largo = rows.Field("largo"); !largo.isNull()) row.largo = largo.integer();
+    if (const engine::Value largo = rows.Field("largo"); !largo.isNull()) row.largo = largo.integer();
     row.tipo = rows.Field("tipo").text();
     row.disco = rows.Field("disco").text();
     row.comentario = textOrNothing(rows.Field("comentario"));

@@ -24,6 +24,6 @@ struct CatalogRow {
 };
 
 // The current row of a `select *`; columns that the select lacks stay empty.
-[[nodiscard]] CatalogRow readRow(const jet::Recordset& rows);
+[[nodiscard]] CatalogRow readRow(const engine::Recordset& rows);
 
 }  // namespace core

@@ -19,14 +19,14 @@ void makeWritable(const std::string& path) {
     fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
 }
 
-std::unexpected<platform::FileError> refused(const std::string& path, const jet::Error& error) {
+std::unexpected<platform::FileError> refused(const std::string& path, const engine::Error& error) {
     return std::unexpected(
         platform::FileError{platform::FileError::permissionDenied, path + ": " + error.text});
 }
 
 // Nothing for what is no catalogue: its bytes are as good at any time.
-platform::FileResult<std::optional<jet::Database>> heldStill(const std::string& path) {
-    auto database = jet::OpenDatabase(path, jet::Use::ReadOnly);
+platform::FileResult<std::optional<engine::Database>> heldStill(const std::string& path) {
+    auto database = engine::OpenDatabase(path, engine::Use::ReadOnly);
     if (!database) return std::nullopt;
     if (const auto still = database->HoldStill(); !still) return refused(path, still.error());
     return std::move(*database);
@@ -44,14 +44,15 @@ platform::FileResult<> createCatalogue(const std::string& path) {
 platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination) {
     auto held = heldStill(source);
     if (!held) return std::unexpected(held.error());
-    auto replaced = jet::OpenDatabase(destination);
+    auto replaced = engine::OpenDatabase(destination);
     if (replaced) {
-        if (const auto alone = replaced->BeginTrans(); !alone && alone.error().number != jet::error::readOnly)
+        if (const auto alone = replaced->BeginTrans();
+            !alone && alone.error().number != engine::error::readOnly)
             return refused(destination, alone.error());
-    } else if (replaced.error().number == jet::error::locked) {
+    } else if (replaced.error().number == engine::error::locked) {
         return refused(destination, replaced.error());
     } else {
-        jet::ForgetInterruptedChange(destination);
+        engine::ForgetInterruptedChange(destination);
     }
     return platform::CopyFile(source, destination);
 }

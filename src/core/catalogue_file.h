@@ -30,6 +30,6 @@ inline constexpr std::string_view compactedName = "compactada.zrq";  // in the c
 // Gives unused space back through "compactada.zrq". Whatever goes wrong, the catalogue keeps every row: a
 // stale or foreign "compactada.zrq" is never copied over it. Does nothing while this process holds the
 // catalogue open.
-[[nodiscard]] jet::Result<> compactCatalogue(const std::string& path);
+[[nodiscard]] engine::Result<> compactCatalogue(const std::string& path);
 
 }  // namespace core

@@ -14,8 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::unexpected<jet::Error> failure(int number, std::string text) {
-    return std::unexpected(jet::Error{number, std::move(text)});
+std::unexpected<engine::Error> failure(int number, std::string text) {
+    return std::unexpected(engine::Error{number, std::move(text)});
 }
 
 // The file that takes the compacted rows. Its name is claimed as an empty file, so that no other program's
@@ -63,7 +63,7 @@ bool isUnchanged(const struct stat& before, const struct stat& now) {
            before.st_mtim.tv_sec == now.st_mtim.tv_sec && before.st_mtim.tv_nsec == now.st_mtim.tv_nsec;
 }
 
-jet::Result<long long> rowCount(jet::Database& database) {
+engine::Result<long long> rowCount(engine::Database& database) {
     auto rows = database.OpenRecordset("select * from datos");
     if (!rows) return std::unexpected(rows.error());
     const long long count = rows->RecordCount();
@@ -71,26 +71,26 @@ jet::Result<long long> rowCount(jet::Database& database) {
     return count;
 }
 
-jet::Result<> sameRows(jet::Database& catalogue, const std::string& compacted) {
-    auto copy = jet::OpenDatabase(compacted, jet::Use::ReadOnly);
+engine::Result<> sameRows(engine::Database& catalogue, const std::string& compacted) {
+    auto copy = engine::OpenDatabase(compacted, engine::Use::ReadOnly);
     if (!copy) return std::unexpected(copy.error());
     const auto expected = rowCount(catalogue);
     if (!expected) return std::unexpected(expected.error());
     const auto found = rowCount(*copy);
     if (!found) return std::unexpected(found.error());
-    if (*expected != *found) return failure(jet::error::corrupt, compacted + ": not all rows were copied");
+    if (*expected != *found) return failure(engine::error::corrupt, compacted + ": not all rows were copied");
     return {};
 }
 
-jet::Result<> putInPlace(const std::string& compacted, const std::string& path, mode_t mode) {
+engine::Result<> putInPlace(const std::string& compacted, const std::string& path, mode_t mode) {
     // The catalogue keeps its permissions, not those of a file just made.
     if (::chmod(compacted.c_str(), mode & 07777) != 0)
-        return failure(jet::error::general, compacted + ": " + std::strerror(errno));
+        return failure(engine::error::general, compacted + ": " + std::strerror(errno));
     if (const auto copied = platform::CopyFile(compacted, path); !copied) {
-        const int number = copied.error().number == platform::FileError::diskFull ? jet::error::diskFull
+        const int number = copied.error().number == platform::FileError::diskFull ? engine::error::diskFull
                            : copied.error().number == platform::FileError::permissionDenied
-                               ? jet::error::readOnly
-                               : jet::error::general;
+                               ? engine::error::readOnly
+                               : engine::error::general;
         return failure(number, copied.error().text);
     }
     return {};
@@ -98,25 +98,26 @@ jet::Result<> putInPlace(const std::string& compacted, const std::string& path, 
 
 }  // namespace
 
-jet::Result<> compactCatalogue(const std::string& path) {
+engine::Result<> compactCatalogue(const std::string& path) {
     std::error_code missing;
     const std::string catalogue = fs::canonical(path, missing);  // a link stays a link
-    if (missing) return failure(jet::error::fileNotFound, path + ": " + missing.message());
+    if (missing) return failure(engine::error::fileNotFound, path + ": " + missing.message());
     const struct stat before = statusOf(catalogue);
-    if ((before.st_mode & 0222) == 0) return failure(jet::error::readOnly, path + ": the file is read-only");
+    if ((before.st_mode & 0222) == 0)
+        return failure(engine::error::readOnly, path + ": the file is read-only");
 
     const CompactedFile compacted;
     if (compacted.path().empty())
-        return failure(jet::error::cannotOpenFile, "no file can be made in the current directory");
-    if (auto done = jet::CompactDatabase(catalogue, compacted.path()); !done) return done;
+        return failure(engine::error::cannotOpenFile, "no file can be made in the current directory");
+    if (auto done = engine::CompactDatabase(catalogue, compacted.path()); !done) return done;
 
     // From here on other programs cannot write to the catalogue; what they wrote meanwhile must not be lost.
-    auto held = jet::OpenDatabase(catalogue);
+    auto held = engine::OpenDatabase(catalogue);
     if (!held) return std::unexpected(held.error());
-    jet::Transaction others(*held);
+    engine::Transaction others(*held);
     if (auto begun = others.begin(); !begun) return begun;
     if (!isUnchanged(before, statusOf(catalogue)))
-        return failure(jet::error::locked, path + ": another program is writing to the catalogue");
+        return failure(engine::error::locked, path + ": another program is writing to the catalogue");
     if (auto same = sameRows(*held, compacted.path()); !same) return same;
     return putInPlace(compacted.path(), catalogue, before.st_mode);
 }

@@ -9,10 +9,10 @@ namespace {
 
 // An apostrophe ends the literal that it stands in. What comes behind it could make another valid statement,
 // so it is refused here with the error that the engine mostly gives.
-jet::Result<> refuseApostrophe(std::string_view name) {
+engine::Result<> refuseApostrophe(std::string_view name) {
     if (name.find('\'') == std::string_view::npos) return {};
-    return std::unexpected(
-        jet::Error{jet::error::syntaxInExpression, "an apostrophe in the unit name " + std::string(name)});
+    return std::unexpected(engine::Error{engine::error::syntaxInExpression,
+                                         "an apostrophe in the unit name " + std::string(name)});
 }
 
 // A label edit can bring in a character that `like` takes for a wildcard; in brackets it stands for itself.
@@ -25,24 +25,24 @@ std::string literalPattern(std::string_view name) {
     return pattern;
 }
 
-jet::Result<> executed(jet::Database& database, const std::string& sql) {
+engine::Result<> executed(engine::Database& database, const std::string& sql) {
     if (const auto touched = database.Execute(sql); !touched) return std::unexpected(touched.error());
     return {};
 }
 
 }  // namespace
 
-jet::Result<> deleteAll(jet::Database& database) {
+engine::Result<> deleteAll(engine::Database& database) {
     return executed(database, "delete * from datos ");
 }
 
-jet::Result<> deleteUnit(jet::Database& database, std::string_view disco) {
+engine::Result<> deleteUnit(engine::Database& database, std::string_view disco) {
     if (auto safe = refuseApostrophe(disco); !safe) return safe;
     return executed(database, "delete * from datos where disco like ('" + literalPattern(disco) + "')");
 }
 
-jet::Result<std::string> renameUnit(jet::Database& database, std::string_view oldDisco,
-                                    std::string_view newText) {
+engine::Result<std::string> renameUnit(engine::Database& database, std::string_view oldDisco,
+                                       std::string_view newText) {
     for (const std::string_view name : {oldDisco, newText})
         if (auto safe = refuseApostrophe(name); !safe) return std::unexpected(safe.error());
     std::string newDisco(newText);
@@ -60,8 +60,8 @@ bool nameTaken(std::string_view listanivel1, std::string_view newText) {
     return holds(upperCase(newText)) || holds(lowerCase(newText));
 }
 
-jet::Result<> repairCatalogue(const std::string& path) {
-    return jet::RepairDatabase(path);
+engine::Result<> repairCatalogue(const std::string& path) {
+    return engine::RepairDatabase(path);
 }
 
 }  // namespace core

@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s: cannot be replaced\n", path.c_str());
         return 1;
     }
-    if (const auto made = jet::CreateDatabase(path); !made) {
+    if (const auto made = engine::CreateDatabase(path); !made) {
         std::fprintf(stderr, "%s: %s\n", path.c_str(), made.error().text.c_str());
         return 1;
     }

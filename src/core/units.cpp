@@ -8,12 +8,12 @@ namespace core {
 namespace {
 
 // The end of a walk over rows is either the last row or a row that could not be read.
-jet::Result<> walkedToTheEnd(const jet::Recordset& rows) {
+engine::Result<> walkedToTheEnd(const engine::Recordset& rows) {
     if (rows.error()) return std::unexpected(*rows.error());
     return {};
 }
 
-jet::Result<long long> recordCount(jet::Database& database, std::string_view select) {
+engine::Result<long long> recordCount(engine::Database& database, std::string_view select) {
     auto rows = database.OpenRecordset(select);
     if (!rows) return std::unexpected(rows.error());
     const long long count = rows->RecordCount();
@@ -26,7 +26,7 @@ struct Hash : std::hash<std::string_view> {
 };
 using UnitsByName = std::unordered_map<std::string, Unit*, Hash, std::equal_to<>>;
 
-jet::Result<> addTotals(jet::Database& database, const UnitsByName& unitsByName) {
+engine::Result<> addTotals(engine::Database& database, const UnitsByName& unitsByName) {
     auto rows = database.OpenRecordset("select disco, tipo, largo from datos");
     if (!rows) return std::unexpected(rows.error());
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -44,7 +44,7 @@ jet::Result<> addTotals(jet::Database& database, const UnitsByName& unitsByName)
 
 }  // namespace
 
-jet::Result<std::vector<std::string>> unitNames(jet::Database& database) {
+engine::Result<std::vector<std::string>> unitNames(engine::Database& database) {
     auto rows = database.OpenRecordset("select disco from datos group by disco order by disco");
     if (!rows) return std::unexpected(rows.error());
     std::vector<std::string> names;
@@ -53,7 +53,7 @@ jet::Result<std::vector<std::string>> unitNames(jet::Database& database) {
     return names;
 }
 
-jet::Result<std::string> unitTipo(jet::Database& database, std::string_view disco) {
+engine::Result<std::string> unitTipo(engine::Database& database, std::string_view disco) {
     auto rows = database.OpenRecordset("select disco, tipo from datos where disco=('" + std::string(disco) +
                                        "') order by disco");
     if (!rows) return std::unexpected(rows.error());
@@ -62,7 +62,7 @@ jet::Result<std::string> unitTipo(jet::Database& database, std::string_view disc
     return tipo;
 }
 
-jet::Result<std::vector<Unit>> units(jet::Database& database) {
+engine::Result<std::vector<Unit>> units(engine::Database& database) {
     const auto names = unitNames(database);
     if (!names) return std::unexpected(names.error());
     std::vector<Unit> units(names->size());
@@ -78,7 +78,7 @@ jet::Result<std::vector<Unit>> units(jet::Database& database) {
     return units;
 }
 
-jet::Result<Counters> countAll(jet::Database& database) {
+engine::Result<Counters> countAll(engine::Database& database) {
     struct Count {
         long long Counters::*counter;
         std::string_view select;

@@ -22,13 +22,13 @@ struct Unit {
 };
 
 // Every `disco`, in the engine's text order; spellings that differ in case are units apart.
-[[nodiscard]] jet::Result<std::vector<std::string>> unitNames(jet::Database& database);
+[[nodiscard]] engine::Result<std::vector<std::string>> unitNames(engine::Database& database);
 
 // `tipo` of a unit's first row; empty when there is no such unit.
-[[nodiscard]] jet::Result<std::string> unitTipo(jet::Database& database, std::string_view disco);
+[[nodiscard]] engine::Result<std::string> unitTipo(engine::Database& database, std::string_view disco);
 
 // All units with their totals, in one pass over the rows.
-[[nodiscard]] jet::Result<std::vector<Unit>> units(jet::Database& database);
+[[nodiscard]] engine::Result<std::vector<Unit>> units(engine::Database& database);
 
 // The totals of the whole catalogue.
 struct Counters {
@@ -36,7 +36,7 @@ struct Counters {
     long long contadorcarpetas = 0;
     long long contadorarchivos = 0;
 };
-[[nodiscard]] jet::Result<Counters> countAll(jet::Database& database);
+[[nodiscard]] engine::Result<Counters> countAll(engine::Database& database);
 
 // "  Unidades: 2  Carpetas: 10  Archivos: 300" or the same in English.
 [[nodiscard]] std::string statusText(const Counters& counters, Language language);

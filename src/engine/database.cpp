@@ -5,7 +5,7 @@
 #include "engine/rows/path_lookup.h"
 #include "engine/rows/recordset_impl.h"
 
-namespace jet {
+namespace engine {
 
 struct Database::Impl {
     std::shared_ptr<Connection> connection;
@@ -112,4 +112,4 @@ Result<> Transaction::commit() {
     return committed;
 }
 
-}  // namespace jet
+}  // namespace engine

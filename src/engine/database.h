@@ -7,7 +7,7 @@
 #include "engine/error.h"
 #include "engine/recordset.h"
 
-namespace jet {
+namespace engine {
 
 // What an opened file is used for.
 enum class Use {
@@ -72,4 +72,4 @@ class Transaction {
     bool m_open = false;
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -3,7 +3,7 @@
 #include <expected>
 #include <string>
 
-namespace jet {
+namespace engine {
 
 // The engine's error numbers that callers test for or report. Everything else is `general`.
 namespace error {
@@ -32,4 +32,4 @@ struct [[nodiscard]] Error {
 template <class T = void>
 using Result = std::expected<T, Error>;
 
-}  // namespace jet
+}  // namespace engine

@@ -2,7 +2,7 @@
 
 #include "engine/text/folding.h"
 
-namespace jet {
+namespace engine {
 
 std::optional<Column> columnNamed(std::string_view name) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -13,4 +13,4 @@ std::optional<Column> columnNamed(std::string_view name) {
     return std::nullopt;
 }
 
-}  // namespace jet
+}  // namespace engine

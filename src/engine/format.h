@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-namespace jet {
+namespace engine {
 
 // What a catalogue file is: an SQLite database with these marks and exactly one table.
 inline constexpr int applicationId = 0x5A52514C;  // "ZRQL"
@@ -53,4 +53,4 @@ inline constexpr const char* createIndex =
     "create index if not exists datos_unidad on datos (disco, nivel, tipo)";
 inline constexpr const char* dropIndex = "drop index datos_unidad";
 
-}  // namespace jet
+}  // namespace engine

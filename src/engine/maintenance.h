@@ -4,7 +4,7 @@
 
 #include "engine/error.h"
 
-namespace jet {
+namespace engine {
 
 // Writes an empty catalogue database (table `datos`, its indexes, the file marks) to a native path that does
 // not exist yet.
@@ -23,4 +23,4 @@ namespace jet {
 // would be taken for a part of the next file of that name, and spoil it.
 void ForgetInterruptedChange(const std::string& nativePath);
 
-}  // namespace jet
+}  // namespace engine

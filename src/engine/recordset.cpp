@@ -4,7 +4,7 @@
 #include "engine/rows/recordset_impl.h"
 #include "engine/rows/sorted_rows.h"
 
-namespace jet {
+namespace engine {
 
 Recordset::Recordset(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
 Recordset::Recordset(Recordset&&) noexcept = default;
@@ -57,4 +57,4 @@ Result<std::unique_ptr<Recordset::Impl>> openRows(OwnedScan scan) {
     return isOrderNeeded(scan.scan()) ? SortedRows::open(std::move(scan)) : DirectRows::open(std::move(scan));
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -6,7 +6,7 @@
 
 #include "engine/error.h"
 
-namespace jet {
+namespace engine {
 
 // One field of the current row. Views point into the row and hold until MoveNext.
 // A null reads as the empty text and the number 0.
@@ -55,4 +55,4 @@ class Recordset {
     std::unique_ptr<Impl> m_impl;
 };
 
-}  // namespace jet
+}  // namespace engine

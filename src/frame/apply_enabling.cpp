@@ -3,7 +3,7 @@
 #include "frame/menus.h"
 #include "frame/toolbar.h"
 
-namespace shell {
+namespace frame {
 
 void apply(const Enabled& enabled, MenuBar& menus, Toolbar& toolbar) {
     for (const Enabled::Entry& entry : enabled.entries)
@@ -12,4 +12,4 @@ void apply(const Enabled& enabled, MenuBar& menus, Toolbar& toolbar) {
         toolbar.setEnabled(button, enabled.buttons[button]);
 }
 
-}  // namespace shell
+}  // namespace frame

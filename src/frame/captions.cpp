@@ -6,7 +6,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -177,4 +177,4 @@ void applyCaptions(QWidget& root, core::Language language) {
     for (auto* strip : root.findChildren<QTabWidget*>()) applyTabs(*strip, language);
 }
 
-}  // namespace shell
+}  // namespace frame

@@ -9,7 +9,7 @@
 
 class QWidget;
 
-namespace shell {
+namespace frame {
 
 // The text of one control of the main window. Parts of a control are numbered from 1 behind its name: the
 // toolbar's buttons "Toolbar1(7)", the entries of its eleventh button "Toolbar1(11)(2)", the tabs
@@ -34,4 +34,4 @@ void applyCaptions(QWidget& root, core::Language language);
 // A text of the tables as a widget takes it.
 [[nodiscard]] QString toQString(std::string_view text);
 
-}  // namespace shell
+}  // namespace frame

@@ -2,7 +2,7 @@
 
 #include "platform/settings.h"
 
-namespace shell {
+namespace frame {
 
 namespace {
 constexpr std::string_view lastFileKey = "lastfile";
@@ -22,4 +22,4 @@ void Catalogue::readLast() {
     m_last = platform::GetSetting(lastFileKey);
 }
 
-}  // namespace shell
+}  // namespace frame

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-namespace shell {
+namespace frame {
 
 // The current catalogue: one native path, empty when unset, kept for the whole run, and the last-file value.
 class Catalogue {
@@ -22,4 +22,4 @@ class Catalogue {
     std::string m_last;
 };
 
-}  // namespace shell
+}  // namespace frame

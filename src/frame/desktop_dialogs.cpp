@@ -7,7 +7,7 @@
 #include <QPrinter>
 #include <QStandardPaths>
 
-namespace shell {
+namespace frame {
 
 QString toolkitFilter(const QString& filter) {
     const QStringList parts = filter.split(u'|');
@@ -65,4 +65,4 @@ std::optional<int> DesktopDialogs::print(QPrinter& printer) {
     return printer.copyCount();
 }
 
-}  // namespace shell
+}  // namespace frame

@@ -4,7 +4,7 @@
 
 class QFileDialog;
 
-namespace shell {
+namespace frame {
 
 // The desktop's own choosers, over whichever window is active. They start in the folder of the last answer.
 class DesktopDialogs : public Dialogs {
@@ -24,4 +24,4 @@ class DesktopDialogs : public Dialogs {
 // A filter of the form "Text (*.x)|*.x|" as Qt has it: "Text (*.x)", several ones joined by ";;".
 [[nodiscard]] QString toolkitFilter(const QString& filter);
 
-}  // namespace shell
+}  // namespace frame

@@ -5,7 +5,7 @@
 
 class QPrinter;
 
-namespace shell {
+namespace frame {
 
 // The desktop's choosers behind one seam. Paths are native, as QString in the file system's encoding
 // (QFile::encodeName gives the bytes). An empty answer is a cancel.
@@ -19,4 +19,4 @@ class Dialogs {
     [[nodiscard]] virtual std::optional<int> print(QPrinter& printer) = 0;
 };
 
-}  // namespace shell
+}  // namespace frame

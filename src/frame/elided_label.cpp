@@ -5,7 +5,7 @@
 #include <QStyle>
 #include <QToolTip>
 
-namespace shell {
+namespace frame {
 
 ElidedLabel::ElidedLabel(QWidget* parent, Qt::TextElideMode mode) : QLabel(parent), m_mode(mode) {
     setTextFormat(Qt::PlainText);
@@ -36,4 +36,4 @@ bool ElidedLabel::event(QEvent* event) {
     return QLabel::event(event);
 }
 
-}  // namespace shell
+}  // namespace frame

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-namespace shell {
+namespace frame {
 
 // A line of plain text that ends in an ellipsis where it does not fit, and then tells the whole as its tool
 // tip.
@@ -21,4 +21,4 @@ class ElidedLabel : public QLabel {
     Qt::TextElideMode m_mode;
 };
 
-}  // namespace shell
+}  // namespace frame

@@ -1,6 +1,6 @@
 #include "frame/enabling.h"
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -76,4 +76,4 @@ Enabled enabledIn(const WindowState& state) {
     return result;
 }
 
-}  // namespace shell
+}  // namespace frame

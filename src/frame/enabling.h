@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace shell {
+namespace frame {
 
 class MenuBar;
 class Toolbar;
@@ -36,4 +36,4 @@ struct Enabled {
 
 void apply(const Enabled& enabled, MenuBar& menus, Toolbar& toolbar);
 
-}  // namespace shell
+}  // namespace frame

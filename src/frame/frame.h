@@ -6,7 +6,7 @@
 #include "frame/dialogs.h"
 #include "frame/messages.h"
 
-namespace shell {
+namespace frame {
 
 class Catalogue;
 class MenuBar;
@@ -27,4 +27,4 @@ struct Frame {
     [[nodiscard]] const core::Rotulos& rotulos() const { return core::rotulos(idioma); }
 };
 
-}  // namespace shell
+}  // namespace frame

@@ -4,7 +4,7 @@
 
 #include "controls/pictures.h"
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -78,4 +78,4 @@ QIcon iconOf(QStringView control) {
     return {};
 }
 
-}  // namespace shell
+}  // namespace frame

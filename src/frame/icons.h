@@ -3,9 +3,9 @@
 #include <QIcon>
 #include <QStringView>
 
-namespace shell {
+namespace frame {
 
 // The icon of a menu entry or a toolbar button by its name; null for one that has none.
 [[nodiscard]] QIcon iconOf(QStringView control);
 
-}  // namespace shell
+}  // namespace frame

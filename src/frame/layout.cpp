@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -67,4 +67,4 @@ WindowLayout computeLayout(const LayoutInput& input, const WindowLayout& before)
     return layout;
 }
 
-}  // namespace shell
+}  // namespace frame

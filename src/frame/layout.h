@@ -1,6 +1,6 @@
 #pragma once
 
-namespace shell {
+namespace frame {
 
 // Where the main window's controls stand. All figures are twips, 15 to a pixel, from the top left corner of
 // the client area below the menu bar.
@@ -41,4 +41,4 @@ struct LayoutInput {
 [[nodiscard]] int draggedDivider(int position, int width);
 [[nodiscard]] int releasedDivider(int position, int width);
 
-}  // namespace shell
+}  // namespace frame

@@ -5,7 +5,7 @@
 #include "frame/captions.h"
 #include "frame/icons.h"
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -179,4 +179,4 @@ void MenuBar::attachIcons() {
     }
 }
 
-}  // namespace shell
+}  // namespace frame

@@ -9,7 +9,7 @@
 class QAction;
 class QMenu;
 
-namespace shell {
+namespace frame {
 
 // The menu bar and the two popup menus, built from one table. Every entry is found by its name ("guardar",
 // "español"); top-level menus and submenus are entries too and can be disabled the same way.
@@ -38,4 +38,4 @@ class MenuBar : public QMenuBar {
     QMenu* m_popup2 = nullptr;
 };
 
-}  // namespace shell
+}  // namespace frame

@@ -5,7 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -45,4 +45,4 @@ bool MessageBoxes::askYesNo(const QString& text, const QString& title) {
     return run(box) == QMessageBox::Yes;
 }
 
-}  // namespace shell
+}  // namespace frame

@@ -5,7 +5,7 @@
 
 class QWidget;
 
-namespace shell {
+namespace frame {
 
 // The desktop's message boxes, over whichever window is active. Texts are shown as they stand, never as
 // markup.
@@ -20,4 +20,4 @@ class MessageBoxes : public Messages {
     core::Language m_idioma;
 };
 
-}  // namespace shell
+}  // namespace frame

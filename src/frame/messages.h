@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace shell {
+namespace frame {
 
 enum class MessageStyle { Exclamation = 48, Information = 64 };
 
@@ -15,4 +15,4 @@ class Messages {
     [[nodiscard]] virtual bool askYesNo(const QString& text, const QString& title) = 0;
 };
 
-}  // namespace shell
+}  // namespace frame

@@ -4,7 +4,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-namespace shell {
+namespace frame {
 
 // The arrow with the hourglass: long work can be stopped, so the arrow has to stay usable.
 Hourglass::Hourglass() {
@@ -19,4 +19,4 @@ void yieldToQueue() {
     QCoreApplication::processEvents();
 }
 
-}  // namespace shell
+}  // namespace frame

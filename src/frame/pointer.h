@@ -1,6 +1,6 @@
 #pragma once
 
-namespace shell {
+namespace frame {
 
 // The busy pointer, for as long as the object lives.
 class Hourglass {
@@ -14,4 +14,4 @@ class Hourglass {
 // Lets the event queue run once: the fixed points at which long work gives way.
 void yieldToQueue();
 
-}  // namespace shell
+}  // namespace frame

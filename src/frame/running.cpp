@@ -1,6 +1,6 @@
 #include "frame/running.h"
 
-namespace shell {
+namespace frame {
 
 Running::Running(Frame& frame) : m_frame(frame) {
     if (m_frame.setRunning) m_frame.setRunning(true);
@@ -10,4 +10,4 @@ Running::~Running() {
     if (m_frame.setRunning) m_frame.setRunning(false);
 }
 
-}  // namespace shell
+}  // namespace frame

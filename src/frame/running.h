@@ -2,7 +2,7 @@
 
 #include "frame/frame.h"
 
-namespace shell {
+namespace frame {
 
 // Long work that the user may stop: while the object lives, the stop entry and button are enabled and
 // compaction and repair are not.
@@ -17,4 +17,4 @@ class Running {
     Frame& m_frame;
 };
 
-}  // namespace shell
+}  // namespace frame

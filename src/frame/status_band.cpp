@@ -9,7 +9,7 @@
 #include "frame/captions.h"
 #include "frame/elided_label.h"
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -160,4 +160,4 @@ void StatusBand::arrange() {
     if (width() > left) m_kind->setGeometry(left, pixels(lineTop), width() - left, lineHeight());
 }
 
-}  // namespace shell
+}  // namespace frame

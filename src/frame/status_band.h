@@ -7,7 +7,7 @@
 class QLabel;
 class QProgressBar;
 
-namespace shell {
+namespace frame {
 
 // Picture4, the band at the window's foot: the status line Text9, the size Label3 with ProgressBar1 over it,
 // the unit's icon Picture16 and its kind Label2.
@@ -56,4 +56,4 @@ class StatusBand : public QWidget {
     QElapsedTimer m_lastPaint;
 };
 
-}  // namespace shell
+}  // namespace frame

@@ -4,7 +4,7 @@
 #include "core/notice.h"
 #include "frame/messages.h"
 
-namespace shell {
+namespace frame {
 
 // Shows the messages of a procedure that knows no windows as message boxes.
 [[nodiscard]] inline core::Tell tellThrough(Messages& messages) {
@@ -15,4 +15,4 @@ namespace shell {
     };
 }
 
-}  // namespace shell
+}  // namespace frame

@@ -10,7 +10,7 @@
 #include "frame/captions.h"
 #include "frame/icons.h"
 
-namespace shell {
+namespace frame {
 
 namespace {
 
@@ -76,7 +76,7 @@ void Toolbar::addViewsMenu() {
     auto* menu = new QMenu(this);
     for (int view = 1; view <= 4; ++view) {
         const QString name = QStringLiteral("%1(%2)").arg(nameOf(Views)).arg(view);
-        QAction* entry = menu->addAction(iconOf(name), shell::caption(name, m_idioma));
+        QAction* entry = menu->addAction(iconOf(name), frame::caption(name, m_idioma));
         entry->setObjectName(name);
         connect(entry, &QAction::triggered, this, [this, view] { emit viewChosen(view); });
     }
@@ -142,7 +142,7 @@ QString Toolbar::caption(int button) const {
 
 void Toolbar::showCaptions() {
     for (int button = 1; button <= count; ++button)
-        setCaption(button, shell::caption(nameOf(button), m_idioma));
+        setCaption(button, frame::caption(nameOf(button), m_idioma));
     chooseStyle();
 }
 
@@ -196,4 +196,4 @@ void Toolbar::mousePressEvent(QMouseEvent*) {
     releaseAll(1, lastOfMousePress);
 }
 
-}  // namespace shell
+}  // namespace frame

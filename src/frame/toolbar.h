@@ -8,7 +8,7 @@
 
 class QToolButton;
 
-namespace shell {
+namespace frame {
 
 // Toolbar1: fifteen buttons, numbered from 1; 3 and 14 are separators, which have a state like the others but
 // nothing to click. A button has a Value, pressed or up: a press of the mouse anywhere on the bar puts 1 to
@@ -86,4 +86,4 @@ class Toolbar : public QWidget {
     std::array<Item, count + 1> m_items;  // by number; the first stays empty
 };
 
-}  // namespace shell
+}  // namespace frame

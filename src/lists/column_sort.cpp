@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace browse {
+namespace lists {
 namespace {
 
 constexpr std::array keyOfColumn{7, 1, 2, 6, 5};  // columns 1 to 5; any other is sorted as it stands
@@ -25,4 +25,4 @@ ItemStore::Sorting sortingAfterClick(const ItemStore::Sorting& before, int colum
     return {.on = true, .key = sortKeyOfColumn(column), .descending = !before.descending};
 }
 
-}  // namespace browse
+}  // namespace lists

@@ -2,7 +2,7 @@
 
 #include "lists/item_store.h"
 
-namespace browse {
+namespace lists {
 
 // The key that sorts a column (from 1): size and date by their hidden keys, names with folders first.
 [[nodiscard]] int sortKeyOfColumn(int column);
@@ -12,4 +12,4 @@ namespace browse {
 // A click on a column header turns the order over, whichever column was sorted before, and turns sorting on.
 [[nodiscard]] ItemStore::Sorting sortingAfterClick(const ItemStore::Sorting& before, int column);
 
-}  // namespace browse
+}  // namespace lists

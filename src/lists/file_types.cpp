@@ -5,7 +5,7 @@
 
 #include "core/unit_kinds.h"
 
-namespace browse {
+namespace lists {
 namespace {
 
 struct Ending {
@@ -70,4 +70,4 @@ std::string tipoCaption(std::string_view tipo, core::Language language, std::str
     return std::string(previous);
 }
 
-}  // namespace browse
+}  // namespace lists

@@ -5,7 +5,7 @@
 
 #include "core/language.h"
 
-namespace browse {
+namespace lists {
 
 // Picture and type caption of a file, from its name's ending alone.
 struct FileKind {
@@ -27,4 +27,4 @@ enum class PatternSet { Browsing, Results };
 inline constexpr int folderPicture = 3;  // large
 inline constexpr int folderSmallPicture = 2;
 
-}  // namespace browse
+}  // namespace lists

@@ -12,7 +12,7 @@
 #include "lists/column_sort.h"
 #include "lists/item_model.h"
 
-namespace browse {
+namespace lists {
 namespace {
 
 // The fractions of the browse list add up to a little more than one; that is made to fit instead of scrolled.
@@ -231,4 +231,4 @@ void ItemList::showEvent(QShowEvent* event) {
     m_view->setListName(accessibleName());
 }
 
-}  // namespace browse
+}  // namespace lists

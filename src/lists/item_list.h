@@ -7,7 +7,7 @@
 #include "controls/list_view.h"
 #include "lists/item_store.h"
 
-namespace browse {
+namespace lists {
 
 class ItemModel;
 
@@ -81,4 +81,4 @@ struct Lists {
     [[nodiscard]] ItemList& shown() const { return searchShown() ? listView2 : listView1; }
 };
 
-}  // namespace browse
+}  // namespace lists

@@ -4,7 +4,7 @@
 #include "controls/pictures.h"
 #include "controls/qtext.h"
 
-namespace browse {
+namespace lists {
 
 using controls::qtext;
 
@@ -105,4 +105,4 @@ QModelIndexList ItemModel::match(const QModelIndex& start, int role, const QVari
     return {};
 }
 
-}  // namespace browse
+}  // namespace lists

@@ -6,7 +6,7 @@
 
 #include "lists/item_store.h"
 
-namespace browse {
+namespace lists {
 
 // The items of a store as rows of ten columns, the text and its sub-items. What was added since the last
 // show() is in the store and not yet among the rows.
@@ -45,4 +45,4 @@ class ItemModel : public QAbstractTableModel {
     std::vector<Qt::Alignment> m_alignments;
 };
 
-}  // namespace browse
+}  // namespace lists

@@ -9,7 +9,7 @@
 #include "lists/key_sort.h"
 #include "lists/text_arena.h"
 
-namespace browse {
+namespace lists {
 namespace {
 
 constexpr std::int64_t noLargo = std::numeric_limits<std::int64_t>::min();
@@ -228,4 +228,4 @@ bool ItemStore::isConsistent() const {
     return m_impl->order.size() == size();
 }
 
-}  // namespace browse
+}  // namespace lists

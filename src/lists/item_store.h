@@ -7,7 +7,7 @@
 
 #include "lists/list_item.h"
 
-namespace browse {
+namespace lists {
 
 // The items of one list, held compactly (a million of them, at most 400 bytes each with ordinary names);
 // units and paths are stored once. Positions are those of the list as shown, from 0.
@@ -52,4 +52,4 @@ class ItemStore {
     std::unique_ptr<Impl> m_impl;
 };
 
-}  // namespace browse
+}  // namespace lists

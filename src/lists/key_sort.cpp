@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace browse {
+namespace lists {
 namespace {
 
 // Seven bytes of a key from some depth on, big end first, then how many of them the key had; 8 when more
@@ -88,4 +88,4 @@ std::vector<std::uint32_t> orderOfKeys(const std::vector<std::string_view>& keys
     return Sorter(keys, descending).run();
 }
 
-}  // namespace browse
+}  // namespace lists

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace browse {
+namespace lists {
 
 // The order of keys by their bytes, which for UTF-8 is that of code points: result[i] is the place of the key
 // that comes i-th. Equal keys keep their order, descending too. A few passes over whole words, so that a
@@ -12,4 +12,4 @@ namespace browse {
 [[nodiscard]] std::vector<std::uint32_t> orderOfKeys(const std::vector<std::string_view>& keys,
                                                      bool descending);
 
-}  // namespace browse
+}  // namespace lists

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace browse {
+namespace lists {
 
 // One item of a list as a listing builds it from a row of the catalogue. The item's text is column 0 in the
 // code and "column 1" to the user; its sub-items are numbered from 1.
@@ -24,4 +24,4 @@ struct ListItem {
 
 inline constexpr int subItemCount = 9;
 
-}  // namespace browse
+}  // namespace lists

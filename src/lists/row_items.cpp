@@ -3,7 +3,7 @@
 #include "core/text.h"
 #include "lists/file_types.h"
 
-namespace browse {
+namespace lists {
 namespace {
 
 // What folder and file rows have in common.
@@ -41,4 +41,4 @@ ListItem RowItems::fileItem(const core::CatalogRow& row, bool lowerCaseKey) cons
     return item;
 }
 
-}  // namespace browse
+}  // namespace lists

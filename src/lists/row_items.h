@@ -6,7 +6,7 @@
 #include "core/language.h"
 #include "lists/list_item.h"
 
-namespace browse {
+namespace lists {
 
 // Turns rows into the items of a browse listing. Keeps `tipocarpeta` from row to row, since an unknown `tipo`
 // shows the caption of the row before.
@@ -23,4 +23,4 @@ class RowItems {
     std::string m_tipocarpeta;
 };
 
-}  // namespace browse
+}  // namespace lists

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace browse {
+namespace lists {
 namespace {
 constexpr std::size_t blockSize = 64 * 1024;
 }
@@ -53,4 +53,4 @@ std::size_t TextPool::bytesUsed() const {
            m_numbers.bucket_count() * sizeof(void*);
 }
 
-}  // namespace browse
+}  // namespace lists

@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace browse {
+namespace lists {
 
 // Texts end to end in large blocks: no allocation and no header a text, and they never move. Freed together.
 class TextArena {
@@ -37,4 +37,4 @@ class TextPool {
     std::unordered_map<std::string_view, std::uint32_t> m_numbers;
 };
 
-}  // namespace browse
+}  // namespace lists

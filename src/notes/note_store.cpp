@@ -19,9 +19,9 @@ bool keyStaysInQuotes(const NoteTarget& target) {
     return staysInQuotes(target.disco) && staysInQuotes(target.ruta) && staysInQuotes(target.name);
 }
 
-std::unexpected<jet::Error> syntaxError() {
+std::unexpected<engine::Error> syntaxError() {
     return std::unexpected(
-        jet::Error{jet::error::syntaxInExpression, "syntax error: an apostrophe ends the quoted text"});
+        engine::Error{engine::error::syntaxInExpression, "syntax error: an apostrophe ends the quoted text"});
 }
 
 }  // namespace
@@ -42,7 +42,7 @@ std::string updateNote(const NoteTarget& target, std::string_view note) {
     return target.list == ListKind::Browse ? withKey(text + " or ", target, "carpeta") : text;
 }
 
-ReadNote readNote(jet::Database& database, const NoteTarget& target, core::Language language) {
+ReadNote readNote(engine::Database& database, const NoteTarget& target, core::Language language) {
     if (target.indicefila < 0 || target.type == core::rotulos(language).rotulocarpeta) return {};
     if (!keyStaysInQuotes(target)) return {};
     const auto rows = database.OpenRecordset(selectForReading(target));
@@ -52,7 +52,8 @@ ReadNote readNote(jet::Database& database, const NoteTarget& target, core::Langu
     return {end, std::move(note)};
 }
 
-jet::Result<StoreEnd> storeNote(jet::Database& database, const NoteTarget& target, std::string_view note) {
+engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget& target,
+                                   std::string_view note) {
     // The stored word in both languages: where folders are captioned "Files folder", this lets them pass.
     if (target.indicefila < 0 || target.type == core::folderTipo) return StoreEnd::NoRow;
     if (!keyStaysInQuotes(target)) return syntaxError();

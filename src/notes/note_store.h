@@ -34,13 +34,14 @@ struct ReadNote {
 };
 
 // NoRow too for a folder, and when no row was clicked.
-[[nodiscard]] ReadNote readNote(jet::Database& database, const NoteTarget& target, core::Language language);
+[[nodiscard]] ReadNote readNote(engine::Database& database, const NoteTarget& target,
+                                core::Language language);
 
 enum class StoreEnd { Stored, NoRow };
 
 // Replaces the whole note; the empty text removes it. A note that would end its own literal is refused as the
-// engine refuses it, with jet::error::syntaxInExpression, and nothing is executed.
-[[nodiscard]] jet::Result<StoreEnd> storeNote(jet::Database& database, const NoteTarget& target,
-                                              std::string_view note);
+// engine refuses it, with engine::error::syntaxInExpression, and nothing is executed.
+[[nodiscard]] engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget& target,
+                                                 std::string_view note);
 
 }  // namespace notes

@@ -62,7 +62,7 @@ NotesPanel::NotesPanel(browse::Surface& surface, NotesHost& host, QWidget* paren
     setAccessibleName(name);
     m_Text10->setAccessibleName(name);
     for (QPushButton* button : {m_Command4, m_Command6}) {
-        button->setText(shell::caption(button->objectName(), surface.frame.idioma));
+        button->setText(frame::caption(button->objectName(), surface.frame.idioma));
         button->setAccessibleName(button->text());
     }
     connect(m_Command4, &QPushButton::clicked, this, [this] { begin(*m_Timer2); });
@@ -86,7 +86,7 @@ void NotesPanel::vercomentarios() {
     m_Text10->setReadOnly(true);
     m_buttons = Buttons::CloseOnly;
     layOut();
-    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     if (!database) return;
     const core::Language idioma = m_surface.frame.idioma;
     const ReadNote read = readNote(*database, target(), idioma);
@@ -97,14 +97,14 @@ void NotesPanel::vercomentarios() {
 
 void NotesPanel::storeNote() {
     const QString text = noteText();
-    const auto stored = [&]() -> jet::Result<StoreEnd> {
-        auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    const auto stored = [&]() -> engine::Result<StoreEnd> {
+        auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
         if (!database) return std::unexpected(database.error());
         return notes::storeNote(*database, target(), text.toStdString());
     }();
     begin(*m_Timer2);
     if (stored && *stored == StoreEnd::Stored) showInList(text);
-    if (!stored && stored.error().number == jet::error::syntaxInExpression)
+    if (!stored && stored.error().number == engine::error::syntaxInExpression)
         m_surface.frame.messages.show(controls::qtext(restricted.in(m_surface.frame.idioma)),
                                       QStringLiteral("zarquelin"));
 }
@@ -130,7 +130,7 @@ NoteTarget NotesPanel::target() const {
 // The clicked position may hold another row by now.
 void NotesPanel::showInList(const QString& note) {
     const NoteTarget row = target();
-    browse::ItemList& list = m_surface.lists.shown();
+    lists::ItemList& list = m_surface.lists.shown();
     if (row.indicefila >= list.count()) return;
     const auto same = [](const QString& shown, const std::string& text) {
         return shown.toStdString() == text;

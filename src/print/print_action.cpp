@@ -15,7 +15,7 @@ namespace {
 
 class ListRows : public RowSource {
   public:
-    explicit ListRows(const browse::ItemStore& store) : m_store(store) {}
+    explicit ListRows(const lists::ItemStore& store) : m_store(store) {}
     [[nodiscard]] std::int64_t count() const override { return static_cast<std::int64_t>(m_store.size()); }
     [[nodiscard]] ReportRow row(std::int64_t position) const override {
         const auto at = static_cast<std::size_t>(position);
@@ -24,20 +24,20 @@ class ListRows : public RowSource {
     }
 
   private:
-    const browse::ItemStore& m_store;
+    const lists::ItemStore& m_store;
 };
 
 }  // namespace
 
-void Imprimir1(shell::Frame& frame, const browse::Lists& lists) {
-    frame.toolbar.releaseAll(shell::Toolbar::New, shell::Toolbar::Stop);
+void Imprimir1(frame::Frame& frame, const lists::Lists& lists) {
+    frame.toolbar.releaseAll(frame::Toolbar::New, frame::Toolbar::Stop);
     const ListRows rows(lists.shown().store());
     if (rows.count() == 0) return;
 
     QPrinter printer(QPrinter::HighResolution);
     const auto copies = frame.dialogs.print(printer);
     if (!copies) return;
-    const shell::Hourglass hourglass;
+    const frame::Hourglass hourglass;
     const bool whole = printCopies(printer, *copies, [&](QPainter& painter, QPrinter& target) {
         return printList(painter, target, rows, frame.idioma);
     });

@@ -1,9 +1,9 @@
 #pragma once
 
-namespace browse {
+namespace lists {
 struct Lists;
 }
-namespace shell {
+namespace frame {
 struct Frame;
 }
 
@@ -11,6 +11,6 @@ namespace print {
 
 // `Imprimir1`: prints the list that is on the screen. An empty list shows no dialog; a cancel and a failing
 // printer end it without a message.
-void Imprimir1(shell::Frame& frame, const browse::Lists& lists);
+void Imprimir1(frame::Frame& frame, const lists::Lists& lists);
 
 }  // namespace print

@@ -21,14 +21,14 @@
 namespace scan {
 namespace {
 
-using shell::Toolbar;
-using shell::toQString;
+using frame::Toolbar;
+using frame::toQString;
 
 constexpr int newScannedUnitPicture = 4;  // until the catalogue is opened anew
 constexpr core::Bilingual canceled{"Operación cancelada.", "Canceled operation."};
 
-std::optional<jet::Database> openIfPossible(const std::string& path) {
-    auto database = jet::OpenDatabase(path);
+std::optional<engine::Database> openIfPossible(const std::string& path) {
+    auto database = engine::OpenDatabase(path);
     if (!database) return std::nullopt;
     return std::move(*database);
 }
@@ -37,8 +37,8 @@ std::optional<jet::Database> openIfPossible(const std::string& path) {
 
 void ImportJob::run() {
     {
-        const shell::Hourglass hourglass;
-        const shell::Running running(m_frame);
+        const frame::Hourglass hourglass;
+        const frame::Running running(m_frame);
         m_parar = false;
         if (m_fields.directoryPane.isHidden())
             generarunidad();
@@ -89,7 +89,7 @@ void ImportJob::finish(const Counts& counts) {
 }
 
 // Every walk but a stopped one ends here, and so does every refusal, which costs the user the typed name.
-void ImportJob::close(std::optional<jet::Database>& database) {
+void ImportJob::close(std::optional<engine::Database>& database) {
     m_frame.status.hideProgress();
     static_cast<void>(core::compactCatalogue(m_frame.catalogue.path()));  // finds the file still open
     m_frame.toolbar.setPressed(Toolbar::Explore, true);

@@ -15,7 +15,7 @@ namespace scan {
 // click; other handlers get their turn where the walk gives way, and Parar() may be one of them.
 class ImportJob {
   public:
-    ImportJob(shell::Frame& frame, ImportHost& host, ImportFields fields)
+    ImportJob(frame::Frame& frame, ImportHost& host, ImportFields fields)
         : m_frame(frame), m_host(host), m_fields(fields) {}
 
     void run();
@@ -31,9 +31,9 @@ class ImportJob {
     void generarunidad();
     [[nodiscard]] bool isRefused(const Refusal* refusal);
     void finish(const Counts& counts);
-    void close(std::optional<jet::Database>& database);
+    void close(std::optional<engine::Database>& database);
 
-    shell::Frame& m_frame;
+    frame::Frame& m_frame;
     ImportHost& m_host;
     ImportFields m_fields;
     bool m_parar = true;  // raised: no job runs, or it has to end

@@ -24,7 +24,7 @@
 namespace scan {
 namespace {
 
-using shell::toQString;
+using frame::toQString;
 
 constexpr int directoryPane = 0;
 constexpr int manualPane = 1;
@@ -54,7 +54,7 @@ void dropForbidden(QLineEdit& field) {
 
 }  // namespace
 
-ImportPanel::ImportPanel(shell::Frame& frame, ImportHost& host, QWidget* parent)
+ImportPanel::ImportPanel(frame::Frame& frame, ImportHost& host, QWidget* parent)
     : QWidget(parent),
       m_frame(frame),
       m_host(host),
@@ -130,7 +130,7 @@ void ImportPanel::arrange() {
 }
 
 void ImportPanel::nameControls() {
-    shell::applyCaptions(*this, m_frame.idioma);
+    frame::applyCaptions(*this, m_frame.idioma);
     const auto text = [this](const char* label) {
         QString caption = findChild<QLabel*>(label)->text().simplified();
         return caption.endsWith(':') ? caption.chopped(1) : caption;

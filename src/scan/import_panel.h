@@ -24,7 +24,7 @@ namespace scan {
 class ImportPanel : public QWidget {
     Q_OBJECT
   public:
-    ImportPanel(shell::Frame& frame, ImportHost& host, QWidget* parent = nullptr);
+    ImportPanel(frame::Frame& frame, ImportHost& host, QWidget* parent = nullptr);
 
     // Shows the panel in the tree's place.
     void importar1();
@@ -50,7 +50,7 @@ class ImportPanel : public QWidget {
     void focusFirst();  // of the pane in front
     void chooseDirectory();
 
-    shell::Frame& m_frame;
+    frame::Frame& m_frame;
     ImportHost& m_host;
     std::string m_directory;  // the chosen one, by its native path
 

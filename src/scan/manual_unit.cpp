@@ -7,14 +7,14 @@
 
 namespace scan {
 
-const Refusal* refusalOf(const ManualUnit& unit, jet::Database& database) {
+const Refusal* refusalOf(const ManualUnit& unit, engine::Database& database) {
     if (unit.content.empty()) return &refusal::manualWithoutContent;
     if (unit.name.empty()) return &refusal::manualWithoutName;
     if (unitExists(database, unit.name)) return &refusal::manualNameTaken;
     return nullptr;
 }
 
-jet::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, jet::Database& database) {
+engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, engine::Database& database) {
     if (unit.kind >= 1 && unit.kind <= std::ssize(core::unitKinds))
         tipo = core::unitKinds[unit.kind - 1].tipo;
 

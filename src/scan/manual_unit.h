@@ -15,11 +15,11 @@ struct ManualUnit {
 };
 
 // The first reason not to make it; nullptr to go ahead.
-[[nodiscard]] const Refusal* refusalOf(const ManualUnit& unit, jet::Database& database);
+[[nodiscard]] const Refusal* refusalOf(const ManualUnit& unit, engine::Database& database);
 
 // Inserts the unit's row. `tipo` is the word of the last hand-made unit of this run: a kind that is none of
 // the five leaves it in force, any other replaces it.
-[[nodiscard]] jet::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo,
-                                             jet::Database& database);
+[[nodiscard]] engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo,
+                                                engine::Database& database);
 
 }  // namespace scan

@@ -31,7 +31,7 @@ void RowWriter::Batch::clear() {
     ends.clear();
 }
 
-RowWriter::RowWriter(jet::Database& database) : m_thread([this, &database] { work(database); }) {}
+RowWriter::RowWriter(engine::Database& database) : m_thread([this, &database] { work(database); }) {}
 
 RowWriter::~RowWriter() {
     {
@@ -56,7 +56,7 @@ void RowWriter::commit() {
     m_committed.wait(lock, [this] { return m_wish == Wish::None; });
 }
 
-void RowWriter::work(jet::Database& database) {
+void RowWriter::work(engine::Database& database) {
     TimedTransactions transactions(database);
     Batch batch;
     for (;;) {

@@ -18,7 +18,7 @@ namespace scan {
 // Between a call of insert() and the next commit() the thread alone may use `database`.
 class RowWriter {
   public:
-    explicit RowWriter(jet::Database& database);
+    explicit RowWriter(engine::Database& database);
     ~RowWriter();
     RowWriter(const RowWriter&) = delete;
     RowWriter& operator=(const RowWriter&) = delete;
@@ -40,7 +40,7 @@ class RowWriter {
     };
     enum class Wish { None, Commit, End };
 
-    void work(jet::Database& database);
+    void work(engine::Database& database);
     [[nodiscard]] Wish takeBatch(Batch& batch);
 
     std::mutex m_mutex;  // guards all that follows, but for the thread itself

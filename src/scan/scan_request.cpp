@@ -13,24 +13,24 @@ std::string withoutTrailingSlashes(std::string path) {
 
 }  // namespace
 
-bool unitExists(jet::Database& database, const std::string& name) {
+bool unitExists(engine::Database& database, const std::string& name) {
     const auto rows = database.OpenRecordset(core::selectUnitNamed(name));
     return rows && !rows->Eof();
 }
 
-std::int64_t lastNumero(jet::Database& database) {
+std::int64_t lastNumero(engine::Database& database) {
     auto rows = database.OpenRecordset("select * from datos order by numero");
     return rows ? rows->RecordCount() : 0;
 }
 
-const Refusal* refusalOf(const ScanRequest& request, jet::Database& database) {
+const Refusal* refusalOf(const ScanRequest& request, engine::Database& database) {
     if (request.name.empty()) return &refusal::scanWithoutName;
     if (request.directory.empty()) return &refusal::scanWithoutDirectory;
     if (unitExists(database, request.name)) return &refusal::scanNameTaken;
     return nullptr;
 }
 
-WalkStart walkStart(const ScanRequest& request, jet::Database& database, const platform::Drives& drives) {
+WalkStart walkStart(const ScanRequest& request, engine::Database& database, const platform::Drives& drives) {
     WalkStart start;
     start.nativePath = request.directory;
     start.drivePath = drives.toDrivePath(withoutTrailingSlashes(request.directory));

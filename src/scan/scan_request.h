@@ -17,16 +17,16 @@ struct ScanRequest {
 };
 
 // The first reason not to scan; nullptr to go ahead. A catalogue that cannot be read refuses nothing.
-[[nodiscard]] const Refusal* refusalOf(const ScanRequest& request, jet::Database& database);
+[[nodiscard]] const Refusal* refusalOf(const ScanRequest& request, engine::Database& database);
 
 // True when the catalogue has rows of a unit of that name.
-[[nodiscard]] bool unitExists(jet::Database& database, const std::string& name);
+[[nodiscard]] bool unitExists(engine::Database& database, const std::string& name);
 
 // The number of rows of the catalogue: the `numero` after which a new unit counts on.
-[[nodiscard]] std::int64_t lastNumero(jet::Database& database);
+[[nodiscard]] std::int64_t lastNumero(engine::Database& database);
 
 // Where the walk of a request begins.
-[[nodiscard]] WalkStart walkStart(const ScanRequest& request, jet::Database& database,
+[[nodiscard]] WalkStart walkStart(const ScanRequest& request, engine::Database& database,
                                   const platform::Drives& drives);
 
 }  // namespace scan

@@ -11,7 +11,7 @@ constexpr auto longestPatience = 60s;
 
 }  // namespace
 
-TimedTransactions::TimedTransactions(jet::Database& database, std::function<Clock::time_point()> now)
+TimedTransactions::TimedTransactions(engine::Database& database, std::function<Clock::time_point()> now)
     : m_database(database), m_now(std::move(now)) {}
 
 bool TimedTransactions::begin(Clock::time_point now) {
@@ -60,7 +60,7 @@ void TimedTransactions::commitIfDue() {
     if (m_open && m_now() >= m_due) commit();
 }
 
-void TimedTransactions::lose(long long rows, const jet::Error& error) {
+void TimedTransactions::lose(long long rows, const engine::Error& error) {
     m_summary.lost += rows;
     if (!m_summary.firstError) m_summary.firstError = error;
 }

@@ -13,7 +13,7 @@ namespace scan {
 struct WriteSummary {
     long long written = 0;
     long long lost = 0;
-    std::optional<jet::Error> firstError;
+    std::optional<engine::Error> firstError;
 };
 
 // Hands insert statements to a catalogue within transactions that last a quarter of a second at most. A row
@@ -23,7 +23,8 @@ class TimedTransactions {
   public:
     using Clock = std::chrono::steady_clock;
 
-    explicit TimedTransactions(jet::Database& database, std::function<Clock::time_point()> now = Clock::now);
+    explicit TimedTransactions(engine::Database& database,
+                               std::function<Clock::time_point()> now = Clock::now);
     ~TimedTransactions() { commit(); }
     TimedTransactions(const TimedTransactions&) = delete;
     TimedTransactions& operator=(const TimedTransactions&) = delete;
@@ -36,9 +37,9 @@ class TimedTransactions {
 
   private:
     [[nodiscard]] bool begin(Clock::time_point now);
-    void lose(long long rows, const jet::Error& error);
+    void lose(long long rows, const engine::Error& error);
 
-    jet::Database& m_database;
+    engine::Database& m_database;
     std::function<Clock::time_point()> m_now;
     WriteSummary m_summary;
     bool m_open = false;

@@ -58,7 +58,7 @@ void WalkDisplay::topLevelDone() {
 
 bool WalkDisplay::yield(RowWriter& rows) {
     const CommitBeforeHandlers guard(rows);
-    shell::yieldToQueue();
+    frame::yieldToQueue();
     return m_stop;
 }
 

@@ -12,7 +12,7 @@ namespace scan {
 class WalkDisplay : public WalkObserver {
   public:
     // `stop` is the flag that a handler may raise during a yield.
-    WalkDisplay(shell::Frame& frame, const bool& stop) : m_frame(frame), m_stop(stop) {}
+    WalkDisplay(frame::Frame& frame, const bool& stop) : m_frame(frame), m_stop(stop) {}
 
     void started(std::int64_t topLevelFolders) override;
     void status(const Counts& counts) override;
@@ -20,7 +20,7 @@ class WalkDisplay : public WalkObserver {
     [[nodiscard]] bool yield(RowWriter& rows) override;
 
   private:
-    shell::Frame& m_frame;
+    frame::Frame& m_frame;
     const bool& m_stop;
     std::chrono::steady_clock::time_point m_nextShow{};
 };

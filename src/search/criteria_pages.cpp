@@ -64,7 +64,7 @@ double serialOf(const QDateEdit& picker) {
 
 CriteriaPages::CriteriaPages(core::Language idioma, QWidget* parent) : QFrame(parent), m_idioma(idioma) {
     setObjectName(QStringLiteral("Picture15"));
-    setAccessibleName(shell::caption(u"Label12", idioma));
+    setAccessibleName(frame::caption(u"Label12", idioma));
     setFrameShape(QFrame::StyledPanel);
     auto* stack = new QGridLayout(this);
     stack->setContentsMargins({});
@@ -85,7 +85,7 @@ CriteriaPages::CriteriaPages(core::Language idioma, QWidget* parent) : QFrame(pa
 QVBoxLayout* CriteriaPages::addPage(Criterion criterion, const QString& label, const QString& shadow) {
     auto* check = new QCheckBox;
     check->setObjectName(numbered("Check1", criterion));
-    check->setAccessibleName(shell::caption(label, m_idioma));
+    check->setAccessibleName(frame::caption(label, m_idioma));
     auto* page = new QWidget(this);
     page->setObjectName(numbered("Picture11", criterion));
     page->setAccessibleName(check->accessibleName());
@@ -100,7 +100,7 @@ QVBoxLayout* CriteriaPages::addPage(Criterion criterion, const QString& label, c
 ImageCombo* CriteriaPages::makeImageCombo(const QString& name, const QString& heading) {
     auto* combo = new ImageCombo;
     combo->setObjectName(name);
-    combo->setAccessibleName(shell::caption(heading, m_idioma));
+    combo->setAccessibleName(frame::caption(heading, m_idioma));
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     KeyFilter::install(
         combo, [](char32_t) { return false; }, [this] { emit enterPressed(); });
@@ -123,7 +123,7 @@ void CriteriaPages::fillTypes() {
     m_imageCombo2->clear();
     for (int item = 1; const FileType type : fileTypes) {
         const int picture = type == FileType::All ? pictureOfAll : pictureOfAudio + item - 2;
-        m_imageCombo2->addItem(item++, {}, shell::toQString(captionOf(type, core::rotulos(m_idioma))),
+        m_imageCombo2->addItem(item++, {}, frame::toQString(captionOf(type, core::rotulos(m_idioma))),
                                picture);
     }
     m_imageCombo2->setSelected(1);
@@ -140,7 +140,7 @@ void CriteriaPages::makeUnitPage() {
 QDateEdit* CriteriaPages::makePicker(const QString& name, const QString& label) {
     auto* picker = new QDateEdit(QDate::currentDate());
     picker->setObjectName(name);
-    picker->setAccessibleName(shell::caption(label, m_idioma));
+    picker->setAccessibleName(frame::caption(label, m_idioma));
     picker->setDisplayFormat(shortDateWithCentury());
     picker->setCalendarPopup(true);
     return picker;
@@ -164,13 +164,13 @@ void CriteriaPages::makeDatePage() {
 QLineEdit* CriteriaPages::makeSizeField(const QString& name, const QString& label, UpDown* steps) {
     auto* field = new QLineEdit(QStringLiteral("0"));
     field->setObjectName(name);
-    field->setAccessibleName(shell::caption(label, m_idioma));
+    field->setAccessibleName(frame::caption(label, m_idioma));
     field->setMinimumWidth(narrowestField);
     KeyFilter::install(
         field, [](char32_t typed) { return core::isAllowed(typed, sizeCharacters); },
         [this] { emit enterPressed(); });
     const auto stepBy = [field](double step) {
-        field->setText(shell::toQString(steppedSize(field->text().toStdString(), step)));
+        field->setText(frame::toQString(steppedSize(field->text().toStdString(), step)));
     };
     connect(steps, &UpDown::up, field, [stepBy] { stepBy(sizeStep); });
     connect(steps, &UpDown::down, field, [stepBy] { stepBy(-sizeStep); });
@@ -206,7 +206,7 @@ void CriteriaPages::makeSizePage() {
 void CriteriaPages::makeNotePage() {
     const QString heading = QStringLiteral("Label10(2)");
     QVBoxLayout* column = addPage(Note, heading, QStringLiteral("Label10(3)"));
-    m_combo1 = makeRecentCombo(QStringLiteral("Combo1"), shell::caption(heading, m_idioma),
+    m_combo1 = makeRecentCombo(QStringLiteral("Combo1"), frame::caption(heading, m_idioma),
                                [this] { emit noteEnterPressed(); });
     column->addWidget(m_combo1);
     column->addStretch();

@@ -10,21 +10,21 @@ int pictureOf(FileType type) {
     return firstPicture + static_cast<int>(type) - static_cast<int>(FileType::Audio);
 }
 
-void presentFolder(browse::ListItem& item, const jet::Recordset& row, core::Language language,
+void presentFolder(lists::ListItem& item, const engine::Recordset& row, core::Language language,
                    RowMemory& memory) {
-    memory.tipocarpeta = browse::tipoCaption(row.Field("tipo").text(), language, memory.tipocarpeta);
+    memory.tipocarpeta = lists::tipoCaption(row.Field("tipo").text(), language, memory.tipocarpeta);
     item.text = row.Field("carpeta").text();
-    item.picture = browse::folderPicture;
-    item.smallPicture = browse::folderSmallPicture;
+    item.picture = lists::folderPicture;
+    item.smallPicture = lists::folderSmallPicture;
     item.type = memory.tipocarpeta;
     item.nameKey = "a" + item.text;
 }
 
-void presentFile(browse::ListItem& item, const jet::Recordset& row, FileType shownType,
+void presentFile(lists::ListItem& item, const engine::Recordset& row, FileType shownType,
                  const core::Rotulos& rotulos) {
     item.text = row.Field("archivo").text();
     if (shownType == FileType::All) {
-        const browse::FileKind kind = browse::fileKind(item.text, browse::PatternSet::Results, rotulos);
+        const lists::FileKind kind = lists::fileKind(item.text, lists::PatternSet::Results, rotulos);
         item.picture = kind.picture;
         item.type = kind.caption;
     } else {
@@ -38,9 +38,9 @@ void presentFile(browse::ListItem& item, const jet::Recordset& row, FileType sho
 
 }  // namespace
 
-browse::ListItem resultItem(const jet::Recordset& row, const Pass& pass, core::Language language,
-                            RowMemory& memory) {
-    browse::ListItem item;
+lists::ListItem resultItem(const engine::Recordset& row, const Pass& pass, core::Language language,
+                           RowMemory& memory) {
+    lists::ListItem item;
     if (pass.kind == PassKind::Folder)
         presentFolder(item, row, language, memory);
     else

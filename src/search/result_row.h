@@ -16,7 +16,7 @@ struct RowMemory {
 };
 
 // The item of ListView2 for the current row of a pass.
-[[nodiscard]] browse::ListItem resultItem(const jet::Recordset& row, const Pass& pass,
-                                          core::Language language, RowMemory& memory);
+[[nodiscard]] lists::ListItem resultItem(const engine::Recordset& row, const Pass& pass,
+                                         core::Language language, RowMemory& memory);
 
 }  // namespace search

@@ -28,7 +28,7 @@ constexpr int margin = 6;
 // Fills the list in one run, so that it is shown once at the end.
 class ListSink : public ResultSink {
   public:
-    ListSink(browse::ItemList& list, core::Language language, RowMemory& memory)
+    ListSink(lists::ItemList& list, core::Language language, RowMemory& memory)
         : m_list(list), m_language(language), m_memory(memory) {}
     ~ListSink() override { end(); }
 
@@ -38,7 +38,7 @@ class ListSink : public ResultSink {
         m_list.beginFill();
         m_filling = true;
     }
-    void add(const jet::Recordset& row, const Pass& pass) override {
+    void add(const engine::Recordset& row, const Pass& pass) override {
         m_list.add(resultItem(row, pass, m_language, m_memory));
     }
 
@@ -48,7 +48,7 @@ class ListSink : public ResultSink {
         m_filling = false;
     }
 
-    browse::ItemList& m_list;
+    lists::ItemList& m_list;
     core::Language m_language;
     RowMemory& m_memory;
     bool m_filling = false;
@@ -63,12 +63,12 @@ QLabel* makeTitle(const QString& name) {
 
 }  // namespace
 
-SearchPanel::SearchPanel(const shell::Frame& frame, browse::ItemList& listView2, QWidget* parent)
+SearchPanel::SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, QWidget* parent)
     : QWidget(parent), m_frame(frame), m_listView2(listView2) {
     setObjectName(QStringLiteral("Picture1"));
     makeControls();
-    shell::applyCaptions(*this, frame.idioma);
-    setAccessibleName(shell::caption(u"Label1", frame.idioma));
+    frame::applyCaptions(*this, frame.idioma);
+    setAccessibleName(frame::caption(u"Label1", frame.idioma));
     m_label5->setAccessibleName(m_label5->text());
     setAutoFillBackground(true);  // it lies over the tree
     clearUnits();
@@ -76,7 +76,7 @@ SearchPanel::SearchPanel(const shell::Frame& frame, browse::ItemList& listView2,
 }
 
 void SearchPanel::makeControls() {
-    m_combo2 = makeRecentCombo(QStringLiteral("Combo2"), shell::caption(u"Label1", m_frame.idioma),
+    m_combo2 = makeRecentCombo(QStringLiteral("Combo2"), frame::caption(u"Label1", m_frame.idioma),
                                [this] { clickLabel5(); });
     m_label5 = new QPushButton(controls::actionIcon(QStringLiteral("edit-find")), {});
     m_label5->setObjectName(QStringLiteral("Label5"));
@@ -91,7 +91,7 @@ void SearchPanel::makeControls() {
     grid->setContentsMargins(margin, margin, margin, margin);
     m_tabStrip1 = new controls::TabStrip(this);
     m_tabStrip1->setObjectName(QStringLiteral("TabStrip1"));
-    m_tabStrip1->setAccessibleName(shell::caption(u"Label12", m_frame.idioma));
+    m_tabStrip1->setAccessibleName(frame::caption(u"Label12", m_frame.idioma));
     for (int tab = 0; tab < CriteriaPages::count; ++tab) m_tabStrip1->addTab({});
     connect(m_tabStrip1, &QTabBar::currentChanged, this, &SearchPanel::showTab);
     connect(m_tabStrip1, &QTabBar::tabBarClicked, this, &SearchPanel::focusCombo2);
@@ -132,7 +132,7 @@ void SearchPanel::fillTypes() {
 
 void SearchPanel::clearUnits() {
     imageCombo3().clear();
-    imageCombo3().addItem(1, {}, shell::toQString(m_frame.rotulos().rotulocatalogo), pictureOfCatalogue);
+    imageCombo3().addItem(1, {}, frame::toQString(m_frame.rotulos().rotulocatalogo), pictureOfCatalogue);
     imageCombo3().setSelected(1);
 }
 
@@ -179,14 +179,14 @@ void SearchPanel::search(Road road) {
         if (refusal->asksForName) focusCombo2();
         return;
     }
-    std::optional<shell::Hourglass> busy;
+    std::optional<frame::Hourglass> busy;
     if (road == Road::Button) busy.emplace();
     run(asked);
 }
 
 // An engine's error text stays hidden: a catalogue that can't be read leaves the list as it is.
 void SearchPanel::run(const SearchRequest& request) {
-    auto database = jet::OpenDatabase(m_frame.catalogue.path(), jet::Use::ReadOnly);
+    auto database = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
     if (!database) return;
     if (familyOf(request) == Family::Name) rememberText(*m_combo2);
     {
@@ -202,7 +202,7 @@ void SearchPanel::showCounters() {
 }
 
 void SearchPanel::warn(core::Bilingual message) {
-    m_frame.messages.show(shell::toQString(message.in(m_frame.idioma)), QStringLiteral("zarquelin"));
+    m_frame.messages.show(frame::toQString(message.in(m_frame.idioma)), QStringLiteral("zarquelin"));
 }
 
 }  // namespace search

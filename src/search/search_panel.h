@@ -10,7 +10,7 @@
 class QComboBox;
 class QPushButton;
 
-namespace browse {
+namespace lists {
 class ItemList;
 }
 namespace controls {
@@ -28,7 +28,7 @@ class SearchPanel : public QWidget {
     Q_OBJECT
   public:
     // The frame and the list outlive the panel.
-    SearchPanel(const shell::Frame& frame, browse::ItemList& listView2, QWidget* parent = nullptr);
+    SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, QWidget* parent = nullptr);
 
     void setTabOrder();  // Combo2, Label5, TabStrip1 and its pages, the results
     void focusCombo2();
@@ -55,8 +55,8 @@ class SearchPanel : public QWidget {
     void showCounters();
     void warn(core::Bilingual message);
 
-    const shell::Frame& m_frame;
-    browse::ItemList& m_listView2;
+    const frame::Frame& m_frame;
+    lists::ItemList& m_listView2;
     RowMemory m_memory;
     Counters m_counters;
     QComboBox* m_combo2;

@@ -4,16 +4,16 @@ namespace search {
 namespace {
 
 // The rows are counted as they are read: asking the engine first would cost a second walk through the table.
-jet::Result<> runPass(jet::Database& database, const Pass& pass, long long& count, ResultSink& sink) {
+engine::Result<> runPass(engine::Database& database, const Pass& pass, long long& count, ResultSink& sink) {
     if (!pass.addsToCount) count = 0;
-    jet::Result<jet::Recordset> rows = database.OpenRecordset(pass.sql);
+    engine::Result<engine::Recordset> rows = database.OpenRecordset(pass.sql);
     if (!rows) return std::unexpected(rows.error());
     if (pass.kind == PassKind::Folder) sink.clear();
     for (; !rows->Eof(); rows->MoveNext()) {
         sink.add(*rows, pass);
         ++count;
     }
-    if (const jet::Error* error = rows->error()) return std::unexpected(*error);
+    if (const engine::Error* error = rows->error()) return std::unexpected(*error);
     return {};
 }
 
@@ -24,13 +24,13 @@ std::string countersText(const Counters& counters, const core::Rotulos& rotulos)
            std::to_string(counters.archivosencontrados);
 }
 
-jet::Result<> runPasses(jet::Database& database, const std::vector<Pass>& passes, Counters& counters,
-                        ResultSink& sink) {
+engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& passes, Counters& counters,
+                           ResultSink& sink) {
     sink.clear();
     for (const Pass& pass : passes) {
         const bool folders = pass.kind == PassKind::Folder;
         long long& count = folders ? counters.carpetasencontradas : counters.archivosencontrados;
-        if (const jet::Result<> done = runPass(database, pass, count, sink); !done && !pass.silent)
+        if (const engine::Result<> done = runPass(database, pass, count, sink); !done && !pass.silent)
             return done;
     }
     return {};

@@ -26,12 +26,12 @@ class ResultSink {
     virtual ~ResultSink() = default;
     // Empties the result list: once before the first pass, and again before the rows of a folder pass.
     virtual void clear() = 0;
-    virtual void add(const jet::Recordset& row, const Pass& pass) = 0;
+    virtual void add(const engine::Recordset& row, const Pass& pass) = 0;
 };
 
 // Runs the passes one after the other, to the last one even if silent ones fail on the way; another pass that
 // fails ends the search with its error.
-[[nodiscard]] jet::Result<> runPasses(jet::Database& database, const std::vector<Pass>& passes,
-                                      Counters& counters, ResultSink& sink);
+[[nodiscard]] engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& passes,
+                                         Counters& counters, ResultSink& sink);
 
 }  // namespace search

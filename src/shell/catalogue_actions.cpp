@@ -73,13 +73,13 @@ void CatalogueActions::nuevo1() {
         openStateChange();
         hidePanels();
         m_opening.inicio();
-        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+        m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     }
     rememberAsLast();
 }
 
 void CatalogueActions::abrir1() {
-    const Hourglass hourglass;
+    const frame::Hourglass hourglass;
     rememberAsLast();
     const QString chosen = m_surface.frame.dialogs.openCatalogue(qtext(openTitle.in(m_surface.frame.idioma)),
                                                                  QString::fromUtf8(fileFilter));
@@ -88,27 +88,27 @@ void CatalogueActions::abrir1() {
         m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
         openStateChange();
         hidePanels();
-        yieldToQueue();
+        frame::yieldToQueue();
         m_opening.inicio();
-        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+        m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     }
     rememberAsLast();
 }
 
 void CatalogueActions::reciente1() {
-    const Hourglass hourglass;
+    const frame::Hourglass hourglass;
     m_surface.frame.catalogue.readLast();
     const std::string last = m_surface.frame.catalogue.last();
     if (!last.empty() && platform::FileExists(last)) {
         m_surface.frame.catalogue.setPath(last);
         openStateChange();
         hidePanels();
-        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+        m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
         rememberAsLast();
         m_opening.inicio();
     } else {
         m_window.showSearchPanel();
-        m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+        m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     }
 }
 
@@ -116,13 +116,13 @@ void CatalogueActions::abrirdesdearchivo() {
     if (!m_surface.frame.catalogue.isSet()) return;
     openStateChange();
     hidePanels();
-    yieldToQueue();
+    frame::yieldToQueue();
     m_opening.inicio();
     rememberAsLast();
 }
 
 void CatalogueActions::guardar() {
-    Catalogue& catalogue = m_surface.frame.catalogue;
+    frame::Catalogue& catalogue = m_surface.frame.catalogue;
     if (catalogue.isSet()) {
         catalogue.readLast();
         m_surface.frame.toolbar.setRecent(QFile::decodeName(catalogue.last().c_str()));

@@ -21,16 +21,16 @@ namespace shell {
 namespace {
 
 // Nobody is there to see a box: messages go to stderr, questions are answered with no.
-class PrintedMessages : public Messages {
+class PrintedMessages : public frame::Messages {
   public:
-    void show(const QString& text, const QString&, MessageStyle) override {
+    void show(const QString& text, const QString&, frame::MessageStyle) override {
         std::fprintf(stderr, "%s\n", qUtf8Printable(text));
     }
     bool askYesNo(const QString&, const QString&) override { return false; }
 };
 
 // The folder chooser's answer is known; nothing else is asked.
-class KnownFolder : public Dialogs {
+class KnownFolder : public frame::Dialogs {
   public:
     explicit KnownFolder(QString folder) : m_folder(std::move(folder)) {}
     QString openCatalogue(const QString&, const QString&) override { return {}; }
@@ -87,7 +87,7 @@ int runHeadless(const HeadlessJob& job) {
     const std::string disco = name.toStdString() + std::string(core::unitSuffix);
     if (!job.folder.empty() && !window.surface().nombres.isUnit(disco)) importFolder(window, name);
     showUnit(window, QString::fromStdString(disco));
-    yieldToQueue();
+    frame::yieldToQueue();
     if (!window.grab().save(QFile::decodeName(job.picture.c_str()), "PNG")) {
         std::fprintf(stderr, "%s: the picture could not be written\n", job.picture.c_str());
         return 1;

@@ -29,10 +29,10 @@ void saveLanguage(core::Language language) {
     platform::SaveSetting(key, values.in(language));
 }
 
-void chooseLanguage(core::Language language, Frame& frame) {
+void chooseLanguage(core::Language language, frame::Frame& frame) {
     saveLanguage(language);
-    frame.messages.show(toQString(text.in(frame.idioma)), toQString(title.in(frame.idioma)),
-                        MessageStyle::Information);
+    frame.messages.show(frame::toQString(text.in(frame.idioma)), frame::toQString(title.in(frame.idioma)),
+                        frame::MessageStyle::Information);
 }
 
 }  // namespace shell

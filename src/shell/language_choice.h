@@ -2,9 +2,11 @@
 
 #include "core/language.h"
 
-namespace shell {
-
+namespace frame {
 struct Frame;
+}
+
+namespace shell {
 
 // The setting "idioma". A language once chosen holds from the next start on.
 [[nodiscard]] bool isLanguageChosen();
@@ -12,6 +14,6 @@ struct Frame;
 void saveLanguage(core::Language language);
 
 // The menu entries `español` and `English`: saves, and says so in the language still running.
-void chooseLanguage(core::Language language, Frame& frame);
+void chooseLanguage(core::Language language, frame::Frame& frame);
 
 }  // namespace shell

@@ -31,12 +31,12 @@ int runOnDesktop(int argc, char** argv) {
     QApplication application(argc, argv);
     prepare(application);
 
-    std::unique_ptr<shell::MessageBoxes> messages;
-    shell::DesktopDialogs dialogs;
+    std::unique_ptr<frame::MessageBoxes> messages;
+    frame::DesktopDialogs dialogs;
     shell::Startup* chain = nullptr;
     shell::Startup startup(
         platform::commandLine(argc, argv), [&](core::Language idioma) -> std::unique_ptr<shell::MainEntry> {
-            messages = std::make_unique<shell::MessageBoxes>(idioma);
+            messages = std::make_unique<frame::MessageBoxes>(idioma);
             auto window = std::make_unique<shell::Form1>(idioma, *messages, dialogs);
             QObject::connect(window.get(), &shell::Form1::aboutRequested, chain, &shell::Startup::showAbout);
             return window;

@@ -19,7 +19,7 @@
 
 namespace shell {
 
-Form1::Form1(core::Language idioma, Messages& messages, Dialogs& dialogs)
+Form1::Form1(core::Language idioma, frame::Messages& messages, frame::Dialogs& dialogs)
     : m_parts(std::make_unique<MainWindowParts>(*this, idioma, messages, dialogs)) {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Zarquelin"));
@@ -49,7 +49,7 @@ void Form1::begin(const std::string& catalogue) {
     show();
     if (catalogue.empty()) return;
     m_parts->catalogue.setPath(catalogue);
-    yieldToQueue();
+    frame::yieldToQueue();
     m_parts->catalogueActions.abrirdesdearchivo();
 }
 
@@ -135,59 +135,60 @@ void Form1::connectMenus() {
 }
 
 void Form1::connectToolbar() {
-    connect(m_parts->controls.toolbar, &Toolbar::clicked, this, &Form1::runToolbarButton);
-    connect(m_parts->controls.toolbar, &Toolbar::viewChosen, this,
+    connect(m_parts->controls.toolbar, &frame::Toolbar::clicked, this, &Form1::runToolbarButton);
+    connect(m_parts->controls.toolbar, &frame::Toolbar::viewChosen, this,
             [this](int view) { m_parts->views.setView(view); });
-    connect(m_parts->controls.toolbar, &Toolbar::recentChosen, this, &Form1::reciente1);
+    connect(m_parts->controls.toolbar, &frame::Toolbar::recentChosen, this, &Form1::reciente1);
 }
 
 void Form1::runToolbarButton(int button) {
     MainWindowParts& parts = *m_parts;
-    Toolbar& toolbar = parts.frame.toolbar;
+    frame::Toolbar& toolbar = parts.frame.toolbar;
     switch (button) {
-        case Toolbar::New:
+        case frame::Toolbar::New:
             parts.catalogueActions.nuevo1();
             break;
-        case Toolbar::Open:
+        case frame::Toolbar::Open:
             parts.catalogueActions.abrir1();
             break;
-        case Toolbar::Up:
+        case frame::Toolbar::Up:
             parts.goingUp.arriba();
             break;
-        case Toolbar::Import:
+        case frame::Toolbar::Import:
             parts.switching.importar1();
             break;
-        case Toolbar::Search:
+        case frame::Toolbar::Search:
             parts.switching.buscar1();
             break;
-        case Toolbar::Explore:
+        case frame::Toolbar::Explore:
             parts.switching.explorar1();
             break;
-        case Toolbar::Refresh:
+        case frame::Toolbar::Refresh:
             refresh(false);
             break;
-        case Toolbar::Statistics:
+        case frame::Toolbar::Statistics:
             parts.statistics.graficar1();
             break;
-        case Toolbar::Delete:
+        case frame::Toolbar::Delete:
             parts.maintenance.borrarunidad();
             break;
-        case Toolbar::Views:
+        case frame::Toolbar::Views:
             parts.views.cycleView();
             break;
-        case Toolbar::Print:
+        case frame::Toolbar::Print:
             print::Imprimir1(parts.frame, parts.surface.lists);
             break;
-        case Toolbar::Stop:
+        case frame::Toolbar::Stop:
             stop();
             break;
-        case Toolbar::Exit:
+        case frame::Toolbar::Exit:
             close();
             return;
         default:
             break;
     }
-    if (button == Toolbar::Statistics || button == Toolbar::Delete) toolbar.setPressed(button, false);
+    if (button == frame::Toolbar::Statistics || button == frame::Toolbar::Delete)
+        toolbar.setPressed(button, false);
 }
 
 void Form1::connectControls() {
@@ -211,16 +212,16 @@ void Form1::connectControls() {
     connect(controls.imageCombo1, &ImageCombo::textTyped, this, [&] { parts.pathCombo.textTyped(); });
     connect(controls.imgSplitter, &Divider::pressed, this, [this] { layOut(); });
     connect(controls.imgSplitter, &Divider::released, this, [&](int x) { parts.panes.sizeControls(x); });
-    for (browse::ItemList* list : {controls.listView1, controls.listView2}) {
-        connect(list, &browse::ItemList::itemClicked, this,
+    for (lists::ItemList* list : {controls.listView1, controls.listView2}) {
+        connect(list, &lists::ItemList::itemClicked, this,
                 [&parts, list](int row) { parts.listActivation.itemClicked(*list, row); });
-        connect(list, &browse::ItemList::itemActivated, this,
+        connect(list, &lists::ItemList::itemActivated, this,
                 [&parts, list](int) { parts.listActivation.doubleClicked(*list); });
-        connect(list, &browse::ItemList::columnClicked, list, [list](int column) {
-            list->sort(browse::sortingAfterClick(list->store().sorting(), column));
+        connect(list, &lists::ItemList::columnClicked, list, [list](int column) {
+            list->sort(lists::sortingAfterClick(list->store().sorting(), column));
         });
-        connect(list, &browse::ItemList::mousePressed, this, [this] { listPressed(); });
-        connect(list, &browse::ItemList::mouseReleased, this,
+        connect(list, &lists::ItemList::mousePressed, this, [this] { listPressed(); });
+        connect(list, &lists::ItemList::mouseReleased, this,
                 [this](Qt::MouseButton button, const QPoint& place) { listReleased(button, place); });
     }
 }
@@ -228,13 +229,13 @@ void Form1::connectControls() {
 void Form1::nuevoClicked() {
     m_parts->catalogueActions.nuevo1();
     m_parts->frame.toolbar.releaseAll(1, 13);
-    m_parts->frame.toolbar.setPressed(Toolbar::New, true);
+    m_parts->frame.toolbar.setPressed(frame::Toolbar::New, true);
 }
 
 void Form1::abrirClicked() {
     m_parts->catalogueActions.abrir1();
     m_parts->frame.toolbar.releaseAll(1, 14);
-    m_parts->frame.toolbar.setPressed(Toolbar::Separator3, true);
+    m_parts->frame.toolbar.setPressed(frame::Toolbar::Separator3, true);
 }
 
 void Form1::stop() {
@@ -246,7 +247,7 @@ void Form1::stop() {
 void Form1::refresh(bool fromMenu) {
     m_parts->opening.actualizar();
     m_parts->switching.uncoverBrowsing();
-    m_parts->frame.toolbar.setPressed(Toolbar::Refresh, fromMenu);
+    m_parts->frame.toolbar.setPressed(frame::Toolbar::Refresh, fromMenu);
 }
 
 // The rows in the list still name the unit as it was, so it is listed anew, once the edit is over.
@@ -274,7 +275,7 @@ void Form1::showToolbarTexts(bool shown) {
 }
 
 void Form1::toggleQuickStart() {
-    MenuBar& menus = m_parts->frame.menus;
+    frame::MenuBar& menus = m_parts->frame.menus;
     const QString entry = QStringLiteral("iniciomenu");
     const bool wanted = !menus.action(entry)->isChecked();
     saveQuickStart(wanted);
@@ -292,11 +293,11 @@ void Form1::toggleNode() {
 void Form1::showProperties() {
     browse::Surface& surface = m_parts->surface;
     const browse::Node node = surface.treeView1.selected();
-    auto database = jet::OpenDatabase(m_parts->frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_parts->frame.catalogue.path());
     if (node == browse::noNode || !database) return;
     if (!m_properties) m_properties = new Form3(m_parts->frame.idioma, this);
 
-    const browse::ItemList& list = surface.lists.listView1;
+    const lists::ItemList& list = surface.lists.listView1;
     PropertiesRequest request;
     request.node = surface.nodeText(node);
     request.isUnit = surface.isUnit(node);

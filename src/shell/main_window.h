@@ -8,11 +8,14 @@
 #include "core/language.h"
 #include "shell/startup.h"
 
+namespace frame {
+class Dialogs;
+class Messages;
+}  // namespace frame
+
 namespace shell {
 
-class Dialogs;
 class Form3;
-class Messages;
 struct MainWindowParts;
 
 // The main window. Owns the controls, the panels and the actions, and wires each menu entry, button and
@@ -21,7 +24,7 @@ class Form1 : public QMainWindow, public MainEntry {
     Q_OBJECT
   public:
     // The seams are borrowed and outlive the window.
-    Form1(core::Language idioma, Messages& messages, Dialogs& dialogs);
+    Form1(core::Language idioma, frame::Messages& messages, frame::Dialogs& dialogs);
     ~Form1() override;
 
     void begin(const std::string& catalogue) override;

@@ -19,32 +19,33 @@ Control* named(const char* name, Control* control) {
 
 WindowControls::WindowControls(Form1& window, core::Language idioma)
     : client(new QWidget(&window)),
-      menus(new MenuBar(idioma, &window)),
+      menus(new frame::MenuBar(idioma, &window)),
       frame1(named("Frame1", new QWidget(client))),
-      toolbar(new Toolbar(idioma, frame1)),
+      toolbar(new frame::Toolbar(idioma, frame1)),
       label4(named("Label4", new QLabel(frame1))),
       imageCombo1(named("ImageCombo1", new controls::ImageCombo(controls::ImageCombo::Typing::Yes, frame1))),
       treeView1(named("TreeView1", new controls::TreeView(client))),
-      listView1(named("ListView1", new browse::ItemList(client))),
-      listView2(named("ListView2", new browse::ItemList(client))),
+      listView1(named("ListView1", new lists::ItemList(client))),
+      listView2(named("ListView2", new lists::ItemList(client))),
       imgSplitter(nullptr),
-      picture4(new StatusBand(client)) {
+      picture4(new frame::StatusBand(client)) {
     window.setCentralWidget(client);
     window.setMenuBar(menus);
     imgSplitter = new controls::Divider(client, [this] {
         return controls::Divider::Bounds{controls::pixels(500), client->width() - controls::pixels(500)};
     });
-    frame1->setAccessibleName(caption(u"barradetareas", idioma));
-    imgSplitter->setAccessibleName(toQString(dividerName.in(idioma)));
-    label4->setText(caption(u"Label4", idioma));
+    frame1->setAccessibleName(frame::caption(u"barradetareas", idioma));
+    imgSplitter->setAccessibleName(frame::toQString(dividerName.in(idioma)));
+    label4->setText(frame::caption(u"Label4", idioma));
     label4->setBuddy(imageCombo1);
     imageCombo1->setAccessibleName(label4->text());
     treeView1->setAccessibleName(QString::fromStdString(core::rotulos(idioma).rotulounidad));
-    listView1->setAccessibleName(caption(u"explorar", idioma));
-    listView2->setAccessibleName(caption(u"buscar", idioma));
+    listView1->setAccessibleName(frame::caption(u"explorar", idioma));
+    listView2->setAccessibleName(frame::caption(u"buscar", idioma));
 }
 
-MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, Messages& messages, Dialogs& dialogs)
+MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Messages& messages,
+                                 frame::Dialogs& dialogs)
     : window(owner),
       controls(owner, idioma),
       frame{idioma,

@@ -36,31 +36,31 @@ struct WindowControls {
     WindowControls(Form1& window, core::Language idioma);
 
     QWidget* client;  // all but the menu bar
-    MenuBar* menus;
+    frame::MenuBar* menus;
     QWidget* frame1;
-    Toolbar* toolbar;
+    frame::Toolbar* toolbar;
     QLabel* label4;
     controls::ImageCombo* imageCombo1;
     controls::TreeView* treeView1;
-    browse::ItemList* listView1;
-    browse::ItemList* listView2;
+    lists::ItemList* listView1;
+    lists::ItemList* listView2;
     controls::Divider* imgSplitter;
-    StatusBand* picture4;
+    frame::StatusBand* picture4;
 };
 
 // Everything that the main window owns, in the order in which it comes into being.
 struct MainWindowParts {
-    MainWindowParts(Form1& window, core::Language idioma, Messages& messages, Dialogs& dialogs);
+    MainWindowParts(Form1& window, core::Language idioma, frame::Messages& messages, frame::Dialogs& dialogs);
 
     // What is enabled now follows from the state alone.
-    void applyState() { apply(enabledIn(state), *controls.menus, *controls.toolbar); }
+    void applyState() { frame::apply(frame::enabledIn(state), *controls.menus, *controls.toolbar); }
 
     Form1& window;
     WindowControls controls;
-    Catalogue catalogue;
-    WindowState state;
+    frame::Catalogue catalogue;
+    frame::WindowState state;
     int jobs = 0;  // that can be stopped; one may begin while another gives way
-    Frame frame;
+    frame::Frame frame;
 
     OpeningWindow openingWindow;
     ImportWindow importWindow;

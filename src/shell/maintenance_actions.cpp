@@ -27,12 +27,12 @@ constexpr auto boxTitle = "zarquelin";
 }  // namespace
 
 void MaintenanceActions::compactar() {
-    const Hourglass hourglass;
+    const frame::Hourglass hourglass;
     (void)core::compactCatalogue(m_surface.frame.catalogue.path());  // worked or not, nothing is said
 }
 
 void MaintenanceActions::reparar() {
-    const Hourglass hourglass;
+    const frame::Hourglass hourglass;
     (void)core::repairCatalogue(m_surface.frame.catalogue.path());
 }
 
@@ -43,9 +43,9 @@ bool MaintenanceActions::confirmed(const core::Bilingual& question) {
 
 void MaintenanceActions::eliminar() {
     if (!confirmed(eraseAll) || !confirmed(reallySure)) return;
-    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     const auto erased =
-        database ? core::deleteAll(*database) : jet::Result<>(std::unexpected(database.error()));
+        database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));
     if (!erased) {
         m_surface.frame.messages.show(qtext(erased.error().text), QString::fromUtf8(boxTitle));
         return;
@@ -78,8 +78,8 @@ void MaintenanceActions::borrarunidad() {
     if (!m_surface.frame.messages.askYesNo(question, QString::fromUtf8(boxTitle))) return;
 
     {
-        const Hourglass hourglass;
-        auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+        const frame::Hourglass hourglass;
+        auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
         if (!database || !core::deleteUnit(*database, m_surface.nodeText(node))) return;
     }
     removeSelectedUnit(node);
@@ -115,10 +115,10 @@ bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
                                       QString::fromUtf8(boxTitle));
         return false;
     }
-    const Hourglass hourglass;
-    auto database = jet::OpenDatabase(m_surface.frame.catalogue.path());
+    const frame::Hourglass hourglass;
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     const auto done = database ? core::renameUnit(*database, disco.toStdString(), typed)
-                               : jet::Result<std::string>(std::unexpected(database.error()));
+                               : engine::Result<std::string>(std::unexpected(database.error()));
     if (!done) {
         m_surface.frame.messages.show(qtext(done.error().text), QString::fromUtf8(boxTitle));
         return false;

@@ -10,14 +10,14 @@ namespace {
 using controls::pixels;
 using controls::twips;
 
-QRect inPixels(const Rect& rect) {
+QRect inPixels(const frame::Rect& rect) {
     return {pixels(rect.left), pixels(rect.top), pixels(rect.width), pixels(rect.height)};
 }
 
 }  // namespace
 
 void Panes::medidas() {
-    LayoutInput input;
+    frame::LayoutInput input;
     input.width = twips(m_controls.client->width());
     input.height = twips(m_controls.client->height());
     input.divider = m_divider;
@@ -25,7 +25,7 @@ void Panes::medidas() {
     input.comboHeight = twips(m_controls.imageCombo1->sizeHint().height());
     input.pathLabelWidth = twips(m_controls.label4->sizeHint().width());
     input.statusHeight = twips(m_controls.status->sizeHint().height());
-    m_layout = computeLayout(input, m_layout);
+    m_layout = frame::computeLayout(input, m_layout);
 
     m_controls.frame1->setGeometry(inPixels(m_layout.frame));
     m_controls.toolbar->setGeometry(inPixels(m_layout.toolbar));
@@ -39,7 +39,7 @@ void Panes::medidas() {
 }
 
 void Panes::sizeControls(int position) {
-    m_divider = releasedDivider(twips(position), twips(m_controls.client->width()));
+    m_divider = frame::releasedDivider(twips(position), twips(m_controls.client->width()));
     medidas();
 }
 

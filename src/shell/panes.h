@@ -36,7 +36,7 @@ class Panes {
 
   private:
     Controls m_controls;
-    WindowLayout m_layout;
+    frame::WindowLayout m_layout;
     int m_divider = 4200;
     int m_pushedDown = 0;
 };

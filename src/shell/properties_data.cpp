@@ -10,13 +10,13 @@ namespace {
 constexpr core::Bilingual filesAnd = {" archivos y ", " files and "};
 constexpr core::Bilingual folders = {" carpetas.", " folders."};
 
-long long countOf(jet::Database& database, const std::string& sql) {
+long long countOf(engine::Database& database, const std::string& sql) {
     auto rows = database.OpenRecordset(sql);
     return rows ? rows->RecordCount() : 0;
 }
 
 // Unlike the browse list's summary of a unit, only real folders count here, not the row of a hand-made unit.
-browse::Totals unitTotals(jet::Database& database, const std::string& disco) {
+browse::Totals unitTotals(engine::Database& database, const std::string& disco) {
     browse::Totals totals;
     const std::string sizes = "select largo from datos where largo > (1) and disco=('" + disco + "')";
     if (auto rows = database.OpenRecordset(sizes)) {
@@ -39,7 +39,7 @@ std::string typeOf(const PropertiesRequest& request, core::Language idioma) {
 
 }  // namespace
 
-Properties propertiesOf(const PropertiesRequest& request, jet::Database& database, core::Language idioma) {
+Properties propertiesOf(const PropertiesRequest& request, engine::Database& database, core::Language idioma) {
     const browse::Totals totals = request.isUnit
                                       ? unitTotals(database, request.node)
                                       : browse::cantidadytamaños(database, request.discoactual,

@@ -35,7 +35,7 @@ void centre(QWidget& window) {
 
 Form2::Form2(core::Language idioma, QWidget* parent) : QWidget(parent), m_idioma(idioma) {
     setObjectName(QStringLiteral("Form2"));
-    setWindowTitle(caption(u"acerca", idioma));
+    setWindowTitle(frame::caption(u"acerca", idioma));
     setAccessibleName(windowTitle());
     setWindowIcon(logo());
     buildContents();
@@ -57,14 +57,15 @@ void Form2::buildContents() {
     large.setPointSizeF(large.pointSizeF() * 2.4);
     large.setBold(true);
     name->setFont(large);
-    auto* line = new QLabel(toQString(purpose.in(m_idioma)), this);
+    auto* line = new QLabel(frame::toQString(purpose.in(m_idioma)), this);
     line->setObjectName(QStringLiteral("Label3"));
-    auto* number = new QLabel(toQString(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
+    auto* number =
+        new QLabel(frame::toQString(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
     number->setObjectName(QStringLiteral("Label2"));
-    auto* mail =
-        new QLabel(QStringLiteral("<a href=\"mail\">%1</a>").arg(toQString(writeToUs.in(m_idioma))), this);
+    auto* mail = new QLabel(
+        QStringLiteral("<a href=\"mail\">%1</a>").arg(frame::toQString(writeToUs.in(m_idioma))), this);
     mail->setObjectName(QStringLiteral("Label4"));
-    mail->setAccessibleName(toQString(writeToUs.in(m_idioma)));
+    mail->setAccessibleName(frame::toQString(writeToUs.in(m_idioma)));
     mail->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(mail, &QLabel::linkActivated, this, [] { openAuthorMail(); });
 

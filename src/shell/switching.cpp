@@ -15,7 +15,7 @@ void Switching::buscar1() {
     m_picture1.raise();
     m_surface.lists.listView2.show();
     m_surface.lists.listView2.raise();
-    m_surface.frame.toolbar.setPressed(Toolbar::Search, true);
+    m_surface.frame.toolbar.setPressed(frame::Toolbar::Search, true);
     m_picture1.focusCombo2();
 }
 
@@ -23,11 +23,11 @@ void Switching::explorar1() {
     QWidget::setTabOrder(&m_surface.treeView1, &m_surface.lists.listView1);
     m_surface.treeView1.setFocus();
     uncoverBrowsing();
-    m_surface.frame.toolbar.setPressed(Toolbar::Explore, true);
+    m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
 }
 
 void Switching::importar1() {
-    m_surface.frame.toolbar.setPressed(Toolbar::Import, true);
+    m_surface.frame.toolbar.setPressed(frame::Toolbar::Import, true);
     m_picture2.importar1();
 }
 

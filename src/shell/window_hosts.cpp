@@ -141,7 +141,7 @@ std::string StatisticsWindow::rutaactual() const {
 }
 
 std::optional<std::string> StatisticsWindow::firstListedUnit() const {
-    const browse::ItemList& list = m_parts.surface.lists.listView1;
+    const lists::ItemList& list = m_parts.surface.lists.listView1;
     if (list.count() == 0) return std::nullopt;
     return list.subItem(0, 8).toStdString();
 }

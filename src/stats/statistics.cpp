@@ -7,11 +7,11 @@
 namespace stats {
 namespace {
 
-jet::Result<std::int64_t> countRows(jet::Database& database, const std::string& sqlestadistica) {
+engine::Result<std::int64_t> countRows(engine::Database& database, const std::string& sqlestadistica) {
     auto rows = database.OpenRecordset(sqlestadistica);
     if (!rows) return std::unexpected(rows.error());
     const std::int64_t count = rows->RecordCount();
-    if (const jet::Error* error = rows->error()) return std::unexpected(*error);
+    if (const engine::Error* error = rows->error()) return std::unexpected(*error);
     return count;
 }
 
@@ -23,8 +23,8 @@ std::int64_t Statistics::percentage(std::size_t category) const {
     return core::roundHalfEven(share * 100);
 }
 
-jet::Result<Statistics> countScope(jet::Database& database, const Scope& scope, TotalLimit limit,
-                                   const Progress& progress) {
+engine::Result<Statistics> countScope(engine::Database& database, const Scope& scope, TotalLimit limit,
+                                      const Progress& progress) {
     Statistics result;
     const auto step = [&] {
         if (progress) progress();
@@ -38,7 +38,7 @@ jet::Result<Statistics> countScope(jet::Database& database, const Scope& scope, 
     const auto total = countRows(database, selectTotal(scope));
     if (!total) return std::unexpected(total.error());
     if (*total > static_cast<std::int64_t>(limit))
-        return std::unexpected(jet::Error{overflow, "too many files to be counted"});
+        return std::unexpected(engine::Error{overflow, "too many files to be counted"});
     result.totalarchivos = *total;
     if (result.totalarchivos < 1) return result;
     step();

@@ -37,8 +37,8 @@ using Progress = std::function<void()>;
 
 // Counts a scope by eight statements. A scope without files is no error: its total is 0 and Resto is not
 // computed. Fails on the first statement that the engine refuses, and with `overflow` past the limit.
-[[nodiscard]] jet::Result<Statistics> countScope(jet::Database& database, const Scope& scope,
-                                                 TotalLimit limit, const Progress& progress = {});
+[[nodiscard]] engine::Result<Statistics> countScope(engine::Database& database, const Scope& scope,
+                                                    TotalLimit limit, const Progress& progress = {});
 
 // What is said of a scope with no files, be it a unit or a folder.
 inline constexpr core::Bilingual noFiles{"Esta unidad no contiene archivos.", "This unit hasn´t files."};

@@ -19,20 +19,20 @@ constexpr int noSuchItem = 35600;
 
 }  // namespace
 
-StatisticsAction::StatisticsAction(shell::Frame& frame, StatisticsHost& host, QWidget* window)
+StatisticsAction::StatisticsAction(frame::Frame& frame, StatisticsHost& host, QWidget* window)
     : m_frame(frame), m_host(host), m_parent(window) {}
 
 void StatisticsAction::graficar1() {
-    std::optional<shell::Hourglass> hourglass(std::in_place);
+    std::optional<frame::Hourglass> hourglass(std::in_place);
     m_database.reset();
-    auto opened = jet::OpenDatabase(m_frame.catalogue.path(), jet::Use::ReadOnly);
+    auto opened = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
     if (!opened) return;
     m_database.emplace(std::move(*opened));
 
     if (!m_host.treeIsEmpty()) {
         const auto shown = showScope();
         if (!shown) {
-            if (shown.error().number == noSelection || shown.error().number == jet::error::locked)
+            if (shown.error().number == noSelection || shown.error().number == engine::error::locked)
                 m_database.reset();
             return;
         }
@@ -42,7 +42,7 @@ void StatisticsAction::graficar1() {
             hourglass.reset();  // the box is answered with an ordinary pointer
             const auto text = noFiles.in(m_frame.idioma);
             m_frame.messages.show(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
-                                  QString::fromLatin1(boxTitle), shell::MessageStyle::Exclamation);
+                                  QString::fromLatin1(boxTitle), frame::MessageStyle::Exclamation);
             return;
         }
     }
@@ -51,9 +51,9 @@ void StatisticsAction::graficar1() {
 }
 
 // Counts the selected node's scope and shows the window; false when it holds no files.
-jet::Result<bool> StatisticsAction::showScope() {
+engine::Result<bool> StatisticsAction::showScope() {
     const auto node = m_host.selectedNode();
-    if (!node) return std::unexpected(jet::Error{noSelection, "no node is selected"});
+    if (!node) return std::unexpected(engine::Error{noSelection, "no node is selected"});
     const bool unit = m_host.isUnit(*node);
 
     form().setScopeTitle(scopeTitle(m_frame.idioma, m_host.place()));
@@ -72,15 +72,15 @@ jet::Result<bool> StatisticsAction::showScope() {
     form().show();
     form().raise();
     m_frame.status.hideProgress();
-    if (!unit) m_frame.toolbar.setPressed(shell::Toolbar::Search, false);
+    if (!unit) m_frame.toolbar.setPressed(frame::Toolbar::Search, false);
     return true;
 }
 
 // A folder's unit is read from the list that shows its content, not from the tree.
-jet::Result<Scope> StatisticsAction::selectedScope(const std::string& node, bool unit) const {
+engine::Result<Scope> StatisticsAction::selectedScope(const std::string& node, bool unit) const {
     if (unit) return Scope{node, std::nullopt};
     auto listed = m_host.firstListedUnit();
-    if (!listed) return std::unexpected(jet::Error{noSuchItem, "the list is empty"});
+    if (!listed) return std::unexpected(engine::Error{noSuchItem, "the list is empty"});
     return Scope{std::move(*listed), m_host.rutaactual()};
 }
 

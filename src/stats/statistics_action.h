@@ -10,7 +10,7 @@
 #include "stats/statistics_window.h"
 
 class QWidget;
-namespace shell {
+namespace frame {
 struct Frame;
 }
 
@@ -38,7 +38,7 @@ class StatisticsHost {
 // into being on first use.
 class StatisticsAction {
   public:
-    StatisticsAction(shell::Frame& frame, StatisticsHost& host, QWidget* window);
+    StatisticsAction(frame::Frame& frame, StatisticsHost& host, QWidget* window);
 
     // Counts what the selected node holds and shows the statistics window; afterwards the status line shows
     // the catalogue's totals. Says so when there are no files. Any other failure ends it without a message,
@@ -48,16 +48,17 @@ class StatisticsAction {
     [[nodiscard]] Form4* window() const { return m_form; }  // nullptr before the first run
 
   private:
-    [[nodiscard]] jet::Result<bool> showScope();
-    [[nodiscard]] jet::Result<Scope> selectedScope(const std::string& node, bool unit) const;
+    [[nodiscard]] engine::Result<bool> showScope();
+    [[nodiscard]] engine::Result<Scope> selectedScope(const std::string& node, bool unit) const;
     [[nodiscard]] Form4& form();
     void rewriteTotals();
 
-    shell::Frame& m_frame;
+    frame::Frame& m_frame;
     StatisticsHost& m_host;
     QWidget* m_parent;
     QPointer<Form4> m_form;
-    std::optional<jet::Database> m_database;  // a run that finds no files leaves it open until the next one
+    std::optional<engine::Database>
+        m_database;  // a run that finds no files leaves it open until the next one
 };
 
 }  // namespace stats

@@ -63,7 +63,7 @@ void setFontScale(QWidget& widget, double scale, bool bold) {
 
 }  // namespace
 
-Form4::Form4(core::Language idioma, shell::Dialogs& dialogs, QWidget* parent)
+Form4::Form4(core::Language idioma, frame::Dialogs& dialogs, QWidget* parent)
     : QDialog(parent), m_idioma(idioma), m_dialogs(dialogs) {
     setObjectName(QStringLiteral("Form4"));
     setWindowTitle(toQString(heading.in(idioma)));

@@ -13,7 +13,7 @@ class QPushButton;
 class QStackedWidget;
 class QTabBar;
 
-namespace shell {
+namespace frame {
 class Dialogs;
 }
 
@@ -28,7 +28,7 @@ class PieChart;
 class Form4 : public QDialog {
     Q_OBJECT
   public:
-    Form4(core::Language idioma, shell::Dialogs& dialogs, QWidget* parent = nullptr);
+    Form4(core::Language idioma, frame::Dialogs& dialogs, QWidget* parent = nullptr);
 
     void setScopeTitle(std::string_view title);
     void setStatistics(const Statistics& statistics, const Scope& scope);
@@ -46,7 +46,7 @@ class Form4 : public QDialog {
     void centre();
 
     core::Language m_idioma;
-    shell::Dialogs& m_dialogs;
+    frame::Dialogs& m_dialogs;
     CategoryIcons m_icons;
     QLabel* m_scopeTitle = nullptr;                     // Label13
     std::array<QLabel*, categoryCount> m_iconLabels{};  // Picture2(0) to (7)

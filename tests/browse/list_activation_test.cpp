@@ -26,7 +26,7 @@ TEST_F(ListActivation, StepsDownFromTheBrowseListAndOpensAFile) {
     discs.write("dvd", "viaje/2003/a.jpg", std::string(5000, 'x'));
     const std::string map = discs.write("dvd", "viaje/it's a map.txt", "");
     browseFotos();
-    browse::ItemList& list = surface().lists.listView1;
+    lists::ItemList& list = surface().lists.listView1;
     list.select(1);
     choose("abrirlistitem");  // nothing was clicked
     EXPECT_EQ(listed(), (Names{"atlas", "viaje"}));
@@ -38,7 +38,7 @@ TEST_F(ListActivation, StepsDownFromTheBrowseListAndOpensAFile) {
     EXPECT_TRUE(tree().isExpanded(node("Fotos :")));
     EXPECT_EQ(pathShown(), "Fotos :\\viaje");
     EXPECT_EQ(surface().estado.nivelactual, 2);
-    EXPECT_EQ(list.store().sorting(), (browse::ItemStore::Sorting{true, 1, false}));
+    EXPECT_EQ(list.store().sorting(), (lists::ItemStore::Sorting{true, 1, false}));
     EXPECT_EQ(size() + status() + kind(), "Size: 5 KB  Folders: 0  Files: 1Folders and files unit");
 
     choose("abrirlistitem");  // no row is selected any more
@@ -65,7 +65,7 @@ TEST_F(ListActivation, StepsInTheSearchListLeaveTheRestAlone) {
     clickRow(surface().lists.listView1, 0);
     choose("buscar");
     search("same");
-    browse::ItemList& results = surface().lists.listView2;
+    lists::ItemList& results = surface().lists.listView2;
     results.sort({.on = true, .key = 9, .descending = false});
     ASSERT_EQ(results.subItem(0, 9), "E:\\f\\a\\b\\same");
     results.select(0);
@@ -83,7 +83,7 @@ TEST_F(ListActivation, StepsInTheSearchListLeaveTheRestAlone) {
 
     // A folder that the catalogue does not have empties the list.
     results.clear();
-    browse::ListItem gone;
+    lists::ListItem gone;
     gone.text = "gone";
     gone.type = "Files folder";
     gone.disco = "Fotos :";

@@ -38,7 +38,7 @@ bool matches(QStringView text, QStringView pattern) {
 
 // The load by its definition: every folder's statement looks at every row.
 struct PlainLoad {
-    explicit PlainLoad(jet::Database& database) {
+    explicit PlainLoad(engine::Database& database) {
         auto all = database.OpenRecordset("select * from datos order by carpeta ").value();
         for (; !all.Eof(); all.MoveNext()) rows.push_back(core::readRow(all));
     }
@@ -103,7 +103,7 @@ TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
         Disc disc(seed);
         const std::string copyPath = disc.catalogue.folder / "temp.ejm";
         ASSERT_TRUE(platform::CopyFile(disc.catalogue.path, copyPath));
-        auto copy = jet::OpenDatabase(copyPath, jet::Use::Scratch).value();
+        auto copy = engine::OpenDatabase(copyPath, engine::Use::Scratch).value();
         ASSERT_TRUE(copy.Execute(std::string("delete * from datos where disco<>('") + disco + "') "));
         Collected loaded;
         browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded);

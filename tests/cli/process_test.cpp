@@ -117,8 +117,8 @@ TEST_F(Program, TellsAnUnusableCatalogueByItsStatus) {
     EXPECT_EQ(run({"units", cat}).told.substr(0, 4), "Cds\t");
     EXPECT_EQ(statusOf({"scan", cat, "cds", disc}), 2);
 
-    auto database = jet::OpenDatabase(cat).value();
-    jet::Transaction held(database);
+    auto database = engine::OpenDatabase(cat).value();
+    engine::Transaction held(database);
     ASSERT_TRUE(held.begin());
     EXPECT_EQ(statusOf({"scan", cat, "Locked", disc}), 3);
 }

@@ -23,7 +23,7 @@ TEST_P(CopyAction, CopiesTheSelectedFilesOfTheShownList) {
               in("Seleccione los archivos a copiar.", "Select the files to copy."));
     EXPECT_EQ(test::readFile(target + "/it's.txt"), "bytes");
     ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].style, shell::MessageStyle::Information);
+    EXPECT_EQ(messages.shown[0].style, frame::MessageStyle::Information);
     EXPECT_EQ(QApplication::focusWidget(), &tree());
 
     // With the search list over it, the selection of the browse list does not count.

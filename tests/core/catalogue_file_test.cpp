@@ -13,7 +13,7 @@ using test::readFile;
 using test::writeFile;
 
 long long rowsIn(const std::string& path) {
-    auto database = jet::OpenDatabase(path, jet::Use::ReadOnly);
+    auto database = engine::OpenDatabase(path, engine::Use::ReadOnly);
     if (!database) return -1;
     auto rows = database->OpenRecordset("select * from datos");
     return rows ? rows->RecordCount() : -1;
@@ -31,7 +31,7 @@ struct CatalogueFile : testing::Test {
         fs::current_path(elsewhere.path());
         ASSERT_TRUE(core::createCatalogue(path));
         test::addRows(path, std::vector(3010, test::fileRow("Cds :", "C:\\a", "file")));
-        auto database = jet::OpenDatabase(path).value();
+        auto database = engine::OpenDatabase(path).value();
         ASSERT_TRUE(database.Execute("delete * from datos where numero > 10"));
     }
     void TearDown() override { fs::current_path(before); }
@@ -71,7 +71,7 @@ TEST_F(CatalogueFile, CompactionKeepsRowsPermissionsAndLinks) {
 }
 
 TEST_F(CatalogueFile, AStaleCompactedFileIsNeverCopiedOverTheCatalogue) {
-    ASSERT_TRUE(jet::CreateDatabase(compacted));  // a valid catalogue with no rows
+    ASSERT_TRUE(engine::CreateDatabase(compacted));  // a valid catalogue with no rows
     const std::string stale = readFile(compacted);
     ASSERT_TRUE(core::compactCatalogue(path));
     EXPECT_EQ(rowsIn(path), 10);
@@ -95,7 +95,7 @@ TEST_F(CatalogueFile, ACatalogueOfThatVeryNameIsCompactedToo) {
 TEST_F(CatalogueFile, NothingHappensWhileTheCatalogueIsOpenOrReadOnlyOrNowhereToGo) {
     const auto size = fs::file_size(path);
     {
-        const auto open = jet::OpenDatabase(path);
+        const auto open = engine::OpenDatabase(path);
         EXPECT_FALSE(core::compactCatalogue(path));
     }
     fs::permissions(path, fs::perms(0444));

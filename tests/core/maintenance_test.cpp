@@ -20,7 +20,7 @@ struct Maintenance : testing::Test {
     }
 
     test::CatalogueFixture catalogue;
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
 
     std::vector<std::string> names() { return core::unitNames(database).value(); }
 };

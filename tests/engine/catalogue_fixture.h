@@ -13,22 +13,24 @@
 // A fresh folder with an empty catalogue in it.
 class CatalogueTest : public testing::Test {
   protected:
-    CatalogueTest() { jet::CreateDatabase(path).value(); }
+    CatalogueTest() { engine::CreateDatabase(path).value(); }
 
-    jet::Database open(jet::Use use = jet::Use::Catalogue) { return jet::OpenDatabase(path, use).value(); }
+    engine::Database open(engine::Use use = engine::Use::Catalogue) {
+        return engine::OpenDatabase(path, use).value();
+    }
 
-    static void run(jet::Database& database, const std::string& sql) {
+    static void run(engine::Database& database, const std::string& sql) {
         const auto done = database.Execute(sql);
         EXPECT_TRUE(done) << sql << ": " << done.error().text;
     }
 
-    static void addFolder(jet::Database& database, const std::string& ruta, const std::string& carpeta,
+    static void addFolder(engine::Database& database, const std::string& ruta, const std::string& carpeta,
                           int nivel, const std::string& disco = "U :") {
         run(database, "insert into datos (numero,ruta,carpeta,nivel,fecha,tipo,disco) values (1,'" + ruta +
                           "','" + carpeta + "','" + std::to_string(nivel) +
                           "','38000','Carpeta de archivos','" + disco + "')");
     }
-    static void addFile(jet::Database& database, const std::string& ruta, const std::string& archivo,
+    static void addFile(engine::Database& database, const std::string& ruta, const std::string& archivo,
                         int nivel = 1, int largo = 7, const std::string& disco = "U :", int numero = 1) {
         run(database,
             "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco) values (" +
@@ -37,13 +39,13 @@ class CatalogueTest : public testing::Test {
     }
 
     // One column of all rows, joined by blanks; the error's number when the statement is refused.
-    static std::string column(jet::Database& database, const std::string& name, const std::string& sql) {
+    static std::string column(engine::Database& database, const std::string& name, const std::string& sql) {
         auto rows = database.OpenRecordset(sql);
         if (!rows) return "error " + std::to_string(rows.error().number);
         std::string joined;
         for (; !rows->Eof(); rows->MoveNext()) {
             if (!joined.empty()) joined += ' ';
-            const jet::Value value = rows->Field(name);
+            const engine::Value value = rows->Field(name);
             joined += value.isNull()         ? "null"
                       : value.text().empty() ? std::to_string(value.integer())
                                              : std::string(value.text());
@@ -51,12 +53,12 @@ class CatalogueTest : public testing::Test {
         return joined;
     }
 
-    static long long count(jet::Database& database, const std::string& sql) {
+    static long long count(engine::Database& database, const std::string& sql) {
         auto rows = database.OpenRecordset(sql);
         return rows ? rows->RecordCount() : -1;
     }
 
-    static int errorOf(jet::Database& database, const std::string& sql) {
+    static int errorOf(engine::Database& database, const std::string& sql) {
         if (sql.starts_with("select")) {
             const auto rows = database.OpenRecordset(sql);
             return rows ? 0 : rows.error().number;

@@ -8,7 +8,7 @@
 namespace {
 
 void useAll(const std::string& path) {
-    auto db = jet::OpenDatabase(path, jet::Use::ReadOnly);
+    auto db = engine::OpenDatabase(path, engine::Use::ReadOnly);
     if (!db) return;
     for (const char* sql :
          {"select disco from datos group by disco order by disco", "select * from datos order by carpeta",
@@ -27,8 +27,8 @@ void useAll(const std::string& path) {
 int main(int argc, char** argv) {
     const test::TemporaryFolder folder;
     const std::string path = folder / "a.zrq";
-    if (!jet::CreateDatabase(path)) return 1;
-    if (auto db = jet::OpenDatabase(path)) {
+    if (!engine::CreateDatabase(path)) return 1;
+    if (auto db = engine::OpenDatabase(path)) {
         for (int i = 0; i < 400; ++i) {
             (void)db->Execute(
                 "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario) "
@@ -50,11 +50,11 @@ int main(int argc, char** argv) {
         if (random() % 3 == 0) hurt.resize(random() % hurt.size());
         test::writeFile(path, hurt);
         useAll(path);
-        if (!jet::RepairDatabase(path)) continue;
+        if (!engine::RepairDatabase(path)) continue;
         ++repaired;
         useAll(path);
-        unsound = !jet::OpenDatabase(path).has_value();
-        unsound = unsound || !jet::RepairDatabase(path).has_value();
+        unsound = !engine::OpenDatabase(path).has_value();
+        unsound = unsound || !engine::RepairDatabase(path).has_value();
     }
     std::printf("%d repaired%s\n", repaired, unsound ? ", one of them unsound" : "");
     return unsound ? 1 : 0;

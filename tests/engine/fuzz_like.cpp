@@ -15,10 +15,10 @@ int main(int argc, char** argv) {
     for (int i = rounds(argc, argv, 100'000); i > 0; --i) {
         const std::string text = randomText(random, textPieces, 9);
         const std::string pattern = randomText(random, patternPieces, 7);
-        if (jet::LikePattern(pattern).matches(text) != likeReference(text, pattern)) {
+        if (engine::LikePattern(pattern).matches(text) != likeReference(text, pattern)) {
             std::printf("'%s' like '%s' differs\n", text.c_str(), pattern.c_str());
             return 1;
         }
-        (void)jet::LikePattern(randomText(random, bytes, 9)).matches(randomText(random, bytes, 9));
+        (void)engine::LikePattern(randomText(random, bytes, 9)).matches(randomText(random, bytes, 9));
     }
 }

@@ -90,8 +90,8 @@ int main(int argc, char** argv) {
     const test::TemporaryFolder folder;
     const std::string path = folder / "a.zrq";
     int accepted = 0;
-    bool lost = !jet::CreateDatabase(path);
-    if (auto db = jet::OpenDatabase(path)) {
+    bool lost = !engine::CreateDatabase(path);
+    if (auto db = engine::OpenDatabase(path)) {
         long long rows = 0;
         std::mt19937 random(2);
         for (int i = rounds(argc, argv, 20'000); i > 0 && !lost; --i) {

@@ -6,7 +6,7 @@
 namespace {
 
 bool like(std::string_view text, std::string_view pattern) {
-    return jet::LikePattern(pattern).matches(text);
+    return engine::LikePattern(pattern).matches(text);
 }
 
 TEST(Like, FoldsCaseOverAllOfUnicodeAndKeepsAccents) {

@@ -15,14 +15,14 @@ struct Lifted {
     bool operator==(const Lifted&) const = default;
 };
 
-Lifted lift(const std::string& sql, jet::LiftedStatement& out) {
-    if (!jet::liftLiterals(sql, out)) return {"error", {}};
+Lifted lift(const std::string& sql, engine::LiftedStatement& out) {
+    if (!engine::liftLiterals(sql, out)) return {"error", {}};
     Lifted lifted{out.shape, {}};
     for (char& c : lifted.shape) {
-        if (c == jet::LiftedStatement::textMark) c = '?';
-        if (c == jet::LiftedStatement::numberMark) c = '#';
+        if (c == engine::LiftedStatement::textMark) c = '?';
+        if (c == engine::LiftedStatement::numberMark) c = '#';
     }
-    for (const jet::Literal& literal : out.literals) lifted.literals.emplace_back(literal.text);
+    for (const engine::Literal& literal : out.literals) lifted.literals.emplace_back(literal.text);
     return lifted;
 }
 
@@ -56,7 +56,7 @@ const std::vector<Case> cases{
 TEST(Literals, AreLiftedTheSameWhateverCameBefore) {
     for (const Case& before : cases) {
         for (const Case& now : cases) {
-            jet::LiftedStatement out;
+            engine::LiftedStatement out;
             static_cast<void>(lift(before.sql, out));
             EXPECT_EQ(lift(now.sql, out), now.expected) << before.sql << " then " << now.sql;
         }
@@ -64,9 +64,9 @@ TEST(Literals, AreLiftedTheSameWhateverCameBefore) {
 }
 
 TEST(Literals, NumbersHaveOnePointOrComma) {
-    EXPECT_EQ(jet::numberOf(" 38123,5 "), 38123.5);
-    EXPECT_FALSE(jet::numberOf("1,2,3"));
-    EXPECT_FALSE(jet::numberOf("x"));
+    EXPECT_EQ(engine::numberOf(" 38123,5 "), 38123.5);
+    EXPECT_FALSE(engine::numberOf("1,2,3"));
+    EXPECT_FALSE(engine::numberOf("x"));
 }
 
 }  // namespace

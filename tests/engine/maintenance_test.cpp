@@ -22,7 +22,7 @@ class MaintenanceTest : public CatalogueTest {
     }
 
     long long rowsIn(const std::filesystem::path& file) {
-        auto db = jet::OpenDatabase(file, jet::Use::ReadOnly);
+        auto db = engine::OpenDatabase(file, engine::Use::ReadOnly);
         if (!db) return -1;
         // The text of each row tells whether it is the one that was written.
         long long whole = 0;
@@ -37,7 +37,7 @@ class MaintenanceTest : public CatalogueTest {
     long long repaired(const std::string& bytes) {
         const std::string hurt = folder / "hurt.zrq";
         writeFile(hurt, bytes);
-        const auto done = jet::RepairDatabase(hurt);
+        const auto done = engine::RepairDatabase(hurt);
         EXPECT_TRUE(done) << done.error().text;
         EXPECT_EQ(plainly(hurt, "pragma integrity_check"), "ok");
         return rowsIn(hurt);
@@ -55,33 +55,33 @@ TEST_F(MaintenanceTest, CompactionThatFailsLeavesNoDestinationAndItsSourceAlone)
     {
         auto db = open();
         writeFile(to, "stale");
-        EXPECT_EQ(jet::CompactDatabase(path, to).error().number, jet::error::locked);
+        EXPECT_EQ(engine::CompactDatabase(path, to).error().number, engine::error::locked);
         EXPECT_FALSE(std::filesystem::exists(to));
     }
     writeFile(folder / "garbage.zrq", std::string(4000, 'g'));
     writeFile(to, "stale");
-    EXPECT_EQ(jet::CompactDatabase(folder / "garbage.zrq", to).error().number,
-              jet::error::unrecognizedFormat);
+    EXPECT_EQ(engine::CompactDatabase(folder / "garbage.zrq", to).error().number,
+              engine::error::unrecognizedFormat);
     EXPECT_FALSE(std::filesystem::exists(to));
-    EXPECT_EQ(jet::CompactDatabase(folder / "none.zrq", to).error().number, jet::error::fileNotFound);
-    EXPECT_FALSE(jet::CompactDatabase(path, path));
+    EXPECT_EQ(engine::CompactDatabase(folder / "none.zrq", to).error().number, engine::error::fileNotFound);
+    EXPECT_FALSE(engine::CompactDatabase(path, path));
     std::filesystem::create_hard_link(path, folder / "link.zrq");
-    EXPECT_FALSE(jet::CompactDatabase(path, folder / "link.zrq"));
+    EXPECT_FALSE(engine::CompactDatabase(path, folder / "link.zrq"));
     EXPECT_EQ(rowsIn(path), 100);
 }
 
 TEST_F(MaintenanceTest, RepairLeavesSoundFilesAndStrangersAlone) {
     fill(100);
     const std::string before = readFile(path);
-    EXPECT_TRUE(jet::RepairDatabase(path));
+    EXPECT_TRUE(engine::RepairDatabase(path));
     EXPECT_EQ(readFile(path), before);
     const std::string text(30'000, 'x');
     writeFile(folder / "text.txt", text);
-    EXPECT_FALSE(jet::RepairDatabase(folder / "text.txt"));
+    EXPECT_FALSE(engine::RepairDatabase(folder / "text.txt"));
     EXPECT_EQ(readFile(folder / "text.txt"), text);
-    EXPECT_FALSE(jet::RepairDatabase(folder / "none.zrq"));
+    EXPECT_FALSE(engine::RepairDatabase(folder / "none.zrq"));
     auto db = open();
-    EXPECT_EQ(jet::RepairDatabase(path).error().number, jet::error::locked);
+    EXPECT_EQ(engine::RepairDatabase(path).error().number, engine::error::locked);
     EXPECT_EQ(filesInFolder(), 2u);
 }
 

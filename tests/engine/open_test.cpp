@@ -12,8 +12,8 @@ using test::writeFile;
 
 using OpenTest = CatalogueTest;
 
-int openError(const std::string& path, jet::Use use = jet::Use::Catalogue) {
-    const auto opened = jet::OpenDatabase(path, use);
+int openError(const std::string& path, engine::Use use = engine::Use::Catalogue) {
+    const auto opened = engine::OpenDatabase(path, use);
     return opened ? 0 : opened.error().number;
 }
 
@@ -24,15 +24,15 @@ TEST_F(OpenTest, RefusesWhatIsNoCatalogueAndLeavesItAlone) {
     writeFile(folder / "text.zrq", std::string(5000, 'x'));
     ASSERT_EQ(::mkfifo((folder / "fifo.zrq").c_str(), 0600), 0);
     const std::string before = readFile(other);
-    EXPECT_EQ(openError(other), jet::error::unrecognizedFormat);
-    EXPECT_EQ(openError(folder / "empty.zrq"), jet::error::unrecognizedFormat);
-    EXPECT_EQ(openError(folder / "text.zrq"), jet::error::unrecognizedFormat);
-    EXPECT_EQ(openError(folder / "fifo.zrq"), jet::error::cannotOpenFile);
-    EXPECT_EQ(openError(folder), jet::error::cannotOpenFile);
-    EXPECT_EQ(openError(folder / "none.zrq"), jet::error::fileNotFound);
-    EXPECT_EQ(openError(""), jet::error::fileNotFound);
-    EXPECT_EQ(openError(":memory:"), jet::error::fileNotFound);
-    EXPECT_EQ(openError("file:" + path.string()), jet::error::fileNotFound);
+    EXPECT_EQ(openError(other), engine::error::unrecognizedFormat);
+    EXPECT_EQ(openError(folder / "empty.zrq"), engine::error::unrecognizedFormat);
+    EXPECT_EQ(openError(folder / "text.zrq"), engine::error::unrecognizedFormat);
+    EXPECT_EQ(openError(folder / "fifo.zrq"), engine::error::cannotOpenFile);
+    EXPECT_EQ(openError(folder), engine::error::cannotOpenFile);
+    EXPECT_EQ(openError(folder / "none.zrq"), engine::error::fileNotFound);
+    EXPECT_EQ(openError(""), engine::error::fileNotFound);
+    EXPECT_EQ(openError(":memory:"), engine::error::fileNotFound);
+    EXPECT_EQ(openError("file:" + path.string()), engine::error::fileNotFound);
     EXPECT_EQ(readFile(other), before);
     EXPECT_FALSE(std::filesystem::exists(folder / "none.zrq"));
 }
@@ -41,11 +41,11 @@ TEST_F(OpenTest, RefusesCataloguesItCannotTrust) {
     const std::string later = folder / "later.zrq";
     std::filesystem::copy_file(path, later);
     EXPECT_EQ(plainly(later, "pragma user_version = 99"), "");
-    EXPECT_EQ(openError(later), jet::error::unrecognizedFormat);
+    EXPECT_EQ(openError(later), engine::error::unrecognizedFormat);
     EXPECT_EQ(plainly(path, "alter table datos drop column largo"), "");
-    EXPECT_EQ(openError(path), jet::error::corrupt);
+    EXPECT_EQ(openError(path), engine::error::corrupt);
     EXPECT_EQ(plainly(path, "drop table datos; create view datos as select 1 numero"), "");
-    EXPECT_EQ(openError(path), jet::error::corrupt);
+    EXPECT_EQ(openError(path), engine::error::corrupt);
 }
 
 TEST_F(OpenTest, DisarmsTriggersAndForeignModes) {
@@ -66,11 +66,11 @@ TEST_F(OpenTest, MarksItsFilesAndCreatesOnlyNewOnes) {
     const std::string bytes = readFile(path);
     EXPECT_EQ(bytes.substr(0, 15), "SQLite format 3");
     EXPECT_EQ(bytes.substr(68, 4), "ZRQL");
-    const auto again = jet::CreateDatabase(path);
+    const auto again = engine::CreateDatabase(path);
     ASSERT_FALSE(again);
-    EXPECT_EQ(again.error().number, jet::error::fileExists);
+    EXPECT_EQ(again.error().number, engine::error::fileExists);
     EXPECT_EQ(readFile(path), bytes);
-    EXPECT_FALSE(jet::CreateDatabase(folder / "no" / "b.zrq"));
+    EXPECT_FALSE(engine::CreateDatabase(folder / "no" / "b.zrq"));
 }
 
 TEST_F(OpenTest, ReadOnlyNeverWrites) {
@@ -79,8 +79,8 @@ TEST_F(OpenTest, ReadOnlyNeverWrites) {
         addFile(db, "r", "a");
     }
     const std::string before = readFile(path);
-    auto db = open(jet::Use::ReadOnly);
-    EXPECT_EQ(errorOf(db, "delete * from datos"), jet::error::readOnly);
+    auto db = open(engine::Use::ReadOnly);
+    EXPECT_EQ(errorOf(db, "delete * from datos"), engine::error::readOnly);
     EXPECT_FALSE(db.BeginTrans() && db.Execute("update datos set comentario='x'"));
     EXPECT_EQ(count(db, "select * from datos where archivo like 'A'"), 1);
     EXPECT_EQ(readFile(path), before);
@@ -92,8 +92,8 @@ TEST_F(OpenTest, TellsThatAnotherHandleHoldsTheFile) {
     sqlite3* holder = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &holder), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(holder, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
-    EXPECT_EQ(errorOf(db, "select * from datos order by archivo"), jet::error::locked);
-    EXPECT_EQ(errorOf(db, "delete * from datos"), jet::error::locked);
+    EXPECT_EQ(errorOf(db, "select * from datos order by archivo"), engine::error::locked);
+    EXPECT_EQ(errorOf(db, "delete * from datos"), engine::error::locked);
     sqlite3_close(holder);
     EXPECT_EQ(count(db, "select * from datos"), 1);
 }
@@ -103,7 +103,7 @@ TEST_F(OpenTest, ASecondHandleLeavesTheFirstOnesTransactionAlone) {
     auto db = open();
     ASSERT_TRUE(db.BeginTrans());
     addFile(db, "r", "a");
-    { auto second = open(jet::Use::ReadOnly); }
+    { auto second = open(engine::Use::ReadOnly); }
     const pid_t child = ::fork();
     if (child == 0) {
         sqlite3* other = nullptr;

@@ -18,15 +18,15 @@ TEST(Order, IsSpanish) {
                                           "ábaco", "b",   "Canto", "caña", "caño", "mz", "na",  "nz",  "ñ",
                                           "Ñandú", "o",   "ö",     "z",    "αβγ",  "άδ", "бык", "漢字"};
     const auto before = [](const std::string& a, const std::string& b) {
-        return jet::compareSorted(a, b) < 0;
+        return engine::compareSorted(a, b) < 0;
     };
     for (std::size_t i = 0; i + 1 < sorted.size(); ++i) {
         EXPECT_TRUE(before(sorted[i], sorted[i + 1])) << sorted[i] << " " << sorted[i + 1];
     }
     EXPECT_TRUE(before("canz", "caña"));
     EXPECT_TRUE(before("(b)", "1"));
-    EXPECT_EQ(jet::compareSorted("ÁRBOL", "árbol"), 0);
-    EXPECT_EQ(jet::compareSorted("n\u0303", "Ñ"), 0);  // taken apart or in one piece
+    EXPECT_EQ(engine::compareSorted("ÁRBOL", "árbol"), 0);
+    EXPECT_EQ(engine::compareSorted("n\u0303", "Ñ"), 0);  // taken apart or in one piece
     EXPECT_TRUE(before("resume", "résumé"));
     EXPECT_TRUE(before("résumé", "resumen"));  // accents decide last
 }
@@ -34,7 +34,7 @@ TEST(Order, IsSpanish) {
 class OrderedRows : public CatalogueTest {};
 
 TEST_F(OrderedRows, ComeAsTheirNamesCompareAlsoWhenTheyBeginAlike) {
-    jet::Database database = open();
+    engine::Database database = open();
     std::minstd_rand random(7);
     std::vector<std::string> names;
     for (int i = 0; i < 3000; ++i) {
@@ -43,7 +43,7 @@ TEST_F(OrderedRows, ComeAsTheirNamesCompareAlsoWhenTheyBeginAlike) {
             name += std::array{"carpeta larga ", "Carpeta lárga ", "a", "ñ", "b "}[random() % 5];
         names.push_back(name);
     }
-    jet::Transaction all(database);
+    engine::Transaction all(database);
     ASSERT_TRUE(all.begin());
     for (std::size_t i = 0; i < names.size(); ++i) addFile(database, "", names[i], 1, int(i));
     ASSERT_TRUE(all.commit());
@@ -51,7 +51,7 @@ TEST_F(OrderedRows, ComeAsTheirNamesCompareAlsoWhenTheyBeginAlike) {
     std::vector<std::size_t> expected(names.size());
     std::iota(expected.begin(), expected.end(), 0);
     std::ranges::stable_sort(expected,
-                             [&](auto a, auto b) { return jet::compareSorted(names[a], names[b]) < 0; });
+                             [&](auto a, auto b) { return engine::compareSorted(names[a], names[b]) < 0; });
     auto rows = database.OpenRecordset("select * from datos where tipo=('Archivo') order by archivo").value();
     for (const std::size_t row : expected) {
         ASSERT_EQ(rows.Field("largo").integer(), std::int64_t(row));
@@ -61,10 +61,10 @@ TEST_F(OrderedRows, ComeAsTheirNamesCompareAlsoWhenTheyBeginAlike) {
 }
 
 TEST(Folding, ComparesByFoldedCharacters) {
-    EXPECT_TRUE(jet::equalFolded("ÑANDÚ ΣΟΦΟΣ", "ñandú σοφοσ"));
-    EXPECT_FALSE(jet::equalFolded("a", "á"));
-    EXPECT_LT(jet::compareFolded("a", "ab"), 0);
-    EXPECT_EQ(jet::folded("\xff\xC3\x91"), "\xff\xC3\xB1");
+    EXPECT_TRUE(engine::equalFolded("ÑANDÚ ΣΟΦΟΣ", "ñandú σοφοσ"));
+    EXPECT_FALSE(engine::equalFolded("a", "á"));
+    EXPECT_LT(engine::compareFolded("a", "ab"), 0);
+    EXPECT_EQ(engine::folded("\xff\xC3\x91"), "\xff\xC3\xB1");
 }
 
 }  // namespace

@@ -76,13 +76,13 @@ TEST_F(RecordsetTest, SeesOtherHandlesChanges) {
 TEST_F(RecordsetTest, TransactionsRollBackUnlessCommitted) {
     auto db = open();
     {
-        jet::Transaction transaction(db);
+        engine::Transaction transaction(db);
         ASSERT_TRUE(transaction.begin());
         addFile(db, "r", "a");
         EXPECT_EQ(count(db, "select * from datos order by numero"), 1);
     }
     EXPECT_EQ(count(db, "select * from datos order by numero"), 0);
-    jet::Transaction transaction(db);
+    engine::Transaction transaction(db);
     ASSERT_TRUE(transaction.begin());
     addFile(db, "r", "b");
     ASSERT_TRUE(transaction.commit());
@@ -107,9 +107,9 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
     ASSERT_TRUE(db.CommitTrans());
     EXPECT_GT(inTransaction.size(), 10'000u);
     EXPECT_EQ(column(db, "numero", sql), inTransaction);
-    const std::size_t bound = std::exchange(jet::CollectedRows::memoryBound, 1000);
+    const std::size_t bound = std::exchange(engine::CollectedRows::memoryBound, 1000);
     EXPECT_EQ(column(db, "numero", sql), inTransaction);
-    jet::CollectedRows::memoryBound = bound;
+    engine::CollectedRows::memoryBound = bound;
 
     const std::string unit = "select * from datos where disco=('u :') and archivo like ('*99') ";
     EXPECT_EQ(count(db, unit + "order by numero"), count(db, unit));
@@ -121,7 +121,7 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
 }
 
 TEST_F(RecordsetTest, AScratchCopyKeepsOneUnit) {
-    auto db = open(jet::Use::Scratch);
+    auto db = open(engine::Use::Scratch);
     ASSERT_TRUE(db.BeginTrans());
     for (int i = 0; i < 3000; ++i)
         addFile(db, "r" + std::to_string(i), "f", 1, i, i % 10 == 3 ? "Una :" : "Otra :", i);

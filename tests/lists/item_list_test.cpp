@@ -13,7 +13,7 @@
 #include "lists/column_sort.h"
 #include "lists/item_model.h"
 
-namespace browse {
+namespace lists {
 namespace {
 
 ListItem file(const std::string& name, std::int64_t largo) {
@@ -137,4 +137,4 @@ TEST_F(ItemListTest, TypingFindsAName) {
 }
 
 }  // namespace
-}  // namespace browse
+}  // namespace lists

@@ -8,7 +8,7 @@
 #include "core/serial_date.h"
 #include "lists/column_sort.h"
 
-namespace browse {
+namespace lists {
 namespace {
 
 ListItem folder(const std::string& name, double fecha = 38123.5) {
@@ -151,4 +151,4 @@ TEST(ColumnSort, EachClickTurnsTheOrderOver) {
 }
 
 }  // namespace
-}  // namespace browse
+}  // namespace lists

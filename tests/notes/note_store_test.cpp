@@ -41,7 +41,7 @@ class NoteStore : public testing::Test {
     }
 
     test::CatalogueFixture catalogue;
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
 };
 
 TEST_F(NoteStore, RowsThatAgreeInUnitPathAndNameShareTheirNote) {
@@ -82,7 +82,7 @@ TEST_F(NoteStore, AnApostropheIsASyntaxErrorAndChangesNothing) {
         for (const ListKind list : {ListKind::Browse, ListKind::Results}) {
             const auto stored = storeNote(database, file("mapa.txt", list), note);
             ASSERT_FALSE(stored) << note;
-            EXPECT_EQ(stored.error().number, jet::error::syntaxInExpression) << note;
+            EXPECT_EQ(stored.error().number, engine::error::syntaxInExpression) << note;
         }
     }
     // Nor can a catalogue's own names lead a note to other rows.

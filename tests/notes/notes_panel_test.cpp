@@ -24,7 +24,7 @@ class Notes : public test::BilingualWindow {
         click("Docs :");
         clickRow(list(), 1);
     }
-    browse::ItemList& list() { return surface().lists.listView1; }
+    lists::ItemList& list() { return surface().lists.listView1; }
     // Lets the slides run to their ends without waiting.
     int tickToTheEnd() {
         int ticks = 0;

@@ -33,10 +33,10 @@ TEST_F(Imprimir1, PrintsTheShownListOncePerCopy) {
     };
     dialogs.copies = 3;
     start(core::Language::Spanish, sample.path);
-    frame().toolbar.setPressed(shell::Toolbar::Search, true);
+    frame().toolbar.setPressed(frame::Toolbar::Search, true);
     choose("Imprimir");
     EXPECT_EQ(asked, 0) << "an empty list asks nothing";
-    EXPECT_FALSE(frame().toolbar.isPressed(shell::Toolbar::Search));
+    EXPECT_FALSE(frame().toolbar.isPressed(frame::Toolbar::Search));
 
     click("U :");
     choose("Imprimir");
@@ -48,7 +48,7 @@ TEST_F(Imprimir1, PrintsTheShownListOncePerCopy) {
     choose("buscar");  // the search list lies over the other
     search("item");
     dialogs.copies = 1;
-    press(shell::Toolbar::Print);
+    press(frame::Toolbar::Print);
     EXPECT_EQ(pagesOf(folder / "list.pdf"), 3);
 
     std::filesystem::remove(folder / "list.pdf");

@@ -68,7 +68,7 @@ inline void makeTree(const std::string& path, int folders, int filesInEach) {
 }
 
 inline void makeCatalogue(const std::string& path, const std::vector<std::string>& units, int rowsEach) {
-    ASSERT_TRUE(jet::CreateDatabase(path));
+    ASSERT_TRUE(engine::CreateDatabase(path));
     for (const std::string& unit : units) addRows(path, unitOf(unit, rowsEach));
 }
 

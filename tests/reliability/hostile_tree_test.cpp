@@ -28,7 +28,7 @@ class HostileTree : public testing::Test {
   protected:
     void SetUp() override {
         fs::create_directory(tree);
-        ASSERT_TRUE(jet::CreateDatabase(catalogue));
+        ASSERT_TRUE(engine::CreateDatabase(catalogue));
     }
     [[nodiscard]] int scan(const std::string& unit) const {
         return test::statusOf({ZARQUELIN_CLI, "scan", catalogue, unit, tree});

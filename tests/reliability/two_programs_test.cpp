@@ -72,8 +72,8 @@ TEST_F(TwoPrograms, SaveAsWhatAnotherScansInto) {
 TEST_F(TwoPrograms, AFileInTheMidstOfAChangeIsNotReplaced) {
     const std::string other = work / "other.zrq";
     test::makeCatalogue(other, {"Other"}, 50);
-    auto open = jet::OpenDatabase(catalogue).value();
-    jet::Transaction change(open);
+    auto open = engine::OpenDatabase(catalogue).value();
+    engine::Transaction change(open);
     ASSERT_TRUE(change.begin());
     ASSERT_TRUE(open.Execute("update datos set comentario='noted' where disco=('Earlier :')"));
     EXPECT_NE(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
@@ -85,7 +85,7 @@ TEST_F(TwoPrograms, AFileInTheMidstOfAChangeIsNotReplaced) {
 
 // The window of one program holds the catalogue while another puts a new file in its place.
 TEST_F(TwoPrograms, NothingIsWrittenIntoAFileThatWasReplaced) {
-    auto open = jet::OpenDatabase(catalogue).value();
+    auto open = engine::OpenDatabase(catalogue).value();
     const std::string note = "update datos set comentario='noted' where disco=('Earlier :')";
     ASSERT_TRUE(open.Execute(note));
     ASSERT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);

@@ -8,7 +8,7 @@
 namespace {
 
 using core::Language;
-using shell::Toolbar;
+using frame::Toolbar;
 using test::Names;
 
 class Importing : public test::BilingualWindow {

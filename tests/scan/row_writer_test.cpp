@@ -27,7 +27,7 @@ std::string statement(int numero, std::size_t length = 1) {
 class Writing : public testing::Test {
   protected:
     test::CatalogueFixture catalogue;
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
     scan::TimedTransactions::Clock::time_point now{};
     scan::TimedTransactions rows{database, [this] { return now; }};
 };
@@ -59,13 +59,13 @@ TEST_F(Writing, LosesOnlyTheRowThatTheEngineRefuses) {
 
 TEST_F(Writing, WaitsBetweenItsTriesForALockedCatalogue) {
     {
-        jet::Database other = catalogue.open();
-        jet::Transaction held(other);
+        engine::Database other = catalogue.open();
+        engine::Transaction held(other);
         ASSERT_TRUE(held.begin());
         for (int i = 0; i < 10'000; ++i) rows.insert(statement(i));  // one try, not ten thousand
         EXPECT_EQ(rows.summary().lost, 10'000);
         ASSERT_TRUE(rows.summary().firstError);
-        EXPECT_EQ(rows.summary().firstError->number, jet::error::locked);
+        EXPECT_EQ(rows.summary().firstError->number, engine::error::locked);
     }
     now += 300ms;
     rows.insert(statement(1));
@@ -97,7 +97,7 @@ TEST_F(Writing, ReportsAFullDiskAndKeepsTheCatalogueSound) {
 
 TEST(RowWriter, HandsOverEveryRowInItsOrder) {
     test::CatalogueFixture catalogue;
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
     constexpr int rounds = 20, rowsARound = 501;
     {
         scan::RowWriter rows(database);
@@ -117,7 +117,7 @@ TEST(RowWriter, HandsOverEveryRowInItsOrder) {
 
 TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {
     test::CatalogueFixture catalogue;
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
     scan::RowWriter rows(database);
     rows.insert(statement(1));
     for (int i = 0; i < 200 && catalogue.rows().empty(); ++i) std::this_thread::sleep_for(50ms);

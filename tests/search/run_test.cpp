@@ -22,10 +22,10 @@ class Collected : public search::ResultSink {
   public:
     explicit Collected(search::RowMemory& memory) : m_memory(memory) {}
     void clear() override { items.clear(); }
-    void add(const jet::Recordset& row, const search::Pass& pass) override {
+    void add(const engine::Recordset& row, const search::Pass& pass) override {
         items.push_back(search::resultItem(row, pass, core::Language::English, m_memory));
     }
-    std::vector<browse::ListItem> items;
+    std::vector<lists::ListItem> items;
 
   private:
     search::RowMemory& m_memory;
@@ -42,7 +42,7 @@ class SearchRun : public testing::Test {
         outcome = search::runPasses(database, search::passesOf(request, captions), counters, collected);
         items = collected.items;
         Names names;
-        for (const browse::ListItem& item : items) names.push_back(item.text);
+        for (const lists::ListItem& item : items) names.push_back(item.text);
         return names;
     }
     static void dated(SearchRequest& request, double from, double until) {
@@ -52,11 +52,11 @@ class SearchRun : public testing::Test {
     }
 
     SampleCatalogue sample;
-    jet::Database database = sample.open(jet::Use::ReadOnly);
+    engine::Database database = sample.open(engine::Use::ReadOnly);
     search::RowMemory memory;
     search::Counters counters;
-    jet::Result<> outcome;
-    std::vector<browse::ListItem> items;
+    engine::Result<> outcome;
+    std::vector<lists::ListItem> items;
     const double ofTheYears[2] = {core::serialOfDate(2000, 1, 1), core::serialOfDate(2010, 1, 1)};
 };
 
@@ -72,7 +72,7 @@ TEST_F(SearchRun, FoldersComeFirstThenFilesEachInOrderOfName) {
 TEST_F(SearchRun, ItemsOfFoldersAndFiles) {
     find([](auto& r) { r.name = "foto"; });
     const auto told = [this](std::size_t at) {
-        const browse::ListItem& item = items.at(at);
+        const lists::ListItem& item = items.at(at);
         return std::to_string(item.picture) + '|' + item.type + '|' + item.notes + '|' + item.nameKey + '|' +
                std::to_string(item.largo.value_or(-1)) + '|' + item.disco + '|' + item.ruta;
     };

@@ -5,7 +5,7 @@
 namespace {
 
 using core::Language;
-using shell::Toolbar;
+using frame::Toolbar;
 using test::Names;
 
 class Browsing : public test::BilingualWindow {
@@ -14,10 +14,10 @@ class Browsing : public test::BilingualWindow {
         for (const char* entry : {"guardar", "explorar", "Imprimir", "explore", "cerrar", "buscar", "edicion",
                                   "ver", "Herramientas"})
             EXPECT_EQ(isOn(entry), open) << entry;
-        for (int button = Toolbar::Up; button <= Toolbar::Print; ++button)
+        for (int button = frame::Toolbar::Up; button <= frame::Toolbar::Print; ++button)
             EXPECT_EQ(frame().toolbar.isEnabled(button), open) << button;
-        EXPECT_TRUE(isOn("nuevo") && isOn("abrir") && frame().toolbar.isEnabled(Toolbar::New));
-        EXPECT_FALSE(frame().toolbar.isEnabled(Toolbar::Stop) || isOn("Parar1"));
+        EXPECT_TRUE(isOn("nuevo") && isOn("abrir") && frame().toolbar.isEnabled(frame::Toolbar::New));
+        EXPECT_FALSE(frame().toolbar.isEnabled(frame::Toolbar::Stop) || isOn("Parar1"));
         for (const char* pane : {"TreeView1", "ListView1", "imgSplitter"})
             EXPECT_EQ(control(pane).isVisible(), open) << pane;
     }
@@ -38,16 +38,16 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_EQ(dialogs.filters.back(), "Archivos de Zarquelin (*.zrq)|*.zrq|");
     expectOpen(true);
     EXPECT_EQ(caption(), "Zarquelin - " + path);
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::New}));
+    EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::New}));
     EXPECT_EQ(status(), in("  Unidades: 0  Carpetas: 0  Archivos: 0", "  Units: 0  Folders: 0  Files: 0"));
     EXPECT_EQ(items(surface().imageCombo3), (Names{in("Cátalogo completo:", "Complete catalog:")}));
     EXPECT_EQ(platform::GetSetting("lastfile"), path);
 
-    press(Toolbar::Import);
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Import}));
+    press(frame::Toolbar::Import);
+    EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::Import}));
     import("Fotos", discs.disc("dvd"));
     EXPECT_TRUE(control("Picture2").isHidden());
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
+    EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::Explore}));
     EXPECT_EQ(status(), in("  Unidades: 1  Carpetas: 4  Archivos: 4", "  Units: 1  Folders: 4  Files: 4"));
     EXPECT_EQ(items(combo()), (Names{"Fotos :"}));
 
@@ -76,7 +76,7 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_EQ(items(combo()), (Names{"Fotos :", "Fotos :\\viaje\\2003\\playa"}));
 
     // Up to the unit: the path item stays, and every file enters the size.
-    press(Toolbar::Up);
+    press(frame::Toolbar::Up);
     EXPECT_EQ(listed(), (Names{"playa", "a.jpg"}));
     EXPECT_EQ(combo().text(), "Fotos :\\viaje\\2003");
     EXPECT_EQ(size(), in("Tamaño: 993 KB", "Size: 993 KB"));
@@ -99,23 +99,23 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
     EXPECT_EQ(tree().selected(), node("Fotos :"));
 
-    press(Toolbar::Search);
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Search}));
+    press(frame::Toolbar::Search);
+    EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::Search}));
     EXPECT_TRUE(control("Picture1").isVisible() && control("ListView2").isVisible());
     EXPECT_EQ(control("Picture1").geometry(), tree().geometry());
     EXPECT_EQ(focused(), "Combo2");
     search("map");
     EXPECT_EQ(listed(), (Names{"mapa.txt"}));
-    press(Toolbar::Explore);
+    press(frame::Toolbar::Explore);
     EXPECT_TRUE(control("Picture1").isHidden() && control("ListView2").isHidden());
     EXPECT_EQ(QApplication::focusWidget(), &tree());
     EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
 
-    press(Toolbar::Search);
+    press(frame::Toolbar::Search);
     choose("actualizar1");
-    EXPECT_TRUE(control("ListView2").isHidden() && frame().toolbar.isPressed(Toolbar::Refresh));
-    press(Toolbar::Refresh);
-    EXPECT_FALSE(frame().toolbar.isPressed(Toolbar::Refresh));
+    EXPECT_TRUE(control("ListView2").isHidden() && frame().toolbar.isPressed(frame::Toolbar::Refresh));
+    press(frame::Toolbar::Refresh);
+    EXPECT_FALSE(frame().toolbar.isPressed(frame::Toolbar::Refresh));
 
     choose("cerrar");
     expectOpen(false);
@@ -135,7 +135,7 @@ TEST_F(Looks, ViewsFontsAndTexts) {
     using View = controls::ListView::View;
     const auto view = [&] { return surface().lists.listView1.view(); };
     for (const View next : {View::LargeIcons, View::SmallIcons, View::List, View::Report, View::LargeIcons}) {
-        press(Toolbar::Views);
+        press(frame::Toolbar::Views);
         EXPECT_TRUE(view() == next && surface().lists.listView2.view() == next);
         EXPECT_EQ(pressed(), std::vector<int>{});
     }
@@ -153,14 +153,14 @@ TEST_F(Looks, ViewsFontsAndTexts) {
     choose("filacompleta");
     EXPECT_TRUE(isChecked("filacompleta") && surface().lists.listView2.fullRowSelect());
     choose("botonessintexto");
-    EXPECT_EQ(frame().toolbar.caption(Toolbar::Exit), " ");
+    EXPECT_EQ(frame().toolbar.caption(frame::Toolbar::Exit), " ");
     choose("botonescontexto");
-    EXPECT_EQ(frame().toolbar.caption(Toolbar::Exit), "Exit");
+    EXPECT_EQ(frame().toolbar.caption(frame::Toolbar::Exit), "Exit");
     choose("español");
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0], (test::RecordingMessages::Shown{
                                      "Changes will take place the next time you initiate this aplication.",
-                                     "Languaje change", shell::MessageStyle::Information}));
+                                     "Languaje change", frame::MessageStyle::Information}));
     EXPECT_EQ(platform::GetSetting("idioma"), "Español");
     EXPECT_TRUE(isChecked("English") && !isChecked("español")) << "until the next start";
     for (const char* kept : {"si", "no"}) {

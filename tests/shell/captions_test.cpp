@@ -12,7 +12,7 @@
 namespace {
 
 using core::Language;
-using shell::MenuBar;
+using frame::MenuBar;
 
 // "-" a separator, "!" off, "*" checked, "( )" a submenu.
 std::string entriesOf(const QMenu& menu) {
@@ -39,7 +39,7 @@ TEST(MenuBar, HasItsTreeInBothLanguages) {
         {"Herramientas", "graficos -barra22 compactar -barra8 reparar"},
         {"ayuda", "idioma1(español *English) -barra31 soporte website feedback -barra6 acerca"},
     };
-    const MenuBar english(Language::English);
+    const frame::MenuBar english(Language::English);
     ASSERT_EQ(static_cast<const QWidget&>(english).actions().size(), 5);
     for (int top = 0; top < 5; ++top) {
         const QAction* menu = static_cast<const QWidget&>(english).actions()[top];
@@ -55,13 +55,13 @@ TEST(MenuBar, HasItsTreeInBothLanguages) {
     EXPECT_EQ(english.action("idioma1")->text(), "Languaje");
     EXPECT_EQ(english.action("archivos")->menu()->title(), "File");
 
-    const MenuBar spanish(Language::Spanish);
+    const frame::MenuBar spanish(Language::Spanish);
     EXPECT_EQ(entriesOf(*spanish.action("idioma1")->menu()), "*español English");
     EXPECT_EQ(spanish.action("nuevo")->text(), "Nuevo ");
 }
 
 TEST(MenuBar, ShortcutsOpenOneEntryEach) {
-    const MenuBar menus(Language::English);
+    const frame::MenuBar menus(Language::English);
     const std::pair<const char*, const char*> expected[] = {
         {"nuevo", "Ctrl+N"},   {"abrir", "Ctrl+O"},  {"reciente", "Ctrl+R"}, {"Imprimir", "Ctrl+P"},
         {"explore", "Ctrl+I"}, {"buscar", "Ctrl+S"}, {"explorar", "Ctrl+E"}, {"Parar1", "Ctrl+T"}};
@@ -95,12 +95,12 @@ TEST(Captions, KeepTheirBlanksAndSpelling) {
         {u"Toolbar1(11)(4)", u"Detalle", u"Details"},
     };
     for (const Expected& row : expected) {
-        EXPECT_EQ(shell::caption(row.control, Language::Spanish), QString::fromUtf16(row.spanish));
-        EXPECT_EQ(shell::caption(row.control, Language::English), QString::fromUtf16(row.english));
+        EXPECT_EQ(frame::caption(row.control, Language::Spanish), QString::fromUtf16(row.spanish));
+        EXPECT_EQ(frame::caption(row.control, Language::English), QString::fromUtf16(row.english));
     }
-    EXPECT_TRUE(shell::caption(u"Toolbar1(3)", Language::English).isNull());
-    EXPECT_EQ(shell::toolbarToolTip(9, Language::Spanish), "Estadísticas");
-    EXPECT_EQ(shell::toolbarToolTip(9, Language::English), "Statistics");
+    EXPECT_TRUE(frame::caption(u"Toolbar1(3)", Language::English).isNull());
+    EXPECT_EQ(frame::toolbarToolTip(9, Language::Spanish), "Estadísticas");
+    EXPECT_EQ(frame::toolbarToolTip(9, Language::English), "Statistics");
 }
 
 }  // namespace

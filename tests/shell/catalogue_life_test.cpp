@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using core::Language;
-using shell::Toolbar;
+using frame::Toolbar;
 using test::Names;
 
 class CatalogueLife : public test::MainWindow {
@@ -45,7 +45,7 @@ TEST_F(CatalogueLife, SaveAsGoesOnWithTheCopy) {
     addByHand("Dvds", "mas");
     EXPECT_EQ(test::readFile(first), before);
     EXPECT_EQ(rowCount(copy), 2);
-    const auto recent = [this] { return frame().toolbar.button(Toolbar::Up)->menu()->actions(); };
+    const auto recent = [this] { return frame().toolbar.button(frame::Toolbar::Up)->menu()->actions(); };
     ASSERT_EQ(recent().size(), 1) << "the last one before is offered";
     EXPECT_EQ(recent()[0]->text().toStdString(), folder / "a && b.zrq");
 
@@ -73,11 +73,11 @@ TEST_F(CatalogueLife, CancelledAndFailedDialogsChangeNothing) {
     const std::string path = newCatalogue();
     addByHand("Cds", "pelis");
     platform::SaveSetting("lastfile", "/elsewhere.zrq");
-    press(Toolbar::Open);
+    press(frame::Toolbar::Open);
     expectOpen(path, {"Cds :"});
     choose("nuevo");
     EXPECT_EQ(items(combo()), (Names{"Cds :"}));
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::New}));
+    EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::New}));
     newCatalogue("none/x.zrq");
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].title, "zarquelin");
@@ -93,7 +93,7 @@ TEST_F(CatalogueLife, ARecentFileThatIsGoneShowsTheSearchPanelInSilence) {
     choose("reciente");
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(control("Picture1").isVisible() && control("Picture2").isHidden());
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
+    EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::Explore}));
     EXPECT_EQ(roots(), (Names{"Cds :"}));
 
     platform::SaveSetting("lastfile", path);
@@ -102,7 +102,7 @@ TEST_F(CatalogueLife, ARecentFileThatIsGoneShowsTheSearchPanelInSilence) {
     choose("cerrar");
     EXPECT_EQ(items(combo()), Names{});
     open(path);
-    EXPECT_TRUE(frame().toolbar.isPressed(Toolbar::Separator3));
+    EXPECT_TRUE(frame().toolbar.isPressed(frame::Toolbar::Separator3));
     expectOpen(path, {"Cds :"});
     platform::SaveSetting("lastfile", "");
     start(Language::Spanish, path);

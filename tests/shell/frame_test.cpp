@@ -13,18 +13,18 @@
 namespace {
 
 using core::Language;
-using shell::StatusBand;
-using shell::Toolbar;
+using frame::StatusBand;
+using frame::Toolbar;
 
 TEST(Toolbar, ShowsItsCaptionsWhereThereIsRoom) {
     for (const Language language : {Language::Spanish, Language::English}) {
-        Toolbar toolbar(language);
+        frame::Toolbar toolbar(language);
         toolbar.setRecent("/home/ana/b.zrq");
         const auto styleAt = [&](int width) {
             toolbar.resize(width, 50);
             QResizeEvent event(toolbar.size(), {});
             QApplication::sendEvent(&toolbar, &event);
-            return toolbar.button(Toolbar::Statistics)->toolButtonStyle();
+            return toolbar.button(frame::Toolbar::Statistics)->toolButtonStyle();
         };
         EXPECT_EQ(styleAt(400), Qt::ToolButtonIconOnly);
         EXPECT_EQ(styleAt(790), Qt::ToolButtonTextUnderIcon) << "a window of 800 pixels";
@@ -35,7 +35,7 @@ TEST(Toolbar, ShowsItsCaptionsWhereThereIsRoom) {
 }
 
 TEST(StatusBand, BoundsItsProgressAndFitsItsTextAtEveryFontSize) {
-    StatusBand band;
+    frame::StatusBand band;
     band.showProgress(0);
     for (int step = 0; step < 2; ++step) band.advanceProgress();
     EXPECT_EQ(band.progress().value(), 1);
@@ -57,9 +57,9 @@ TEST(StatusBand, BoundsItsProgressAndFitsItsTextAtEveryFontSize) {
 }
 
 TEST(Dialogs, FiltersTakeTheToolkitsForm) {
-    EXPECT_EQ(shell::toolkitFilter("Archivos de Zarquelin (*.zrq)|*.zrq|"), "Archivos de Zarquelin (*.zrq)");
-    EXPECT_EQ(shell::toolkitFilter("Text|*.a;*.b|All (*)|*|"), "Text (*.a *.b);;All (*)");
-    EXPECT_EQ(shell::toolkitFilter(""), "");
+    EXPECT_EQ(frame::toolkitFilter("Archivos de Zarquelin (*.zrq)|*.zrq|"), "Archivos de Zarquelin (*.zrq)");
+    EXPECT_EQ(frame::toolkitFilter("Text|*.a;*.b|All (*)|*|"), "Text (*.a *.b);;All (*)");
+    EXPECT_EQ(frame::toolkitFilter(""), "");
 }
 
 }  // namespace

@@ -105,7 +105,7 @@ TEST_F(Keyboard, ARowIsClickedBeforeItsMenuOpens) {
     choose("explorar");
     click("Fotos :");
     click("Fotos :\\viaje");
-    browse::ItemList& list = surface().lists.listView1;
+    lists::ItemList& list = surface().lists.listView1;
     list.setFocus();
     key(Qt::Key_End);
     EXPECT_EQ(clicked(), "mapa.txt");

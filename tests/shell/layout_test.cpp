@@ -9,20 +9,20 @@
 
 namespace {
 
-using shell::Enabled;
-using shell::LayoutInput;
-using shell::WindowLayout;
-using shell::WindowState;
+using frame::Enabled;
+using frame::LayoutInput;
+using frame::WindowLayout;
+using frame::WindowState;
 
-constexpr LayoutInput usual{.width = 12000, .height = 8000, .divider = 3600};
+constexpr frame::LayoutInput usual{.width = 12000, .height = 8000, .divider = 3600};
 
 TEST(Layout, GrowsWithTheLetterAndOverlapsNothing) {
-    LayoutInput input = usual;
+    frame::LayoutInput input = usual;
     input.toolbarHeight = 900;
     input.comboHeight = 500;
     input.pathLabelWidth = 1500;
     input.statusHeight = 520;
-    const WindowLayout layout = computeLayout(input, {});
+    const frame::WindowLayout layout = frame::computeLayout(input, {});
     EXPECT_EQ(layout.toolbar.height, 900);
     EXPECT_GE(layout.pathCombo.top, layout.toolbar.top + layout.toolbar.height);
     EXPECT_GE(layout.pathCombo.left, layout.pathLabel.left + 1500);
@@ -36,26 +36,28 @@ TEST(Layout, GrowsWithTheLetterAndOverlapsNothing) {
 }
 
 TEST(Layout, ATinyWindowKeepsWhatWouldVanish) {
-    const WindowLayout before = computeLayout(usual, {});
-    const WindowLayout tiny = computeLayout({.width = 3660, .height = 1440, .divider = 3600}, before);
+    const frame::WindowLayout before = frame::computeLayout(usual, {});
+    const frame::WindowLayout tiny =
+        frame::computeLayout({.width = 3660, .height = 1440, .divider = 3600}, before);
     EXPECT_EQ(tiny.tree.height, before.tree.height);
     EXPECT_EQ(tiny.list.width, before.list.width);
-    const WindowLayout next = computeLayout({.width = 3661, .height = 1441, .divider = 3600}, before);
+    const frame::WindowLayout next =
+        frame::computeLayout({.width = 3661, .height = 1441, .divider = 3600}, before);
     EXPECT_NE(next.tree.height, before.tree.height);
     EXPECT_NE(next.list.width, before.list.width);
 }
 
 TEST(Layout, TheDividerStaysInTheWindow) {
-    EXPECT_EQ(shell::draggedDivider(-40, 9000), 500);
-    EXPECT_EQ(shell::draggedDivider(8900, 9000), 8500);
-    EXPECT_EQ(shell::releasedDivider(4000, 2000), 500) << "narrower than both bounds";
+    EXPECT_EQ(frame::draggedDivider(-40, 9000), 500);
+    EXPECT_EQ(frame::draggedDivider(8900, 9000), 8500);
+    EXPECT_EQ(frame::releasedDivider(4000, 2000), 500) << "narrower than both bounds";
 }
 
 // The entries that are off, in the order of their names, and behind "|" the buttons that are off.
-std::string off(const WindowState& state) {
-    const Enabled enabled = enabledIn(state);
+std::string off(const frame::WindowState& state) {
+    const frame::Enabled enabled = frame::enabledIn(state);
     std::vector<std::string> names;
-    for (const Enabled::Entry& entry : enabled.entries)
+    for (const frame::Enabled::Entry& entry : enabled.entries)
         if (!entry.enabled) names.emplace_back(entry.name);
     std::ranges::sort(names);
     std::string text;

@@ -18,7 +18,7 @@ struct PropertiesOf : testing::Test {
                        test::fileRow("Other :", "E:\\a\\b", "f", 999)});
     }
     test::CatalogueFixture catalogue;
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
 };
 
 TEST_F(PropertiesOf, AUnitCountsItsOwnRows) {

@@ -5,7 +5,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using shell::Toolbar;
+using frame::Toolbar;
 using test::Names;
 
 class Stopping : public test::BilingualWindow {
@@ -16,7 +16,7 @@ class Stopping : public test::BilingualWindow {
         path = newCatalogue();
     }
     void expectIdle() {
-        EXPECT_FALSE(frame().toolbar.isEnabled(Toolbar::Stop) || isOn("Parar1"));
+        EXPECT_FALSE(frame().toolbar.isEnabled(frame::Toolbar::Stop) || isOn("Parar1"));
         EXPECT_TRUE(isOn("compactar") && isOn("reparar"));
         EXPECT_TRUE(control("ProgressBar1").isHidden());
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
@@ -32,7 +32,7 @@ TEST_P(Stopping, AStoppedScanLeavesAPartialUnit) {
         // A look at a list must not take the stop away.
         QTest::mouseClick(surface().lists.listView1.findChild<QAbstractItemView*>()->viewport(),
                           Qt::LeftButton);
-        press(Toolbar::Stop);
+        press(frame::Toolbar::Stop);
     });
     import("Fotos", discs.disc("dvd"));
     ASSERT_EQ(messages.shown.size(), 1u);
@@ -42,7 +42,7 @@ TEST_P(Stopping, AStoppedScanLeavesAPartialUnit) {
     EXPECT_EQ(roots(), (Names{"Fotos :"}));
     EXPECT_EQ(items(surface().imageCombo3).back(), "Fotos :");
     EXPECT_EQ(status(), in("  Unidades: 1  Carpetas: 1  Archivos: 0", "  Units: 1  Folders: 1  Files: 0"));
-    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
+    EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::Explore}));
     expectIdle();
     click("Fotos :");
     EXPECT_EQ(listed(), (Names{"atlas"}));
@@ -61,8 +61,8 @@ TEST_P(Stopping, AStoppedLoadLeavesHalfTheTreeUntilTheCatalogueIsReopened) {
 
     // Stopped after the first folder: the unit counts as loaded from then on.
     QObject::connect(
-        &tree().nodes(), &QAbstractItemModel::rowsInserted, form.get(), [this] { press(Toolbar::Stop); },
-        Qt::SingleShotConnection);
+        &tree().nodes(), &QAbstractItemModel::rowsInserted, form.get(),
+        [this] { press(frame::Toolbar::Stop); }, Qt::SingleShotConnection);
     for (int i = 0; i < 2; ++i) {
         click("Fotos :");
         EXPECT_EQ(tree().nodes().count(), 2);
@@ -84,7 +84,7 @@ TEST_P(Stopping, AnythingMayHappenToTheUnitDuringItsLoad) {
         [this] { newCatalogue("other.zrq"); },
         [this] { rename("Fotos :", "New"); },
         [this] { click("Fotos :"); },
-        [this] { press(Toolbar::Up); },
+        [this] { press(frame::Toolbar::Up); },
         [this] {
             messages.answers = {true};
             choose("borrarunidad1");

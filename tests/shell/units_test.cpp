@@ -6,7 +6,7 @@
 namespace {
 
 using core::Language;
-using shell::Toolbar;
+using frame::Toolbar;
 using test::Names;
 
 using Units = test::MainWindow;
@@ -60,9 +60,9 @@ TEST_F(Units, DeletingAsksFirstAndTouchesOneUnit) {
     frame().menus.popup()->close();
     QTest::keyClick(&tree(), Qt::Key_F2);
     EXPECT_EQ(tree().viewport()->findChild<QLineEdit*>(), nullptr) << "a folder keeps its name";
-    press(Toolbar::Delete);  // a folder is selected
+    press(frame::Toolbar::Delete);  // a folder is selected
     EXPECT_TRUE(messages.asked.empty());
-    EXPECT_FALSE(frame().toolbar.isPressed(Toolbar::Delete));
+    EXPECT_FALSE(frame().toolbar.isPressed(frame::Toolbar::Delete));
 
     click("Fotos :", Qt::RightButton);
     EXPECT_EQ(frame().menus.action("abrirnodo")->text(), "Collapse");

@@ -14,7 +14,7 @@ namespace {
 using Counts = std::array<std::int64_t, stats::categoryCount>;
 
 Statistics counted(const test::CatalogueFixture& catalogue, const Scope& scope) {
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
     const auto statistics = stats::countScope(database, scope, TotalLimit::Window);
     EXPECT_TRUE(statistics);
     return statistics.value_or(Statistics{});
@@ -52,7 +52,7 @@ TEST(StatisticsCount, RestoFallsBelowZeroAndEmptyScopesAreNoError) {
     EXPECT_EQ(statistics.cantidadcategoria, (Counts{0, 0, 0, 0, 0, 3, 3, -3}));
     EXPECT_EQ(statistics.percentage(stats::restIndex), -100);
 
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
     EXPECT_FALSE(stats::countScope(database, {"U'", {}}, TotalLimit::None));
 }
 
@@ -60,7 +60,7 @@ TEST(StatisticsCount, WindowStopsBehind32767Files) {
     const test::CatalogueFixture catalogue;
     catalogue.add(std::vector(32767, test::fileRow("U :", "C:\\m", "a.txt")));
     int steps = 0;
-    jet::Database database = catalogue.open();
+    engine::Database database = catalogue.open();
     ASSERT_TRUE(stats::countScope(database, {"U :", {}}, TotalLimit::Window, [&] { ++steps; }));
     EXPECT_EQ(steps, 8);
 

@@ -35,7 +35,7 @@ TEST_F(Statistics, ShowsAUnitAndThenAFolderInTheSameWindow) {
     addFiles("C:\\b", "tres.xyz", 5);
     start(Language::English, sample.path);
     click("U :");
-    frame().toolbar.setPressed(shell::Toolbar::Search, true);
+    frame().toolbar.setPressed(frame::Toolbar::Search, true);
     choose("graficos");
 
     ASSERT_TRUE(window().isVisible());
@@ -48,7 +48,7 @@ TEST_F(Statistics, ShowsAUnitAndThenAFolderInTheSameWindow) {
     EXPECT_EQ(text("Label10(4)"), "8");
     EXPECT_FALSE(barShown());
     EXPECT_EQ(status(), "  Units: 1  Folders: 1  Files: 8");
-    EXPECT_TRUE(frame().toolbar.isPressed(shell::Toolbar::Search));
+    EXPECT_TRUE(frame().toolbar.isPressed(frame::Toolbar::Search));
 
     const stats::Form4* same = &window();
     click("U :\\a");
@@ -58,7 +58,7 @@ TEST_F(Statistics, ShowsAUnitAndThenAFolderInTheSameWindow) {
     EXPECT_EQ(text("Label2"), "Texto:");
     EXPECT_EQ(text("Label11(9)"), "67 %");
     EXPECT_EQ(text("Label10(4)"), "3");
-    EXPECT_FALSE(frame().toolbar.isPressed(shell::Toolbar::Search));
+    EXPECT_FALSE(frame().toolbar.isPressed(frame::Toolbar::Search));
 }
 
 TEST_F(Statistics, SaysSoWhenThereAreNoFiles) {
@@ -69,7 +69,7 @@ TEST_F(Statistics, SaysSoWhenThereAreNoFiles) {
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0],
               (test::RecordingMessages::Shown{"Esta unidad no contiene archivos.", "zarquelin",
-                                              shell::MessageStyle::Exclamation}));
+                                              frame::MessageStyle::Exclamation}));
     EXPECT_EQ(window().windowTitle(), " Estadísticas de:  U :");
     EXPECT_FALSE(window().isVisible() || barShown());
     EXPECT_EQ(status(), " Generando Estadísticas ... ");

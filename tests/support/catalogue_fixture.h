@@ -46,8 +46,8 @@ inline core::CatalogRow unitRow(const std::string& disco, const std::string& con
 
 // Adds the rows, their notes included, behind those that are there.
 inline void addRows(const std::string& catalogue, std::vector<core::CatalogRow> rows) {
-    auto database = jet::OpenDatabase(catalogue).value();
-    jet::Transaction all(database);
+    auto database = engine::OpenDatabase(catalogue).value();
+    engine::Transaction all(database);
     ASSERT_TRUE(all.begin());
     std::int64_t numero = database.OpenRecordset("select * from datos order by numero").value().RecordCount();
     for (core::CatalogRow& row : rows) {
@@ -63,10 +63,10 @@ inline void addRows(const std::string& catalogue, std::vector<core::CatalogRow> 
 // An empty catalogue in a folder of its own.
 class CatalogueFixture {
   public:
-    CatalogueFixture() { jet::CreateDatabase(path).value(); }
+    CatalogueFixture() { engine::CreateDatabase(path).value(); }
 
-    [[nodiscard]] jet::Database open(jet::Use use = jet::Use::Catalogue) const {
-        return jet::OpenDatabase(path, use).value();
+    [[nodiscard]] engine::Database open(engine::Use use = engine::Use::Catalogue) const {
+        return engine::OpenDatabase(path, use).value();
     }
     void add(const core::CatalogRow& row) const { addRows(path, std::vector{row}); }
     void add(std::vector<core::CatalogRow> rows) const { addRows(path, std::move(rows)); }

@@ -48,7 +48,7 @@ class MainWindow : public testing::Test {
         return *found;
     }
     browse::Surface& surface() { return form->surface(); }
-    shell::Frame& frame() { return surface().frame; }
+    frame::Frame& frame() { return surface().frame; }
     controls::TreeView& tree() { return surface().treeView1; }
     controls::ImageCombo& combo() { return surface().imageCombo1; }
 
@@ -70,7 +70,7 @@ class MainWindow : public testing::Test {
     // The numbers of the buttons that are down.
     [[nodiscard]] std::vector<int> pressed() {
         std::vector<int> buttons;
-        for (int button = 1; button <= shell::Toolbar::count; ++button) {
+        for (int button = 1; button <= frame::Toolbar::count; ++button) {
             const QToolButton* widget = frame().toolbar.button(button);
             EXPECT_TRUE(!widget || widget->isChecked() == frame().toolbar.isPressed(button)) << button;
             if (frame().toolbar.isPressed(button)) buttons.push_back(button);
@@ -98,12 +98,12 @@ class MainWindow : public testing::Test {
         tree().scrollTo(place);
         QTest::mouseClick(tree().viewport(), button, {}, tree().visualRect(place).center());
     }
-    static void clickRow(const browse::ItemList& list, int row) {
+    static void clickRow(const lists::ItemList& list, int row) {
         auto* view = list.findChild<QAbstractItemView*>("report");
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
                           view->visualRect(view->model()->index(row, 0)).center());
     }
-    static void doubleClickRow(const browse::ItemList& list, int row) {
+    static void doubleClickRow(const lists::ItemList& list, int row) {
         auto* view = list.findChild<QAbstractItemView*>("report");
         clickRow(list, row);
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
@@ -121,7 +121,7 @@ class MainWindow : public testing::Test {
         for (int i = 0; i < box.count(); ++i) texts.push_back(box.itemText(i).toStdString());
         return texts;
     }
-    [[nodiscard]] static Names names(const browse::ItemList& list) {
+    [[nodiscard]] static Names names(const lists::ItemList& list) {
         Names texts;
         for (int i = 0; i < list.count(); ++i) texts.push_back(list.text(i).toStdString());
         return texts;
@@ -194,7 +194,7 @@ class MainWindow : public testing::Test {
         QMetaObject::invokeMethod(form.get(), std::move(action), Qt::QueuedConnection);
     }
     static long long rowCount(const std::string& catalogue, const std::string& where = "numero > (-1)") {
-        auto database = jet::OpenDatabase(catalogue, jet::Use::ReadOnly).value();
+        auto database = engine::OpenDatabase(catalogue, engine::Use::ReadOnly).value();
         return database.OpenRecordset("select * from datos where " + where).value().RecordCount();
     }
 

@@ -11,21 +11,21 @@ namespace test {
 
 // Keeps every message box instead of showing it, and answers questions from a script ("no" when it has run
 // out).
-class RecordingMessages : public shell::Messages {
+class RecordingMessages : public frame::Messages {
   public:
     struct Shown {
         QString text;
         QString title;
-        shell::MessageStyle style = shell::MessageStyle::Exclamation;
+        frame::MessageStyle style = frame::MessageStyle::Exclamation;
         bool operator==(const Shown&) const = default;
     };
 
-    void show(const QString& text, const QString& title, shell::MessageStyle style) override {
+    void show(const QString& text, const QString& title, frame::MessageStyle style) override {
         shown.push_back({text, title, style});
         if (onShow) onShow(shown.back());
     }
     bool askYesNo(const QString& text, const QString& title) override {
-        asked.push_back({text, title, shell::MessageStyle::Exclamation});
+        asked.push_back({text, title, frame::MessageStyle::Exclamation});
         if (answers.empty()) return false;
         const bool answer = answers.front();
         answers.pop_front();

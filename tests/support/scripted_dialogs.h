@@ -12,7 +12,7 @@ namespace test {
 
 // Answers the choosers from a script, in the order in which they are asked; a script that has run out
 // cancels.
-class ScriptedDialogs : public shell::Dialogs {
+class ScriptedDialogs : public frame::Dialogs {
   public:
     QString openCatalogue(const QString& title, const QString& filter) override {
         return next(title, filter);

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -27,4 +27,4 @@ BoundValue converted(const Literal& literal, bool negative, Type type, std::stri
     return type == Type::Integer ? integerValue(value) : BoundValue(value);
 }
 
-}  // namespace jet
+}  // namespace engine

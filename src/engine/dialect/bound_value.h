@@ -8,7 +8,7 @@
 #include "engine/dialect/literals.h"
 #include "engine/format.h"
 
-namespace jet {
+namespace engine {
 
 // A pattern of `like` on its way to a prepared statement, which compiles it once and keeps it.
 struct PatternText {
@@ -26,4 +26,4 @@ using BoundValue =
 // none.
 [[nodiscard]] BoundValue converted(const Literal& literal, bool negative, Type type, std::string& storage);
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -185,4 +185,4 @@ std::optional<double> numberOf(std::string_view text) {
     return number;
 }
 
-}  // namespace jet
+}  // namespace engine

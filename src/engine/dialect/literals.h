@@ -10,7 +10,7 @@
 
 #include "engine/error.h"
 
-namespace jet {
+namespace engine {
 
 struct Literal {
     std::string_view text;  // of a text: its content; of a number: its digits
@@ -39,4 +39,4 @@ struct LiftedStatement {
 
 [[nodiscard]] Error syntaxError(std::string_view near);
 
-}  // namespace jet
+}  // namespace engine

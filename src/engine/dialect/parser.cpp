@@ -6,7 +6,7 @@
 #include "engine/dialect/tokens.h"
 #include "engine/text/folding.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -321,4 +321,4 @@ Result<Statement> parseShape(std::string_view shape) {
     return Parser(shape).parse();
 }
 
-}  // namespace jet
+}  // namespace engine

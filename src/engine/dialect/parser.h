@@ -5,7 +5,7 @@
 #include "engine/dialect/statement.h"
 #include "engine/error.h"
 
-namespace jet {
+namespace engine {
 
 // Parses a shape (see LiftedStatement). Accepts select, insert, update and delete on `datos` and nothing
 // else; what the dialect's engine would refuse is refused here:
@@ -14,4 +14,4 @@ namespace jet {
 //   unknownTable        a table other than `datos`
 [[nodiscard]] Result<Statement> parseShape(std::string_view shape);
 
-}  // namespace jet
+}  // namespace engine

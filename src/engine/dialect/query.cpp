@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace jet {
+namespace engine {
 
 Result<std::shared_ptr<const Statement>> StatementReader::read(std::string_view sql) {
     const auto last = std::exchange(m_last, nullptr);
@@ -31,4 +31,4 @@ Query::Query(std::string_view sql, std::shared_ptr<const Statement> statement)
     (void)liftLiterals(m_sql, m_lifted);  // what could be read once can be read again
 }
 
-}  // namespace jet
+}  // namespace engine

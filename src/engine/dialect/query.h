@@ -7,7 +7,7 @@
 #include "engine/dialect/literals.h"
 #include "engine/dialect/parser.h"
 
-namespace jet {
+namespace engine {
 
 // Takes statements apart: their literals, and the parsed shape that they share with others. Each shape is
 // parsed once, and shapes that say the same share what they say.
@@ -42,4 +42,4 @@ class Query {
     std::shared_ptr<const Statement> m_statement;
 };
 
-}  // namespace jet
+}  // namespace engine

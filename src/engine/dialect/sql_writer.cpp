@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -41,9 +41,9 @@ std::string_view collationOf(const Condition& condition) {
         case Condition::Equal:
         case Condition::Unequal:
         case Condition::In:
-            return " collate jet_folded";
+            return " collate engine_folded";
         default:
-            return " collate jet_sorted";
+            return " collate engine_sorted";
     }
 }
 
@@ -117,7 +117,7 @@ void SqlWriter::writeTest(const Condition& condition) {
     const auto& operands = condition.operands;
     const Type type = typeOf(condition);
     if (condition.kind == Condition::Like) {
-        m_sql += "jet_like(";
+        m_sql += "engine_like(";
         writeOperand(operands[0], Type::Text);
         m_sql += ", ";
         writeValue(PatternText{m_literals[operands[1].literal].text});
@@ -217,7 +217,7 @@ void SqlWriter::writeGroupAndOrder(const Statement& statement) {
     m_sql += " order by ";
     for (const Ordering& ordering : statement.orderBy) {
         m_sql += info(ordering.column).name;
-        if (info(ordering.column).type == Type::Text) m_sql += " collate jet_sorted";
+        if (info(ordering.column).type == Type::Text) m_sql += " collate engine_sorted";
         m_sql += ordering.descending ? " desc, " : ", ";
     }
     writeFields(statement.groupBy);  // spellings apart only in case
@@ -251,4 +251,4 @@ void SqlWriter::writeInsert(const Statement& statement) {
     m_sql += ')';
 }
 
-}  // namespace jet
+}  // namespace engine

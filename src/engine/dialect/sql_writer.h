@@ -9,7 +9,7 @@
 #include "engine/dialect/statement.h"
 #include "engine/rows/census.h"
 
-namespace jet {
+namespace engine {
 
 // Puts a parsed statement and its literals into SQLite's words: text with a parameter for each value. No
 // literal ever becomes part of the text.
@@ -46,4 +46,4 @@ class SqlWriter {
     std::deque<std::string> m_storage;  // for values that no literal holds as they are
 };
 
-}  // namespace jet
+}  // namespace engine

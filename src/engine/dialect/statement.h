@@ -5,7 +5,7 @@
 
 #include "engine/format.h"
 
-namespace jet {
+namespace engine {
 
 // The parsed shape of a statement. Literals are known by their number in the statement, from 0.
 
@@ -63,4 +63,4 @@ struct Statement {
     bool operator==(const Statement&) const = default;
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -2,7 +2,7 @@
 
 #include "engine/dialect/literals.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -14,7 +14,7 @@ std::size_t endOfSign(std::string_view shape, std::size_t at) {
     return two == "<>" || two == "<=" || two == ">=" ? at + 2 : at + 1;
 }
 
-std::size_t endOfWord(std::string_view shape, std::size_t at) {
+std::size_t endOfShapeWord(std::string_view shape, std::size_t at) {
     const auto endsWord = [&](char c) {
         return blanks.find(c) != blanks.npos || signs.find(c) != signs.npos ||
                c == LiftedStatement::textMark || c == LiftedStatement::numberMark;
@@ -40,7 +40,7 @@ std::vector<Token> tokensOf(std::string_view shape) {
             at = endOfSign(shape, at);
             tokens.push_back({Token::Sign, shape.substr(begin, at - begin)});
         } else {
-            at = endOfWord(shape, at);
+            at = endOfShapeWord(shape, at);
             tokens.push_back({Token::Word, shape.substr(begin, at - begin)});
         }
     }
@@ -48,4 +48,4 @@ std::vector<Token> tokensOf(std::string_view shape) {
     return tokens;
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-namespace jet {
+namespace engine {
 
 struct Token {
     enum Kind { Word, Text, Number, Sign, End };
@@ -15,4 +15,4 @@ struct Token {
 // The words, signs and literal marks of a shape; the last token is always End.
 [[nodiscard]] std::vector<Token> tokensOf(std::string_view shape);
 
-}  // namespace jet
+}  // namespace engine

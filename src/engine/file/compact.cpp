@@ -9,7 +9,7 @@
 #include "engine/file/sqlite_error.h"
 #include "engine/maintenance.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -55,4 +55,4 @@ Result<> CompactDatabase(const std::string& source, const std::string& destinati
     return written;
 }
 
-}  // namespace jet
+}  // namespace engine

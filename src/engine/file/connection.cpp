@@ -7,7 +7,7 @@
 #include "engine/file/sqlite_error.h"
 #include "engine/format.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -126,7 +126,7 @@ Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Us
     OpenFile held(*file);
     auto handle = openSqlite(path, use == Use::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
     if (!handle) return std::unexpected(handle.error());
-    if (auto set = jet::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
+    if (auto set = engine::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
     auto sound = checkSchema(handle->get());
     if (!sound && sqlite3_extended_errcode(handle->get()) == SQLITE_READONLY_ROLLBACK) {
         undoInterruptedChange(path);
@@ -138,7 +138,7 @@ Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Us
 }
 
 Error Connection::lastError() const {
-    return isOpen() ? jet::lastError(handle()) : Error{error::general, "The database is closed"};
+    return isOpen() ? engine::lastError(handle()) : Error{error::general, "The database is closed"};
 }
 
 Result<long long> Connection::version() {
@@ -161,4 +161,4 @@ void Connection::close() {
     m_file = OpenFile();
 }
 
-}  // namespace jet
+}  // namespace engine

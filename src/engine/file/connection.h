@@ -8,7 +8,7 @@
 #include "engine/file/open_files.h"
 #include "engine/file/prepared.h"
 
-namespace jet {
+namespace engine {
 
 struct CloseSqlite {
     void operator()(sqlite3* database) const;
@@ -31,7 +31,7 @@ class Connection {
     [[nodiscard]] Use use() const { return m_use; }
 
     [[nodiscard]] Result<Prepared> prepare(const std::string& sql) { return m_pool.lend(sql); }
-    [[nodiscard]] Result<> run(const char* sql) { return jet::run(handle(), sql); }
+    [[nodiscard]] Result<> run(const char* sql) { return engine::run(handle(), sql); }
     [[nodiscard]] Error lastError() const;
 
     // Changes whenever rows may have changed since the last call, through this connection or another one.
@@ -54,4 +54,4 @@ class Connection {
     long long m_seenWrites = 0;
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -10,7 +10,7 @@
 #include "engine/format.h"
 #include "engine/maintenance.h"
 
-namespace jet {
+namespace engine {
 
 Result<> writeSchema(sqlite3* database) {
     const std::string marks = "pragma page_size = " + std::to_string(pageSize) +
@@ -37,4 +37,4 @@ Result<> CreateDatabase(const std::string& nativePath) {
     return written;
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -12,7 +12,7 @@
 #include "engine/file/open_files.h"
 #include "engine/format.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -67,4 +67,4 @@ Result<> checkCatalogueFile(const std::string& path) {
     return checkHeader(path, header);
 }
 
-}  // namespace jet
+}  // namespace engine

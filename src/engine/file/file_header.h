@@ -4,10 +4,10 @@
 
 #include "engine/error.h"
 
-namespace jet {
+namespace engine {
 
 // Looks at a file before SQLite does, without waiting and without changing it: a regular file that begins
 // like a catalogue passes. Otherwise fileNotFound, cannotOpenFile or unrecognizedFormat.
 [[nodiscard]] Result<> checkCatalogueFile(const std::string& path);
 
-}  // namespace jet
+}  // namespace engine

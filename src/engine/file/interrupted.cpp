@@ -6,7 +6,7 @@
 
 #include "engine/maintenance.h"
 
-namespace jet {
+namespace engine {
 namespace {
 
 // The first bytes of a rollback journal.
@@ -28,4 +28,4 @@ void ForgetInterruptedChange(const std::string& nativePath) {
     if (isJournal(journal)) ::unlink(journal.c_str());
 }
 
-}  // namespace jet
+}  // namespace engine

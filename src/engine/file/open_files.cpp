@@ -6,7 +6,7 @@
 #include <mutex>
 #include <utility>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -52,4 +52,4 @@ bool OpenFile::isOpen(FileIdentity file) {
     return theRegister().handles.contains(file);
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace jet {
+namespace engine {
 
 // Which file a path leads to, whatever its spelling.
 struct FileIdentity {
@@ -33,4 +33,4 @@ class OpenFile {
     std::optional<FileIdentity> m_file;
 };
 
-}  // namespace jet
+}  // namespace engine

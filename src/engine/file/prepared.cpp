@@ -7,7 +7,7 @@
 #include "engine/file/sql_functions.h"
 #include "engine/file/sqlite_error.h"
 
-namespace jet {
+namespace engine {
 
 Prepared& Prepared::operator=(Prepared&& other) noexcept {
     if (this != &other) {
@@ -130,4 +130,4 @@ void StatementPool::close() {
     m_database = nullptr;
 }
 
-}  // namespace jet
+}  // namespace engine

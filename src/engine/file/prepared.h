@@ -14,7 +14,7 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace jet {
+namespace engine {
 
 class StatementPool;
 
@@ -82,4 +82,4 @@ class StatementPool {
     std::unordered_map<std::string, std::vector<std::unique_ptr<Prepared::Entry>>> m_entries;
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -24,4 +24,4 @@ ReadTransaction::~ReadTransaction() {
     if (m_begun) (void)run(m_connection, "commit");
 }
 
-}  // namespace jet
+}  // namespace engine

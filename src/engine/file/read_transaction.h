@@ -2,7 +2,7 @@
 
 #include "engine/file/connection.h"
 
-namespace jet {
+namespace engine {
 
 // Several reads that see the same state of the file and lock it once for all. Inside of an open transaction
 // it does nothing.
@@ -21,4 +21,4 @@ class ReadTransaction {
     bool m_begun = false;
 };
 
-}  // namespace jet
+}  // namespace engine

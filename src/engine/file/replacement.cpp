@@ -10,7 +10,7 @@
 #include <cstring>
 #include <utility>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -61,4 +61,4 @@ Result<> Replacement::putInPlace() {
     return {};
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -4,7 +4,7 @@
 
 #include "engine/error.h"
 
-namespace jet {
+namespace engine {
 
 // A file being written beside the one it is to replace. Whatever happens, the name leads to the old file or
 // to the complete new one; what was not put in place is deleted.
@@ -30,4 +30,4 @@ class Replacement {
     std::string m_target;
 };
 
-}  // namespace jet
+}  // namespace engine

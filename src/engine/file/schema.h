@@ -4,9 +4,9 @@
 
 struct sqlite3;
 
-namespace jet {
+namespace engine {
 
 // Makes a catalogue of an empty database: the file marks, the table and its index.
 [[nodiscard]] Result<> writeSchema(sqlite3* database);
 
-}  // namespace jet
+}  // namespace engine

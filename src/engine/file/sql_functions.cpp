@@ -6,7 +6,7 @@
 #include "engine/text/like_pattern.h"
 #include "engine/text/sort_key.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -30,14 +30,16 @@ int collate(void*, int sizeA, const void* a, int sizeB, const void* b) {
 int registerFunctions(sqlite3* database) {
     constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
     int code =
-        sqlite3_create_function(database, "jet_like", 2, flags, nullptr, likeFunction, nullptr, nullptr);
+        sqlite3_create_function(database, "engine_like", 2, flags, nullptr, likeFunction, nullptr, nullptr);
     if (code == SQLITE_OK) {
-        code = sqlite3_create_collation(database, "jet_folded", SQLITE_UTF8, nullptr, collate<compareFolded>);
+        code =
+            sqlite3_create_collation(database, "engine_folded", SQLITE_UTF8, nullptr, collate<compareFolded>);
     }
     if (code == SQLITE_OK) {
-        code = sqlite3_create_collation(database, "jet_sorted", SQLITE_UTF8, nullptr, collate<compareSorted>);
+        code =
+            sqlite3_create_collation(database, "engine_sorted", SQLITE_UTF8, nullptr, collate<compareSorted>);
     }
     return code;
 }
 
-}  // namespace jet
+}  // namespace engine

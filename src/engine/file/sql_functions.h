@@ -2,16 +2,16 @@
 
 struct sqlite3;
 
-namespace jet {
+namespace engine {
 
 // What the statements that we hand to SQLite use beyond its own words:
-//   jet_like(text, ?)    `like`, the pattern bound as a pointer to a LikePattern of type patternPointerType
-//   collate jet_folded   equality over Unicode case
-//   collate jet_sorted   the order of `order by`
+//   engine_like(text, ?)    `like`, the pattern bound as a pointer to a LikePattern of type
+//   patternPointerType collate engine_folded   equality over Unicode case collate engine_sorted   the order
+//   of `order by`
 // None of them is ever part of a file's schema.
-inline constexpr const char* patternPointerType = "jet.LikePattern";
+inline constexpr const char* patternPointerType = "engine.LikePattern";
 
 // Gives an SQLite result code.
 [[nodiscard]] int registerFunctions(sqlite3* database);
 
-}  // namespace jet
+}  // namespace engine

@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -41,4 +41,4 @@ Error lastError(sqlite3* database) {
     return errorOfCode(sqlite3_extended_errcode(database), sqlite3_errmsg(database));
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -6,7 +6,7 @@
 
 struct sqlite3;
 
-namespace jet {
+namespace engine {
 
 // The engine's number and a readable text for an SQLite result code.
 [[nodiscard]] Error errorOfCode(int sqliteCode, const std::string& text = {});
@@ -14,4 +14,4 @@ namespace jet {
 // For the call on `database` that has just failed.
 [[nodiscard]] Error lastError(sqlite3* database);
 
-}  // namespace jet
+}  // namespace engine

@@ -9,7 +9,7 @@
 
 #include "engine/format.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -58,7 +58,8 @@ void RawPages::readHeader() {
     if (::pread(m_file, header.data(), header.size(), 0) < static_cast<ssize_t>(header.size())) return;
     m_pageSize = twoBytes(header, pageSizeAt) == 1 ? 65536 : twoBytes(header, pageSizeAt);
     m_reserved = header[reservedAt];
-    if (!isPageSize(m_pageSize)) m_pageSize = jet::pageSize;  // the header is damaged; ours are of this size
+    if (!isPageSize(m_pageSize))
+        m_pageSize = engine::pageSize;  // the header is damaged; ours are of this size
     if (m_reserved > m_pageSize - 480) m_reserved = 0;
     m_count = static_cast<std::uint32_t>((status.st_size + m_pageSize - 1) / m_pageSize);
 }
@@ -87,4 +88,4 @@ std::set<std::uint32_t> RawPages::freePages() const {
     return free;
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace jet {
+namespace engine {
 
 // The pages of a database file that may be damaged, read past SQLite. Page numbers count from 1, as SQLite's
 // do; the last page may be cut short and is filled up with zeros.
@@ -44,4 +44,4 @@ class RawPages {
 [[nodiscard]] std::uint32_t twoBytes(const RawPages::Page& page, std::size_t at);
 [[nodiscard]] std::uint32_t fourBytes(const RawPages::Page& page, std::size_t at);
 
-}  // namespace jet
+}  // namespace engine

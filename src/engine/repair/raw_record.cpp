@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -149,4 +149,4 @@ std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, s
     return row;
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -10,7 +10,7 @@
 #include "engine/format.h"
 #include "engine/repair/raw_pages.h"
 
-namespace jet {
+namespace engine {
 
 // One row as it lies in a page of the table.
 struct RawRow {
@@ -23,4 +23,4 @@ struct RawRow {
 // table.
 [[nodiscard]] std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, std::size_t at);
 
-}  // namespace jet
+}  // namespace engine

@@ -11,7 +11,7 @@
 #include "engine/maintenance.h"
 #include "engine/repair/salvage.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -126,4 +126,4 @@ Result<> RepairDatabase(const std::string& nativePath) {
     return repaired->putInPlace();
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -6,7 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -128,4 +128,4 @@ void Salvage::run(const RawPages& pages) {
     walk.takeNamesakes();
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -4,7 +4,7 @@
 
 #include "engine/repair/raw_record.h"
 
-namespace jet {
+namespace engine {
 
 // Finds every row of the table that can still be read in a damaged file: first on the pages that the table's
 // tree leads to, then on leaf pages that nothing leads to any more, but for those that the file calls free.
@@ -18,4 +18,4 @@ struct Salvage {
     void run(const RawPages& pages);
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -6,7 +6,7 @@
 
 #include "engine/file/read_transaction.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -199,4 +199,4 @@ std::optional<Census::Extent> Census::extent(const Condition* where, const std::
     return m_isComplete ? std::optional(extent) : std::nullopt;
 }
 
-}  // namespace jet
+}  // namespace engine

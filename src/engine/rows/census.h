@@ -7,7 +7,7 @@
 #include "engine/file/connection.h"
 #include "engine/rows/known_texts.h"
 
-namespace jet {
+namespace engine {
 
 // How the rows of the table divide by unit, level and kind: read from the index alone, unit by unit as
 // needed, and kept until the file changes. It turns a unit's name into its exact spellings, answers counts
@@ -86,4 +86,4 @@ class Census {
     bool m_isComplete = true;  // false once values were met that are no texts, or an index out of order
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -4,7 +4,7 @@
 
 #include "engine/rows/scratch_delete.h"
 
-namespace jet {
+namespace engine {
 
 Result<long long> Changes::run(const std::shared_ptr<const Statement>& statement,
                                const std::vector<Literal>& literals) {
@@ -59,4 +59,4 @@ Result<long long> Changes::runPrepared(Prepared& prepared) {
     return sqlite3_changes64(m_connection.handle());
 }
 
-}  // namespace jet
+}  // namespace engine

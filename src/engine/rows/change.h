@@ -5,7 +5,7 @@
 
 #include "engine/rows/row_scan.h"
 
-namespace jet {
+namespace engine {
 
 // Runs the statements that change rows.
 class Changes {
@@ -32,4 +32,4 @@ class Changes {
     std::string m_lastInsertSql;
 };
 
-}  // namespace jet
+}  // namespace engine

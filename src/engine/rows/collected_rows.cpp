@@ -4,7 +4,7 @@
 #include <cstring>
 #include <span>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -94,4 +94,4 @@ void CollectedRows::sort() {
     }
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -6,7 +6,7 @@
 
 #include "engine/rows/row_store.h"
 
-namespace jet {
+namespace engine {
 
 // The rows of a select, gathered and brought into order. Rows beyond a bound of memory are kept by their
 // rowid only, to be read again when they are wanted.
@@ -41,4 +41,4 @@ class CollectedRows {
     std::vector<Row> m_rows;
 };
 
-}  // namespace jet
+}  // namespace engine

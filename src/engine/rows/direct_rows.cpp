@@ -1,6 +1,6 @@
 #include "engine/rows/direct_rows.h"
 
-namespace jet {
+namespace engine {
 
 DirectRows::DirectRows(OwnedScan scan)
     : Impl(scan.connection),
@@ -80,4 +80,4 @@ long long DirectRows::countPatternRows() {
     return m_found;
 }
 
-}  // namespace jet
+}  // namespace engine

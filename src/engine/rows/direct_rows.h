@@ -5,7 +5,7 @@
 #include "engine/rows/recordset_impl.h"
 #include "engine/rows/stored_rows.h"
 
-namespace jet {
+namespace engine {
 
 // Rows straight from SQLite, one step at a time, in the order in which they are found.
 class DirectRows final : public Recordset::Impl {
@@ -34,4 +34,4 @@ class DirectRows final : public Recordset::Impl {
     std::unique_ptr<StoredRows> m_rest;  // the current row and all behind it, once they were counted
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -6,7 +6,7 @@
 #include "engine/text/like_pattern.h"
 #include "engine/text/sort_key.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -146,4 +146,4 @@ bool mayHold(const Condition& condition, const KnownTexts& known, const std::vec
     return true;
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -9,7 +9,7 @@
 #include "engine/dialect/literals.h"
 #include "engine/dialect/statement.h"
 
-namespace jet {
+namespace engine {
 
 // What is known of some rows: the texts of a few columns, which they all share. A text that is null is known
 // too.
@@ -40,4 +40,4 @@ enum class Truth { No, Null, Yes };
 [[nodiscard]] bool mayHold(const Condition& condition, const KnownTexts& known,
                            const std::vector<Literal>& literals);
 
-}  // namespace jet
+}  // namespace engine

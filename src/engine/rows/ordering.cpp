@@ -4,7 +4,7 @@
 
 #include "engine/text/sort_key.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -41,4 +41,4 @@ void appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy, cons
     }
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -8,7 +8,7 @@
 
 #include "engine/file/read_transaction.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -114,4 +114,4 @@ std::optional<Result<CollectedRows>> collectInParallel(const Scan& scan, const R
     return workTogether(scan, statement, parts, threads - 1);
 }
 
-}  // namespace jet
+}  // namespace engine

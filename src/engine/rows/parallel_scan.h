@@ -5,7 +5,7 @@
 
 #include "engine/rows/row_scan.h"
 
-namespace jet {
+namespace engine {
 
 // The statement of a pass over part of the table: its first two values are the first and the last rowid.
 struct RangeStatement {
@@ -21,4 +21,4 @@ struct RangeStatement {
                                                                      std::int64_t firstRow,
                                                                      std::int64_t lastRow);
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 #include "engine/rows/ordering.h"
 #include "engine/text/folding.h"
 
-namespace jet {
+namespace engine {
 
 PathIndex::PathIndex(const Statement& statement, Levels levels, std::size_t shown)
     : m_rows({}, {statement.fields.begin(), statement.fields.begin() + static_cast<std::ptrdiff_t>(shown)}) {
@@ -82,4 +82,4 @@ const StoredRows::Selection& PathIndex::find(std::string_view level, std::string
     return found == runs->second.end() ? nothing : found->second;
 }
 
-}  // namespace jet
+}  // namespace engine

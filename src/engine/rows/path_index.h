@@ -11,7 +11,7 @@
 #include "engine/rows/row_scan.h"
 #include "engine/rows/stored_rows.h"
 
-namespace jet {
+namespace engine {
 
 // The rows of a select, found by their level and by a run of whole components of their path.
 class PathIndex {
@@ -49,4 +49,4 @@ class PathIndex {
     std::string m_wanted;  // the path asked for, folded
 };
 
-}  // namespace jet
+}  // namespace engine

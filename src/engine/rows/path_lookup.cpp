@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -136,4 +136,4 @@ std::unique_ptr<Recordset::Impl> PathLookup::open(const std::shared_ptr<Connecti
     return std::make_unique<StoredRows>(connection, std::move(rows), &selection);
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -7,7 +7,7 @@
 #include "engine/rows/path_index.h"
 #include "engine/rows/recordset_impl.h"
 
-namespace jet {
+namespace engine {
 
 // A select whose condition holds, beside other things, `ruta like ('*\A\B\*')`, asked again and again with
 // nothing changed but that path and the level of a `nivel = 'L'` beside it: as one scan each, loading a tree
@@ -43,4 +43,4 @@ class PathLookup {
     std::vector<Known> m_known;
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -7,7 +7,7 @@
 #include "engine/recordset.h"
 #include "engine/rows/row_scan.h"
 
-namespace jet {
+namespace engine {
 
 // What every kind of recordset does; the kinds differ in where their rows come from.
 struct Recordset::Impl {
@@ -49,4 +49,4 @@ class FieldPlaces {
 // Chooses the kind of recordset for a select.
 [[nodiscard]] Result<std::unique_ptr<Recordset::Impl>> openRows(OwnedScan scan);
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 #include "engine/rows/ordering.h"
 #include "engine/rows/parallel_scan.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -191,4 +191,4 @@ Result<bool> hasRows(const Scan& scan) {
     return *found != 0;
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 #include "engine/rows/census.h"
 #include "engine/rows/collected_rows.h"
 
-namespace jet {
+namespace engine {
 
 // What one statement needs to run.
 struct Scan {
@@ -50,4 +50,4 @@ void writeSource(SqlWriter& writer, const Statement& statement, const Access& ac
 [[nodiscard]] Result<long long> countRows(const Scan& scan);
 [[nodiscard]] Result<bool> hasRows(const Scan& scan);
 
-}  // namespace jet
+}  // namespace engine

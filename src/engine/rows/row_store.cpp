@@ -4,7 +4,7 @@
 #include <cstring>
 #include <iterator>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -96,4 +96,4 @@ void RowStore::unpack(const char* row, std::span<Value> values) {
     }
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -10,7 +10,7 @@
 #include "engine/file/prepared.h"
 #include "engine/recordset.h"
 
-namespace jet {
+namespace engine {
 
 // Rows copied out of the database, packed: a few bytes beyond their texts. Addresses hold as long as the
 // store.
@@ -39,4 +39,4 @@ class RowStore {
     std::size_t m_bytes = 0;
 };
 
-}  // namespace jet
+}  // namespace engine

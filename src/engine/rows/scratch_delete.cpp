@@ -7,7 +7,7 @@
 
 #include "engine/format.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::optional<long long> deleteAllButOneUnit(const Scan& scan) {
     return *all - *keptRows;
 }
 
-}  // namespace jet
+}  // namespace engine

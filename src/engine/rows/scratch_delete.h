@@ -4,7 +4,7 @@
 
 #include "engine/rows/row_scan.h"
 
-namespace jet {
+namespace engine {
 
 // `delete ... where disco <> 'U'` on a scratch copy: when most rows go, the few that stay move into a new
 // table that takes the old one's place, for a fraction of the cost. The new one has no index: the census is
@@ -13,4 +13,4 @@ namespace jet {
 // then every row is as it was.
 [[nodiscard]] std::optional<long long> deleteAllButOneUnit(const Scan& scan);
 
-}  // namespace jet
+}  // namespace engine

@@ -1,6 +1,6 @@
 #include "engine/rows/sorted_rows.h"
 
-namespace jet {
+namespace engine {
 
 Result<std::unique_ptr<Recordset::Impl>> SortedRows::open(OwnedScan scan) {
     std::unique_ptr<SortedRows> opened(new SortedRows(std::move(scan)));
@@ -54,4 +54,4 @@ long long SortedRows::count() {
     return *m_count;
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 #include "engine/rows/recordset_impl.h"
 #include "engine/rows/stored_rows.h"
 
-namespace jet {
+namespace engine {
 
 // Rows in an order that no index gives. Nothing is fetched before the first field is read: a recordset that
 // is only counted, or only asked whether it is empty, costs no sorting.
@@ -29,4 +29,4 @@ class SortedRows final : public Recordset::Impl {
     std::unique_ptr<StoredRows> m_rows;
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -1,6 +1,6 @@
 #include "engine/rows/stored_rows.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -60,4 +60,4 @@ void StoredRows::readAgain() {
                      std::span(m_values).first(m_rows->fields.size()));
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 
 #include "engine/rows/recordset_impl.h"
 
-namespace jet {
+namespace engine {
 
 // Rows collected for a select, and its fields, which come first in every row.
 struct RowSet {
@@ -51,4 +51,4 @@ class StoredRows final : public Recordset::Impl {
     RowStore m_again;  // the current row, when it was read again
 };
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 
 #include "engine/text/utf8.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -77,4 +77,4 @@ bool equalFolded(std::string_view a, std::string_view b) {
     return a == b || compareFolded(a, b) == 0;
 }
 
-}  // namespace jet
+}  // namespace engine

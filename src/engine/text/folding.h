@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace jet {
+namespace engine {
 
 // Case folding, one character for one over all of Unicode: the measure of `=`, `<>`, `in` and `like`. Accents
 // differ.
@@ -19,4 +19,4 @@ void appendFolded(std::string& out, std::string_view text);
 // Lower-cases ASCII letters; `out` must hold `size` bytes.
 void foldAscii(const char* text, std::size_t size, char* out);
 
-}  // namespace jet
+}  // namespace engine

@@ -5,7 +5,7 @@
 #include "engine/text/folding.h"
 #include "engine/text/utf8.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -175,4 +175,4 @@ bool LikePattern::stepsMatch(std::u32string_view text) const {
     return step == m_steps.size();
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace jet {
+namespace engine {
 
 // A compiled pattern of `like`: `*` any run, `?` one character, `#` one digit, `[a-z]` one of a set, `[!a-z]`
 // one outside it. The whole text must match; letters match in either case over all of Unicode. A `[` without
@@ -55,4 +55,4 @@ class LikePattern {
     bool m_asciiPieces = false;
 };
 
-}  // namespace jet
+}  // namespace engine

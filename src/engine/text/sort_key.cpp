@@ -8,7 +8,7 @@
 #include "engine/text/folding.h"
 #include "engine/text/utf8.h"
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -184,4 +184,4 @@ int compareSorted(std::string_view a, std::string_view b) {
     return x.compare(y);
 }
 
-}  // namespace jet
+}  // namespace engine

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace jet {
+namespace engine {
 
 // The order that `order by` gives to text, for Spanish eyes: punctuation, digits, letters; case does not
 // count; á stands beside a, ñ after n; other scripts follow by base letter and code point. Accents decide
@@ -14,4 +14,4 @@ void appendSortKey(std::string& key, std::string_view text);
 
 [[nodiscard]] int compareSorted(std::string_view a, std::string_view b);
 
-}  // namespace jet
+}  // namespace engine

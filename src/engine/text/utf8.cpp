@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace jet {
+namespace engine {
 
 namespace {
 
@@ -74,4 +74,4 @@ void appendCharacter(std::string& text, char32_t character) {
     }
 }
 
-}  // namespace jet
+}  // namespace engine
