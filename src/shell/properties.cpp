@@ -1,6 +1,5 @@
 #include "shell/properties.h"
 
-#include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -8,6 +7,7 @@
 #include <QPushButton>
 
 #include "controls/pictures.h"
+#include "controls/separator.h"
 #include "frame/captions.h"
 #include "shell/logo.h"
 
@@ -45,12 +45,6 @@ QLineEdit* makeText(int number, QWidget* parent) {
     return text;
 }
 
-QFrame* makeLine(QWidget* parent) {
-    auto* line = new QFrame(parent);
-    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-    return line;
-}
-
 }  // namespace
 
 Form3::Form3(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialog) {
@@ -77,7 +71,7 @@ Form3::Form3(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     grid->setColumnStretch(1, 1);
     grid->addWidget(m_picture, 0, 0);
     grid->addWidget(heading, 0, 1);
-    grid->addWidget(makeLine(this), 1, 0, 1, 2);
+    grid->addWidget(controls::makeSeparator(this), 1, 0, 1, 2);
     for (int i = 0; i < int(lines.size()); ++i) {
         auto* label = new QLabel(frame::toQString(lines[i].caption.in(idioma)), this);
         label->setObjectName(QLatin1String(lines[i].label));
@@ -92,7 +86,7 @@ Form3::Form3(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     command->setAccessibleName(command->text());
     command->setDefault(true);
     connect(command, &QPushButton::clicked, this, &QWidget::hide);
-    grid->addWidget(makeLine(this), 6, 0, 1, 2);
+    grid->addWidget(controls::makeSeparator(this), 6, 0, 1, 2);
     grid->addWidget(command, 7, 0, 1, 2, Qt::AlignRight);
     command->setFocus();
 }

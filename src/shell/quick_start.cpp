@@ -1,13 +1,13 @@
 #include "shell/quick_start.h"
 
 #include <QCheckBox>
-#include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QToolButton>
 
 #include "controls/pictures.h"
+#include "controls/separator.h"
 #include "frame/captions.h"
 #include "frame/elided_label.h"
 #include "shell/logo.h"
@@ -24,12 +24,6 @@ constexpr core::Bilingual recentFile = {"Archivo reciente:", "Recent file:"};
 constexpr core::Bilingual openFile = {"Abrir un archivo", "Open a file"};
 constexpr core::Bilingual createFile = {"Crear un archivo", "Create a file"};
 constexpr core::Bilingual notAgain = {"No volver a mostrar esta ventana.", "Don´t show this window again."};
-
-QFrame* makeLine(QWidget* parent) {
-    auto* line = new QFrame(parent);
-    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-    return line;
-}
 
 }  // namespace
 
@@ -69,7 +63,7 @@ Form8::Form8(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     grid->addWidget(m_create, 3, 0);
     grid->addWidget(create, 3, 1);
     grid->setRowMinimumHeight(4, 14);
-    grid->addWidget(makeLine(this), 4, 0, 1, 2);
+    grid->addWidget(controls::makeSeparator(this), 4, 0, 1, 2);
     grid->addWidget(m_notAgain, 5, 0, 1, 2);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     setRecent({});
