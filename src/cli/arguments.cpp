@@ -13,9 +13,6 @@ constexpr core::Bilingual unknownLanguage{"--lang es \"es\" o \"en\"", "--lang i
 constexpr core::Bilingual noCommand{"falta la orden", "which command?"};
 constexpr core::Bilingual wrongOperands{"número de argumentos equivocado", "wrong number of arguments"};
 
-constexpr Option globalOptions[]{
-    {"--json", false}, {"--lang", true}, {"--help", false}, {"-h", false}, {"--version", false}};
-
 class Parser {
   public:
     explicit Parser(std::span<const char* const> words) : m_words(words) {}
@@ -25,7 +22,7 @@ class Parser {
             const std::string_view word = m_words[m_next++];
             if (word == "--" && !m_onlyOperands)
                 m_onlyOperands = true;
-            else if (!m_onlyOperands && (word.starts_with("--") || word == "-h"))
+            else if (!m_onlyOperands && isOption(word))
                 takeOption(word);
             else
                 takeOperand(word);
@@ -50,13 +47,19 @@ class Parser {
         if (!m_result.command) fail(unknownCommand);
     }
 
+    // A single dash begins an operand, save where the command says otherwise.
+    [[nodiscard]] bool isOption(std::string_view word) const {
+        return word.starts_with("--") || word == "-h" || (word.starts_with('-') && known(word));
+    }
+
     void takeOption(std::string_view word) {
+        if (word == "-h") word = "--help";
         const auto equals = word.find('=');
         const std::string_view name = word.substr(0, equals);
         const Option* option = known(name);
         if (!option) {
             fail(unknownOption);
-        } else if (!option->takesValue) {
+        } else if (option->value.empty()) {
             if (equals != word.npos) fail(superfluousValue);
             store(name, "");
         } else if (equals != word.npos) {
@@ -73,21 +76,21 @@ class Parser {
             const auto found = std::ranges::find(options, name, &Option::name);
             return found == options.end() ? nullptr : &*found;
         };
-        if (const Option* global = in(globalOptions)) return global;
+        if (const Option* common = in(commonOptions())) return common;
         return m_result.command ? in(m_result.command->options) : nullptr;
     }
 
     void store(std::string_view name, std::string_view value) {
         if (name == "--json")
             m_result.json = true;
-        else if (name == "--help" || name == "-h")
+        else if (name == "--help")
             m_result.help = true;
         else if (name == "--version")
             m_result.version = true;
         else if (name == "--lang")
             storeLanguage(value);
         else
-            m_result.options.insert_or_assign(std::string(name), std::string(value));
+            m_result.options.push_back({std::string(name), std::string(value)});
     }
 
     void storeLanguage(std::string_view value) {
@@ -105,7 +108,7 @@ class Parser {
         const auto count = std::ssize(m_result.operands);
         if (!command)
             fail(noCommand);
-        else if (count < command->fewestOperands || count > command->mostOperands)
+        else if (count < command->fewestOperands() || count > command->mostOperands())
             fail(wrongOperands);
     }
 
@@ -118,10 +121,22 @@ class Parser {
 
 }  // namespace
 
+bool Arguments::has(std::string_view option) const {
+    return std::ranges::find(options, option, &GivenOption::name) != options.end();
+}
+
 std::optional<std::string> Arguments::value(std::string_view option) const {
-    const auto found = options.find(option);
-    if (found == options.end()) return std::nullopt;
-    return found->second;
+    std::optional<std::string> last;
+    for (const auto& [name, value] : options)
+        if (name == option) last = value;
+    return last;
+}
+
+std::vector<std::string> Arguments::values(std::string_view option) const {
+    std::vector<std::string> all;
+    for (const auto& [name, value] : options)
+        if (name == option) all.push_back(value);
+    return all;
 }
 
 std::expected<Arguments, UsageError> parse(std::span<const char* const> words) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <expected>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -13,18 +12,24 @@
 
 namespace cli {
 
+struct GivenOption {
+    std::string name;   // with its dashes
+    std::string value;  // empty for a flag
+};
+
 // The command line, taken apart. Operands are the bytes that the shell gave.
 struct Arguments {
     const Command* command = nullptr;  // absent only with --help or --version
     std::vector<std::string> operands;
-    std::map<std::string, std::string, std::less<>> options;  // by name with its dashes; flags hold ""
+    std::vector<GivenOption> options;  // the command's own
     std::optional<core::Language> language;
     bool json = false;
     bool help = false;
     bool version = false;
 
-    [[nodiscard]] bool has(std::string_view option) const { return options.contains(option); }
-    [[nodiscard]] std::optional<std::string> value(std::string_view option) const;
+    [[nodiscard]] bool has(std::string_view option) const;
+    [[nodiscard]] std::optional<std::string> value(std::string_view option) const;  // the last one
+    [[nodiscard]] std::vector<std::string> values(std::string_view option) const;
 };
 
 // What is wrong with a command line, and the language that it asked for before going wrong.
@@ -34,7 +39,8 @@ struct UsageError {
 };
 
 // Parses what follows the program's name. Options may stand anywhere behind the command, as `--kind audio` or
-// `--kind=audio`; everything behind `--` is an operand, and so is whatever starts with a single dash.
+// `--kind=audio`; everything behind `--` is an operand, and so is whatever starts with a single dash and
+// is no option of the command.
 [[nodiscard]] std::expected<Arguments, UsageError> parse(std::span<const char* const> words);
 
 }  // namespace cli

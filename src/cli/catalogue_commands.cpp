@@ -42,21 +42,9 @@ int runRepair(const Invocation& invocation) {
 }
 
 constexpr Command catalogueTable[]{
-    {"new", "CAT.zrq", {"Crea un catálogo vacío.", "Makes an empty catalogue."}, 1, 1, {}, runNew},
-    {"compact",
-     "CAT.zrq",
-     {"Devuelve el espacio sin usar.", "Gives unused space back."},
-     1,
-     1,
-     {},
-     runCompact},
-    {"repair",
-     "CAT.zrq",
-     {"Rehace un catálogo dañado.", "Rebuilds a damaged catalogue."},
-     1,
-     1,
-     {},
-     runRepair},
+    {"new", "CAT", {"Crea un catálogo vacío.", "Makes an empty catalogue."}, {}, runNew},
+    {"compact", "CAT", {"Devuelve el espacio sin usar.", "Gives unused space back."}, {}, runCompact},
+    {"repair", "CAT", {"Rehace un catálogo dañado.", "Rebuilds a damaged catalogue."}, {}, runRepair},
 };
 
 }  // namespace

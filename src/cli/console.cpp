@@ -5,22 +5,12 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "cli/output.h"
 #include "core/text.h"
 
 namespace cli {
-namespace {
-
-std::string onOneLine(std::string_view text) {
-    std::string line(text);
-    std::ranges::replace_if(
-        line, [](unsigned char c) { return c < 0x20 || c == 0x7f; }, '?');
-    return line;
-}
-
-}  // namespace
-
 int fail(ExitStatus status, std::string_view reason) {
-    std::fprintf(stderr, "zarquelin-cli: %s\n", onOneLine(reason).c_str());
+    std::fprintf(stderr, "zarquelin-cli: %s\n", shown(reason).c_str());
     return status;
 }
 

@@ -98,24 +98,17 @@ int runAdd(const Invocation& invocation) {
     return Done;
 }
 
-constexpr Option addOptions[]{{"--kind", true}};
+constexpr Option addOptions[]{
+    {"--kind", "mixed|audio|video|programs|games", {"de qué es la unidad", "what the unit is of"}}};
 
 constexpr Command enteringTable[]{
     {"scan",
-     "CAT.zrq NAME DIR",
+     "CAT NAME DIR",
      {"Cataloga la carpeta DIR como unidad NAME. Ctrl-C conserva lo ya catalogado.",
       "Catalogues the folder DIR as the unit NAME. Ctrl-C keeps what is in."},
-     3,
-     3,
      {},
      runScan},
-    {"add",
-     "CAT.zrq NAME CONTENT [--kind mixed|audio|video|programs|games]",
-     {"Añade una unidad a mano.", "Adds a unit by hand."},
-     3,
-     3,
-     addOptions,
-     runAdd},
+    {"add", "CAT NAME CONTENT", {"Añade una unidad a mano.", "Adds a unit by hand."}, addOptions, runAdd},
 };
 
 }  // namespace

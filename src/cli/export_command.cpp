@@ -24,24 +24,23 @@ int runExport(const Invocation& invocation) {
     if (!rows) return fail(UnusableCatalogue, catalogue, rows.error().text);
 
     const bool empty = rows->Eof() && !rows->error();
+    const platform::Drives drives = csv ? platform::Drives() : platform::Drives::current();
     if (csv) print(csvHeader());
     for (; !rows->Eof(); rows->MoveNext()) {
         const core::CatalogRow row = core::readRow(*rows);
-        print(csv ? csvRow(row) : jsonRow(row));
+        print(csv ? csvRow(row) : jsonRow(row, drives));
     }
     if (rows->error()) return fail(UnusableCatalogue, catalogue, rows->error()->text);
     return empty ? NothingFound : Done;
 }
 
-constexpr Option options[]{{"--format", true}};
+constexpr Option exportOptions[]{{"--format", "csv|json", {"la forma de las filas", "the form of the rows"}}};
 
 constexpr Command exportTable[]{
     {"export",
-     "CAT.zrq [--format csv|json]",
+     "CAT",
      {"Escribe todas las filas del catálogo, por número.", "Writes every row of the catalogue, by number."},
-     1,
-     1,
-     options,
+     exportOptions,
      runExport},
 };
 

@@ -7,6 +7,7 @@
 #include "cli/console.h"
 #include "cli/families.h"
 #include "cli/output.h"
+#include "cli/row_output.h"
 #include "core/catalog_row.h"
 #include "core/serial_date.h"
 #include "core/text.h"
@@ -30,17 +31,18 @@ std::vector<std::string> foldersOf(const std::string& path) {
 
 // Name, kilobytes (none for a folder) and date.
 std::string plainRow(const core::CatalogRow& row) {
-    return row.archivo.value_or(row.carpeta) + '\t' + (row.largo ? std::to_string(*row.largo) : "") + '\t' +
-           core::dateText(row.fecha) + '\n';
+    return shown(row.archivo.value_or(row.carpeta)) + '\t' + (row.largo ? std::to_string(*row.largo) : "") +
+           '\t' + core::dateText(row.fecha) + '\n';
 }
 
-engine::Result<long long> printRows(engine::Database& database, const std::string& select, bool json) {
+engine::Result<long long> printRows(engine::Database& database, const std::string& select,
+                                    RowOutput& output) {
     auto rows = database.OpenRecordset(select);
     if (!rows) return std::unexpected(rows.error());
     long long count = 0;
     for (; !rows->Eof(); rows->MoveNext(), ++count) {
         const core::CatalogRow row = core::readRow(*rows);
-        print(json ? jsonRow(row) : plainRow(row));
+        if (!output.forPrograms(row)) print(plainRow(row));
     }
     if (rows->error()) return std::unexpected(*rows->error());
     return count;
@@ -60,23 +62,24 @@ int runList(const Invocation& invocation) {
         return fail(NothingFound, path.empty() ? operands[1] : operands[1] + '\\' + operands[2],
                     notCatalogued.in(invocation.language));
 
+    RowOutput output(invocation);
     long long count = 0;
     for (const std::string& select : {(*listing)->folders, (*listing)->files}) {
         if (select.empty()) continue;
-        const auto printed = printRows(*database, select, invocation.arguments.json);
+        const auto printed = printRows(*database, select, output);
         if (!printed) return fail(UnusableCatalogue, operands[0], printed.error().text);
         count += *printed;
     }
-    return count > 0 ? Done : NothingFound;
+    return output.status(count > 0);
 }
+
+constexpr Option listOptions[]{pathsOption};
 
 constexpr Command listTable[]{
     {"list",
-     "CAT.zrq UNIT [FOLDER\\SUB]",
+     "CAT UNIT [PATH]",
      {"Muestra lo que hay en una unidad o carpeta.", "Lists what lies directly in a unit or folder."},
-     2,
-     3,
-     {},
+     listOptions,
      runList},
 };
 

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,17 +25,28 @@ core::Language languageFor(std::optional<core::Language> option) {
 }
 
 std::string usageLine(const cli::Command& command) {
-    return "zarquelin-cli " + std::string(command.name) + " " + std::string(command.usage) + "\n";
+    return "zarquelin-cli " + std::string(command.name) + " " + command.usage() + "\n    ";
+}
+
+void printOptions(std::span<const cli::Option> options, core::Language language) {
+    for (const cli::Option& option : options) {
+        std::string words = "  " + std::string(option.name) + " " + std::string(option.value);
+        words.resize(std::max(words.size() + 2, std::size_t{26}), ' ');
+        cli::print(words + std::string(option.summary.in(language)) + "\n");
+    }
 }
 
 void printHelp(const cli::Command* only, core::Language language) {
     if (only) {
-        cli::print(usageLine(*only) + "    " + std::string(only->summary.in(language)) + "\n");
+        cli::print(usageLine(*only) + std::string(only->summary.in(language)) + "\n");
+        if (!only->options.empty()) cli::print("\n");
+        printOptions(only->options, language);
         return;
     }
     for (const cli::Command& command : cli::commands())
-        cli::print(usageLine(command) + "    " + std::string(command.summary.in(language)) + "\n");
-    cli::print("\n--json  --lang es|en  --help  --version\n");
+        cli::print(usageLine(command) + std::string(command.summary.in(language)) + "\n");
+    cli::print("\n");
+    printOptions(cli::commonOptions(), language);
 }
 
 int run(const cli::Arguments& arguments) {

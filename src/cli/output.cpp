@@ -1,10 +1,13 @@
 #include "cli/output.h"
 
 #include <QString>
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
 #include "core/serial_date.h"
+#include "core/text.h"
+#include "engine/text/utf8.h"
 
 namespace cli {
 namespace {
@@ -13,32 +16,49 @@ std::string validUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdString();
 }
 
-void appendEscaped(std::string& line, char c) {
-    static constexpr char digits[] = "0123456789abcdef";
-    switch (c) {
-        case '"':
-            line += "\\\"";
-            return;
-        case '\\':
-            line += "\\\\";
-            return;
-        case '\n':
-            line += "\\n";
-            return;
-        case '\r':
-            line += "\\r";
-            return;
-        case '\t':
-            line += "\\t";
-            return;
-        default:
-            break;
-    }
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20)
-        line.append("\\u00").append(1, digits[byte >> 4]).append(1, digits[byte & 15]);
+// What a terminal, or a reader of lines, might obey: the control characters of both sets, line and paragraph
+// separators, and what turns the reading direction.
+bool isControl(char32_t c) {
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x061C || c == 0x200E || c == 0x200F ||
+           (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
+
+std::string hexadecimal(std::uint32_t number, int digits) {
+    char text[16];
+    return {text, static_cast<std::size_t>(std::snprintf(text, sizeof text, "%0*x", digits, number))};
+}
+
+bool isStrayByte(char32_t c) {
+    return c >= engine::strayByteBase && c < engine::strayByteBase + 0x100;
+}
+
+void appendShown(std::string& out, char32_t c) {
+    if (isStrayByte(c))
+        out += "\\x" + hexadecimal(c - engine::strayByteBase, 2);
+    else if (!isControl(c))
+        return engine::appendCharacter(out, c);
+    else if (c == '\n')
+        out += "\\n";
+    else if (c == '\t')
+        out += "\\t";
+    else if (c >= 0x80)
+        out += "\\u{" + hexadecimal(c, 4) + "}";
     else
-        line.push_back(c);
+        out += "\\x" + hexadecimal(c, 2);
+}
+
+void appendEscaped(std::string& out, char32_t c) {
+    if (c == '"' || c == '\\') out += '\\';
+    if (c == '\n')
+        out += "\\n";
+    else if (c == '\r')
+        out += "\\r";
+    else if (c == '\t')
+        out += "\\t";
+    else if (isControl(c))
+        out += "\\u" + hexadecimal(c, 4);
+    else
+        engine::appendCharacter(out, c);
 }
 
 void csvField(std::string& line, std::string_view value) {
@@ -52,6 +72,26 @@ void csvField(std::string& line, std::string_view value) {
 }
 
 }  // namespace
+
+std::string shown(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) appendShown(out, engine::nextCharacter(text, at));
+    return out;
+}
+
+std::string shownNote(std::string_view note) {
+    std::string out;
+    for (std::size_t at = 0; at <= note.size();) {
+        const std::size_t end = std::min(note.find('\n', at), note.size());
+        std::string_view line = note.substr(at, end - at);
+        if (end < note.size() && line.ends_with('\r')) line.remove_suffix(1);
+        out += shown(line);
+        if (end < note.size()) out += '\n';
+        at = end + 1;
+    }
+    return out;
+}
 
 JsonLine& JsonLine::text(std::string_view name, std::string_view value) {
     key(name);
@@ -109,16 +149,26 @@ void JsonLine::quoted(std::string_view value) {
     if (!QUtf8StringView(value.data(), static_cast<qsizetype>(value.size())).isValidUtf8())
         value = mended = validUtf8(value);
     m_line.push_back('"');
-    for (const char c : value) appendEscaped(m_line, c);
+    for (std::size_t at = 0; at < value.size();) appendEscaped(m_line, engine::nextCharacter(value, at));
     m_line.push_back('"');
 }
 
-std::string jsonRow(const core::CatalogRow& row) {
-    JsonLine line;
+void addRow(JsonLine& line, const core::CatalogRow& row, const platform::Drives& drives) {
     line.number("numero", row.numero).text("ruta", row.ruta).text("carpeta", row.carpeta);
     line.textOrNull("archivo", row.archivo).text("nivel", row.nivel).real("fecha", row.fecha);
     line.numberOrNull("largo", row.largo).text("tipo", row.tipo).text("disco", row.disco);
-    return line.textOrNull("comentario", row.comentario).take();
+    line.textOrNull("comentario", row.comentario).textOrNull("path", nativePath(row, drives));
+    line.textOrNull("modified", core::isoDateTime(row.fecha));
+}
+
+std::string jsonRow(const core::CatalogRow& row, const platform::Drives& drives) {
+    JsonLine line;
+    addRow(line, row, drives);
+    return line.take();
+}
+
+std::optional<std::string> nativePath(const core::CatalogRow& row, const platform::Drives& drives) {
+    return drives.toNativePath(row.archivo ? core::joinPath(row.ruta, *row.archivo) : row.ruta);
 }
 
 std::string csvHeader() {

@@ -6,11 +6,18 @@
 #include <string_view>
 
 #include "core/catalog_row.h"
+#include "platform/drives.h"
 
 namespace cli {
 
-// One JSON object on one line. Text that is no valid UTF-8 (only a foreign hand can have stored it) is mended
-// with replacement characters.
+// Text as a terminal may show it: no character of it breaks the line, moves the cursor or turns the reading
+// direction. Such characters, and bytes that are no UTF-8, show as \n, \t, \xNN or \u{NNNN}.
+[[nodiscard]] std::string shown(std::string_view text);
+// The same of a note, which keeps its line ends.
+[[nodiscard]] std::string shownNote(std::string_view note);
+
+// One JSON object on one line, control characters of all sorts escaped. Text that is no valid UTF-8 (only a
+// foreign hand can have stored it) is mended with replacement characters.
 class JsonLine {
   public:
     JsonLine& text(std::string_view key, std::string_view value);
@@ -30,7 +37,13 @@ class JsonLine {
 };
 
 // A row of `datos` under its column names: `nivel` as text, `fecha` as the serial number, absent values null.
-[[nodiscard]] std::string jsonRow(const core::CatalogRow& row);
+// Then `path`, the native path it stands for with these drives (null without one), and `modified`.
+void addRow(JsonLine& line, const core::CatalogRow& row, const platform::Drives& drives);
+[[nodiscard]] std::string jsonRow(const core::CatalogRow& row, const platform::Drives& drives);
+
+// The native path of a row's file or folder; nothing where its drive is not there, and for a hand-made unit.
+[[nodiscard]] std::optional<std::string> nativePath(const core::CatalogRow& row,
+                                                    const platform::Drives& drives);
 
 // The same as comma-separated values: fields in quotes where they need them, absent values empty, an empty
 // text as two quotes, lines ended by CR LF.

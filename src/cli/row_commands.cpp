@@ -1,6 +1,5 @@
 #include <QUtf8StringView>
 #include <algorithm>
-#include <limits>
 #include <string>
 
 #include "cli/arguments.h"
@@ -69,9 +68,9 @@ int failedLookup(Lookup lookup, const std::string& path, core::Language language
 int printNote(const RowOperand& operand, const Invocation& invocation) {
     const std::string note = operand.row.comentario.value_or(std::string());
     if (invocation.arguments.json)
-        print(jsonRow(operand.row));
+        print(jsonRow(operand.row, platform::Drives::current()));
     else if (!note.empty())
-        print(note + '\n');
+        print(shownNote(note) + '\n');
     return note.empty() ? fail(NothingFound, noNote.in(invocation.language)) : Done;
 }
 
@@ -128,18 +127,14 @@ int runCopy(const Invocation& invocation) {
 
 constexpr Command rowTable[]{
     {"note",
-     "CAT.zrq UNIT PATH [TEXT]",
+     "CAT UNIT PATH [TEXT]",
      {"Muestra la nota de una fila, o la escribe. Un TEXT vacío la quita.",
       "Prints the note of a row, or writes it. An empty TEXT removes it."},
-     3,
-     4,
      {},
      runNote},
     {"copy",
-     "CAT.zrq UNIT PATH... DEST",
+     "CAT UNIT PATH... DEST",
      {"Copia archivos de su medio a la carpeta DEST.", "Copies files from their medium to the folder DEST."},
-     4,
-     std::numeric_limits<int>::max(),
      {},
      runCopy},
 };

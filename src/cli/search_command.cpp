@@ -8,6 +8,7 @@
 #include "cli/console.h"
 #include "cli/families.h"
 #include "cli/output.h"
+#include "cli/row_output.h"
 #include "core/serial_date.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
@@ -123,24 +124,24 @@ std::expected<SearchRequest, Complaint> readRequest(const Arguments& arguments,
 // A line a row: the row as JSON, or its unit, path and kilobytes.
 class Printer : public search::ResultSink {
   public:
-    explicit Printer(bool json) : m_json(json) {}
+    explicit Printer(const Invocation& invocation) : m_output(invocation) {}
     void clear() override {}
     void add(const engine::Recordset& rows, const search::Pass&) override {
         ++m_count;
         const core::CatalogRow row = core::readRow(rows);
-        print(m_json ? jsonRow(row) : plainRow(row));
+        if (!m_output.forPrograms(row)) print(plainRow(row));
     }
-    [[nodiscard]] long long count() const { return m_count; }
+    [[nodiscard]] int status() const { return m_output.status(m_count > 0); }
 
   private:
     static std::string plainRow(const core::CatalogRow& row) {
         std::string_view unit = row.disco;
         if (unit.ends_with(core::unitSuffix)) unit.remove_suffix(core::unitSuffix.size());
-        return std::string(unit) + '\t' + (row.archivo ? core::joinPath(row.ruta, *row.archivo) : row.ruta) +
+        return shown(unit) + '\t' + shown(row.archivo ? core::joinPath(row.ruta, *row.archivo) : row.ruta) +
                '\t' + (row.largo ? std::to_string(*row.largo) : std::string()) + '\n';
     }
 
-    bool m_json;
+    RowOutput m_output;
     long long m_count = 0;
 };
 
@@ -162,26 +163,33 @@ int runSearch(const Invocation& invocation) {
 
     auto database = openCatalogue(arguments.operands[0], engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
-    Printer printer(arguments.json);
+    Printer printer(invocation);
     search::Counters counters;
     if (const auto done = runPasses(*database, passes, counters, printer); !done)
         return fail(UnusableCatalogue, arguments.operands[0], done.error().text);
-    return printer.count() > 0 ? Done : NothingFound;
+    return printer.status();
 }
 
-constexpr Option options[]{{"--type", true},   {"--unit", true},   {"--from", true}, {"--to", true},
-                           {"--min-kb", true}, {"--max-kb", true}, {"--note", true}, {"--explain", false}};
+constexpr Option searchOptions[]{
+    {"--type",
+     "audio|picture|video|application|text|web|zipped",
+     {"solo archivos de ese tipo", "only files of that kind"}},
+    {"--unit", "NAME", {"solo en esa unidad", "only in that unit"}},
+    {"--from", "YYYY-MM-DD", {"cambiado desde ese día", "changed from that day on"}, false, true},
+    {"--to", "YYYY-MM-DD", {"y hasta ese", "and up to this one"}},
+    {"--min-kb", "N", {"desde esos KB", "from that many KB"}, false, true},
+    {"--max-kb", "N", {"y hasta estos", "and up to these"}},
+    {"--note", "TEXT", {"con una nota que contiene TEXT", "with a note that holds TEXT"}},
+    {"--explain", "", {"muestra las consultas y no hace ninguna", "prints the statements and runs none"}},
+    pathsOption,
+};
 
 constexpr Command searchTable[]{
     {"search",
-     "CAT.zrq TEXT [--type audio|picture|video|application|text|web|zipped] [--unit NAME] [--from YYYY-MM-DD "
-     "--to "
-     "YYYY-MM-DD] [--min-kb N --max-kb N] [--note TEXT] [--explain]",
+     "CAT TEXT",
      {"Busca carpetas y archivos por su nombre; * y ? son comodines.",
       "Looks for folders and files by name; * and ? are wildcards."},
-     2,
-     2,
-     options,
+     searchOptions,
      runSearch},
 };
 

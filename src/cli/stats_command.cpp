@@ -54,11 +54,9 @@ int runStats(const Invocation& invocation) {
 
 constexpr Command commandTable[]{
     {"stats",
-     "CAT.zrq UNIT [FOLDER\\SUB]",
+     "CAT UNIT [PATH]",
      {"Cuenta los archivos de una unidad o carpeta por categoría.",
       "Counts the files of a unit or folder by category."},
-     2,
-     3,
      {},
      runStats},
 };

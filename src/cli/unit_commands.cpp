@@ -43,7 +43,7 @@ void printUnit(const core::Unit& unit, const Invocation& invocation) {
                   .take());
         return;
     }
-    print(std::string(withoutSuffix(unit.disco)) + '\t' + kindOf(unit, invocation.language) + '\t' +
+    print(shown(withoutSuffix(unit.disco)) + '\t' + shown(kindOf(unit, invocation.language)) + '\t' +
           std::to_string(unit.folders) + '\t' + std::to_string(unit.files) + '\t' +
           std::to_string(unit.kilobytes) + '\n');
 }
@@ -102,25 +102,15 @@ int runDelete(const Invocation& invocation) {
 
 constexpr Command unitTable[]{
     {"units",
-     "CAT.zrq",
+     "CAT",
      {"Lista las unidades: nombre, tipo, carpetas, archivos y KB.",
       "Lists the units: name, kind, folders, files and KB."},
-     1,
-     1,
      {},
      runUnits},
-    {"rename",
-     "CAT.zrq UNIT NEW",
-     {"Cambia el nombre de una unidad.", "Renames a unit."},
-     3,
-     3,
-     {},
-     runRename},
+    {"rename", "CAT UNIT NEW", {"Cambia el nombre de una unidad.", "Renames a unit."}, {}, runRename},
     {"delete",
-     "CAT.zrq UNIT",
+     "CAT UNIT",
      {"Elimina una unidad, sin preguntar.", "Deletes a unit without asking."},
-     2,
-     2,
      {},
      runDelete},
 };

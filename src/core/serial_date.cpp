@@ -4,6 +4,7 @@
 #include <charconv>
 #include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <ctime>
 
 #include "core/date_format.h"
@@ -69,6 +70,23 @@ std::string decimalText(double number) {
     if (decimalSign() == '.') return text;
     if (const std::size_t point = text.find('.'); point != std::string::npos) text[point] = decimalSign();
     return text;
+}
+
+std::optional<std::string> isoDateTime(double serial) {
+    using namespace std::chrono;
+    constexpr int firstYear = 1, lastYear = 9999;
+    if (!(serial >= serialOfDate(firstYear, 1, 1) && serial < serialOfDate(lastYear, 12, 31)))
+        return std::nullopt;
+    const sys_seconds moment =
+        sys_days{1899y / December / 30} + std::chrono::seconds{std::llround(serial * secondsInDay)};
+    const sys_days day = floor<days>(moment);
+    const year_month_day date{day};
+    const hh_mm_ss time{moment - day};
+    char text[32];
+    const int length = std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d", int(date.year()),
+                                     unsigned(date.month()), unsigned(date.day()), int(time.hours().count()),
+                                     int(time.minutes().count()), int(time.seconds().count()));
+    return std::string(text, static_cast<std::size_t>(length));
 }
 
 std::string dateText(double serial) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,5 +20,9 @@ namespace core {
 // The date as shown: the machine's short date with a four-digit year and, unless it is midnight, the time of
 // day with seconds.
 [[nodiscard]] std::string dateText(double serial);
+
+// The same for programs, "2003-05-31T12:00:00", to the nearest second. Nothing outside the years 1 to
+// 9999.
+[[nodiscard]] std::optional<std::string> isoDateTime(double serial);
 
 }  // namespace core

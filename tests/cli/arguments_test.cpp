@@ -17,6 +17,14 @@ TEST(Arguments, OperandsAreBytesAndMayLookLikeOptions) {
     EXPECT_FALSE(arguments->json);
 }
 
+TEST(Arguments, OneLetterOptionsAreTheCommandsOwn) {
+    const auto arguments = parsed({"list", "a", "b", "-0"});
+    ASSERT_TRUE(arguments);
+    EXPECT_TRUE(arguments->has("-0"));
+    EXPECT_EQ(parsed({"list", "a", "b", "--", "-0"})->operands.back(), "-0");
+    EXPECT_EQ(parsed({"rename", "a", "b", "-0"})->operands.back(), "-0");
+}
+
 TEST(Arguments, RefusesWhatItDoesNotKnow) {
     for (const Words& words : {Words{}, Words{"nothing"}, Words{"units"}, Words{"units", "a", "b"},
                                Words{"units", "a", "--kind", "b"}, Words{"--kind", "b", "units", "a"},

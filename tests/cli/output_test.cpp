@@ -16,14 +16,28 @@ core::CatalogRow folderRow() {
     return row;
 }
 
+// Names that would colour the screen, forge a line, turn the reading direction, or are no UTF-8.
+constexpr const char* hostile = "a\x1b[31m\n\t\x7f\xc2\x9b\xe2\x80\xae\x9b\xff";
+
+TEST(Output, ShowsNoControlCharacter) {
+    EXPECT_EQ(cli::shown(hostile), R"(a\x1b[31m\n\t\x7f\u{009b}\u{202e}\x9b\xff)");
+    EXPECT_EQ(cli::shown("año\\e´\xf0\x9f\x98\x80 \xef\x83\xbf"), "año\\e´\xf0\x9f\x98\x80 \xef\x83\xbf");
+    EXPECT_EQ(cli::shownNote("a\r\nb\n\nc\rd\n"), "a\nb\n\nc\\x0dd\n");
+}
+
 TEST(Output, WritesARowAsJson) {
+    const auto drives = platform::Drives::parse("E=/media/disc");
     core::CatalogRow row = folderRow();
-    row.archivo = "ñ\x01\t";
+    row.archivo = "ñ\x01\t\xc2\x9b\xe2\x80\xae\x7f";
     row.comentario = "bad \xff end";
-    EXPECT_EQ(cli::jsonRow(row),
-              R"({"numero":7,"ruta":"E:\\a, \"b\"","carpeta":"a\nb","archivo":"ñ\u0001\t","nivel":"1",)"
-              R"("fecha":37884.5,"largo":null,"tipo":"Carpeta de archivos","disco":"Cds :",)"
-              "\"comentario\":\"bad \uFFFD end\"}\n");
+    EXPECT_EQ(cli::jsonRow(row, drives),
+              R"({"numero":7,"ruta":"E:\\a, \"b\"","carpeta":"a\nb","archivo":"ñ\u0001\t\u009b\u202e\u007f",)"
+              R"("nivel":"1","fecha":37884.5,"largo":null,"tipo":"Carpeta de archivos","disco":"Cds :",)"
+              "\"comentario\":\"bad \uFFFD end\","
+              R"("path":"/media/disc/a, \"b\"/ñ\u0001\t\u009b\u202e\u007f","modified":"2003-09-20T12:00:00"})"
+              "\n");
+    row.fecha = 1e9;
+    EXPECT_TRUE(cli::jsonRow(row, {}).ends_with("\"path\":null,\"modified\":null}\n"));
 }
 
 TEST(Output, WritesARowAsCommaSeparatedValues) {
