@@ -1,5 +1,7 @@
 #include "browse/node_click.h"
 
+#include <utility>
+
 #include "browse/node_listing.h"
 #include "browse/tail.h"
 #include "browse/tree_names.h"
@@ -14,7 +16,8 @@ namespace browse {
 void NodeClick::begin(Node node) {
     BrowseState& estado = m_surface.estado;
     estado.nivelactual = 0;
-    estado.cargaparada = false;
+    estado.porCargar = noNode;
+    ++estado.listados;
     estado.nodopulsado = true;
     estado.dobleclic = false;
     captionOpenNode(m_surface, node);
@@ -27,8 +30,6 @@ void NodeClick::begin(Node node) {
 void NodeClick::end() {
     showPicture(m_surface);
     showKind(m_surface);
-    m_surface.frame.status.hideProgress();
-    m_surface.estado.cargaparada = true;
 }
 
 void NodeClick::click(Node node) {
@@ -55,10 +56,24 @@ void NodeClick::pointComboAtUnit(Node node) {
     if (number > 0) combo.setSelected(number);
 }
 
-// False when the user stopped it.
-bool NodeClick::loadUnit(Node node, const std::string& disco) {
-    UnitLoad load(m_surface, node, disco, UnitLoad::Names::Learn);
-    return load.fromWorkingCopy(m_surface.frame.catalogue.path()) == LoadEnd::Complete;
+// True when the unit is still to be listed. A load that another one waits for is not cut short: units that
+// the arrow keys pass meanwhile are only listed, and the last of them is loaded after it.
+bool NodeClick::loadFirst(Node node) {
+    BrowseState& estado = m_surface.estado;
+    if (estado.cargando != noNode) {
+        estado.porCargar = node;
+        return true;
+    }
+    const int listing = estado.listados;
+    const LoadEnd end = load(node);
+    while (const Node next = std::exchange(estado.porCargar, noNode))
+        if (next != node && m_surface.treeView1.nodes().contains(next)) (void)load(next);
+    return end == LoadEnd::Complete && estado.listados == listing;
+}
+
+LoadEnd NodeClick::load(Node node) {
+    UnitLoad load(m_surface, node, m_surface.nodeText(node), UnitLoad::Names::Learn);
+    return load.fromWorkingCopy(m_surface.frame.catalogue.path());
 }
 
 void NodeClick::listUnit(engine::Database& database, Node node) {
@@ -72,7 +87,7 @@ void NodeClick::listUnit(engine::Database& database, Node node) {
 
     const bool loaded = estado.hijosnodo;
     const bool expanded = m_surface.treeView1.isExpanded(node);
-    if (!loaded && !loadUnit(node, disco)) return;
+    if (!loaded && !loadFirst(node)) return;
     fillList(m_surface, database, unitListing(disco, loaded && !expanded), loaded && expanded);
 
     showUnitTotals(m_surface, disco, clickedUnitTotals(database, disco));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browse/surface.h"
+#include "browse/tree_loader.h"
 #include "engine/database.h"
 
 namespace browse {
@@ -17,7 +18,8 @@ class NodeClick {
     void listUnit(engine::Database& database, Node node);
     void pointComboAtUnit(Node node);
     void listFolder(engine::Database& database, Node node);
-    [[nodiscard]] bool loadUnit(Node node, const std::string& disco);
+    [[nodiscard]] bool loadFirst(Node node);
+    LoadEnd load(Node node);
     void begin(Node node);
     void end();
 

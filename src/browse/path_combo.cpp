@@ -5,7 +5,6 @@
 #include "frame/catalogue.h"
 #include "frame/pointer.h"
 #include "frame/running.h"
-#include "frame/status_band.h"
 
 namespace browse {
 
@@ -45,12 +44,10 @@ void PathCombo::choose(int number) {
 }
 
 void PathCombo::loadUnit(engine::Database& database, Node node) {
+    if (m_surface.estado.cargando != noNode) return;  // the next click loads it
     const frame::Running running(m_surface.frame);
-    m_surface.estado.cargaparada = false;
     UnitLoad load(m_surface, node, m_surface.clic.nodoactual, UnitLoad::Names::Ignore);
-    (void)load.from(database, FirstLevel::FoldersOnly);
-    m_surface.estado.cargaparada = true;
-    m_surface.frame.status.hideProgress();
+    (void)load.fromCatalogue(database);
 }
 
 void PathCombo::textTyped() {

@@ -22,6 +22,7 @@ void showPathItem(Surface& surface, const std::string& fullPath) {
 
 void fillList(Surface& surface, engine::Database& database, const Listing& listing, bool lowerCaseKeys) {
     lists::ItemList& shown = surface.lists.listView1;
+    ++surface.estado.listados;
     shown.clear();
     shown.beginFill();
     list(

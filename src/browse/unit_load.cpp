@@ -21,8 +21,10 @@ class TreeFiller : public FolderSink {
 
     bool yieldAndTestStop() override {
         frame::yieldToQueue();
+        const BrowseState& estado = m_surface.estado;
         // A catalogue opened or closed during the yield has taken the unit's node away.
-        return m_surface.estado.cargaparada || !m_surface.treeView1.nodes().contains(m_open[0]);
+        return estado.cargaparada || estado.cargando != m_open[0] ||
+               !m_surface.treeView1.nodes().contains(m_open[0]);
     }
 
     void addFolder(int nivel, std::string_view carpeta) override {
@@ -38,10 +40,34 @@ class TreeFiller : public FolderSink {
     std::array<Node, 12> m_open{};  // the node added last at each `nivel`, the unit at 0
 };
 
+// The unit is the one being loaded for as long as the object lives.
+class Turn {
+  public:
+    Turn(Surface& surface, Node unit) : m_surface(surface) {
+        m_surface.estado.cargando = unit;
+        m_surface.estado.cargaparada = false;
+    }
+    ~Turn() {
+        m_surface.estado.cargando = noNode;
+        m_surface.estado.cargaparada = true;
+        m_surface.frame.status.hideProgress();
+    }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+  private:
+    Surface& m_surface;
+};
+
 }  // namespace
 
 UnitLoad::UnitLoad(Surface& surface, Node unit, std::string disco, Names names)
     : m_surface(surface), m_unit(unit), m_disco(std::move(disco)), m_names(names) {}
+
+LoadEnd UnitLoad::fromCatalogue(engine::Database& database) {
+    const Turn turn(m_surface, m_unit);
+    return from(database, FirstLevel::FoldersOnly);
+}
 
 LoadEnd UnitLoad::from(engine::Database& database, FirstLevel first) {
     auto all = database.OpenRecordset(allFoldersOf(m_disco));
@@ -52,13 +78,14 @@ LoadEnd UnitLoad::from(engine::Database& database, FirstLevel first) {
 }
 
 LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
+    const Turn turn(m_surface, m_unit);
     const std::string copyPath = core::scratchPath(cataloguePath);
     if (!copyPath.empty() && core::copyToScratch(cataloguePath, copyPath)) {
         if (auto copy = engine::OpenDatabase(copyPath, engine::Use::Scratch)) {
             // A copy that could not be cut down is only slower to read.
             (void)copy->Execute("delete * from datos where disco<>('" + m_disco + "') ");
             const LoadEnd end = from(*copy, FirstLevel::NoFiles);
-            if (end == LoadEnd::Stopped) return end;
+            if (end == LoadEnd::Stopped && m_surface.estado.cargando == m_unit) return end;
             copy->Close();
             (void)platform::DeleteFile(copyPath);
             return end;

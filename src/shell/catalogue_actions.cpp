@@ -30,7 +30,7 @@ std::string nativePath(const QString& chosen) {
 void CatalogueActions::clearSurface() {
     m_surface.lists.listView1.clear();
     m_surface.treeView1.clear();
-    m_surface.estado.cargaparada = true;  // a load that is under way has lost its unit
+    m_surface.estado.dejarCarga();
     m_surface.frame.status.blank();
 }
 

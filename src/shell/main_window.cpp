@@ -239,7 +239,7 @@ void Form1::abrirClicked() {
 }
 
 void Form1::stop() {
-    m_parts->surface.estado.cargaparada = true;
+    m_parts->surface.estado.pararCarga();
     m_parts->picture2->Parar();
 }
 
@@ -345,7 +345,7 @@ void Form1::changeEvent(QEvent* event) {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
-    m_parts->surface.estado.cargaparada = true;
+    m_parts->surface.estado.dejarCarga();
     m_parts->picture2->abandon();
     QMainWindow::closeEvent(event);
     salida();

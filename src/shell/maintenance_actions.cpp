@@ -55,7 +55,7 @@ void MaintenanceActions::eliminar() {
 }
 
 void MaintenanceActions::emptySurface() {
-    m_surface.estado.cargaparada = true;
+    m_surface.estado.dejarCarga();
     m_surface.lists.listView1.clear();
     m_surface.treeView1.clear();
     m_surface.nombres.blank();
@@ -129,7 +129,7 @@ bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
 }
 
 void MaintenanceActions::showRenamed(browse::Node unit, const QString& disco, const QString& renamed) {
-    m_surface.estado.cargaparada = true;
+    if (m_surface.estado.cargando == unit) m_surface.estado.dejarCarga();
     m_surface.treeView1.setText(unit, renamed);
     // Its folders stand in the name lists under the old name: the next click loads them anew.
     while (m_surface.treeView1.nodes().childCount(unit) > 0)

@@ -76,6 +76,47 @@ TEST_P(Stopping, AStoppedLoadLeavesHalfTheTreeUntilTheCatalogueIsReopened) {
     expectIdle();
 }
 
+// One unit's load gives way once a folder, and whoever browses on meanwhile cuts nothing short.
+TEST_P(Stopping, BrowsingOnLeavesNoUnitHalfLoaded) {
+    const Names units{"Uno", "Dos", "Tres"};
+    for (const std::string& unit : units) import(unit.c_str(), discs.disc("dvd"));
+    choose("reciente");
+    const auto loaded = [this](const char* unit) { return tree().nodes().childCount(node(unit)); };
+    tree().setFocus();
+    whenItYields([this] {
+        whenItYields([this] {
+            QTest::keyClick(&tree(), Qt::Key_Down);
+            EXPECT_EQ(combo().text(), "Uno :");
+        });
+        QTest::keyClick(&tree(), Qt::Key_Down);
+        EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"})) << "without waiting for the other load";
+        EXPECT_EQ(combo().text(), "Tres :");
+        EXPECT_TRUE(isOn("Parar1"));
+    });
+    click("Dos :");
+    EXPECT_EQ(tree().nodes().count(), 3 + 2 * 4);
+    EXPECT_EQ(std::tuple(loaded("Dos :"), loaded("Tres :"), loaded("Uno :")), std::tuple(2, 0, 2));
+    EXPECT_EQ(combo().text(), "Uno :");
+    EXPECT_EQ(status(),
+              in("  Unidad: Uno :  Carpetas: 4  Archivos: 4", "  Unit: Uno :  Folders: 4  Files: 4"));
+    expectIdle();
+    click("Tres :");
+    EXPECT_EQ(loaded("Tres :"), 2);
+
+    // A folder of another unit, and the unit itself once more.
+    choose("reciente");
+    click("Uno :");
+    whenItYields([this] { click("Uno :\\viaje"); });
+    click("Dos :");
+    EXPECT_EQ(listed(), (Names{"2003", "mapa.txt"}));
+    EXPECT_EQ(combo().text(), "Uno :\\viaje");
+    whenItYields([this] { click("Tres :"); });
+    click("Tres :");
+    EXPECT_EQ(tree().nodes().count(), 3 + 3 * 4);
+    EXPECT_FALSE(fs::exists(folder / "temp.ejm"));
+    expectIdle();
+}
+
 TEST_P(Stopping, AnythingMayHappenToTheUnitDuringItsLoad) {
     import("Fotos", discs.disc("dvd"));
     const std::function<void()> deeds[] = {

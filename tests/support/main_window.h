@@ -94,6 +94,7 @@ class MainWindow : public testing::Test {
         ASSERT_NE(clicked, browse::noNode) << fullPath.toStdString();
         for (auto above = tree().nodes().parentOf(clicked); above; above = tree().nodes().parentOf(above))
             tree().setExpanded(above, true);
+        tree().QTreeView::doItemsLayout();  // which waits while the tree is busy growing
         const QModelIndex place = tree().nodes().place(clicked);
         tree().scrollTo(place);
         QTest::mouseClick(tree().viewport(), button, {}, tree().visualRect(place).center());
