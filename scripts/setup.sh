@@ -3,7 +3,7 @@
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev libsqlite3-dev)
 run_packages=(libqt6svg6 qt6-translations-l10n breeze-icon-theme fonts-dejavu-core xdg-utils)
-test_packages=(libgtest-dev sqlite3)
+test_packages=(libgtest-dev sqlite3 python3)
 check_packages=(clang-format)
 
 # Another checkout of the same sources finds its objects in the cache too.

@@ -12,7 +12,6 @@ struct BrowseState {
     int nivelactual = 0;         // depth listed: 1 a unit, 2 to 11 a folder; the `nivel` of the rows shown
     std::string rutaactual;      // path combo's text without the unit, as the last folder summary took it
     bool nodopulsado = false;    // a node was clicked in this run; going up waits for it
-    bool dobleclic = false;
     bool cargaparada = true;  // no load of a unit is running, or the user stopped it
     int cargando = 0;         // the node of the unit whose folders are being loaded; 0 for none
     int porCargar = 0;        // the node of the unit to load after it: the one clicked last

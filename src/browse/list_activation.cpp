@@ -35,11 +35,10 @@ bool ListActivation::isFolderCaption(const std::string& type) const {
 }
 
 void ListActivation::itemClicked(lists::ItemList& list, int position) {
-    ClickedRow& clic = m_surface.clic;
+    lists::ClickedRow& clic = m_surface.clic;
     clic.indicefila = position;
     clic.nodoactual = list.text(position).toStdString();
     clic.tipofilaelegida = list.subItem(position, typeColumn).toStdString();
-    clic.itemelegido = true;
     const bool results = isResults(list);
     (results ? clic.filaelegida2 : clic.filaelegida1) = true;
     (results ? clic.discofila2 : clic.discofila1) = list.subItem(position, discoColumn).toStdString();
@@ -51,7 +50,7 @@ void ListActivation::abrirlistitem() {
 }
 
 void ListActivation::doubleClicked(lists::ItemList& list) {
-    const ClickedRow& clic = m_surface.clic;
+    const lists::ClickedRow& clic = m_surface.clic;
     const int position = list.selectedPosition();
     if (list.count() == 0 || position < 0) return;
     if (!(isResults(list) ? clic.filaelegida2 : clic.filaelegida1) || clic.indicefila < 0) return;
@@ -83,7 +82,6 @@ void ListActivation::stepFromBrowsing(const Row& row) {
     if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path())) {
         const std::string lookup = steppedFolderLookup(row.name, row.disco, row.ruta);
         const auto level = levelInside(*database, lookup);
-        m_surface.clic.nivelfila1 = level ? std::to_string(*level - 1) : std::string();
         if (level) fillList(m_surface, *database, steppedFolderListing(*level, row.disco, row.ruta));
         cantidadytamaños(m_surface, *database);
     }
@@ -113,7 +111,6 @@ void ListActivation::stepFromResults(const Row& row) {
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     if (!database) return;
     const auto level = levelInside(*database, steppedResultLookup(row.name, row.disco, row.ruta));
-    m_surface.clic.nivelfila2 = level ? std::to_string(*level - 1) : std::string();
     if (!level) return;
     results.beginFill();
     list(*database, steppedResultListing(*level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
@@ -122,7 +119,7 @@ void ListActivation::stepFromResults(const Row& row) {
 }
 
 bool ListActivation::popupAllowed() const {
-    const ClickedRow& clic = m_surface.clic;
+    const lists::ClickedRow& clic = m_surface.clic;
     // A press beside the rows leaves the clicked row behind, but none selected: its note is not meant.
     if (m_surface.lists.shown().selectedPosition() < 0) return false;
     return clic.indicefila >= 0 && !isFolderCaption(clic.tipofilaelegida);

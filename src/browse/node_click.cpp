@@ -19,9 +19,7 @@ void NodeClick::begin(Node node) {
     estado.porCargar = noNode;
     ++estado.listados;
     estado.nodopulsado = true;
-    estado.dobleclic = false;
     captionOpenNode(m_surface, node);
-    m_surface.clic.itemelegido = false;
     m_surface.clic.nodoactual = m_surface.nodeText(node);
     estado.hijosnodo = m_surface.treeView1.nodes().childCount(node) > 0;
     m_surface.lists.listView1.clear();

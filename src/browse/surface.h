@@ -1,12 +1,12 @@
 #pragma once
 
 #include "browse/browse_state.h"
-#include "browse/clicked_row.h"
 #include "browse/name_lists.h"
 #include "controls/image_combo.h"
 #include "controls/tree_view.h"
 #include "core/units.h"
 #include "frame/frame.h"
+#include "lists/clicked_row.h"
 #include "lists/item_list.h"
 
 namespace browse {
@@ -25,7 +25,7 @@ struct Surface {
 
     NameLists nombres;
     BrowseState estado;
-    ClickedRow clic;
+    lists::ClickedRow clic;
     core::Counters contadores;
 
     [[nodiscard]] std::string nodeText(Node node) const { return treeView1.nodes().text(node).toStdString(); }

@@ -35,8 +35,7 @@ void cantidadytamaños(Surface& surface, engine::Database& database) {
     BrowseState& estado = surface.estado;
     const std::string path = surface.imageCombo1.text().toStdString();
     estado.rutaactual = path.substr(std::min(estado.largodisco, path.size()));
-    const Totals totals =
-        cantidadytamaños(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
+    const Totals totals = folderTotals(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
     surface.frame.status.setSize(core::sizeCaption(totals.kilobytes, surface.frame.idioma));
     surface.frame.status.setText(folderStatus(totals, surface.frame.rotulos()));
     showPicture(surface);

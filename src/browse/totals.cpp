@@ -42,8 +42,15 @@ Totals raisedUnitTotals(engine::Database& database, std::string_view disco) {
     return totals;
 }
 
-Totals cantidadytamaños(engine::Database& database, std::string_view discoactual, std::string_view rutaactual,
-                        int nivelactual) {
+Totals propertiesTotals(engine::Database& database, const std::string& disco) {
+    Totals totals = clickedUnitTotals(database, disco);
+    totals.folders = countOf(database, "select * from datos where disco =('" + disco +
+                                           "') and  tipo =('Carpeta de archivos')  order by carpeta ");
+    return totals;
+}
+
+Totals folderTotals(engine::Database& database, std::string_view discoactual, std::string_view rutaactual,
+                    int nivelactual) {
     const std::string below = "select * from datos where disco=('" + std::string(discoactual) +
                               "')and ruta like('*" + std::string(rutaactual) + "*') and ";
     const std::string sized = "select * from datos where  disco=('" + std::string(discoactual) +

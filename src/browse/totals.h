@@ -24,10 +24,14 @@ struct Totals {
 // A unit reached by going up: the size takes in every file.
 [[nodiscard]] Totals raisedUnitTotals(engine::Database& database, std::string_view disco);
 
-// `cantidadytamaños`: rows of the unit deeper than `nivelactual` whose path holds `rutaactual`, the folder's
+// As the properties window tells a unit: files of one kilobyte or less do not enter its size, and only real
+// folders count, not the row of a hand-made unit.
+[[nodiscard]] Totals propertiesTotals(engine::Database& database, const std::string& disco);
+
+// A folder: rows of the unit deeper than `nivelactual` whose path holds `rutaactual`, the folder's
 // path below the unit. The files directly in the folder are not among them.
-[[nodiscard]] Totals cantidadytamaños(engine::Database& database, std::string_view discoactual,
-                                      std::string_view rutaactual, int nivelactual);
+[[nodiscard]] Totals folderTotals(engine::Database& database, std::string_view discoactual,
+                                  std::string_view rutaactual, int nivelactual);
 
 // "  Unidad: X :  Carpetas: N  Archivos: N" and "  Carpetas: N  Archivos: N".
 [[nodiscard]] std::string unitStatus(std::string_view disco, const Totals& totals,

@@ -45,8 +45,6 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent) {
 
     connect(this, &QAbstractItemView::clicked, this,
             [this](const QModelIndex& place) { emit nodeClicked(TreeModel::nodeOf(place)); });
-    connect(this, &QAbstractItemView::doubleClicked, this,
-            [this](const QModelIndex& place) { emit nodeDoubleClicked(TreeModel::nodeOf(place)); });
     connect(&m_model, &TreeModel::textEntered, this, &TreeView::afterLabelEdit);
     m_layoutLater.setSingleShot(true);
     connect(&m_layoutLater, &QTimer::timeout, this, &TreeView::doItemsLayout);

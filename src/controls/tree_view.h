@@ -39,7 +39,6 @@ class TreeView : public QTreeView {
 
   signals:
     void nodeClicked(int node);
-    void nodeDoubleClicked(int node);
     void mousePressed(Qt::MouseButton button, const QPoint& globalPosition);
     void afterLabelEdit(int node, const QString& newText);
 

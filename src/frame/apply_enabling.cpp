@@ -1,3 +1,4 @@
+#include "controls/qtext.h"
 #include "frame/captions.h"
 #include "frame/enabling.h"
 #include "frame/menus.h"
@@ -7,7 +8,7 @@ namespace frame {
 
 void apply(const Enabled& enabled, MenuBar& menus, Toolbar& toolbar) {
     for (const Enabled::Entry& entry : enabled.entries)
-        menus.setEnabled(toQString(entry.name), entry.enabled);
+        menus.setEnabled(controls::qtext(entry.name), entry.enabled);
     for (int button = 1; button <= Toolbar::count; ++button)
         toolbar.setEnabled(button, enabled.buttons[button]);
 }

@@ -6,6 +6,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "controls/qtext.h"
+
 namespace frame {
 
 namespace {
@@ -124,7 +126,7 @@ constexpr Caption table[] = {
 const QHash<QString, core::Bilingual>& textsByName() {
     static const auto built = [] {
         QHash<QString, core::Bilingual> texts;
-        for (const Caption& entry : table) texts.insert(toQString(entry.control), entry.text);
+        for (const Caption& entry : table) texts.insert(controls::qtext(entry.control), entry.text);
         return texts;
     }();
     return built;
@@ -151,22 +153,19 @@ void applyText(const QWidget& root, core::Language language) {
 
 }  // namespace
 
-QString toQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 std::span<const Caption> captions() {
     return table;
 }
 
 QString caption(QStringView objectName, core::Language language) {
     const auto found = textsByName().constFind(objectName.toString());
-    return found == textsByName().constEnd() ? QString() : toQString(found->in(language));
+    return found == textsByName().constEnd() ? QString() : controls::qtext(found->in(language));
 }
 
 QString toolbarToolTip(int button, core::Language language) {
     const QString name = QStringLiteral("Toolbar1(%1)").arg(button);
-    if (name == toQString(statisticsToolTip.control)) return toQString(statisticsToolTip.text.in(language));
+    if (name == controls::qtext(statisticsToolTip.control))
+        return controls::qtext(statisticsToolTip.text.in(language));
     return caption(name, language);
 }
 

@@ -31,7 +31,4 @@ struct Caption {
 // Writes the captions of all labels, buttons and tab strips below `root` that stand in the table.
 void applyCaptions(QWidget& root, core::Language language);
 
-// A text of the tables as a widget takes it.
-[[nodiscard]] QString toQString(std::string_view text);
-
 }  // namespace frame

@@ -2,17 +2,25 @@
 
 #include <QString>
 
+#include "controls/qtext.h"
+#include "core/notice.h"
+
 namespace frame {
 
 enum class MessageStyle { Exclamation = 48, Information = 64 };
+
+// The title of every box that has none of its own.
+[[nodiscard]] inline QString boxTitle() {
+    return controls::qtext(core::boxTitle);
+}
 
 // Message boxes stand behind this seam; tests put in a recorder that answers by itself.
 class Messages {
   public:
     virtual ~Messages() = default;
-    virtual void show(const QString& text, const QString& title,
+    virtual void show(const QString& text, const QString& title = boxTitle(),
                       MessageStyle style = MessageStyle::Exclamation) = 0;
-    [[nodiscard]] virtual bool askYesNo(const QString& text, const QString& title) = 0;
+    [[nodiscard]] virtual bool askYesNo(const QString& text, const QString& title = boxTitle()) = 0;
 };
 
 }  // namespace frame

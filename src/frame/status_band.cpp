@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "controls/pictures.h"
+#include "controls/qtext.h"
 #include "controls/twips.h"
 #include "frame/captions.h"
 #include "frame/elided_label.h"
@@ -58,18 +59,18 @@ StatusBand::StatusBand(QWidget* parent) : QWidget(parent) {
 // A scan writes this line once for every file: the text is kept each time, but painting it costs more than
 // the file does, so long work shows it only as often as an eye can follow.
 void StatusBand::setText(std::string_view text) {
-    m_text->setText(toQString(text));
+    m_text->setText(controls::qtext(text));
     if (m_lastPaint.isValid() && m_lastPaint.elapsed() < millisecondsBetweenPaints) return;
     m_text->repaint();
     m_lastPaint.start();
 }
 
 void StatusBand::setSize(std::string_view text) {
-    m_size->setText(toQString(text));
+    m_size->setText(controls::qtext(text));
 }
 
 void StatusBand::setKind(std::string_view text) {
-    m_kind->setText(toQString(text));
+    m_kind->setText(controls::qtext(text));
     arrange();
 }
 

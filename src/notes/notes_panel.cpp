@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "controls/named.h"
 #include "controls/qtext.h"
 #include "controls/twips.h"
 #include "frame/captions.h"
@@ -13,6 +14,8 @@
 
 namespace notes {
 namespace {
+
+using controls::named;
 
 // The slide in twips, in the standard layout, where the uncovered lists begin at 1200.
 constexpr int listsTop = 1200;
@@ -30,12 +33,6 @@ constexpr core::Bilingual noNote{"No existen notas en este item.", "There aren´
 constexpr core::Bilingual restricted{"Ha introducido un caracter no permitido.",
                                      "Yo have inserted a restricted character."};
 constexpr core::Bilingual panelName{"Notas", "Notes"};
-
-template <class Object>
-Object* named(Object* object, const char* name) {
-    object->setObjectName(QString::fromLatin1(name));
-    return object;
-}
 
 QTimer* makeTimer(QObject* parent, const char* name) {
     QTimer* timer = named(new QTimer(parent), name);
@@ -105,8 +102,7 @@ void NotesPanel::storeNote() {
     begin(*m_Timer2);
     if (stored && *stored == StoreEnd::Stored) showInList(text);
     if (!stored && stored.error().number == engine::error::syntaxInExpression)
-        m_surface.frame.messages.show(controls::qtext(restricted.in(m_surface.frame.idioma)),
-                                      QStringLiteral("zarquelin"));
+        m_surface.frame.messages.show(controls::qtext(restricted.in(m_surface.frame.idioma)));
 }
 
 // The text as it stands: toPlainText() would turn hard blanks into ordinary ones.
@@ -117,7 +113,7 @@ QString NotesPanel::noteText() const {
 }
 
 NoteTarget NotesPanel::target() const {
-    const browse::ClickedRow& clic = m_surface.clic;
+    const lists::ClickedRow& clic = m_surface.clic;
     const bool results = m_surface.lists.searchShown();
     return {.list = results ? ListKind::Results : ListKind::Browse,
             .indicefila = clic.indicefila,

@@ -52,7 +52,7 @@ std::string commandLine(int argc, const char* const* argv) {
     return '"' + absolute.native() + '"';
 }
 
-std::string catalogueFromCommandLine(std::string_view line) {
+std::string pathInCommandLine(std::string_view line) {
     std::size_t first = line.empty() ? 0 : 1;
     while (first < line.size() && continuesCharacter(line[first])) ++first;
     line.remove_prefix(first);

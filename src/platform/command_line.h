@@ -10,6 +10,6 @@ namespace platform {
 [[nodiscard]] std::string commandLine(int argc, const char* const* argv);
 
 // The path in such a line: its first and last character are cut off without looking at them.
-[[nodiscard]] std::string catalogueFromCommandLine(std::string_view line);
+[[nodiscard]] std::string pathInCommandLine(std::string_view line);
 
 }  // namespace platform

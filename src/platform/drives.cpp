@@ -121,7 +121,7 @@ std::string Drives::toDrivePath(std::string_view nativePath) const {
     if (!best) return {};
 
     std::string path = best->name();
-    path += rest.empty() ? "/" : toCatalogueName(rest);  // a name's own backslash is an escape by now
+    path += rest.empty() ? "/" : toStoredName(rest);  // a name's own backslash is an escape by now
     std::ranges::replace(path, '/', '\\');
     return path;
 }

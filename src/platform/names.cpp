@@ -54,7 +54,7 @@ unsigned char escapedByte(std::string_view text, std::size_t at) {
 
 }  // namespace
 
-std::string toCatalogueName(std::string_view diskName) {
+std::string toStoredName(std::string_view diskName) {
     const auto plainEnd = std::ranges::find_if(
         diskName, [](char c) { return static_cast<unsigned char>(c) >= 0x80 || c == '\\'; });
     std::string name(diskName.begin(), plainEnd);
@@ -72,19 +72,19 @@ std::string toCatalogueName(std::string_view diskName) {
     return name;
 }
 
-std::string toDiskName(std::string_view catalogueName) {
-    if (catalogueName.find(char(escapeLead)) == std::string_view::npos) return std::string(catalogueName);
+std::string toDiskName(std::string_view storedName) {
+    if (storedName.find(char(escapeLead)) == std::string_view::npos) return std::string(storedName);
     std::string name;
-    name.reserve(catalogueName.size());
-    for (std::size_t at = 0; at < catalogueName.size();) {
-        // Only bytes that toCatalogueName escapes turn back: a hostile catalogue cannot smuggle in '/', '.'
+    name.reserve(storedName.size());
+    for (std::size_t at = 0; at < storedName.size();) {
+        // Only bytes that toStoredName escapes turn back: a hostile name cannot smuggle in '/', '.'
         // or NUL.
-        const unsigned char byte = isEscape(catalogueName, at) ? escapedByte(catalogueName, at) : 0;
+        const unsigned char byte = isEscape(storedName, at) ? escapedByte(storedName, at) : 0;
         if (byte >= 0x80 || byte == '\\') {
             name += char(byte);
             at += 3;
         } else {
-            name += catalogueName[at++];
+            name += storedName[at++];
         }
     }
     return name;

@@ -25,7 +25,7 @@ QString storedKey(std::string_view key) {
 
 }  // namespace
 
-// A value may be a path with any bytes, so it goes through the same escapes as a name in a catalogue.
+// A value may be a path with any bytes, so it goes through the same escapes as a file name.
 std::string GetSetting(std::string_view key) {
     if (const auto kept = unstored().find(key); kept != unstored().end()) return kept->second;
     return toDiskName(openStore().value(storedKey(key)).toString().toStdString());
@@ -33,7 +33,7 @@ std::string GetSetting(std::string_view key) {
 
 void SaveSetting(std::string_view key, std::string_view value) {
     QSettings store = openStore();
-    store.setValue(storedKey(key), QString::fromStdString(toCatalogueName(value)));
+    store.setValue(storedKey(key), QString::fromStdString(toStoredName(value)));
     store.sync();
     if (store.status() == QSettings::NoError)
         unstored().erase(std::string(key));

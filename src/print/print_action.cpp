@@ -5,10 +5,10 @@
 #include "frame/dialogs.h"
 #include "frame/frame.h"
 #include "frame/pointer.h"
+#include "frame/print_job.h"
 #include "frame/toolbar.h"
 #include "lists/item_list.h"
 #include "print/list_printer.h"
-#include "print/print_job.h"
 
 namespace print {
 namespace {
@@ -38,7 +38,7 @@ void Imprimir1(frame::Frame& frame, const lists::Lists& lists) {
     const auto copies = frame.dialogs.print(printer);
     if (!copies) return;
     const frame::Hourglass hourglass;
-    const bool whole = printCopies(printer, *copies, [&](QPainter& painter, QPrinter& target) {
+    const bool whole = frame::printCopies(printer, *copies, [&](QPainter& painter, QPrinter& target) {
         return printList(painter, target, rows, frame.idioma);
     });
     static_cast<void>(whole);  // a failing printer is left without a word

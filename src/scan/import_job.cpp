@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "controls/image_combo.h"
+#include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "core/unit_kinds.h"
 #include "frame/captions.h"
@@ -21,8 +22,8 @@
 namespace scan {
 namespace {
 
+using controls::qtext;
 using frame::Toolbar;
-using frame::toQString;
 
 constexpr int newScannedUnitPicture = 4;  // until the catalogue is opened anew
 constexpr core::Bilingual canceled{"Operación cancelada.", "Canceled operation."};
@@ -60,7 +61,7 @@ void ImportJob::catalogueDirectory() {
     const WalkStart start = walkStart(request, *database, platform::Drives::current());
     m_host.hidePicture1();
     m_fields.Picture2.hide();
-    m_fields.Text3.setText(name + toQString(core::unitSuffix));
+    m_fields.Text3.setText(name + qtext(core::unitSuffix));
 
     WalkDisplay display(m_frame, m_parar);
     RowWriter rows(*database);
@@ -73,7 +74,7 @@ void ImportJob::catalogueDirectory() {
 
 bool ImportJob::isRefused(const Refusal* refusal) {
     if (!refusal) return false;
-    m_frame.messages.show(toQString(refusal->text.in(m_frame.idioma)), toQString(refusal->title));
+    m_frame.messages.show(qtext(refusal->text.in(m_frame.idioma)), qtext(refusal->title));
     if (refusal->emptiesName) m_fields.Text3.clear();
     (refusal->focus == Field::Directory ? m_fields.Text4 : m_fields.Text3).setFocus();
     return true;
@@ -107,7 +108,7 @@ void ImportJob::generarunidad() {
     if (isRefused(refusalOf(unit, *database))) return;
     if (!insertManualUnit(unit, m_tipo, *database)) return;
 
-    m_fields.Text3.setText(name + toQString(core::unitSuffix));
+    m_fields.Text3.setText(name + qtext(core::unitSuffix));
     m_host.addUnit(m_fields.Text3.text(), m_fields.ImageCombo4.itemPicture(kind), {});
     m_fields.Text3.clear();
     m_fields.Text11.clear();
@@ -118,7 +119,7 @@ void ImportJob::Parar() {
     if (m_parar) return;
     m_parar = true;
     m_frame.status.hideProgress();
-    m_frame.messages.show(toQString(canceled.in(m_frame.idioma)), "zarquelin");
+    m_frame.messages.show(qtext(canceled.in(m_frame.idioma)));
     m_host.clearListView1();
     m_host.clearListView2();
     m_host.clearTreeView1();

@@ -12,7 +12,9 @@
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
 #include "controls/link_label.h"
+#include "controls/named.h"
 #include "controls/pictures.h"
+#include "controls/qtext.h"
 #include "controls/tab_strip.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
@@ -24,17 +26,12 @@
 namespace scan {
 namespace {
 
-using frame::toQString;
+using controls::named;
+using controls::qtext;
 
 constexpr int directoryPane = 0;
 constexpr int manualPane = 1;
 constexpr core::Bilingual unitIsEmpty{"La unidad se encuentra vacia.", "The unit is empty."};
-
-template <class Widget>
-Widget* named(Widget* widget, const char* objectName) {
-    widget->setObjectName(QString::fromUtf8(objectName));
-    return widget;
-}
 
 controls::ClickableLabel* makeLabelButton(const char* objectName, const QIcon& icon) {
     auto* label = named(new controls::ClickableLabel, objectName);
@@ -174,7 +171,7 @@ void ImportPanel::fillKinds() {
     m_ImageCombo4->clear();
     int number = 0;
     for (const core::UnitKind& kind : core::unitKinds)
-        m_ImageCombo4->addItem(++number, {}, toQString(kind.caption.in(m_frame.idioma)), kind.picture);
+        m_ImageCombo4->addItem(++number, {}, qtext(kind.caption.in(m_frame.idioma)), kind.picture);
 }
 
 void ImportPanel::importar1() {
@@ -230,7 +227,7 @@ bool ImportPanel::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ImportPanel::chooseDirectory() {
-    const QString title = toQString(selectDirectory.in(m_frame.idioma));
+    const QString title = qtext(selectDirectory.in(m_frame.idioma));
     for (;;) {
         const QString chosen = m_frame.dialogs.chooseFolder(title);
         if (!chosen.isEmpty()) m_directory = QFile::encodeName(QDir::cleanPath(chosen)).toStdString();
@@ -238,7 +235,7 @@ void ImportPanel::chooseDirectory() {
         // A drive without its medium. It is forgotten, so that the next cancel ends here.
         m_directory.clear();
         m_Text4->clear();
-        m_frame.messages.show(toQString(unitIsEmpty.in(m_frame.idioma)), "zarquelin");
+        m_frame.messages.show(qtext(unitIsEmpty.in(m_frame.idioma)));
     }
     m_Text4->setText(QFile::decodeName(QByteArray::fromStdString(m_directory)));
     m_Text3->setFocus();

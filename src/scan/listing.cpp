@@ -48,7 +48,7 @@ Listing::Entry Listing::makeEntry(std::string_view name, bool isLink) {
             for (const char c : name)
                 m_text.push_back(c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c);
         else
-            m_text.append(core::lowerCase(platform::toCatalogueName(name)));
+            m_text.append(core::lowerCase(platform::toStoredName(name)));
         entry.keyLength = static_cast<std::uint32_t>(m_text.size()) - entry.key;
     }
     entry.prefix = prefixOf({m_text.data() + entry.key, entry.keyLength});

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "core/language.h"
+#include "core/notice.h"
 
 namespace scan {
 
@@ -26,13 +27,13 @@ inline constexpr core::Bilingual writeContent{"Introduzca el contenido de la uni
                                               "write the content of the unit."};
 
 namespace refusal {
-inline constexpr Refusal scanWithoutName{writeName, "zarquelin", Field::Name};
-inline constexpr Refusal scanWithoutDirectory{selectDirectory, "zarquelin", Field::Directory};
+inline constexpr Refusal scanWithoutName{writeName, core::boxTitle, Field::Name};
+inline constexpr Refusal scanWithoutDirectory{selectDirectory, core::boxTitle, Field::Directory};
 inline constexpr Refusal scanNameTaken{selectOtherName, "Nompre existente", Field::Name, true};
 
-inline constexpr Refusal manualWithoutContent{writeContent, "zarquelin",
+inline constexpr Refusal manualWithoutContent{writeContent, core::boxTitle,
                                               Field::Name};  // not the content's field
-inline constexpr Refusal manualWithoutName{writeName, "zarquelin", Field::Name};
+inline constexpr Refusal manualWithoutName{writeName, core::boxTitle, Field::Name};
 inline constexpr Refusal manualNameTaken{selectOtherName, "Zarquelin", Field::Name, true};
 }  // namespace refusal
 

@@ -148,7 +148,7 @@ void Walker::fileRows(const Folder& folder, const Listing& names, int level) {
 // The name as rows spell it; the view holds until the next call.
 std::string_view Walker::rowName(std::string_view diskName) {
     if (standsAsItIs(diskName)) return diskName;
-    m_convertedName = core::withoutApostrophes(platform::toCatalogueName(diskName));
+    m_convertedName = core::withoutApostrophes(platform::toStoredName(diskName));
     return m_convertedName;
 }
 

@@ -10,6 +10,7 @@
 
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
+#include "controls/qtext.h"
 #include "controls/step_buttons.h"
 #include "core/serial_date.h"
 #include "core/text.h"
@@ -123,7 +124,7 @@ void CriteriaPages::fillTypes() {
     m_imageCombo2->clear();
     for (int item = 1; const FileType type : fileTypes) {
         const int picture = type == FileType::All ? pictureOfAll : pictureOfAudio + item - 2;
-        m_imageCombo2->addItem(item++, {}, frame::toQString(captionOf(type, core::rotulos(m_idioma))),
+        m_imageCombo2->addItem(item++, {}, controls::qtext(captionOf(type, core::rotulos(m_idioma))),
                                picture);
     }
     m_imageCombo2->setSelected(1);
@@ -170,7 +171,7 @@ QLineEdit* CriteriaPages::makeSizeField(const QString& name, const QString& labe
         field, [](char32_t typed) { return core::isAllowed(typed, sizeCharacters); },
         [this] { emit enterPressed(); });
     const auto stepBy = [field](double step) {
-        field->setText(frame::toQString(steppedSize(field->text().toStdString(), step)));
+        field->setText(controls::qtext(steppedSize(field->text().toStdString(), step)));
     };
     connect(steps, &UpDown::up, field, [stepBy] { stepBy(sizeStep); });
     connect(steps, &UpDown::down, field, [stepBy] { stepBy(-sizeStep); });

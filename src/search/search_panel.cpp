@@ -8,6 +8,7 @@
 
 #include "controls/image_combo.h"
 #include "controls/pictures.h"
+#include "controls/qtext.h"
 #include "controls/tab_strip.h"
 #include "engine/database.h"
 #include "frame/captions.h"
@@ -132,7 +133,7 @@ void SearchPanel::fillTypes() {
 
 void SearchPanel::clearUnits() {
     imageCombo3().clear();
-    imageCombo3().addItem(1, {}, frame::toQString(m_frame.rotulos().rotulocatalogo), pictureOfCatalogue);
+    imageCombo3().addItem(1, {}, controls::qtext(m_frame.rotulos().rotulocatalogo), pictureOfCatalogue);
     imageCombo3().setSelected(1);
 }
 
@@ -202,7 +203,7 @@ void SearchPanel::showCounters() {
 }
 
 void SearchPanel::warn(core::Bilingual message) {
-    m_frame.messages.show(frame::toQString(message.in(m_frame.idioma)), QStringLiteral("zarquelin"));
+    m_frame.messages.show(controls::qtext(message.in(m_frame.idioma)));
 }
 
 }  // namespace search

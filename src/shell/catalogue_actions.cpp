@@ -55,8 +55,7 @@ void CatalogueActions::rememberAsLast() {
 
 void CatalogueActions::reportFailure(const std::string& path, const std::string& reason) {
     m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) +
-                                      QFile::decodeName(path.c_str()) + QStringLiteral("\n") + qtext(reason),
-                                  QStringLiteral("zarquelin"));
+                                  QFile::decodeName(path.c_str()) + QStringLiteral("\n") + qtext(reason));
 }
 
 void CatalogueActions::nuevo1() {

@@ -1,5 +1,6 @@
 #include "shell/language_choice.h"
 
+#include "controls/qtext.h"
 #include "frame/captions.h"
 #include "frame/frame.h"
 #include "platform/settings.h"
@@ -31,7 +32,7 @@ void saveLanguage(core::Language language) {
 
 void chooseLanguage(core::Language language, frame::Frame& frame) {
     saveLanguage(language);
-    frame.messages.show(frame::toQString(text.in(frame.idioma)), frame::toQString(title.in(frame.idioma)),
+    frame.messages.show(controls::qtext(text.in(frame.idioma)), controls::qtext(title.in(frame.idioma)),
                         frame::MessageStyle::Information);
 }
 

@@ -199,8 +199,6 @@ void Form1::connectControls() {
     using controls::TreeView;
 
     connect(controls.treeView1, &TreeView::nodeClicked, this, [&](int node) { parts.nodeClick.click(node); });
-    connect(controls.treeView1, &TreeView::nodeDoubleClicked, this,
-            [&](int) { parts.surface.estado.dobleclic = true; });
     connect(controls.treeView1, &TreeView::mousePressed, this, &Form1::treePressed);
     const auto* deleteKey =
         new QShortcut(QKeySequence::Delete, controls.treeView1, nullptr, nullptr, Qt::WidgetShortcut);
@@ -298,7 +296,7 @@ void Form1::showProperties() {
     if (!m_properties) m_properties = new Form3(m_parts->frame.idioma, this);
 
     const lists::ItemList& list = surface.lists.listView1;
-    PropertiesRequest request;
+    browse::PropertiesRequest request;
     request.node = surface.nodeText(node);
     request.isUnit = surface.isUnit(node);
     request.discoactual = surface.estado.discoactual;

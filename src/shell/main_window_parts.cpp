@@ -1,5 +1,7 @@
 #include "shell/main_window_parts.h"
 
+#include "controls/named.h"
+#include "controls/qtext.h"
 #include "controls/twips.h"
 #include "frame/captions.h"
 #include "shell/main_window.h"
@@ -7,26 +9,22 @@
 namespace shell {
 namespace {
 
-constexpr core::Bilingual dividerName{"Divisor", "Divider"};
+using controls::named;
 
-template <class Control>
-Control* named(const char* name, Control* control) {
-    control->setObjectName(QString::fromUtf8(name));
-    return control;
-}
+constexpr core::Bilingual dividerName{"Divisor", "Divider"};
 
 }  // namespace
 
 WindowControls::WindowControls(Form1& window, core::Language idioma)
     : client(new QWidget(&window)),
       menus(new frame::MenuBar(idioma, &window)),
-      frame1(named("Frame1", new QWidget(client))),
+      frame1(named(new QWidget(client), "Frame1")),
       toolbar(new frame::Toolbar(idioma, frame1)),
-      label4(named("Label4", new QLabel(frame1))),
-      imageCombo1(named("ImageCombo1", new controls::ImageCombo(controls::ImageCombo::Typing::Yes, frame1))),
-      treeView1(named("TreeView1", new controls::TreeView(client))),
-      listView1(named("ListView1", new lists::ItemList(client))),
-      listView2(named("ListView2", new lists::ItemList(client))),
+      label4(named(new QLabel(frame1), "Label4")),
+      imageCombo1(named(new controls::ImageCombo(controls::ImageCombo::Typing::Yes, frame1), "ImageCombo1")),
+      treeView1(named(new controls::TreeView(client), "TreeView1")),
+      listView1(named(new lists::ItemList(client), "ListView1")),
+      listView2(named(new lists::ItemList(client), "ListView2")),
       imgSplitter(nullptr),
       picture4(new frame::StatusBand(client)) {
     window.setCentralWidget(client);
@@ -35,7 +33,7 @@ WindowControls::WindowControls(Form1& window, core::Language idioma)
         return controls::Divider::Bounds{controls::pixels(500), client->width() - controls::pixels(500)};
     });
     frame1->setAccessibleName(frame::caption(u"barradetareas", idioma));
-    imgSplitter->setAccessibleName(frame::toQString(dividerName.in(idioma)));
+    imgSplitter->setAccessibleName(controls::qtext(dividerName.in(idioma)));
     label4->setText(frame::caption(u"Label4", idioma));
     label4->setBuddy(imageCombo1);
     imageCombo1->setAccessibleName(label4->text());

@@ -22,7 +22,6 @@ constexpr core::Bilingual eraseUnit{"¿Desea realmente eliminar la unidad ", "Do
 constexpr core::Bilingual fromRegistry{" del registro?", " from registry?"};
 constexpr core::Bilingual nameExists{"Ya existe una unidad con dicho nombre,por favor elija otro. ",
                                      "There is a unit with this name, please choose another. "};
-constexpr auto boxTitle = "zarquelin";
 
 }  // namespace
 
@@ -37,8 +36,7 @@ void MaintenanceActions::reparar() {
 }
 
 bool MaintenanceActions::confirmed(const core::Bilingual& question) {
-    return m_surface.frame.messages.askYesNo(qtext(question.in(m_surface.frame.idioma)),
-                                             QString::fromUtf8(boxTitle));
+    return m_surface.frame.messages.askYesNo(qtext(question.in(m_surface.frame.idioma)));
 }
 
 void MaintenanceActions::eliminar() {
@@ -47,7 +45,7 @@ void MaintenanceActions::eliminar() {
     const auto erased =
         database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));
     if (!erased) {
-        m_surface.frame.messages.show(qtext(erased.error().text), QString::fromUtf8(boxTitle));
+        m_surface.frame.messages.show(qtext(erased.error().text));
         return;
     }
     database->Close();
@@ -75,7 +73,7 @@ void MaintenanceActions::borrarunidad() {
     const core::Language idioma = m_surface.frame.idioma;
     const QString question =
         qtext(eraseUnit.in(idioma)) + m_surface.treeView1.nodes().text(node) + qtext(fromRegistry.in(idioma));
-    if (!m_surface.frame.messages.askYesNo(question, QString::fromUtf8(boxTitle))) return;
+    if (!m_surface.frame.messages.askYesNo(question)) return;
 
     {
         const frame::Hourglass hourglass;
@@ -111,8 +109,7 @@ bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const QString disco = m_surface.treeView1.nodes().text(unit);
     const std::string typed = newText.toStdString();
     if (core::nameTaken(m_surface.nombres.listanivel(1), typed)) {
-        m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)),
-                                      QString::fromUtf8(boxTitle));
+        m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)));
         return false;
     }
     const frame::Hourglass hourglass;
@@ -120,7 +117,7 @@ bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const auto done = database ? core::renameUnit(*database, disco.toStdString(), typed)
                                : engine::Result<std::string>(std::unexpected(database.error()));
     if (!done) {
-        m_surface.frame.messages.show(qtext(done.error().text), QString::fromUtf8(boxTitle));
+        m_surface.frame.messages.show(qtext(done.error().text));
         return false;
     }
     database->Close();

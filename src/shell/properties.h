@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <array>
 
+#include "browse/properties.h"
 #include "core/language.h"
-#include "shell/properties_data.h"
 
 class QLabel;
 class QLineEdit;
@@ -17,7 +17,7 @@ class Form3 : public QWidget {
   public:
     explicit Form3(core::Language idioma, QWidget* parent = nullptr);
 
-    void showProperties(const Properties& properties);
+    void showProperties(const browse::Properties& properties);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

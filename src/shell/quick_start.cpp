@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "controls/pictures.h"
+#include "controls/qtext.h"
 #include "controls/separator.h"
 #include "frame/captions.h"
 #include "frame/elided_label.h"
@@ -36,16 +37,16 @@ Form8::Form8(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     m_recent = addButton(QStringLiteral("Command3"), "document-open-recent", &Form8::recentChosen);
     m_open = addButton(QStringLiteral("Command2"), "document-open", &Form8::openChosen);
     m_create = addButton(QStringLiteral("Command1"), "document-new", &Form8::createChosen);
-    m_recentHeading = addLabel(new QLabel(frame::toQString(recentFile.in(idioma)), this),
+    m_recentHeading = addLabel(new QLabel(controls::qtext(recentFile.in(idioma)), this),
                                QStringLiteral("Label2"), m_recent);
     m_recentName =
         addLabel(new frame::ElidedLabel(this, Qt::ElideMiddle), QStringLiteral("Label1"), m_recent);
     m_recentName->setFixedWidth(nameWidth);
     auto* open =
-        addLabel(new QLabel(frame::toQString(openFile.in(idioma)), this), QStringLiteral("Label3"), m_open);
-    auto* create = addLabel(new QLabel(frame::toQString(createFile.in(idioma)), this),
+        addLabel(new QLabel(controls::qtext(openFile.in(idioma)), this), QStringLiteral("Label3"), m_open);
+    auto* create = addLabel(new QLabel(controls::qtext(createFile.in(idioma)), this),
                             QStringLiteral("Label4"), m_create);
-    m_notAgain = new QCheckBox(frame::toQString(notAgain.in(idioma)), this);
+    m_notAgain = new QCheckBox(controls::qtext(notAgain.in(idioma)), this);
     m_notAgain->setObjectName(QStringLiteral("Check1"));
     m_notAgain->setAccessibleName(m_notAgain->text());
 

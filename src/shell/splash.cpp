@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "controls/qtext.h"
 #include "frame/captions.h"
 #include "shell/links.h"
 #include "shell/logo.h"
@@ -57,15 +58,15 @@ void Form2::buildContents() {
     large.setPointSizeF(large.pointSizeF() * 2.4);
     large.setBold(true);
     name->setFont(large);
-    auto* line = new QLabel(frame::toQString(purpose.in(m_idioma)), this);
+    auto* line = new QLabel(controls::qtext(purpose.in(m_idioma)), this);
     line->setObjectName(QStringLiteral("Label3"));
     auto* number =
-        new QLabel(frame::toQString(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
+        new QLabel(controls::qtext(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
     number->setObjectName(QStringLiteral("Label2"));
     auto* mail = new QLabel(
-        QStringLiteral("<a href=\"mail\">%1</a>").arg(frame::toQString(writeToUs.in(m_idioma))), this);
+        QStringLiteral("<a href=\"mail\">%1</a>").arg(controls::qtext(writeToUs.in(m_idioma))), this);
     mail->setObjectName(QStringLiteral("Label4"));
-    mail->setAccessibleName(frame::toQString(writeToUs.in(m_idioma)));
+    mail->setAccessibleName(controls::qtext(writeToUs.in(m_idioma)));
     mail->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(mail, &QLabel::linkActivated, this, [] { openAuthorMail(); });
 

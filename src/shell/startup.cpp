@@ -33,7 +33,7 @@ void translateToolkit(core::Language idioma) {
 }  // namespace
 
 Startup::Startup(std::string_view commandLine, MakeMain makeMain)
-    : m_catalogue(platform::catalogueFromCommandLine(commandLine)), m_makeMain(std::move(makeMain)) {
+    : m_catalogue(platform::pathInCommandLine(commandLine)), m_makeMain(std::move(makeMain)) {
     // Windows are only hidden when their part is over, so the last one in sight decides nothing.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(logo());

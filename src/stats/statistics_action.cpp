@@ -1,5 +1,6 @@
 #include "stats/statistics_action.h"
 
+#include "controls/qtext.h"
 #include "frame/catalogue.h"
 #include "frame/frame.h"
 #include "frame/pointer.h"
@@ -11,7 +12,6 @@ namespace stats {
 namespace {
 
 constexpr core::Bilingual working{" Generando Estadísticas ... ", " Genering Statistics ... "};
-constexpr const char* boxTitle = "zarquelin";
 
 // The errors of the procedure itself; the rest are the engine's.
 constexpr int noSelection = 91;
@@ -40,9 +40,7 @@ void StatisticsAction::graficar1() {
             m_frame.status.setProgress(0);
             m_frame.status.hideProgress();
             hourglass.reset();  // the box is answered with an ordinary pointer
-            const auto text = noFiles.in(m_frame.idioma);
-            m_frame.messages.show(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
-                                  QString::fromLatin1(boxTitle), frame::MessageStyle::Exclamation);
+            m_frame.messages.show(controls::qtext(noFiles.in(m_frame.idioma)));
             return;
         }
     }

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "controls/pictures.h"
+#include "controls/qtext.h"
 #include "frame/dialogs.h"
 #include "stats/bar_chart_2d.h"
 #include "stats/bar_chart_3d.h"
@@ -21,6 +22,8 @@
 
 namespace stats {
 namespace {
+
+using controls::qtext;
 
 constexpr core::Bilingual heading{"Estadisticas", "Statistics"};
 constexpr core::Bilingual columnHeads[] = {
@@ -33,10 +36,6 @@ constexpr core::Bilingual printCaption{"Imprimir", "Print"};
 constexpr int iconSize = 20;
 constexpr int swatchSize = 14;
 enum Column { Swatch, Icon, Name, Share, Count };
-
-QString toQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QString indexed(const char* name, std::size_t index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
@@ -66,7 +65,7 @@ void setFontScale(QWidget& widget, double scale, bool bold) {
 Form4::Form4(core::Language idioma, frame::Dialogs& dialogs, QWidget* parent)
     : QDialog(parent), m_idioma(idioma), m_dialogs(dialogs) {
     setObjectName(QStringLiteral("Form4"));
-    setWindowTitle(toQString(heading.in(idioma)));
+    setWindowTitle(qtext(heading.in(idioma)));
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
     for (std::size_t category = 0; category < categoryCount; ++category)
         m_icons[category] = controls::picture(categories[category].picture);
@@ -108,11 +107,11 @@ QWidget* Form4::buildTable() {
     grid->setHorizontalSpacing(10);
     grid->setVerticalSpacing(8);
 
-    QLabel* title = label(QStringLiteral("Label12"), toQString(heading.in(m_idioma)));
+    QLabel* title = label(QStringLiteral("Label12"), qtext(heading.in(m_idioma)));
     setFontScale(*title, 1.6, true);
     grid->addWidget(title, 0, 0, 1, Count + 1);
     for (std::size_t i = 0; i < std::size(columnHeads); ++i) {
-        QLabel* head = label(indexed("Label10", i), toQString(columnHeads[i].in(m_idioma)));
+        QLabel* head = label(indexed("Label10", i), qtext(columnHeads[i].in(m_idioma)));
         setFontScale(*head, 1, true);
         if (i == 0)
             grid->addWidget(head, 1, 0, 1, Name + 1);
@@ -163,10 +162,10 @@ QWidget* Form4::buildCharts() {
 
     m_tabs = new QTabBar;
     m_tabs->setObjectName(QStringLiteral("TabStrip1"));
-    m_tabs->setAccessibleName(toQString(heading.in(m_idioma)));
+    m_tabs->setAccessibleName(qtext(heading.in(m_idioma)));
     m_pages = new QStackedWidget;
     for (std::size_t i = 0; i < std::size(charts); ++i) {
-        const QString title = toQString(tabTitles[i].in(m_idioma));
+        const QString title = qtext(tabTitles[i].in(m_idioma));
         charts[i]->setObjectName(QStringLiteral("MSChart%1").arg(i + 1));
         charts[i]->setAccessibleName(title);
         charts[i]->setMinimumSize(440, 320);
@@ -193,9 +192,9 @@ QWidget* Form4::buildCharts() {
 }
 
 QWidget* Form4::buildButtons() {
-    m_close = new QPushButton(toQString(closeCaption.in(m_idioma)));
+    m_close = new QPushButton(qtext(closeCaption.in(m_idioma)));
     m_close->setObjectName(QStringLiteral("Command1"));
-    m_print = new QPushButton(toQString(printCaption.in(m_idioma)));
+    m_print = new QPushButton(qtext(printCaption.in(m_idioma)));
     m_print->setObjectName(QStringLiteral("Command2"));
     m_print->setAutoDefault(false);
     connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
@@ -219,8 +218,8 @@ void Form4::centre() {
 }
 
 void Form4::setScopeTitle(std::string_view title) {
-    setWindowTitle(toQString(title));
-    m_scopeTitle->setText(toQString(title));
+    setWindowTitle(qtext(title));
+    m_scopeTitle->setText(qtext(title));
 }
 
 void Form4::setStatistics(const Statistics& statistics, const Scope& scope) {
@@ -229,7 +228,7 @@ void Form4::setStatistics(const Statistics& statistics, const Scope& scope) {
     m_bars2D->setStatistics(statistics);
     QString spoken;
     for (std::size_t category = 0; category < categoryCount; ++category) {
-        m_names[category]->setText(toQString(categoryName(m_idioma, scope, category)));
+        m_names[category]->setText(qtext(categoryName(m_idioma, scope, category)));
         m_counts[category]->setText(QString::number(statistics.cantidadcategoria[category]));
         m_shares[category]->setText(QString::number(statistics.percentage(category)) + QStringLiteral(" %"));
         m_iconLabels[category]->setAccessibleName(m_names[category]->text());

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <algorithm>
 
-#include "print/print_job.h"
+#include "frame/print_job.h"
 
 namespace stats {
 namespace {
@@ -27,7 +27,7 @@ QPixmap imageOf(QWidget& window) {
 
 bool printImage(QWidget& window, QPrinter& printer, int copies) {
     const QPixmap image = imageOf(window);
-    return print::printCopies(printer, copies, [&](QPainter& painter, QPrinter& target) {
+    return frame::printCopies(printer, copies, [&](QPainter& painter, QPrinter& target) {
         const QSizeF paper = target.pageLayout().fullRect(QPageLayout::Point).size() * 20;
         const QSizeF wanted = QSizeF(window.size()) * twipsPerPixel;
         const double fit = std::min({1.0, (paper.width() - 2 * margin) / wanted.width(),

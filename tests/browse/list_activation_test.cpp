@@ -75,7 +75,6 @@ TEST_F(ListActivation, StepsInTheSearchListLeaveTheRestAlone) {
     results.sort({.on = true, .key = 7, .descending = true});
     doubleClickRow(results, results.subItem(0, 9) == "E:\\f\\a\\b\\same" ? 0 : 1);
     EXPECT_EQ(listed(), (Names{"two", "one", "sub"})) << "namesakes of the same depth supply files too";
-    EXPECT_EQ(surface().clic.nivelfila2, "4");
     EXPECT_EQ(pathShown(), "Fotos :");
     EXPECT_EQ(surface().estado.nivelactual, 1);
     EXPECT_EQ(selectedNode(), "Fotos :");

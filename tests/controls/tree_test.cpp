@@ -68,9 +68,7 @@ TEST_F(TreeTest, AClickSelectsAndOnlyThePlusSignOpens) {
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, middleOf(one));
     EXPECT_EQ(clicked(), Nodes{one});
     EXPECT_EQ(tree.selected(), one);
-    QSignalSpy doubles(&tree, &TreeView::nodeDoubleClicked);
     QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, middleOf(one));
-    EXPECT_EQ(doubles.count(), 1);
     EXPECT_FALSE(tree.isExpanded(one));
 
     clicks.clear();

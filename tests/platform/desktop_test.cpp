@@ -36,7 +36,7 @@ TEST(CommandLine, IsTheArgumentBetweenQuotes) {
 TEST(CommandLine, IsCutBlindly) {
     const std::pair<std::string, std::string> cuts[]{
         {"\"/c.zrq\"", "/c.zrq"}, {"word", "or"}, {"ñandú", "and"}, {"ab", ""}, {"a", ""}, {"", ""}};
-    for (const auto& [line, path] : cuts) EXPECT_EQ(platform::catalogueFromCommandLine(line), path);
+    for (const auto& [line, path] : cuts) EXPECT_EQ(platform::pathInCommandLine(line), path);
 }
 
 TEST(Settings, ValuesStayAcrossRuns) {

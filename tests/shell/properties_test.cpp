@@ -1,4 +1,4 @@
-#include "shell/properties_data.h"
+#include "browse/properties.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 
 namespace {
 
+using browse::Properties;
+using browse::PropertiesRequest;
 using core::Language;
-using shell::Properties;
-using shell::PropertiesRequest;
 
 struct PropertiesOf : testing::Test {
     PropertiesOf() {

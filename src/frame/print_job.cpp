@@ -1,10 +1,10 @@
-#include "print/print_job.h"
+#include "frame/print_job.h"
 
 #include <QFileInfo>
 #include <QPainter>
 #include <QPrinter>
 
-namespace print {
+namespace frame {
 namespace {
 
 bool printOnce(QPrinter& printer, const Document& document) {
@@ -43,4 +43,4 @@ bool printCopies(QPrinter& printer, int copies, const Document& document) {
     return true;
 }
 
-}  // namespace print
+}  // namespace frame

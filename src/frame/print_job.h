@@ -6,7 +6,7 @@
 class QPainter;
 class QPrinter;
 
-namespace print {
+namespace frame {
 
 inline constexpr int twipsPerInch = 1440;
 
@@ -22,4 +22,4 @@ using Document = std::function<bool(QPainter& painter, QPrinter& printer)>;
 // Where a copy to a file goes: the first one to the chosen name.
 [[nodiscard]] QString copyFileName(const QString& chosen, int copy);
 
-}  // namespace print
+}  // namespace frame

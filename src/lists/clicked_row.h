@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace browse {
+namespace lists {
 
 // What the last click on a list item left for double click, menus, notes and copying. Re-listing does not
 // clear it. The name, type and index are shared by both lists; unit and path are kept for each.
@@ -14,8 +14,6 @@ struct ClickedRow {
     std::string tipofilaelegida;  // the type as displayed
     std::string discofila1, rutafila1;
     std::string discofila2, rutafila2;
-    std::string nivelfila1, nivelfila2;
-    bool itemelegido = false;
 };
 
-}  // namespace browse
+}  // namespace lists

@@ -6,7 +6,7 @@
 #include "core/language.h"
 #include "engine/database.h"
 
-namespace shell {
+namespace browse {
 
 // What the properties window tells about the selected node of the tree.
 struct PropertiesRequest {
@@ -33,4 +33,4 @@ struct Properties {
 [[nodiscard]] Properties propertiesOf(const PropertiesRequest& request, engine::Database& database,
                                       core::Language idioma);
 
-}  // namespace shell
+}  // namespace browse
