@@ -37,18 +37,19 @@ platform::FileResult<> copy(const std::string& source, const std::string& destin
 
 }  // namespace
 
-void Copiararchivos(browse::Surface& surface, const core::DriveSource& drives) {
+bool Copiararchivos(frame::Frame& frame, const lists::Lists& lists, const lists::ClickedRow& clic,
+                    const core::DriveSource& drives) {
     const frame::Hourglass hourglass;
-    const ListReader listView1(surface.lists.listView1);
-    const ListReader listView2(surface.lists.listView2);
+    const ListReader listView1(lists.listView1);
+    const ListReader listView2(lists.listView2);
     const CopyRequest request{.listView1 = listView1,
                               .listView2 = listView2,
-                              .searchShown = surface.lists.searchShown(),
-                              .indicefila = surface.clic.indicefila,
-                              .carpetadestino = chosenFolder(surface.frame),
-                              .idioma = surface.frame.idioma};
-    const CopyPorts ports{drives, frame::tellThrough(surface.frame.messages), copy};
-    if (copyFiles(request, ports) == RunEnd::Complete) surface.treeView1.setFocus();
+                              .searchShown = lists.searchShown(),
+                              .indicefila = clic.indicefila,
+                              .carpetadestino = chosenFolder(frame),
+                              .idioma = frame.idioma};
+    const CopyPorts ports{drives, frame::tellThrough(frame.messages), copy};
+    return copyFiles(request, ports) == RunEnd::Complete;
 }
 
 }  // namespace copyback

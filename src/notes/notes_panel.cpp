@@ -42,10 +42,12 @@ QTimer* makeTimer(QObject* parent, const char* name) {
 
 }  // namespace
 
-NotesPanel::NotesPanel(browse::Surface& surface, NotesHost& host, QWidget* parent)
+NotesPanel::NotesPanel(frame::Frame& frame, lists::Lists& lists, const lists::ClickedRow& clic,
+                       QWidget* parent)
     : QWidget(parent),
-      m_surface(surface),
-      m_host(host),
+      m_frame(frame),
+      m_lists(lists),
+      m_clic(clic),
       m_Text10(named(new QPlainTextEdit(this), "Text10")),
       m_Command4(named(new QPushButton(this), "Command4")),
       m_Command6(named(new QPushButton(this), "Command6")),
@@ -55,11 +57,11 @@ NotesPanel::NotesPanel(browse::Surface& surface, NotesHost& host, QWidget* paren
     setObjectName(QStringLiteral("Picture12"));
     setAutoFillBackground(true);
     m_Text10->setTabChangesFocus(true);
-    const QString name = controls::qtext(panelName.in(surface.frame.idioma));
+    const QString name = controls::qtext(panelName.in(frame.idioma));
     setAccessibleName(name);
     m_Text10->setAccessibleName(name);
     for (QPushButton* button : {m_Command4, m_Command6}) {
-        button->setText(frame::caption(button->objectName(), surface.frame.idioma));
+        button->setText(frame::caption(button->objectName(), frame.idioma));
         button->setAccessibleName(button->text());
     }
     connect(m_Command4, &QPushButton::clicked, this, [this] { begin(*m_Timer2); });
@@ -83,9 +85,9 @@ void NotesPanel::vercomentarios() {
     m_Text10->setReadOnly(true);
     m_buttons = Buttons::CloseOnly;
     layOut();
-    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
+    auto database = engine::OpenDatabase(m_frame.catalogue.path());
     if (!database) return;
-    const core::Language idioma = m_surface.frame.idioma;
+    const core::Language idioma = m_frame.idioma;
     const ReadNote read = readNote(*database, target(), idioma);
     if (read.end == ReadEnd::NoRow) return;
     m_Text10->setPlainText(controls::qtext(read.end == ReadEnd::Note ? read.note : noNote.in(idioma)));
@@ -95,14 +97,14 @@ void NotesPanel::vercomentarios() {
 void NotesPanel::storeNote() {
     const QString text = noteText();
     const auto stored = [&]() -> engine::Result<StoreEnd> {
-        auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
+        auto database = engine::OpenDatabase(m_frame.catalogue.path());
         if (!database) return std::unexpected(database.error());
         return notes::storeNote(*database, target(), text.toStdString());
     }();
     begin(*m_Timer2);
     if (stored && *stored == StoreEnd::Stored) showInList(text);
     if (!stored && stored.error().number == engine::error::syntaxInExpression)
-        m_surface.frame.messages.show(controls::qtext(restricted.in(m_surface.frame.idioma)));
+        m_frame.messages.show(controls::qtext(restricted.in(m_frame.idioma)));
 }
 
 // The text as it stands: toPlainText() would turn hard blanks into ordinary ones.
@@ -113,20 +115,19 @@ QString NotesPanel::noteText() const {
 }
 
 NoteTarget NotesPanel::target() const {
-    const lists::ClickedRow& clic = m_surface.clic;
-    const bool results = m_surface.lists.searchShown();
+    const bool results = m_lists.searchShown();
     return {.list = results ? ListKind::Results : ListKind::Browse,
-            .indicefila = clic.indicefila,
-            .disco = results ? clic.discofila2 : clic.discofila1,
-            .ruta = results ? clic.rutafila2 : clic.rutafila1,
-            .name = clic.nodoactual,
-            .type = clic.tipofilaelegida};
+            .indicefila = m_clic.indicefila,
+            .disco = results ? m_clic.discofila2 : m_clic.discofila1,
+            .ruta = results ? m_clic.rutafila2 : m_clic.rutafila1,
+            .name = m_clic.nodoactual,
+            .type = m_clic.tipofilaelegida};
 }
 
 // The clicked position may hold another row by now.
 void NotesPanel::showInList(const QString& note) {
     const NoteTarget row = target();
-    lists::ItemList& list = m_surface.lists.shown();
+    lists::ItemList& list = m_lists.shown();
     if (row.indicefila >= list.count()) return;
     const auto same = [](const QString& shown, const std::string& text) {
         return shown.toStdString() == text;
@@ -164,7 +165,7 @@ void NotesPanel::tickTimer2() {
     // Out of sight, not hidden; but nobody is to type into it.
     const bool hadFocus = isAncestorOf(focusWidget()) || hasFocus();
     setEnabled(false);
-    if (hadFocus) m_surface.lists.shown().setFocus();
+    if (hadFocus) m_lists.shown().setFocus();
 }
 
 // True when the slide of this timer has to give in.
@@ -175,7 +176,7 @@ bool NotesPanel::isContested(const QTimer& ticking) {
 
 void NotesPanel::slide(int twips) {
     m_top += twips;
-    m_host.setListsPushedDown(controls::pixels(m_top + panelHeight - listsTop));
+    emit slid(controls::pixels(m_top + panelHeight - listsTop));
     layOut();
 }
 
@@ -183,13 +184,18 @@ void NotesPanel::closeAtOnce() {
     m_Timer1->stop();
     m_Timer2->stop();
     m_top = upperStop;
-    m_host.setListsPushedDown(0);
+    emit slid(0);
     hide();
+}
+
+void NotesPanel::setListArea(const QRect& area) {
+    m_listArea = area;
+    layOut();
 }
 
 void NotesPanel::layOut() {
     using controls::pixels;
-    const QRect area = m_host.listArea();
+    const QRect& area = m_listArea;
     const int height = pixels(panelHeight);
     setGeometry(area.left() + pixels(leftOfLists), area.top() - pixels(listsTop - m_top), area.width(),
                 height);

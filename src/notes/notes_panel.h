@@ -3,7 +3,9 @@
 #include <QRect>
 #include <QWidget>
 
-#include "browse/surface.h"
+#include "frame/frame.h"
+#include "lists/clicked_row.h"
+#include "lists/item_list.h"
 #include "notes/note_store.h"
 
 class QPlainTextEdit;
@@ -12,28 +14,20 @@ class QTimer;
 
 namespace notes {
 
-// What the notes panel asks of the main window around it.
-class NotesHost {
-  public:
-    virtual ~NotesHost() = default;
-    // The lists' place when nothing covers them, in the coordinates of the panel's parent.
-    [[nodiscard]] virtual QRect listArea() const = 0;
-    // Both lists give way at their upper edge; 0 when the panel is out of sight.
-    virtual void setListsPushedDown(int pixels) = 0;
-};
-
 // Picture12, where the note of the clicked row is written and read. It slides down above the lists and back
 // up out of sight, one step every 50 milliseconds.
 class NotesPanel : public QWidget {
     Q_OBJECT
   public:
-    NotesPanel(browse::Surface& surface, NotesHost& host, QWidget* parent);
+    // All but the parent are borrowed and outlive the panel.
+    NotesPanel(frame::Frame& frame, lists::Lists& lists, const lists::ClickedRow& clic, QWidget* parent);
 
     void insertarcomentario();  // opens it empty, for writing
     void vercomentarios();      // opens it with the stored note
     void closeAtOnce();         // hides it without a slide, as the catalogue closes
 
-    void layOut();  // the lists' place has changed
+    // The lists' place when nothing covers them, in the coordinates of the panel's parent.
+    void setListArea(const QRect& area);
     void applyFontSize(int points);
 
     // One step of the opening and of the closing slide. Both slides may be under way at once, and then work
@@ -42,7 +36,11 @@ class NotesPanel : public QWidget {
     void tickTimer2();
     [[nodiscard]] int topInTwips() const { return m_top; }
 
+  signals:
+    void slid(int pixels);  // the lists give way at their upper edge; 0 when the panel is out of sight
+
   private:
+    void layOut();
     void storeNote();
     void showInList(const QString& note);
     [[nodiscard]] NoteTarget target() const;
@@ -54,8 +52,10 @@ class NotesPanel : public QWidget {
     void slide(int twips);
     [[nodiscard]] bool isContested(const QTimer& ticking);
 
-    browse::Surface& m_surface;
-    NotesHost& m_host;
+    frame::Frame& m_frame;
+    lists::Lists& m_lists;
+    const lists::ClickedRow& m_clic;
+    QRect m_listArea;
     QPlainTextEdit* m_Text10;
     QPushButton* m_Command4;
     QPushButton* m_Command6;

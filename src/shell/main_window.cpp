@@ -258,7 +258,8 @@ void Form1::renameUnit(browse::Node unit, const QString& text) {
 }
 
 void Form1::copyFiles() {
-    copyback::Copiararchivos(m_parts->surface);
+    browse::Surface& surface = m_parts->surface;
+    if (copyback::Copiararchivos(surface.frame, surface.lists, surface.clic)) surface.treeView1.setFocus();
 }
 
 void Form1::setFontSize(int points) {
@@ -329,7 +330,6 @@ void Form1::listReleased(Qt::MouseButton button, const QPoint& place) {
 
 void Form1::layOut() {
     m_parts->panes.medidas();
-    m_parts->picture12->layOut();
 }
 
 void Form1::resizeEvent(QResizeEvent* event) {

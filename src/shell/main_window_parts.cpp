@@ -60,7 +60,6 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Mes
             }},
       openingWindow(*this),
       importWindow(*this),
-      notesWindow(*this),
       statisticsWindow(*this),
       picture1(new search::SearchPanel(frame, *controls.listView2, controls.client)),
       picture2(new scan::ImportPanel(frame, importWindow, controls.client)),
@@ -73,7 +72,7 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Mes
               {},
               {},
               {}},
-      picture12(new notes::NotesPanel(surface, notesWindow, controls.client)),
+      picture12(new notes::NotesPanel(frame, surface.lists, surface.clic, controls.client)),
       panes({controls.client,
              controls.frame1,
              controls.toolbar,
@@ -83,7 +82,8 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Mes
              controls.imgSplitter,
              controls.picture4,
              {picture1, picture2},
-             {controls.listView1, controls.listView2}}),
+             {controls.listView1, controls.listView2},
+             [this](const QRect& area) { picture12->setListArea(area); }}),
       overTree({picture1, picture2}, *controls.treeView1),
       overListView1({controls.listView2}, *controls.listView1),
       opening(surface, openingWindow),
@@ -95,6 +95,9 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Mes
       catalogueActions(surface, opening, openingWindow),
       maintenance(surface, opening, openingWindow),
       views(surface),
-      statistics(frame, statisticsWindow, &owner) {}
+      statistics(frame, statisticsWindow, &owner) {
+    QObject::connect(picture12, &notes::NotesPanel::slid, picture12,
+                     [this](int pixels) { panes.setListsPushedDown(pixels); });
+}
 
 }  // namespace shell

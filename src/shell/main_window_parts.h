@@ -64,7 +64,6 @@ struct MainWindowParts {
 
     OpeningWindow openingWindow;
     ImportWindow importWindow;
-    NotesWindow notesWindow;
     StatisticsWindow statisticsWindow;
 
     search::SearchPanel* picture1;

@@ -36,6 +36,7 @@ void Panes::medidas() {
     m_controls.splitter->setGeometry(inPixels(m_layout.splitter));
     m_controls.status->setGeometry(inPixels(m_layout.status));
     setListsPushedDown(m_pushedDown);
+    m_controls.listsPlaced(listArea());
 }
 
 void Panes::sizeControls(int position) {

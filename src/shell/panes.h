@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 #include "frame/layout.h"
@@ -23,18 +23,19 @@ class Panes {
         QWidget* status;
         std::vector<QWidget*> panels;  // in the tree's place
         std::vector<QWidget*> lists;
+        std::function<void(const QRect& area)> listsPlaced;  // of the lists when nothing covers them
     };
     explicit Panes(Controls controls) : m_controls(std::move(controls)) {}
 
     void medidas();                   // lays everything out anew
     void sizeControls(int position);  // the divider was let go at this place, in pixels
-    void setDivider(int twips) { m_divider = twips; }
 
     // What covers the upper part of the lists while the notes panel slides, in pixels.
     void setListsPushedDown(int pixels);
-    [[nodiscard]] QRect listArea() const;  // of the lists when nothing covers them
 
   private:
+    [[nodiscard]] QRect listArea() const;
+
     Controls m_controls;
     frame::WindowLayout m_layout;
     int m_divider = 4200;

@@ -15,7 +15,6 @@ void OpeningWindow::resetPanels() {
 
 void OpeningWindow::layOutPanes() {
     m_parts.panes.medidas();
-    m_parts.picture12->layOut();
 }
 
 void OpeningWindow::selectFirstType() {
@@ -108,14 +107,6 @@ void ImportWindow::explorar1() {
 
 void ImportWindow::reciente1() {
     m_parts.catalogueActions.reciente1();
-}
-
-QRect NotesWindow::listArea() const {
-    return m_parts.panes.listArea();
-}
-
-void NotesWindow::setListsPushedDown(int pixels) {
-    m_parts.panes.setListsPushedDown(pixels);
 }
 
 bool StatisticsWindow::treeIsEmpty() const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "browse/opening.h"
-#include "notes/notes_panel.h"
 #include "scan/import_host.h"
 #include "shell/catalogue_actions.h"
 #include "stats/statistics_action.h"
@@ -46,18 +45,6 @@ class ImportWindow : public scan::ImportHost {
     void actualizar() override;
     void explorar1() override;
     void reciente1() override;
-
-  private:
-    MainWindowParts& m_parts;
-};
-
-// The lists' place, for the notes panel that pushes them down.
-class NotesWindow : public notes::NotesHost {
-  public:
-    explicit NotesWindow(MainWindowParts& parts) : m_parts(parts) {}
-
-    [[nodiscard]] QRect listArea() const override;
-    void setListsPushedDown(int pixels) override;
 
   private:
     MainWindowParts& m_parts;
