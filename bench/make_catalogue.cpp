@@ -1,6 +1,7 @@
 // Makes a catalogue shaped like a collection of discs: 200 units of photos, music, films, documents and
-// programs, one of them with a tenth of the rows as its folders. About one name in three bears the common
-// word "viaje", about one row in fifty thousand the rare word "zanahoria".
+// programs. One of them, "Archivo completo", has a tenth of the rows as its folders, and 700 files in its
+// folder "Carpeta llena"; another, "Disco suelto", has a thousand rows. About one name in three bears the
+// common word "viaje", about one row in fifty thousand the rare word "zanahoria".
 //
 //     make_catalogue FILE ROWS
 //
@@ -8,6 +9,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -43,7 +45,9 @@ class CatalogueMaker {
     bool make() {
         if (!m_database.BeginTrans()) return false;
         crowdedUnit(m_rows / 10);
-        for (int unit = 2; unit <= units; ++unit) ordinaryUnit(unit, m_rows * unit / units);
+        ordinaryUnit("Disco suelto", m_numero + std::min(m_rows / units, 1'000LL));
+        for (int unit = 3; unit <= units; ++unit)
+            ordinaryUnit(std::string(word()) + " " + std::to_string(unit), m_rows * unit / units);
         return m_sound && m_database.CommitTrans();
     }
 
@@ -95,6 +99,8 @@ class CatalogueMaker {
     // Folders in tens, four levels deep at a hundred thousand, every second one with a file.
     void crowdedUnit(long long folders) {
         m_disco = "Archivo completo :";
+        folder("E:\\Carpeta llena", 1);
+        files("E:\\Carpeta llena", 2, 700);
         while (folders > 0) folders -= tens("E:\\" + name() + " " + std::to_string(folders), 1, folders);
     }
 
@@ -107,8 +113,8 @@ class CatalogueMaker {
         return made;
     }
 
-    void ordinaryUnit(int unit, long long untilRow) {
-        m_disco = std::string(word()) + " " + std::to_string(unit) + std::string(core::unitSuffix);
+    void ordinaryUnit(const std::string& unit, long long untilRow) {
+        m_disco = unit + std::string(core::unitSuffix);
         while (m_numero < untilRow) {
             const std::string top = "D:\\" + name() + " " + std::to_string(m_numero);
             folder(top, 1);
