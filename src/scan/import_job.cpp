@@ -37,38 +37,46 @@ std::optional<engine::Database> openIfPossible(const std::string& path) {
 }  // namespace
 
 void ImportJob::run() {
+    if (m_running) return;
     {
         const frame::Hourglass hourglass;
         const frame::Running running(m_frame);
-        m_parar = false;
+        m_running = true;
+        m_parar = m_abandoned = false;
         if (m_fields.directoryPane.isHidden())
             generarunidad();
         else
             catalogueDirectory();
         m_parar = true;
+        m_running = false;
     }
-    m_host.actualizar();
+    if (!m_abandoned) m_host.actualizar();
 }
 
 void ImportJob::catalogueDirectory() {
-    const std::string catalogue = m_frame.catalogue.path();
-    auto database = openIfPossible(catalogue);
+    auto database = openIfPossible(m_frame.catalogue.path());
     const QString name = m_fields.Text3.text();
     const ScanRequest request{name.toStdString(),
                               m_fields.Text4.text().isEmpty() ? std::string() : m_fields.directory};
-    if (!database || isRefused(refusalOf(request, *database))) return close(database);
+    if (!database || isRefused(refusalOf(request, *database))) {
+        m_fields.Text3.clear();  // the typed name too
+        m_fields.Text4.clear();
+        return close(database);
+    }
 
     const WalkStart start = walkStart(request, *database, platform::Drives::current());
     m_host.hidePicture1();
     m_fields.Picture2.hide();
-    m_fields.Text3.setText(name + qtext(core::unitSuffix));
+    m_name = name + qtext(core::unitSuffix);
+    m_shownDirectory = m_fields.Text4.text();
+    m_fields.Text3.setText(m_name);
 
     WalkDisplay display(m_frame, m_parar);
     RowWriter rows(*database);
     const WalkResult result = Walker(rows, display, start).run();
-    if (result.stopped) return;                         // what the stop has shown stays as it is
-    if (m_frame.catalogue.path() != catalogue) return;  // another one was opened meanwhile
+    if (result.stopped) return;  // what the stop has shown stays as it is
     finish(result.counts);
+    emptyFields();
     close(database);
 }
 
@@ -83,19 +91,21 @@ bool ImportJob::isRefused(const Refusal* refusal) {
 void ImportJob::finish(const Counts& counts) {
     m_frame.status.setText(finalStatus(counts, m_frame.idioma));
     m_host.clearListView1();
-    m_host.addUnit(m_fields.Text3.text(), newScannedUnitPicture,
-                   "a" + QString::number(m_host.imageCombo1Count() + 2));
-    m_fields.Text3.clear();
+    m_host.addUnit(m_name, newScannedUnitPicture, "a" + QString::number(m_host.imageCombo1Count() + 2));
     m_frame.toolbar.setPressed(Toolbar::New, false);
 }
 
-// Every walk but a stopped one ends here, and so does every refusal, which costs the user the typed name.
+// What was entered meanwhile, for the next unit, stays.
+void ImportJob::emptyFields() {
+    if (m_fields.Text3.text() == m_name) m_fields.Text3.clear();
+    if (m_fields.Text4.text() == m_shownDirectory) m_fields.Text4.clear();
+}
+
+// Every walk but a stopped one ends here, and so does every refusal.
 void ImportJob::close(std::optional<engine::Database>& database) {
     m_frame.status.hideProgress();
     static_cast<void>(core::compactCatalogue(m_frame.catalogue.path()));  // finds the file still open
     m_frame.toolbar.setPressed(Toolbar::Explore, true);
-    m_fields.Text3.clear();
-    m_fields.Text4.clear();
     database.reset();
 }
 
@@ -113,6 +123,13 @@ void ImportJob::generarunidad() {
     m_fields.Text3.clear();
     m_fields.Text11.clear();
     m_host.explorar1();
+}
+
+void ImportJob::abandon() {
+    if (m_parar) return;
+    m_parar = m_abandoned = true;
+    m_frame.status.hideProgress();
+    emptyFields();
 }
 
 void ImportJob::Parar() {

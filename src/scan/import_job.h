@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <optional>
 #include <string>
 
@@ -18,13 +19,12 @@ class ImportJob {
     ImportJob(frame::Frame& frame, ImportHost& host, ImportFields fields)
         : m_frame(frame), m_host(host), m_fields(fields) {}
 
-    void run();
+    void run();  // does nothing while a job runs
 
     // The user's stop. Does nothing while no job runs.
     void Parar();
-    // Ends a running walk without a word, when the window closes.
-    void abandon() { m_parar = true; }
-    [[nodiscard]] bool isRunning() const { return !m_parar; }
+    // Ends a running walk without a word, its rows kept: the window or the catalogue closes.
+    void abandon();
 
   private:
     void catalogueDirectory();
@@ -32,12 +32,17 @@ class ImportJob {
     [[nodiscard]] bool isRefused(const Refusal* refusal);
     void finish(const Counts& counts);
     void close(std::optional<engine::Database>& database);
+    void emptyFields();
 
     frame::Frame& m_frame;
     ImportHost& m_host;
     ImportFields m_fields;
-    bool m_parar = true;  // raised: no job runs, or it has to end
-    std::string m_tipo;   // of the last hand-made unit
+    bool m_running = false;
+    bool m_parar = true;       // raised: no job runs, or it has to end
+    bool m_abandoned = false;  // it has to end in silence
+    QString m_name;            // Text3 and Text4 as the job has left them
+    QString m_shownDirectory;
+    std::string m_tipo;  // of the last hand-made unit
 };
 
 }  // namespace scan

@@ -32,8 +32,7 @@ class ImportPanel : public QWidget {
     void fillKinds();
 
     void Parar() { m_job.Parar(); }      // the stop entry and button
-    void abandon() { m_job.abandon(); }  // the window closes
-    [[nodiscard]] bool isRunning() const { return m_job.isRunning(); }
+    void abandon() { m_job.abandon(); }  // the window or the catalogue closes
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -64,6 +64,7 @@ void CatalogueActions::nuevo1() {
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
         const std::string path = nativePath(chosen);
+        m_window.endScan();
         if (const auto created = core::createCatalogue(path); !created) {
             reportFailure(path, created.error().text);
             return;
@@ -83,6 +84,7 @@ void CatalogueActions::abrir1() {
     const QString chosen = m_surface.frame.dialogs.openCatalogue(qtext(openTitle.in(m_surface.frame.idioma)),
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
+        m_window.endScan();
         m_surface.frame.catalogue.setPath(nativePath(chosen));
         m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
         openStateChange();
@@ -99,6 +101,7 @@ void CatalogueActions::reciente1() {
     m_surface.frame.catalogue.readLast();
     const std::string last = m_surface.frame.catalogue.last();
     if (!last.empty() && platform::FileExists(last)) {
+        m_window.endScan();
         m_surface.frame.catalogue.setPath(last);
         openStateChange();
         hidePanels();
@@ -131,6 +134,7 @@ void CatalogueActions::guardar() {
     if (chosen.isEmpty()) return;
 
     const std::string path = nativePath(chosen);
+    m_window.endScan();
     if (const auto copied = core::copyCatalogue(catalogue.path(), path); !copied) {
         // The catalogue stays the old one, also when it was to be copied onto itself.
         reportFailure(path, copied.error().text);
@@ -144,6 +148,7 @@ void CatalogueActions::guardar() {
 }
 
 void CatalogueActions::cerrar() {
+    m_window.endScan();
     clearSurface();
     m_surface.imageCombo1.clear();
     m_surface.estado.indicecombo = 0;

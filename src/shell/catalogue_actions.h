@@ -13,6 +13,7 @@ class CatalogueWindow {
     virtual void showBrowseSurface(bool shown) = 0;  // tree, browse list, band, divider
     virtual void hidePanels() = 0;                   // search, import and notes panels, search list
     virtual void showSearchPanel() = 0;              // in the tree's place
+    virtual void endScan() = 0;                      // of this catalogue, in silence; its rows stay
     virtual void setCaption(const QString& caption) = 0;
 };
 

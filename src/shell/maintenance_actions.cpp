@@ -41,6 +41,7 @@ bool MaintenanceActions::confirmed(const core::Bilingual& question) {
 
 void MaintenanceActions::eliminar() {
     if (!confirmed(eraseAll) || !confirmed(reallySure)) return;
+    m_window.endScan();  // whose rows to come would be none of those erased
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     const auto erased =
         database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));

@@ -48,6 +48,10 @@ void OpeningWindow::showSearchPanel() {
     m_parts.picture1->raise();
 }
 
+void OpeningWindow::endScan() {
+    m_parts.picture2->abandon();
+}
+
 void OpeningWindow::setCaption(const QString& caption) {
     m_parts.window.setWindowTitle(caption);
 }
@@ -87,6 +91,8 @@ void ImportWindow::addUnit(const QString& text, int picture, const QString& key)
     browse::Surface& surface = m_parts.surface;
     const std::string disco = text.toStdString();
     browse::dropPathItem(surface);
+    // Another unit was given this name while it was scanned.
+    if (surface.imageCombo1.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) return;
     if (!surface.nombres.isUnit(disco)) surface.nombres.addUnit(disco);  // to be browsed at once
     m_parts.opening.addUnit(disco, picture, key);
     surface.estado.indicecombo = surface.imageCombo1.count();

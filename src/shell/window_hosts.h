@@ -22,6 +22,7 @@ class OpeningWindow : public browse::OpeningHost, public CatalogueWindow {
     void showBrowseSurface(bool shown) override;
     void hidePanels() override;
     void showSearchPanel() override;
+    void endScan() override;
     void setCaption(const QString& caption) override;
 
   private:

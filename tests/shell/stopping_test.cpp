@@ -152,12 +152,56 @@ TEST_P(Stopping, AnythingMayHappenToTheUnitDuringItsLoad) {
         }
 }
 
-TEST_P(Stopping, AScanGoesOnWithItsCatalogueWhenAnotherIsOpened) {
-    whenItYields([this] { newCatalogue("other.zrq"); });
+// The rows read so far stay, and the unit is shown once.
+TEST_P(Stopping, WhateverTakesTheCatalogueAwayEndsItsScanInSilence) {
+    const std::string other = folder / "other.zrq";
+    const std::map<std::string, Names> leaving{
+        {"nuevo", {}}, {"abrir", {}}, {"reciente", {"Lenta :"}}, {"guardar", {"Lenta :"}}, {"cerrar", {}}};
+    for (const char* entry : {"nuevo", "abrir", "reciente", "cerrar", "guardar"}) {
+        SCOPED_TRACE(entry);
+        const std::string scanned = newCatalogue(std::string(entry) + ".zrq");
+        std::string told;
+        whenItYields([&] {
+            dialogs.answers = {QString::fromStdString(other)};
+            choose(entry);
+            told = status();
+            dialogs.answers.clear();  // not all of them ask
+        });
+        import("Lenta", discs.disc("dvd"));
+        EXPECT_EQ(rowCount(scanned), 1);
+        EXPECT_EQ(rowCount(other), std::string(entry) == "guardar" ? 1 : 0);
+        EXPECT_EQ(roots(), leaving.at(entry));
+        EXPECT_EQ(status(), told) << "what the new catalogue shows stays";
+        EXPECT_EQ(control<QLineEdit>("Text3").text() + control<QLineEdit>("Text4").text(), "");
+        expectIdle();
+    }
+    newCatalogue("other.zrq");
+    messages.answers = {true, true};
+    whenItYields([this] { choose("eliminar"); });
+    import("Lenta", discs.disc("dvd"));
+    EXPECT_EQ(rowCount(other), 0);
+    EXPECT_TRUE(messages.shown.empty());
+
+    whenItYields([this] { choose("nuevo"); });
+    import("Lenta", discs.disc("dvd"));
+    EXPECT_EQ(rowCount(other), 8) << "a cancelled dialog takes nothing away";
+}
+
+TEST_P(Stopping, NothingElseIsCataloguedDuringAScan) {
+    auto& name = control<QLineEdit>("Text3");
+    whenItYields([&] {
+        name.clear();
+        enterName("");
+        addByHand("Cds", "x");
+        name.clear();
+        import("Otra", discs.disc("dvd"));
+        EXPECT_TRUE(isOn("Parar1"));
+    });
     import("Fotos", discs.disc("dvd"));
     EXPECT_EQ(rowCount(path), 8);
-    EXPECT_EQ(rowCount(folder / "other.zrq"), 0);
-    EXPECT_EQ(roots(), Names{}) << "the unit is not of this catalogue";
+    EXPECT_EQ(roots(), (Names{"Fotos :"}));
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(name.text(), "Otra") << "what was typed for the next unit stays";
     expectIdle();
 }
 
