@@ -1,11 +1,10 @@
 #include <algorithm>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/families.h"
+#include "cli/folder_operand.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
 #include "cli/scan_progress.h"
@@ -14,27 +13,18 @@
 #include "platform/files.h"
 #include "scan/allowed_keys.h"
 #include "scan/manual_unit.h"
+#include "scan/row_writer.h"
 #include "scan/scan_request.h"
 
 namespace cli {
 namespace {
 
-constexpr core::Bilingual noFolder{"no es una carpeta", "is no folder"};
 constexpr core::Bilingual unreadableFolder{"no se puede leer", "cannot be read"};
 constexpr core::Bilingual unknownKind{"--kind es mixed, audio, video, programs o games",
                                       "--kind is mixed, audio, video, programs or games"};
 
 // In the order of core::unitKinds.
 constexpr std::string_view kindNames[]{"mixed", "audio", "video", "programs", "games"};
-
-// The folder without links, "." and "..", so that its rows name the drive that it is really on.
-std::string resolved(const std::string& folder) {
-    std::error_code failed;
-    const auto canonical = std::filesystem::canonical(folder, failed);
-    if (!failed) return canonical.native();
-    const auto absolute = std::filesystem::absolute(folder, failed);
-    return failed ? folder : absolute.lexically_normal().native();
-}
 
 int report(const scan::WalkResult& result, const scan::ScanRequest& request, const std::string& catalogue,
            const Invocation& invocation) {
@@ -57,7 +47,8 @@ int report(const scan::WalkResult& result, const scan::ScanRequest& request, con
 int runScan(const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
     const std::string& catalogue = operands[0];
-    const scan::ScanRequest request{operands[1], operands[2].empty() ? std::string() : resolved(operands[2])};
+    const scan::ScanRequest request{operands[1], operands[2].empty() ? std::string() : resolved(operands[2]),
+                                    exclusionOf(invocation.arguments)};
 
     if (!canBeTyped(request.name, scan::allowedInNames))
         return fail(WrongUsage, request.name, notTypeable.in(invocation.language));
@@ -75,6 +66,7 @@ int runScan(const Invocation& invocation) {
     scan::RowWriter rows(*database);
     const scan::WalkResult result = scan::Walker(rows, progress, start).run();
     progress.finish(result.counts);
+    if (result.readable) progress.tellLeftOut();
     return report(result, request, catalogue, invocation);
 }
 
@@ -106,7 +98,7 @@ constexpr Command enteringTable[]{
      "CAT NAME DIR",
      {"Cataloga la carpeta DIR como unidad NAME. Ctrl-C conserva lo ya catalogado.",
       "Catalogues the folder DIR as the unit NAME. Ctrl-C keeps what is in."},
-     {},
+     exclusionOptions,
      runScan},
     {"add", "CAT NAME CONTENT", {"Añade una unidad a mano.", "Adds a unit by hand."}, addOptions, runAdd},
 };

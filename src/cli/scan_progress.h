@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <string>
+#include <vector>
 
 #include "core/language.h"
 #include "scan/walk_observer.h"
@@ -8,6 +10,7 @@
 namespace cli {
 
 // Shows a scan's counts on the standard error while it runs, if that is a terminal, and stops it on Ctrl-C.
+// Remembers what the scan left out.
 class ScanProgress : public scan::WalkObserver {
   public:
     explicit ScanProgress(core::Language language);
@@ -15,13 +18,22 @@ class ScanProgress : public scan::WalkObserver {
     void started(std::int64_t) override {}
     void status(const scan::Counts& counts) override;
     void topLevelDone() override {}
-    [[nodiscard]] bool yield(scan::RowWriter&) override;  // runs nothing, so it commits nothing
+    [[nodiscard]] bool yield(scan::RowSink&) override;  // runs nothing, so it commits nothing
+    void gap(scan::Gap gap, std::string_view drivePath) override;
     void finish(const scan::Counts& counts);
+
+    // One line on the standard error for all that the walk left out, if anything.
+    void tellLeftOut() const;
+    // The folders that could not be read, in drive form.
+    [[nodiscard]] const std::vector<std::string>& unread() const { return m_unread; }
 
   private:
     core::Language m_language;
     bool m_onTerminal;
     std::chrono::steady_clock::time_point m_nextShow{};
+    std::vector<std::string> m_unread;
+    std::int64_t m_tooDeep = 0;
+    std::int64_t m_withoutFacts = 0;
 };
 
 }  // namespace cli

@@ -28,9 +28,14 @@ Folder Folder::subfolder(const char* name) const {
     return Folder(openat(dirfd(m_stream.get()), name, openFlags | O_NOFOLLOW));
 }
 
-void Folder::readAll(Listing& listing) {
-    if (!m_stream) return;
-    while (const dirent* entry = readdir(m_stream.get())) add(*entry, listing);
+bool Folder::readAll(Listing& listing, const Exclusion& exclusion) {
+    if (!m_stream) return false;
+    for (;;) {
+        errno = 0;
+        const dirent* entry = readdir(m_stream.get());
+        if (!entry) return errno == 0;
+        if (!exclusion.excludes(entry->d_name)) add(*entry, listing);
+    }
 }
 
 void Folder::add(const dirent& entry, Listing& listing) const {
@@ -58,7 +63,7 @@ std::optional<ItemFacts> Folder::facts(const char* name, bool isLink) const {
         fstatat(descriptor, name, &status, AT_SYMLINK_NOFOLLOW) == 0)
         return ItemFacts{status.st_mtim.tv_sec, status.st_size};
     if (errno == ENOENT) return std::nullopt;
-    return ItemFacts{};
+    return ItemFacts{.known = false};
 }
 
 }  // namespace scan

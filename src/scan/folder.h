@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "scan/exclusion.h"
 #include "scan/listing.h"
 
 namespace scan {
@@ -15,6 +16,7 @@ namespace scan {
 struct ItemFacts {
     std::int64_t modified = 0;  // Unix seconds
     std::int64_t bytes = 0;
+    bool known = true;  // false: it may not be looked at, and the others are 0
 };
 
 // One open folder of the disk. Everything below it is reached through its descriptor and a bare name, so no
@@ -27,8 +29,9 @@ class Folder {
     // False for a folder that is gone or may not be read; it then lists nothing.
     [[nodiscard]] bool isOpen() const { return m_stream != nullptr; }
 
-    // Adds the names that have not been read yet to `listing`.
-    void readAll(Listing& listing);
+    // Adds the names that have not been read yet to `listing`, but for the excluded ones. False when not all
+    // of them could be read.
+    [[nodiscard]] bool readAll(Listing& listing, const Exclusion& exclusion = {});
 
     // Date and length of an item; of a link, those of what it leads to, or its own if that is missing.
     // Nothing when the item is gone; zeros when the folder may be listed but not searched.

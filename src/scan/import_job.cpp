@@ -15,6 +15,7 @@
 #include "frame/toolbar.h"
 #include "platform/drives.h"
 #include "scan/manual_unit.h"
+#include "scan/row_writer.h"
 #include "scan/scan_request.h"
 #include "scan/status_text.h"
 #include "scan/walk_display.h"

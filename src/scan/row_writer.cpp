@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/inserts.h"
+
 namespace scan {
 namespace {
 
@@ -47,6 +49,10 @@ void RowWriter::insert(std::string_view statement) {
     m_taken.wait(lock, [this] { return m_waiting.ends.size() < mostWaiting; });
     m_waiting.add(statement);
     if (m_waiting.ends.size() == worthWakingUp) m_wake.notify_one();
+}
+
+void RowWriter::add(const core::CatalogRow& row) {
+    insert(row.archivo ? core::insertFile(row) : core::insertFolder(row));
 }
 
 void RowWriter::commit() {

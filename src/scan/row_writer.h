@@ -7,6 +7,7 @@
 #include <thread>
 #include <vector>
 
+#include "scan/row_sink.h"
 #include "scan/timed_transactions.h"
 
 namespace scan {
@@ -16,17 +17,18 @@ namespace scan {
 // Rows reach the file within half a second, also while the walk hangs on a slow disc.
 //
 // Between a call of insert() and the next commit() the thread alone may use `database`.
-class RowWriter {
+class RowWriter : public RowSink {
   public:
     explicit RowWriter(engine::Database& database);
-    ~RowWriter();
+    ~RowWriter() override;
     RowWriter(const RowWriter&) = delete;
     RowWriter& operator=(const RowWriter&) = delete;
 
     void insert(std::string_view statement);
-    void commit();  // makes every row so far durable and visible; to be called before anyone else may look
 
-    [[nodiscard]] const WriteSummary& summary() const { return m_summary; }  // as it was at the last commit
+    void add(const core::CatalogRow& row) override;
+    void commit() override;
+    [[nodiscard]] WriteSummary summary() const override { return m_summary; }  // as of the last commit
 
   private:
     // Statements, one behind the other in one text.

@@ -30,11 +30,17 @@ const Refusal* refusalOf(const ScanRequest& request, engine::Database& database)
     return nullptr;
 }
 
-WalkStart walkStart(const ScanRequest& request, engine::Database& database, const platform::Drives& drives) {
+WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives) {
     WalkStart start;
     start.nativePath = request.directory;
     start.drivePath = drives.toDrivePath(withoutTrailingSlashes(request.directory));
     start.disco = request.name + std::string(core::unitSuffix);
+    start.exclusion = request.exclusion;
+    return start;
+}
+
+WalkStart walkStart(const ScanRequest& request, engine::Database& database, const platform::Drives& drives) {
+    WalkStart start = walkStart(request, drives);
     start.lastNumero = lastNumero(database);
     return start;
 }

@@ -14,6 +14,7 @@ namespace scan {
 struct ScanRequest {
     std::string name;
     std::string directory;
+    Exclusion exclusion{};
 };
 
 // The first reason not to scan; nullptr to go ahead. A catalogue that cannot be read refuses nothing.
@@ -26,6 +27,8 @@ struct ScanRequest {
 [[nodiscard]] std::int64_t lastNumero(engine::Database& database);
 
 // Where the walk of a request begins.
+[[nodiscard]] WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives);
+// The same, with the number that its rows count on from.
 [[nodiscard]] WalkStart walkStart(const ScanRequest& request, engine::Database& database,
                                   const platform::Drives& drives);
 

@@ -2,19 +2,12 @@
 
 #include <chrono>
 #include <functional>
-#include <optional>
 #include <string_view>
 
 #include "engine/database.h"
+#include "scan/row_sink.h"
 
 namespace scan {
-
-// What became of the rows that a scan handed to the catalogue.
-struct WriteSummary {
-    long long written = 0;
-    long long lost = 0;
-    std::optional<engine::Error> firstError;
-};
 
 // Hands insert statements to a catalogue within transactions that last a quarter of a second at most. A row
 // that the engine refuses is lost in silence and counted; while no transaction can be had (a locked or full

@@ -7,7 +7,6 @@
 
 #include "frame/pointer.h"
 #include "frame/status_band.h"
-#include "scan/row_writer.h"
 #include "scan/status_text.h"
 
 namespace scan {
@@ -19,7 +18,7 @@ constexpr auto showEvery = 50ms;
 // Sees every event before its receiver does.
 class CommitBeforeHandlers : public QObject {
   public:
-    explicit CommitBeforeHandlers(RowWriter& rows) : m_rows(rows) { qApp->installEventFilter(this); }
+    explicit CommitBeforeHandlers(RowSink& rows) : m_rows(rows) { qApp->installEventFilter(this); }
 
   protected:
     bool eventFilter(QObject*, QEvent* event) override {
@@ -35,7 +34,7 @@ class CommitBeforeHandlers : public QObject {
     }
 
   private:
-    RowWriter& m_rows;
+    RowSink& m_rows;
 };
 
 }  // namespace
@@ -56,7 +55,7 @@ void WalkDisplay::topLevelDone() {
     m_frame.status.advanceProgress();
 }
 
-bool WalkDisplay::yield(RowWriter& rows) {
+bool WalkDisplay::yield(RowSink& rows) {
     const CommitBeforeHandlers guard(rows);
     frame::yieldToQueue();
     return m_stop;

@@ -17,7 +17,7 @@ class WalkDisplay : public WalkObserver {
     void started(std::int64_t topLevelFolders) override;
     void status(const Counts& counts) override;
     void topLevelDone() override;
-    [[nodiscard]] bool yield(RowWriter& rows) override;
+    [[nodiscard]] bool yield(RowSink& rows) override;
 
   private:
     frame::Frame& m_frame;

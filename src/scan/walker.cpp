@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/inserts.h"
 #include "core/kilobytes.h"
 #include "core/serial_date.h"
 #include "core/text.h"
@@ -15,10 +14,6 @@ namespace {
 
 constexpr int topLevel = 1;
 constexpr int deepestYield = 10;  // below it nothing yields and nothing can be stopped
-
-bool isDriveRoot(std::string_view path) {
-    return path.size() == 3 && path.substr(1) == ":\\";
-}
 
 bool standsAsItIs(std::string_view name) {
     return std::ranges::none_of(
@@ -43,7 +38,12 @@ class PathStep {
 
 }  // namespace
 
-Walker::Walker(RowWriter& rows, WalkObserver& observer, WalkStart start)
+std::string_view carpetaOf(std::string_view ruta) {
+    const bool isDriveRoot = ruta.size() == 3 && ruta.substr(1) == ":\\";
+    return isDriveRoot ? ruta.substr(0, 2) : core::lastComponent(ruta);
+}
+
+Walker::Walker(RowSink& rows, WalkObserver& observer, WalkStart start)
     : m_rows(rows),
       m_observer(observer),
       m_start(std::move(start)),
@@ -82,26 +82,30 @@ Walker::Flow Walker::walk(Folder& folder, int level) {
 Walker::Flow Walker::descend(const Folder& parent, const Listing::Entry& entry, int level) {
     const std::string_view name = m_listings[level].name(entry);
     Folder folder = parent.subfolder(name.data());
-    if (!folder.isOpen()) return Flow::Goes;
     const PathStep step(m_path, rowName(name));
-    return walk(folder, level + 1);
+    if (folder.isOpen()) return walk(folder, level + 1);
+    m_observer.gap(Gap::Content, m_path);
+    return Flow::Goes;
 }
 
 void Walker::lastLevel(const Folder& parent, const Listing::Entry& entry) {
     const std::string_view name = m_listings[deepestLevel - 1].name(entry);
     Folder folder = parent.subfolder(name.data());
-    if (!folder.isOpen()) return;
     const PathStep step(m_path, rowName(name));
+    if (!folder.isOpen()) return m_observer.gap(Gap::Content, m_path);
     const Listing& names = list(folder, deepestLevel);
     fileRows(folder, names, deepestLevel);
-    for (const Listing::Entry& below : names.folders())
-        static_cast<void>(folderRow(folder, names, below, deepestLevel));
+    for (const Listing::Entry& below : names.folders()) {
+        if (!folderRow(folder, names, below, deepestLevel) || below.isLink) continue;
+        const PathStep deepest(m_path, rowName(names.name(below)));
+        m_observer.gap(Gap::Depth, m_path);
+    }
 }
 
 const Listing& Walker::list(Folder& folder, int level) {
     Listing& names = m_listings[level];
     names.clear();
-    folder.readAll(names);
+    if (!folder.readAll(names, m_start.exclusion)) m_observer.gap(Gap::Content, m_path);
     names.sort();
     return names;
 }
@@ -121,13 +125,14 @@ bool Walker::folderRow(const Folder& parent, const Listing& names, const Listing
     m_folderRow.carpeta = name;
     m_folderRow.nivel = std::to_string(level);
     m_folderRow.fecha = core::serialOfTime(facts->modified);
-    m_rows.insert(core::insertFolder(m_folderRow));
+    m_rows.add(m_folderRow);
+    if (!facts->known) m_observer.gap(Gap::Facts, m_path);
     return true;
 }
 
 void Walker::fileRows(const Folder& folder, const Listing& names, int level) {
     m_fileRow.ruta = m_path;
-    m_fileRow.carpeta = isDriveRoot(m_path) ? m_path.substr(0, 2) : std::string(core::lastComponent(m_path));
+    m_fileRow.carpeta = carpetaOf(m_path);
     m_fileRow.nivel = std::to_string(level);
 
     for (const Listing::Entry& entry : names.files()) {
@@ -141,7 +146,8 @@ void Walker::fileRows(const Folder& folder, const Listing& names, int level) {
         m_fileRow.archivo = rowName(diskName);
         m_fileRow.fecha = core::serialOfTime(facts->modified);
         m_fileRow.largo = core::kilobytesOf(facts->bytes);
-        m_rows.insert(core::insertFile(m_fileRow));
+        m_rows.add(m_fileRow);
+        if (!facts->known) m_observer.gap(Gap::Facts, m_path);
     }
 }
 

@@ -7,7 +7,7 @@
 #include "core/catalog_row.h"
 #include "scan/folder.h"
 #include "scan/listing.h"
-#include "scan/row_writer.h"
+#include "scan/row_sink.h"
 #include "scan/walk_observer.h"
 
 namespace scan {
@@ -25,7 +25,11 @@ struct WalkStart {
     std::string drivePath;        // the same folder in drive form, as the rows spell it
     std::string disco;            // the unit's name with its " :"
     std::int64_t lastNumero = 0;  // the number of rows in the catalogue beforehand
+    Exclusion exclusion{};        // names that get no row, and folders that are not entered
 };
+
+// What a file's row tells as its folder's name: of a drive root the two characters of the drive.
+[[nodiscard]] std::string_view carpetaOf(std::string_view ruta);
 
 // Turns a directory tree into rows: for each folder, its subfolders in order, each followed by all that lies
 // under it, then its own files. Rows end at level 12, where the order is turned round: of a folder at level
@@ -39,7 +43,7 @@ class Walker {
   public:
     static constexpr int deepestLevel = 12;
 
-    Walker(RowWriter& rows, WalkObserver& observer, WalkStart start);
+    Walker(RowSink& rows, WalkObserver& observer, WalkStart start);
     [[nodiscard]] WalkResult run();
 
   private:
@@ -55,7 +59,7 @@ class Walker {
     void fileRows(const Folder& folder, const Listing& names, int level);
     [[nodiscard]] std::string_view rowName(std::string_view diskName);
 
-    RowWriter& m_rows;
+    RowSink& m_rows;
     WalkObserver& m_observer;
     WalkStart m_start;
     Counts m_counts;

@@ -73,6 +73,19 @@ TEST_F(Program, ScansListsAndExports) {
     EXPECT_NE(json.find(R"("ruta":"C:Pelis","carpeta":"Pelis","archivo":null,"nivel":"1")"), json.npos);
 }
 
+TEST_F(Program, LeavesOutWhatItIsToldToAndTellsOfTheRest) {
+    fs::create_directories(work / "disc/1/2/3/4/5/6/7/8/9/10/11/12");
+    test::writeFile(work / "disc/.hidden", "");
+    EXPECT_EQ(run({"scan", cat, "All", disc, "--lang", "en"}).told,
+              "zarquelin-cli: left out: what is in 1 folder at the depth limit\n");
+    const Outcome some = run({"scan", cat, "Some", disc, "--exclude", "a*", "--exclude=1", "--no-hidden"});
+    EXPECT_EQ(some.status, 0);
+    EXPECT_EQ(some.told, "");
+    EXPECT_TRUE(
+        run({"units", cat, "--lang", "en"}).told.ends_with("\nSome\tFolders and files unit\t0\t1\t0\n"));
+    EXPECT_EQ(statusOf({"scan", cat, "None", disc, "--exclude"}), 2);
+}
+
 TEST_F(Program, RenamesDeletesAndCompacts) {
     ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
     ASSERT_EQ(run({"add", cat, "Cds", "x"}).status, 0);

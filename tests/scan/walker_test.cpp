@@ -11,6 +11,7 @@
 #include "core/serial_date.h"
 #include "platform/drives.h"
 #include "scan/catalogue_fixture.h"
+#include "scan/row_writer.h"
 #include "scan/scan_request.h"
 
 namespace {
@@ -24,12 +25,16 @@ struct Watcher : scan::WalkObserver {
     int topDone = 0;
     int yields = 0;
     int statuses = 0;
-    std::function<bool(scan::RowWriter&)> onYield;
+    std::vector<std::string> tooDeep;
+    std::function<bool(scan::RowSink&)> onYield;
 
     void started(std::int64_t folders) override { topLevel = folders; }
     void status(const scan::Counts&) override { ++statuses; }
     void topLevelDone() override { ++topDone; }
-    bool yield(scan::RowWriter& rows) override {
+    void gap(scan::Gap gap, std::string_view path) override {
+        if (gap == scan::Gap::Depth) tooDeep.emplace_back(path);
+    }
+    bool yield(scan::RowSink& rows) override {
         ++yields;
         return onYield && onYield(rows);
     }
@@ -88,6 +93,7 @@ TEST_F(Walk, PutsSubfoldersFirstAndTurnsRoundAtTheLastLevel) {
     EXPECT_EQ(result.counts.folders, 15);
     EXPECT_EQ(result.counts.files, 5);
     EXPECT_EQ(result.writes.written, 20);
+    EXPECT_EQ(watcher.tooDeep, (Lines{ruta + R"(\11\12)", ruta + R"(\11\12b)"}));
     EXPECT_EQ(watcher.topLevel, 2);
     EXPECT_EQ(watcher.topDone, 2);
     EXPECT_EQ(watcher.yields, 11);        // levels 1 to 10
@@ -130,7 +136,7 @@ TEST_F(Walk, GoesOnPastWhatIsUnreadableOrGone) {
     file("t/gone/f");
     file("t/open/f");
     fs::permissions(at("t/closed"), fs::perms::none);
-    watcher.onYield = [this](scan::RowWriter&) {
+    watcher.onYield = [this](scan::RowSink&) {
         fs::remove_all(at("t/gone"));  // listed, but not there any more
         return false;
     };
