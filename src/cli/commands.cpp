@@ -24,8 +24,9 @@ std::string written(const Option& option) {
 std::span<const Command> commands() {
     static const std::vector<Command> all = [] {
         std::vector<Command> joined;
-        for (const auto family : {catalogueCommands(), enteringCommands(), unitCommands(), listCommands(),
-                                  searchCommands(), statsCommands(), rowCommands(), exportCommands()})
+        for (const auto family :
+             {catalogueCommands(), enteringCommands(), updateCommands(), unitCommands(), listCommands(),
+              searchCommands(), statsCommands(), rowCommands(), exportCommands()})
             joined.insert(joined.end(), family.begin(), family.end());
         return joined;
     }();

@@ -9,6 +9,7 @@ namespace cli {
 // The commands by what they do, one source file each.
 [[nodiscard]] std::span<const Command> catalogueCommands();  // new, compact, repair
 [[nodiscard]] std::span<const Command> enteringCommands();   // scan, add
+[[nodiscard]] std::span<const Command> updateCommands();     // update, compare
 [[nodiscard]] std::span<const Command> unitCommands();       // units, rename, delete
 [[nodiscard]] std::span<const Command> listCommands();       // list
 [[nodiscard]] std::span<const Command> statsCommands();      // stats

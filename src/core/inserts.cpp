@@ -40,6 +40,26 @@ std::string insertFile(const CatalogRow& row) {
                       decimalText(row.fecha), std::to_string(row.largo.value_or(0)), row.tipo, row.disco});
 }
 
+std::string textLiteral(std::string_view text) {
+    std::string literal = "'";
+    for (const char c : text) literal.append(c == '\'' ? 2 : 1, c);
+    return literal += '\'';
+}
+
+std::string insertWhole(const CatalogRow& row) {
+    const auto orNull = [](const std::optional<std::string>& text) {
+        return text ? textLiteral(*text) : "null";
+    };
+    std::string sql =
+        "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario) values (";
+    sql += std::to_string(row.numero) + ',' + textLiteral(row.ruta) + ',' + textLiteral(row.carpeta) + ',';
+    sql +=
+        orNull(row.archivo) + ',' + textLiteral(row.nivel) + ',' + textLiteral(decimalText(row.fecha)) + ',';
+    sql += row.largo ? std::to_string(*row.largo) : "null";
+    return sql +=
+           ',' + textLiteral(row.tipo) + ',' + textLiteral(row.disco) + ',' + orNull(row.comentario) + ')';
+}
+
 std::string selectUnitNamed(std::string_view name) {
     std::string sql = "select * from datos where disco =('";
     sql += name;

@@ -78,6 +78,10 @@ engine::Result<std::vector<Unit>> units(engine::Database& database) {
     return units;
 }
 
+engine::Result<long long> totalRows(engine::Database& database) {
+    return recordCount(database, "select * from datos");
+}
+
 engine::Result<Counters> countAll(engine::Database& database) {
     struct Count {
         long long Counters::*counter;

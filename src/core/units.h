@@ -30,6 +30,9 @@ struct Unit {
 // All units with their totals, in one pass over the rows.
 [[nodiscard]] engine::Result<std::vector<Unit>> units(engine::Database& database);
 
+// The number of rows of the catalogue, after which the `numero` of a new unit counts on.
+[[nodiscard]] engine::Result<long long> totalRows(engine::Database& database);
+
 // The totals of the whole catalogue.
 struct Counters {
     long long contadorunidades = 0;

@@ -86,6 +86,29 @@ TEST_F(Program, LeavesOutWhatItIsToldToAndTellsOfTheRest) {
     EXPECT_EQ(statusOf({"scan", cat, "None", disc, "--exclude"}), 2);
 }
 
+TEST_F(Program, TellsWhatAnUpdateChanges) {
+    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
+    EXPECT_EQ(statusOf({"compare", cat, "Fotos"}), 0);
+    fs::remove(work / "disc/it's \"odd\", \xff");
+    test::writeFile(work / "disc/Año/uno.txt", "");
+    test::writeFile(work / "disc/\x1b[31mred\n", "");
+    const std::string told = "~ Año/uno.txt\n+ \\x1b[31mred\\n\n- it´s \"odd\", \uF0FF\n";
+    const Outcome compared = run({"compare", cat, "Fotos"});
+    EXPECT_EQ(compared.status, 1);
+    EXPECT_EQ(compared.told, told);
+    const std::string json = run({"compare", cat, "fotos", disc, "--json"}).told;
+    EXPECT_TRUE(json.starts_with(R"({"change":"changed","numero":3,"ruta":"E:\\Año",)")) << json;
+    const Outcome updated = run({"update", cat, "Fotos"});
+    EXPECT_EQ(updated.status, 0);
+    EXPECT_EQ(updated.told, told);
+    EXPECT_EQ(statusOf({"compare", cat, "Fotos"}), 0);
+    EXPECT_EQ(run({"compare", cat, "Fotos", "--exclude", "[ab]ño"}).told,
+              "- Año\n- Año/sub\n- Año/uno.txt\n");
+    EXPECT_EQ(statusOf({"update", cat, "Nada"}), 1);
+    EXPECT_EQ(statusOf({"update", cat, "Fotos", work / "missing"}), 2);
+    EXPECT_EQ(statusOf({"update", work / "missing.zrq", "Fotos"}), 3);
+}
+
 TEST_F(Program, RenamesDeletesAndCompacts) {
     ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
     ASSERT_EQ(run({"add", cat, "Cds", "x"}).status, 0);

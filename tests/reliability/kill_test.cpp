@@ -91,6 +91,19 @@ TEST_F(Killed, ScanKeepsAllButItsLastMoments) {
     });
 }
 
+TEST_F(Killed, UpdateLeavesTheOldUnitOrTheNewOne) {
+    test::makeTree(work / "tree", 15, 40);  // of which "Victim" knows some folders
+    test::writeFile(work / "tree" + "/folder3/file 65.txt", "");
+    test::statusOf({ZARQUELIN_CLI, "note", original, "Victim", "E:\\folder3\\file 65.txt", "kept"});
+    before = test::contentOf(original);
+    const Words update{ZARQUELIN_CLI, "update", catalogue, "Victim", work / "tree"};
+    restore();
+    ASSERT_EQ(test::statusOf(update), 0);
+    const Content updated = test::contentOf(catalogue);
+    ASSERT_EQ(updated.at("Victim :").size(), 15U * 41U + 1U);
+    killAnywhere(update, [&](const Content& after) { EXPECT_TRUE(after == before || after == updated); });
+}
+
 TEST_F(Killed, NoteIsTheOldOrTheNewOne) {
     const std::string note = "a note that was not there before";
     killAnywhere({ZARQUELIN_CLI, "note", catalogue, "Victim", "E:\\folder3\\file 65.txt", note},

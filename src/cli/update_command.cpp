@@ -1,0 +1,116 @@
+#include <algorithm>
+#include <string>
+
+#include "cli/arguments.h"
+#include "cli/console.h"
+#include "cli/families.h"
+#include "cli/folder_operand.h"
+#include "cli/interrupt.h"
+#include "cli/output.h"
+#include "cli/scan_progress.h"
+#include "core/unit_kinds.h"
+#include "core/units.h"
+#include "platform/files.h"
+#include "scan/rescan.h"
+
+namespace cli {
+namespace {
+
+constexpr core::Bilingual unreadKept{"no se puede leer; sus filas se conservan",
+                                     "cannot be read; its rows are kept"};
+
+enum class Does { Compare, Update };
+
+int tell(const scan::RescanFailure& failure, const Invocation& invocation) {
+    using Kind = scan::RescanFailure::Kind;
+    const auto& operands = invocation.arguments.operands;
+    if (failure.kind == Kind::Catalogue) return fail(UnusableCatalogue, operands[0], failure.error.text);
+    const int status = fail(failure.kind == Kind::NotFound ? NothingFound : WrongUsage, operands[1],
+                            failure.reason.in(invocation.language));
+    return failure.kind == Kind::Stopped ? statusOfInterrupt() : status;
+}
+
+std::string_view wordOf(scan::UnitChanges::Kind kind) {
+    switch (kind) {
+        case scan::UnitChanges::Kind::Added:
+            return "added";
+        case scan::UnitChanges::Kind::Removed:
+            return "removed";
+        case scan::UnitChanges::Kind::Changed:
+            return "changed";
+    }
+    return {};
+}
+
+void printChanges(const scan::UnitChanges& changes, bool json, const platform::Drives& drives) {
+    for (const scan::UnitChanges::Change& change : changes.changes()) {
+        if (json) {
+            JsonLine line;
+            addRow(line.text("change", wordOf(change.kind)), changes.row(change), drives);
+            print(line.take());
+            continue;
+        }
+        std::string path = changes.path(change);
+        std::ranges::replace(path, '\\', '/');
+        print(std::string{static_cast<char>(change.kind), ' '} + shown(path) + '\n');
+    }
+}
+
+int readAgain(const Invocation& invocation, Does does) {
+    const auto& operands = invocation.arguments.operands;
+    scan::RescanRequest request{
+        operands[1] + std::string(core::unitSuffix), {}, exclusionOf(invocation.arguments)};
+    if (operands.size() > 2) {
+        request.directory = resolved(operands[2]);
+        if (!platform::FolderExists(request.directory))
+            return fail(WrongUsage, operands[2], noFolder.in(invocation.language));
+    }
+    auto database =
+        openCatalogue(operands[0], does == Does::Update ? engine::Use::Catalogue : engine::Use::ReadOnly);
+    if (!database) return UnusableCatalogue;
+
+    const InterruptGuard interrupts;
+    ScanProgress progress(invocation.language);
+    const platform::Drives drives = platform::Drives::current();
+    const auto changes = does == Does::Update
+                             ? scan::updateUnit(*database, request, drives, progress, wasInterrupted)
+                             : scan::compareUnit(*database, request, drives, progress);
+    if (!changes) return tell(changes.error(), invocation);
+
+    printChanges(*changes, invocation.arguments.json, drives);
+    for (const std::string& folder : progress.unread())
+        fail(NothingFound, folder, unreadKept.in(invocation.language));
+    const bool differs = does == Does::Compare && !changes->changes().empty();
+    return differs || !progress.unread().empty() ? NothingFound : Done;
+}
+
+int runUpdate(const Invocation& invocation) {
+    return readAgain(invocation, Does::Update);
+}
+
+int runCompare(const Invocation& invocation) {
+    return readAgain(invocation, Does::Compare);
+}
+
+constexpr Command updateTable[]{
+    {"update",
+     "CAT UNIT [DIR]",
+     {"Lee otra vez el medio de una unidad y la pone al día; las notas se conservan. Dice qué ha cambiado.",
+      "Reads the medium of a unit again and brings the unit up to date, its notes kept. Tells what changed."},
+     exclusionOptions,
+     runUpdate},
+    {"compare",
+     "CAT UNIT [DIR]",
+     {"Dice qué cambiaría update, y no cambia nada. Estado 1: algo difiere.",
+      "Tells what update would change, and changes nothing. Status 1: something differs."},
+     exclusionOptions,
+     runCompare},
+};
+
+}  // namespace
+
+std::span<const Command> updateCommands() {
+    return updateTable;
+}
+
+}  // namespace cli
