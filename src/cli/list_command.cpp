@@ -1,33 +1,17 @@
-#include <algorithm>
 #include <string>
-#include <vector>
 
 #include "browse/node_listing.h"
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/families.h"
+#include "cli/operands.h"
 #include "cli/output.h"
 #include "cli/row_output.h"
 #include "core/catalog_row.h"
 #include "core/serial_date.h"
-#include "core/text.h"
-#include "core/unit_kinds.h"
 
 namespace cli {
 namespace {
-
-constexpr core::Bilingual notCatalogued{"no está en el catálogo", "is not in the catalogue"};
-
-// FOLDER\SUB, with or without a backslash at either end.
-std::vector<std::string> foldersOf(const std::string& path) {
-    std::vector<std::string> folders;
-    for (std::size_t at = 0; at < path.size();) {
-        const std::size_t end = std::min(path.find('\\', at), path.size());
-        if (end > at) folders.push_back(path.substr(at, end - at));
-        at = end + 1;
-    }
-    return folders;
-}
 
 // Name, kilobytes (none for a folder) and date.
 std::string plainRow(const core::CatalogRow& row) {
@@ -36,12 +20,14 @@ std::string plainRow(const core::CatalogRow& row) {
 }
 
 engine::Result<long long> printRows(engine::Database& database, const std::string& select,
-                                    RowOutput& output) {
+                                    const std::string& disco, RowOutput& output) {
     auto rows = database.OpenRecordset(select);
     if (!rows) return std::unexpected(rows.error());
     long long count = 0;
-    for (; !rows->Eof(); rows->MoveNext(), ++count) {
+    for (; !rows->Eof(); rows->MoveNext()) {
         const core::CatalogRow row = core::readRow(*rows);
+        if (row.disco != disco) continue;  // a unit whose name differs in case
+        ++count;
         if (!output.forPrograms(row)) print(plainRow(row));
     }
     if (rows->error()) return std::unexpected(*rows->error());
@@ -53,20 +39,19 @@ int runList(const Invocation& invocation) {
     auto database = openCatalogue(operands[0], engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
 
-    // Names lose their apostrophes on the way into a catalogue.
-    const std::string disco = core::withoutApostrophes(operands[1]) + std::string(core::unitSuffix);
-    const std::string path = operands.size() > 2 ? core::withoutApostrophes(operands[2]) : std::string();
-    const auto listing = browse::nodeListing(*database, disco, foldersOf(path));
-    if (!listing) return fail(UnusableCatalogue, operands[0], listing.error().text);
-    if (!*listing)
-        return fail(NothingFound, path.empty() ? operands[1] : operands[1] + '\\' + operands[2],
-                    notCatalogued.in(invocation.language));
+    const auto disco = unitOperand(*database, operands[1], invocation);
+    if (!disco) return disco.error();
+    const std::string path = operands.size() > 2 ? operands[2] : std::string();
+    const auto place = rowOperand(*database, *disco, path, core::FoundRow::Folder, invocation);
+    if (!place) return place.error();
+    if (place->kind != core::FoundRow::Unit && place->kind != core::FoundRow::Folder)
+        return fail(NothingFound, path, isNoFolder.in(invocation.language));
 
+    const browse::Listing listing = browse::listingOf(*place);
     RowOutput output(invocation);
     long long count = 0;
-    for (const std::string& select : {(*listing)->folders, (*listing)->files}) {
-        if (select.empty()) continue;
-        const auto printed = printRows(*database, select, output);
+    for (const std::string& select : {listing.folders, listing.files}) {
+        const auto printed = printRows(*database, select, *disco, output);
         if (!printed) return fail(UnusableCatalogue, operands[0], printed.error().text);
         count += *printed;
     }

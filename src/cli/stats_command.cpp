@@ -1,24 +1,27 @@
+#include <expected>
 #include <string>
 
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/families.h"
+#include "cli/operands.h"
 #include "cli/output.h"
-#include "core/text.h"
-#include "core/unit_kinds.h"
 #include "stats/statistics.h"
 
 namespace cli {
 namespace {
 
-// An apostrophe stands in no catalogue, since names lose theirs on the way in.
-stats::Scope scopeOf(const std::vector<std::string>& operands) {
-    stats::Scope scope;
-    scope.unit = core::withoutApostrophes(operands[1]) + std::string(core::unitSuffix);
-    if (operands.size() > 2 && !operands[2].empty()) {
-        const std::string path = core::withoutApostrophes(operands[2]);
-        scope.path = path.starts_with('\\') ? path : '\\' + path;
-    }
+std::expected<stats::Scope, int> scopeOf(engine::Database& database, const Invocation& invocation) {
+    const auto& operands = invocation.arguments.operands;
+    const auto disco = unitOperand(database, operands[1], invocation);
+    if (!disco) return std::unexpected(disco.error());
+    stats::Scope scope{.unit = *disco, .path = {}};
+    if (operands.size() < 3) return scope;
+    const auto place = rowOperand(database, *disco, operands[2], core::FoundRow::Folder, invocation);
+    if (!place) return std::unexpected(place.error());
+    if (place->kind == core::FoundRow::Folder) scope.ruta = place->row.ruta;
+    if (place->kind == core::FoundRow::File)
+        return std::unexpected(fail(NothingFound, operands[2], isNoFolder.in(invocation.language)));
     return scope;
 }
 
@@ -43,8 +46,9 @@ int runStats(const Invocation& invocation) {
     const std::string& catalogue = arguments.operands[0];
     auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
-    const auto statistics =
-        stats::countScope(*database, scopeOf(arguments.operands), stats::TotalLimit::None);
+    const auto scope = scopeOf(*database, invocation);
+    if (!scope) return scope.error();
+    const auto statistics = stats::countScope(*database, *scope, stats::TotalLimit::None);
     if (!statistics) return fail(UnusableCatalogue, catalogue, statistics.error().text);
     if (statistics->totalarchivos < 1)
         return fail(NothingFound, arguments.operands[1], stats::noFiles.in(invocation.language));

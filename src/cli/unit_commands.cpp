@@ -1,21 +1,24 @@
+#include <algorithm>
 #include <expected>
 #include <string>
 
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/families.h"
+#include "cli/operands.h"
 #include "cli/output.h"
 #include "core/maintenance.h"
-#include "core/text.h"
 #include "core/unit_kinds.h"
 #include "core/units.h"
+#include "engine/text/folding.h"
 #include "scan/allowed_keys.h"
 #include "scan/scan_request.h"
 
 namespace cli {
 namespace {
 
-constexpr core::Bilingual noUnit{"no existe esa unidad", "there is no such unit"};
+constexpr core::Bilingual differsInCase{"hay otra unidad cuyo nombre solo difiere en mayúsculas",
+                                        "there is another unit whose name differs in case only"};
 constexpr core::Bilingual nameTaken{"ya existe una unidad con ese nombre", "there is a unit with this name"};
 
 // What a unit is called: the kind's word for a hand-made one, for a scanned one the word that is never
@@ -25,11 +28,6 @@ std::string kindOf(const core::Unit& unit, core::Language language) {
     for (const core::UnitKind& kind : core::unitKinds)
         if (kind.tipo == unit.tipo) return std::string(kind.caption.in(language));
     return unit.tipo;
-}
-
-std::string_view withoutSuffix(std::string_view disco) {
-    if (disco.ends_with(core::unitSuffix)) disco.remove_suffix(core::unitSuffix.size());
-    return disco;
 }
 
 void printUnit(const core::Unit& unit, const Invocation& invocation) {
@@ -43,7 +41,7 @@ void printUnit(const core::Unit& unit, const Invocation& invocation) {
                   .take());
         return;
     }
-    print(shown(withoutSuffix(unit.disco)) + '\t' + shown(kindOf(unit, invocation.language)) + '\t' +
+    print(shown(core::unitName(unit.disco)) + '\t' + shown(kindOf(unit, invocation.language)) + '\t' +
           std::to_string(unit.folders) + '\t' + std::to_string(unit.files) + '\t' +
           std::to_string(unit.kilobytes) + '\n');
 }
@@ -58,16 +56,18 @@ int runUnits(const Invocation& invocation) {
     return units->empty() ? NothingFound : Done;
 }
 
-// The `disco` of the unit that an operand names; says so and gives the exit status when there is none.
-std::expected<std::string, int> findUnit(engine::Database& database, const Invocation& invocation) {
+// The unit that is to be changed. Statements take no notice of case, so that one whose name another bears in
+// other letters cannot be changed alone.
+std::expected<std::string, int> unitToChange(engine::Database& database, const Invocation& invocation) {
     const std::string& name = invocation.arguments.operands[1];
-    std::string disco = name + std::string(core::unitSuffix);
-    const auto tipo = core::unitTipo(database, disco);
-    const bool unreadable = !tipo && tipo.error().number != engine::error::syntaxInExpression;
-    if (unreadable)
-        return std::unexpected(fail(UnusableCatalogue, invocation.arguments.operands[0], tipo.error().text));
-    if (!tipo || tipo->empty())
-        return std::unexpected(fail(NothingFound, name, noUnit.in(invocation.language)));
+    auto disco = unitOperand(database, name, invocation);
+    if (!disco) return disco;
+    const auto all = core::unitNames(database);
+    if (!all)
+        return std::unexpected(fail(UnusableCatalogue, invocation.arguments.operands[0], all.error().text));
+    if (std::ranges::count_if(*all, [&](const auto& other) { return engine::equalFolded(other, *disco); }) >
+        1)
+        return std::unexpected(fail(WrongUsage, name, differsInCase.in(invocation.language)));
     return disco;
 }
 
@@ -79,9 +79,9 @@ int runRename(const Invocation& invocation) {
         return fail(WrongUsage, newName, notTypeable.in(invocation.language));
     auto database = openCatalogue(catalogue, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
-    const auto disco = findUnit(*database, invocation);
+    const auto disco = unitToChange(*database, invocation);
     if (!disco) return disco.error();
-    const bool sameUnit = core::lowerCase(newName) == core::lowerCase(invocation.arguments.operands[1]);
+    const bool sameUnit = engine::equalFolded(newName, core::unitName(*disco));
     if (!sameUnit && scan::unitExists(*database, newName))
         return fail(WrongUsage, newName, nameTaken.in(invocation.language));
     if (const auto renamed = core::renameUnit(*database, *disco, newName); !renamed)
@@ -93,7 +93,7 @@ int runDelete(const Invocation& invocation) {
     const std::string& catalogue = invocation.arguments.operands[0];
     auto database = openCatalogue(catalogue, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
-    const auto disco = findUnit(*database, invocation);
+    const auto disco = unitToChange(*database, invocation);
     if (!disco) return disco.error();
     if (const auto deleted = core::deleteUnit(*database, *disco); !deleted)
         return fail(UnusableCatalogue, catalogue, deleted.error().text);

@@ -17,9 +17,10 @@ namespace copyback {
 // The spellings tried in the other drives.
 inline constexpr std::span<const core::Candidate> scanCandidates{core::copyCandidates.data(), 3};
 
-// Both places, without asking for the medium.
+// Both places, without asking for the medium. Where a disk has both spellings of a name, `first` tells which
+// is meant.
 [[nodiscard]] std::optional<core::FoundFile> locate(const platform::Drives& drives,
-                                                    const core::CataloguedFile& file);
+                                                    const core::CataloguedFile& file, core::Spelling first);
 
 // The name that a copy bears on the disk.
 [[nodiscard]] std::string destinationIn(const std::string& nativeFolder, std::string_view catalogueName);

@@ -1,5 +1,6 @@
 #include "notes/note_store.h"
 
+#include "core/text.h"
 #include "core/unit_kinds.h"
 
 namespace notes {
@@ -40,6 +41,29 @@ std::string updateNote(const NoteTarget& target, std::string_view note) {
     std::string text = "update datos set comentario='";
     text = withKey(text.append(note).append("' where "), target, "archivo");
     return target.list == ListKind::Browse ? withKey(text + " or ", target, "carpeta") : text;
+}
+
+engine::Result<> storeNoteOf(engine::Database& database, const core::CatalogRow& row, std::string_view note) {
+    if (!staysInQuotes(note)) return syntaxError();
+    const std::string where =
+        " where disco=(" + core::literal(row.disco) + ") and ruta=(" + core::literal(row.ruta) + ") and " +
+        (row.archivo ? "archivo=(" + core::literal(*row.archivo) + ")" : "tipo<>('archivo')");
+    // Statements take no notice of case; the rows of this very spelling are told by their numbers.
+    std::string numbers;
+    {
+        auto rows = database.OpenRecordset("select * from datos" + where);
+        if (!rows) return std::unexpected(rows.error());
+        for (; !rows->Eof(); rows->MoveNext()) {
+            const core::CatalogRow other = core::readRow(*rows);
+            if (other.disco != row.disco || other.ruta != row.ruta || other.archivo != row.archivo) continue;
+            numbers.append(numbers.empty() ? "" : ",").append(std::to_string(other.numero));
+        }
+        if (rows->error()) return std::unexpected(*rows->error());
+    }
+    const auto touched = database.Execute("update datos set comentario=" + core::literal(note) + where +
+                                          " and numero in (" + numbers + ")");
+    if (!touched) return std::unexpected(touched.error());
+    return {};
 }
 
 ReadNote readNote(engine::Database& database, const NoteTarget& target, core::Language language) {

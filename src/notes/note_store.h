@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/catalog_row.h"
 #include "core/language.h"
 #include "engine/database.h"
 
@@ -43,5 +44,10 @@ enum class StoreEnd { Stored, NoRow };
 // engine refuses it, with engine::error::syntaxInExpression, and nothing is executed.
 [[nodiscard]] engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget& target,
                                                  std::string_view note);
+
+// Replaces the note of one row, be it a file's, a folder's or a hand-made unit's, and of the rows that agree
+// with it to the byte in unit, path and name.
+[[nodiscard]] engine::Result<> storeNoteOf(engine::Database& database, const core::CatalogRow& row,
+                                           std::string_view note);
 
 }  // namespace notes

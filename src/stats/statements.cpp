@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "core/text.h"
 #include "stats/categories.h"
 
 namespace stats {
@@ -11,8 +12,15 @@ constexpr std::string_view start = "select * from datos where ";
 constexpr std::size_t audioIndex = 0;
 constexpr std::string_view gif = "*.gif";
 
+bool isFolder(const Scope& scope) {
+    return scope.path || scope.ruta;
+}
+
 // "disco = ('S')and ruta like ('*P*')": the condition of a folder.
 std::string folderCondition(const Scope& scope) {
+    if (scope.ruta)
+        return "disco = ('" + scope.unit + "') and (ruta =(" + core::literal(*scope.ruta) +
+               ") or ruta like (" + core::literal(*scope.ruta + "\\*") + "))";
     return "disco = ('" + scope.unit + "')and ruta like ('*" + *scope.path + "*')";
 }
 
@@ -50,11 +58,11 @@ std::string selectFolderCategory(const Scope& scope, std::size_t category) {
 }  // namespace
 
 std::string selectCategory(const Scope& scope, std::size_t category) {
-    return scope.path ? selectFolderCategory(scope, category) : selectUnitCategory(scope, category);
+    return isFolder(scope) ? selectFolderCategory(scope, category) : selectUnitCategory(scope, category);
 }
 
 std::string selectTotal(const Scope& scope) {
-    const std::string condition = scope.path ? folderCondition(scope) : "disco = ('" + scope.unit + "')";
+    const std::string condition = isFolder(scope) ? folderCondition(scope) : "disco = ('" + scope.unit + "')";
     return std::string{start} + condition + "  and tipo =('archivo')order by numero";
 }
 

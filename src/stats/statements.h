@@ -6,10 +6,12 @@
 
 namespace stats {
 
-// What is counted: a whole unit, or those of its rows whose path contains `path`, at any depth.
+// What is counted: a whole unit, those of its rows whose path contains `path`, at any depth, or those in the
+// one folder `ruta` and below it.
 struct Scope {
-    std::string unit;                 // as in `disco`, its " :" included
-    std::optional<std::string> path;  // folder scope: below the unit, "\fotos\2003"
+    std::string unit;                      // as in `disco`, its " :" included
+    std::optional<std::string> path;       // folder scope: below the unit, "\fotos\2003"
+    std::optional<std::string> ruta = {};  // one folder, in drive form
 };
 
 // The rows of one of the first seven categories. Rows of every `tipo` count.

@@ -15,9 +15,9 @@ class List : public testing::Test {
             return test::fileRow("Fotos :", ruta, name);
         };
         catalogue.add({folder("E:\\zoo"), folder("E:\\zoo\\Año"), file("E:\\zoo\\Año", "b.txt"),
-                       file("E:\\zoo", "a.txt"), folder("E:\\Cds :"), folder("E:\\arte"),
-                       folder("E:\\arte\\sub"), file("E:\\arte\\sub", "c.txt"), file("E:\\", "root.txt"),
-                       test::unitRow("Cds :", "pelis", "Unidad de video")});
+                       file("E:\\zoo", "a.txt"), folder("E:\\Cds :"), file("E:\\Cds :", "in.txt"),
+                       folder("E:\\arte"), folder("E:\\arte\\sub"), file("E:\\arte\\sub", "c.txt"),
+                       file("E:\\", "root.txt"), test::unitRow("Cds :", "pelis", "Unidad de video")});
     }
 
     test::Outcome run(std::vector<std::string> words) const {
@@ -42,8 +42,8 @@ TEST_F(List, ShowsWhatAClickOnTheNodeDoes) {
     EXPECT_EQ(names({"Fotos", "zoo"}), (Lines{"Año", "a.txt"}));
     EXPECT_EQ(names({"fotos", "\\ZOO\\aÑo\\"}), (Lines{"b.txt"}))
         << "spelled otherwise than in the catalogue";
-    EXPECT_EQ(names({"Fotos", "Cds :"}), (Lines{"pelis"}))
-        << "a folder with a unit's name counts as the unit";
+    EXPECT_EQ(names({"Fotos", "Cds :"}), (Lines{"in.txt"})) << "not what lies in the unit of that name";
+    EXPECT_EQ(names({"Fotos", "E:\\zoo\\Año"}), (Lines{"b.txt"}));
     EXPECT_EQ(names({"Fotos", "arte\\sub"}), (Lines{"c.txt"}));
     const std::string json = run({"Fotos", "zoo\\Año", "--json"}).output;
     EXPECT_TRUE(json.starts_with(R"({"numero":3,"ruta":"E:\\zoo\\Año","carpeta":"Año","archivo":"b.txt",)"))
@@ -51,9 +51,12 @@ TEST_F(List, ShowsWhatAClickOnTheNodeDoes) {
 }
 
 TEST_F(List, TellsWhatIsNotThere) {
-    EXPECT_NE(run({"Fotos", "arte\\sub\\none"}).errors.find("Fotos\\arte\\sub\\none"), std::string::npos);
-    const std::vector<std::string> missing[]{
-        {"Foto"}, {"Fotos", "Año"}, {"Fotos", "arte\\sub\\none"}, {"Fo'; delete * from datos"}};
+    EXPECT_NE(run({"Fotos", "arte\\sub\\none"}).errors.find("arte\\sub\\none"), std::string::npos);
+    const std::vector<std::string> missing[]{{"Foto"},
+                                             {"Fotos", "Año"},
+                                             {"Fotos", "arte\\sub\\none"},
+                                             {"Fotos", "zoo/a.txt"},
+                                             {"Fo'; delete * from datos"}};
     for (const auto& words : missing) {
         const test::Outcome outcome = run(words);
         EXPECT_EQ(outcome.status, cli::NothingFound) << words.back();

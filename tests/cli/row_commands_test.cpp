@@ -16,6 +16,7 @@ class RowCommands : public testing::Test {
   protected:
     RowCommands() {
         catalogue.add({test::folderRow("Fotos :", "E:\\a"), test::fileRow("Fotos :", "E:\\a", "it´s.txt"),
+                       test::fileRow("Fotos :", "E:\\a", "a.txt"), test::fileRow("Fotos :", "E:\\a", "A.TXT"),
                        test::fileRow("Fotos :", "E:\\", "root.txt"),
                        test::unitRow("Fotos :", "Pelis", "Unidad de video")});
         fs::create_directories(folder / "dvd/a");
@@ -51,10 +52,19 @@ TEST_F(RowCommands, NoteIsWrittenPrintedAndRemoved) {
     EXPECT_EQ(note({onDisk, ""}).status, cli::Done);
     EXPECT_EQ(note({onDisk}).status, cli::NothingFound);
 
-    EXPECT_EQ(note({"C:Pelis\\Pelis", "of a unit"}).status, cli::Done);
-    EXPECT_EQ(note({"E:\\root.txt", "of the root"}).status, cli::Done);
-    EXPECT_EQ(note({"E:\\\\root.txt"}).output, "of the root\n");
-    for (const char* path : {"E:\\a\\a", "E:\\a\\gone", "root.txt", "", "\\"})
+    EXPECT_EQ(note({"Pelis", "of a unit"}).status, cli::Done);
+    EXPECT_EQ(note({"C:Pelis"}).output, "of a unit\n");
+    EXPECT_EQ(note({"E:\\root.txt", "of the root\x1b"}).status, cli::Done);
+    EXPECT_EQ(note({"E:\\\\root.txt"}).output, "of the root\\x1b\n");
+    EXPECT_EQ(note({"a", "of the folder"}).status, cli::Done);
+    EXPECT_EQ(note({"E:\\a"}).output, "of the folder\n");
+    EXPECT_EQ(note({"a/it's.txt"}).status, cli::NothingFound) << "the folder's note is not its files'";
+    EXPECT_EQ(note({"a/A.TXT", "of one alone"}).status, cli::Done);
+    EXPECT_EQ(note({"a/a.txt"}).status, cli::NothingFound) << "a row that differs in case";
+    const Outcome several = note({"a/a.TXT", "n"});
+    EXPECT_EQ(several.status, cli::WrongUsage);
+    EXPECT_TRUE(several.errors.contains("E:\\a\\A.TXT\n") && several.errors.contains("E:\\a\\a.txt\n"));
+    for (const char* path : {"E:\\a\\a", "E:\\a\\gone", "", "\\"})
         EXPECT_EQ(note({path, "n"}).status, cli::NothingFound) << path;
     EXPECT_EQ(run({"note", "Other", "E:\\root.txt", "n"}).status, cli::NothingFound);
 }

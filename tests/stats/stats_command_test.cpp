@@ -16,14 +16,16 @@ TEST(StatsCommand, CountsUnitsAndFoldersWithoutALimit) {
     const test::CatalogueFixture catalogue;
     catalogue.add(std::vector(3, test::fileRow("Uno :", "C:\\m\\a", "x.mp3")));
     catalogue.add(test::fileRow("Uno :", "C:\\m\\it´s", "a.mov.zip"));
+    catalogue.add(
+        {test::folderRow("Uno :", "C:\\m\\it´s"), test::fileRow("Uno :", "C:\\m\\it´s too", "b.txt")});
     catalogue.add(std::vector(32768, test::fileRow("Dos :", "C:\\m", "y.txt")));
     const std::string& file = catalogue.path;
 
     EXPECT_EQ(run({file, "Uno", "--json"}).output,
-              R"({"audio":3,"text":0,"web":0,"pictures":0,"programs":0,"videos":1,"zipped":1,"rest":-1,)"
-              R"("total":4})"
+              R"({"audio":3,"text":1,"web":0,"pictures":0,"programs":0,"videos":1,"zipped":1,"rest":-1,)"
+              R"("total":5})"
               "\n");
-    EXPECT_TRUE(run({"--json", file, "Uno", "it's"})
+    EXPECT_TRUE(run({"--json", file, "Uno", "m/it's"})
                     .output.ends_with(R"("rest":0,"total":1})"
                                       "\n"));
     const std::string table = run({file, "Dos"}).output;

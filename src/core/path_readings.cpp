@@ -1,0 +1,74 @@
+#include "core/path_readings.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/names.h"
+
+namespace core {
+namespace {
+
+// The names between the separators, put together with backslashes.
+template <class Convert>
+std::string joined(std::string_view path, std::string_view separators, Convert convert) {
+    std::string result;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find_first_of(separators), path.size());
+        const std::string_view name = path.substr(0, end);
+        if (!name.empty() && name != ".") {
+            if (!result.empty()) result += '\\';
+            result += convert(name);
+        }
+        path.remove_prefix(std::min(end + 1, path.size()));
+    }
+    return result;
+}
+
+class Readings {
+  public:
+    void add(bool relative, std::string path) {
+        PathReading reading{relative, std::move(path)};
+        if (std::ranges::find(m_all, reading) == m_all.end()) m_all.push_back(std::move(reading));
+    }
+    // As stored, as typed with either separator, and with names that hold backslashes.
+    void addSpellings(bool relative, std::string_view path) {
+        add(relative, joined(path, "/\\", [](std::string_view name) { return std::string(name); }));
+        add(relative, joined(path, "/\\", platform::toStoredName));
+        add(relative, joined(path, "/", platform::toStoredName));
+    }
+    void addNative(const platform::Drives& drives, const std::filesystem::path& path) {
+        std::string drivePath = drives.toDrivePath(path.native());
+        if (drivePath.empty()) return;
+        if (drivePath.ends_with('\\')) drivePath.pop_back();
+        add(false, std::move(drivePath));
+    }
+    std::vector<PathReading> take() { return std::move(m_all); }
+
+  private:
+    std::vector<PathReading> m_all;
+};
+
+bool beginsWithDrive(std::string_view path) {
+    const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    return path.size() >= 2 && isLetter(path[0]) && path[1] == ':';
+}
+
+}  // namespace
+
+std::vector<PathReading> readingsOf(std::string_view typed, const platform::Drives& drives) {
+    Readings readings;
+    if (typed.starts_with('/')) {
+        const std::filesystem::path path = std::filesystem::path(typed).lexically_normal();
+        readings.addNative(drives, path);
+        // A scan goes by the real path of its folder.
+        const auto file = path.has_filename() ? path : path.parent_path();
+        std::error_code failed;
+        const auto folder = std::filesystem::weakly_canonical(file.parent_path(), failed);
+        if (!failed) readings.addNative(drives, folder / file.filename());
+    }
+    if (beginsWithDrive(typed)) readings.addSpellings(false, typed);
+    readings.addSpellings(true, typed);
+    return readings.take();
+}
+
+}  // namespace core
