@@ -11,6 +11,7 @@
 namespace cli {
 namespace {
 
+constexpr core::Bilingual keptAs{"el archivo dañado se conserva como ", "the damaged file is kept as "};
 constexpr core::Bilingual alreadyThere{"ya existe y no se toca", "exists already and is left alone"};
 
 // Unlike the window, where the file chooser asks first, a script must never lose a catalogue to `new`.
@@ -36,9 +37,10 @@ int runCompact(const Invocation& invocation) {
 
 int runRepair(const Invocation& invocation) {
     const std::string& path = invocation.arguments.operands[0];
-    if (const auto repaired = core::repairCatalogue(path); !repaired)
-        return fail(UnusableCatalogue, path, repaired.error().text);
-    return Done;
+    const auto repaired = core::repairCatalogue(path);
+    if (!repaired) return fail(UnusableCatalogue, path, repaired.error().text);
+    if (repaired->empty()) return Done;
+    return fail(Done, path, std::string(keptAs.in(invocation.language)) + *repaired);
 }
 
 constexpr Command catalogueTable[]{

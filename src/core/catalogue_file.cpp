@@ -1,11 +1,10 @@
 #include "core/catalogue_file.h"
 
 #include <filesystem>
-#include <optional>
 
 #include "core/text.h"
-#include "engine/database.h"
 #include "engine/maintenance.h"
+#include "platform/files.h"
 
 namespace core {
 namespace {
@@ -19,48 +18,29 @@ void makeWritable(const std::string& path) {
     fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
 }
 
-std::unexpected<platform::FileError> refused(const std::string& path, const engine::Error& error) {
-    return std::unexpected(
-        platform::FileError{platform::FileError::permissionDenied, path + ": " + error.text});
-}
-
-// Nothing for what is no catalogue: its bytes are as good at any time.
-platform::FileResult<std::optional<engine::Database>> heldStill(const std::string& path) {
-    auto database = engine::OpenDatabase(path, engine::Use::ReadOnly);
-    if (!database) return std::nullopt;
-    if (const auto still = database->HoldStill(); !still) return refused(path, still.error());
-    return std::move(*database);
-}
-
 }  // namespace
 
-platform::FileResult<> createCatalogue(const std::string& path) {
+engine::Result<> createCatalogue(const std::string& path) {
     const std::string original = platform::programFolder() + '/' + std::string(templateName);
-    if (auto copied = copyCatalogue(original, path); !copied) return copied;
+    if (auto copied = backUpCatalogue(original, path); !copied) return copied;
     makeWritable(path);
     return {};
 }
 
-platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination) {
-    auto held = heldStill(source);
-    if (!held) return std::unexpected(held.error());
-    auto replaced = engine::OpenDatabase(destination);
-    if (replaced) {
-        if (const auto alone = replaced->BeginTrans();
-            !alone && alone.error().number != engine::error::readOnly)
-            return refused(destination, alone.error());
-    } else if (replaced.error().number == engine::error::locked) {
-        return refused(destination, replaced.error());
-    } else {
-        engine::ForgetInterruptedChange(destination);
-    }
-    return platform::CopyFile(source, destination);
+engine::Result<> backUpCatalogue(const std::string& source, const std::string& destination) {
+    return engine::CopyDatabase(source, destination);
 }
 
-platform::FileResult<> copyToScratch(const std::string& source, const std::string& scratch) {
-    auto held = heldStill(source);
-    if (!held) return std::unexpected(held.error());
-    return platform::CopyFile(source, scratch, platform::Flush::No);
+engine::Result<> copyCatalogue(const std::string& source, const std::string& destination) {
+    const auto copied = backUpCatalogue(source, destination);
+    if (copied || (copied.error().number != engine::error::unrecognizedFormat &&
+                   copied.error().number != engine::error::corrupt))
+        return copied;
+    return engine::CopyUnreadable(source, destination);
+}
+
+engine::Result<> copyToScratch(const std::string& source, const std::string& scratch) {
+    return copyCatalogue(source, scratch);
 }
 
 std::string scratchPath(const std::string& cataloguePath) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "engine/error.h"
-#include "platform/files.h"
 
 namespace core {
 
@@ -14,14 +14,17 @@ inline constexpr std::string_view scratchName = "temp.ejm";          // beside t
 inline constexpr std::string_view compactedName = "compactada.zrq";  // in the current directory
 
 // A new catalogue is a copy of the template, replacing whatever is at `path`.
-[[nodiscard]] platform::FileResult<> createCatalogue(const std::string& path);
+[[nodiscard]] engine::Result<> createCatalogue(const std::string& path);
 
-// Copies a catalogue to another name, replacing whatever is there. Other programs may be using both: neither
-// is changed meanwhile, and one in the midst of a change is waited for, then refused.
-[[nodiscard]] platform::FileResult<> copyCatalogue(const std::string& source, const std::string& destination);
+// Makes a whole copy of a catalogue under another name while others read and write it, replacing whatever is
+// there; see engine::CopyDatabase. Anything but a catalogue is refused.
+[[nodiscard]] engine::Result<> backUpCatalogue(const std::string& source, const std::string& destination);
 
-// The same for the working copy, which may be lost and whose name is the program's own.
-[[nodiscard]] platform::FileResult<> copyToScratch(const std::string& source, const std::string& scratch);
+// The same, but what is no catalogue, or a damaged one, is copied byte by byte.
+[[nodiscard]] engine::Result<> copyCatalogue(const std::string& source, const std::string& destination);
+
+// The same for the working copy, whose name is the program's own.
+[[nodiscard]] engine::Result<> copyToScratch(const std::string& source, const std::string& scratch);
 
 // The working copy's path: every occurrence of the catalogue's file name in its path replaced by "temp.ejm".
 // Empty when that would be the catalogue itself (a catalogue named temp.ejm): there is no working copy then.

@@ -8,6 +8,7 @@
 #include "core/catalogue_file.h"
 #include "engine/database.h"
 #include "engine/maintenance.h"
+#include "platform/files.h"
 
 namespace core {
 namespace {

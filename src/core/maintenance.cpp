@@ -60,7 +60,7 @@ bool nameTaken(std::string_view listanivel1, std::string_view newText) {
     return holds(upperCase(newText)) || holds(lowerCase(newText));
 }
 
-engine::Result<> repairCatalogue(const std::string& path) {
+engine::Result<std::string> repairCatalogue(const std::string& path) {
     return engine::RepairDatabase(path);
 }
 

@@ -27,7 +27,8 @@ inline constexpr std::string_view emptiedStatus = "Unidades : 0   Carpetas : 0  
 // pass.
 [[nodiscard]] bool nameTaken(std::string_view listanivel1, std::string_view newText);
 
-// Repairs a damaged catalogue in place; a sound one is left as it is.
-[[nodiscard]] engine::Result<> repairCatalogue(const std::string& path);
+// Repairs a damaged catalogue in place and gives the name under which the damaged one stays beside it; a
+// sound one is left as it is, and the name is empty.
+[[nodiscard]] engine::Result<std::string> repairCatalogue(const std::string& path);
 
 }  // namespace core

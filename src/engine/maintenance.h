@@ -14,13 +14,19 @@ namespace engine {
 // open (error::locked). `destination` is replaced only by a complete file, and is gone when the call fails.
 [[nodiscard]] Result<> CompactDatabase(const std::string& source, const std::string& destination);
 
-// Rebuilds a damaged catalogue in place from every row that can still be read. The damaged original stays
-// beside it until the sound file is complete; a sound file is left as it is. Fails, with the file untouched,
-// when not even the rows' table can be found.
-[[nodiscard]] Result<> RepairDatabase(const std::string& nativePath);
+// Makes `destination` a whole copy of the catalogue `source` as it is at one moment, replacing whatever is
+// there. Others may use both meanwhile: a change under way in `source` is not in the copy, one in a catalogue
+// at `destination` is waited for, then refused (error::locked). Whatever fails, `destination` is as before.
+[[nodiscard]] Result<> CopyDatabase(const std::string& source, const std::string& destination);
 
-// Deletes what a program that died within a change left beside a name that leads to no catalogue any more. It
-// would be taken for a part of the next file of that name, and spoil it.
-void ForgetInterruptedChange(const std::string& nativePath);
+// The same for what CopyDatabase refuses with error::unrecognizedFormat or error::corrupt, byte by byte.
+[[nodiscard]] Result<> CopyUnreadable(const std::string& source, const std::string& destination);
+
+// Rebuilds a damaged catalogue in place from every row that can still be read, and gives the name under which
+// the damaged original stays beside it: "discs.zrq.damaged", or the next free number behind that. A change
+// that a program left when it died is undone first; a file that is sound then is left as it is, and the name
+// is empty. Fails, with the file untouched, when not even the rows' table can be found, and for every error
+// that is no damage: a locked file, a disk that is full or fails.
+[[nodiscard]] Result<std::string> RepairDatabase(const std::string& nativePath);
 
 }  // namespace engine

@@ -8,41 +8,30 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <utility>
 #include <vector>
+
+#include "platform/held_files.h"
+#include "platform/temporary_file.h"
 
 namespace platform {
 namespace {
 
-// A file descriptor that closes itself.
+// A file descriptor that closes itself, without taking the locks of a file that SQLite holds in this process.
 class Descriptor {
   public:
     explicit Descriptor(int fd) : m_fd(fd) {}
-    ~Descriptor() { close(); }
+    ~Descriptor() {
+        if (m_fd >= 0) closeKeepingLocks(m_fd);
+    }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
 
     [[nodiscard]] int get() const { return m_fd; }
     [[nodiscard]] bool isOpen() const { return m_fd >= 0; }
-    bool close() { return m_fd < 0 || ::close(std::exchange(m_fd, -1)) == 0; }
 
   private:
     int m_fd;
 };
-
-// A file that goes away unless it was renamed to its place.
-struct TemporaryName {
-    std::string path;
-    ~TemporaryName() {
-        if (!path.empty()) ::unlink(path.c_str());
-    }
-};
-
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
 
 int numberOf(int systemError, const std::string& path) {
     switch (systemError) {
@@ -72,11 +61,6 @@ std::unexpected<FileError> failure(int number, const std::string& path, const st
     return std::unexpected(FileError{number, path + ": " + reason});
 }
 
-std::unexpected<FileError> systemFailure(const std::string& path) {
-    const int reason = errno;
-    return failure(numberOf(reason, path), path, std::strerror(reason));
-}
-
 bool writeWhole(int fd, const char* data, std::size_t size) {
     while (size > 0) {
         const ssize_t written = ::write(fd, data, size);
@@ -103,16 +87,30 @@ bool copyBytes(int from, int to) {
     }
 }
 
-bool flushed(int fd) {
-    return ::fsync(fd) == 0 || errno == EINVAL || errno == ENOTSUP;
+// Not every file system can keep them; a copy without them is still a whole copy.
+void keepTimesAndMode(const struct stat& source, int fd) {
+    if (::fchmod(fd, source.st_mode & 0777) != 0) errno = 0;
+    const timespec times[2] = {source.st_atim, source.st_mtim};
+    if (::futimens(fd, times) != 0) errno = 0;
 }
 
-// Whether `destination` may be replaced by the file that `source` describes.
-FileResult<> checkDestination(const struct stat& source, const std::string& destination) {
-    struct stat there {};
-    if (::stat(destination.c_str(), &there) == 0 && there.st_dev == source.st_dev &&
-        there.st_ino == source.st_ino)
+}  // namespace
+
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::unexpected<FileError> systemFailure(const std::string& path) {
+    const int reason = errno;
+    return failure(numberOf(reason, path), path, std::strerror(reason));
+}
+
+FileResult<> checkReplaceable(const std::string& source, const std::string& destination) {
+    if (const auto there = identityOf(destination); there && there == identityOf(source))
         return failure(FileError::permissionDenied, destination, "source and destination are the same file");
+    struct stat there {};
     if (::lstat(destination.c_str(), &there) != 0) return {};
     if (S_ISLNK(there.st_mode)) return {};  // the link itself is replaced, never what it points to
     if (!S_ISREG(there.st_mode))
@@ -123,46 +121,20 @@ FileResult<> checkDestination(const struct stat& source, const std::string& dest
     return {};
 }
 
-// Not every file system can keep them; a copy without them is still a whole copy.
-void keepTimesAndMode(const struct stat& source, int fd, Flush flush) {
-    const mode_t writable = flush == Flush::No ? S_IWUSR : 0;
-    if (::fchmod(fd, (source.st_mode & 0777) | writable) != 0) errno = 0;
-    const timespec times[2] = {source.st_atim, source.st_mtim};
-    if (::futimens(fd, times) != 0) errno = 0;
-}
-
-}  // namespace
-
-FileResult<> CopyFile(const std::string& source, const std::string& destination, Flush flush) {
+FileResult<> CopyFile(const std::string& source, const std::string& destination) {
     // Not to wait for the other end, should the name be a pipe's.
     Descriptor in(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!in.isOpen()) return systemFailure(source);
     struct stat status {};
     if (::fstat(in.get(), &status) != 0) return systemFailure(source);
     if (!S_ISREG(status.st_mode)) return failure(FileError::fileNotFound, source, "not a regular file");
-    if (auto allowed = checkDestination(status, destination); !allowed) return allowed;
+    if (auto allowed = checkReplaceable(source, destination); !allowed) return allowed;
 
-    const std::string folder = folderOf(destination);
-    if (!FolderExists(folder)) return failure(FileError::pathNotFound, folder, "no such folder");
-    TemporaryName temporary{folder + "/.zarquelin-XXXXXX"};
-    Descriptor out(::mkostemp(temporary.path.data(), O_CLOEXEC));
-    if (!out.isOpen()) {
-        temporary.path.clear();
-        return systemFailure(destination);
-    }
-    if (!copyBytes(in.get(), out.get())) return systemFailure(destination);
-    keepTimesAndMode(status, out.get(), flush);
-    if (flush == Flush::ToDisk && !flushed(out.get())) return systemFailure(destination);
-    if (!out.close()) return systemFailure(destination);
-    if (::rename(temporary.path.c_str(), destination.c_str()) != 0) return systemFailure(destination);
-    temporary.path.clear();
-
-    if (flush == Flush::ToDisk) {
-        // The new file is in place already; a folder that cannot be flushed is no reason to report a failure.
-        Descriptor place(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        if (place.isOpen()) ::fsync(place.get());
-    }
-    return {};
+    auto copy = TemporaryFile::beside(destination);
+    if (!copy) return std::unexpected(copy.error());
+    if (!copyBytes(in.get(), copy->descriptor())) return systemFailure(destination);
+    keepTimesAndMode(status, copy->descriptor());
+    return copy->putInPlace();
 }
 
 FileResult<> DeleteFile(const std::string& path) {

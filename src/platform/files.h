@@ -20,19 +20,22 @@ struct [[nodiscard]] FileError {
 template <class T = void>
 using FileResult = std::expected<T, FileError>;
 
-enum class Flush { ToDisk, No };  // No: for scratch copies that may be lost in a crash
-
 // All paths are native.
 
 // Replaces `destination` by a byte copy of `source`, times and permissions included, in one step: a temporary
 // file beside it, flushed and renamed. Refuses when both are the same file, when `source` is not a regular
 // file, and when `destination` exists and is read-only. Whatever fails, `destination` is either the old or
 // the whole new file.
-[[nodiscard]] FileResult<> CopyFile(const std::string& source, const std::string& destination,
-                                    Flush flush = Flush::ToDisk);
+[[nodiscard]] FileResult<> CopyFile(const std::string& source, const std::string& destination);
+// The refusals that CopyFile tells about a destination, without copying.
+[[nodiscard]] FileResult<> checkReplaceable(const std::string& source, const std::string& destination);
 [[nodiscard]] FileResult<> DeleteFile(const std::string& path);
 [[nodiscard]] bool FileExists(const std::string& path);    // a regular file, or a link to one
 [[nodiscard]] bool FolderExists(const std::string& path);  // a folder, or a link to one
 [[nodiscard]] std::string programFolder();  // of the running executable, without trailing slash
+[[nodiscard]] std::string folderOf(const std::string& path);  // "." of a name alone
+
+// The failure of the system call on `path` that has just failed.
+[[nodiscard]] std::unexpected<FileError> systemFailure(const std::string& path);
 
 }  // namespace platform

@@ -1,3 +1,4 @@
+#include <chrono>
 #include <random>
 
 #include "catalogue_fixture.h"
@@ -38,7 +39,11 @@ class MaintenanceTest : public CatalogueTest {
         const std::string hurt = folder / "hurt.zrq";
         writeFile(hurt, bytes);
         const auto done = engine::RepairDatabase(hurt);
-        EXPECT_TRUE(done) << done.error().text;
+        if (!done) ADD_FAILURE() << done.error().text;
+        if (done && !done->empty()) {
+            EXPECT_TRUE(readFile(*done) == bytes) << "the damaged file is not kept";
+            std::filesystem::remove(*done);
+        }
         EXPECT_EQ(plainly(hurt, "pragma integrity_check"), "ok");
         return rowsIn(hurt);
     }
@@ -98,6 +103,66 @@ TEST_F(MaintenanceTest, RepairsAFileCutAnywhere) {
     }
     EXPECT_GT(last, 1900);
     EXPECT_EQ(filesInFolder(), 2u);
+}
+
+// What is no damage is no reason to salvage: an interrupted change is undone, as whole as it was.
+TEST_F(MaintenanceTest, RepairUndoesAnInterruptedChangeBeforeItLooks) {
+    fill(2000);
+    const std::string hurt = folder / "hurt.zrq";
+    {
+        sqlite3* other = nullptr;
+        sqlite3_open(path.c_str(), &other);
+        ASSERT_EQ(sqlite3_exec(other,
+                               "pragma cache_size = 5; begin; update datos set archivo = 'new'; "
+                               "insert into datos select * from datos",
+                               nullptr, nullptr, nullptr),
+                  SQLITE_OK);
+        writeFile(hurt, readFile(path));
+        writeFile(hurt + "-journal", readFile(path.string() + "-journal"));
+        sqlite3_close(other);
+    }
+    const auto done = engine::RepairDatabase(hurt);
+    ASSERT_TRUE(done) << done.error().text;
+    EXPECT_EQ(*done, "");
+    EXPECT_EQ(rowsIn(hurt), 2000);
+    EXPECT_EQ(plainly(hurt, "select count(*) from datos"), "2000");
+    EXPECT_EQ(filesInFolder(), 2u);
+}
+
+TEST_F(MaintenanceTest, EachDamagedOriginalIsKeptUnderANameOfItsOwn) {
+    fill(200);
+    std::string bytes = readFile(path);
+    for (const char* kept : {".damaged", ".damaged-2"}) {
+        std::fill_n(bytes.begin() + 8192 + 8, 50, '\xff');
+        writeFile(path, bytes);
+        const auto done = engine::RepairDatabase(path);
+        ASSERT_TRUE(done) << done.error().text;
+        EXPECT_EQ(*done, path.string() + kept);
+        EXPECT_TRUE(readFile(*done) == bytes);
+    }
+}
+
+// Thousands of cells that all lead to one chain of pages without an end, or to one cell.
+TEST_F(MaintenanceTest, RepairingTakesNoLongerThanTheFileIsLong) {
+    fill(500);
+    std::string bomb = readFile(path).substr(0, 4 * 8192);
+    const auto put = [&](std::size_t at, unsigned value, int size) {
+        for (int i = size - 1; i >= 0; --i, value >>= 8) bomb[at + i] = static_cast<char>(value);
+    };
+    const std::size_t leaf = 8192;
+    put(leaf, 0x0D, 1);
+    put(leaf + 3, 2000, 2);
+    // A payload of 2^25 bytes that goes on in page 3, which leads to itself.
+    const std::string cell("\x90\x80\x80\x00\x05", 5);
+    bomb.replace(leaf + 4100, cell.size(), cell);
+    for (std::size_t i = 0; i < 2000; ++i) put(leaf + 8 + 2 * i, 4100, 2);
+    put(leaf + 4100 + cell.size() + 1003, 3, 4);
+    put(2 * 8192, 3, 4);
+    writeFile(folder / "bomb.zrq", bomb);
+    std::filesystem::resize_file(folder / "bomb.zrq", 1 << 26);
+    const auto start = std::chrono::steady_clock::now();
+    (void)engine::RepairDatabase(folder / "bomb.zrq");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 // One page destroyed costs the rows of that page alone, even the root of the table's tree.

@@ -3,7 +3,6 @@
 
 #include "engine/file/connection.h"
 #include "engine/file/file_header.h"
-#include "engine/file/open_files.h"
 #include "engine/file/prepared.h"
 #include "engine/file/replacement.h"
 #include "engine/file/sqlite_error.h"
@@ -14,8 +13,7 @@ namespace engine {
 namespace {
 
 Result<> refuseOpenFile(const std::string& path) {
-    const auto file = identityOf(path);
-    if (file && OpenFile::isOpen(*file)) return std::unexpected(Error{error::locked, path + " is open"});
+    if (platform::HeldFile::isHeld(path)) return std::unexpected(Error{error::locked, path + " is open"});
     return {};
 }
 
@@ -33,20 +31,20 @@ Result<> vacuumInto(const std::string& source, const std::string& path) {
 
 Result<> writeCompacted(const std::string& source, const std::string& destination) {
     if (auto sound = checkCatalogueFile(source); !sound) return sound;
-    auto compacted = Replacement::beside(destination, source);
+    auto compacted = replacementFor(destination);
     if (!compacted) return std::unexpected(compacted.error());
     if (auto written = vacuumInto(source, compacted->path()); !written) return written;
-    return compacted->putInPlace();
+    return putInPlace(*compacted, source);
 }
 
 }  // namespace
 
 Result<> CompactDatabase(const std::string& source, const std::string& destination) {
     if (auto free = refuseOpenFile(source); !free) {
-        if (identityOf(source) != identityOf(destination)) ::unlink(destination.c_str());
+        if (platform::identityOf(source) != platform::identityOf(destination)) ::unlink(destination.c_str());
         return free;
     }
-    if (identityOf(source) && identityOf(source) == identityOf(destination)) {
+    if (const auto file = platform::identityOf(source); file && file == platform::identityOf(destination)) {
         return std::unexpected(Error{error::fileExists, "A catalogue cannot be compacted into itself"});
     }
     if (auto free = refuseOpenFile(destination); !free) return free;

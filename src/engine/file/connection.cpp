@@ -116,14 +116,14 @@ Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
     return handle;
 }
 
-Connection::Connection(SqliteHandle handle, FileIdentity file, Use use)
+Connection::Connection(SqliteHandle handle, platform::FileIdentity file, Use use)
     : m_file(file), m_handle(std::move(handle)), m_pool(m_handle.get()), m_use(use) {}
 
 Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Use use) {
     if (auto checked = checkCatalogueFile(path); !checked) return std::unexpected(checked.error());
-    const auto file = identityOf(path);
+    const auto file = platform::identityOf(path);
     if (!file) return std::unexpected(Error{error::fileNotFound, path + " has vanished"});
-    OpenFile held(*file);
+    const platform::HeldFile held(*file);
     auto handle = openSqlite(path, use == Use::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
     if (!handle) return std::unexpected(handle.error());
     if (auto set = engine::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
@@ -158,7 +158,7 @@ Result<long long> Connection::version() {
 void Connection::close() {
     m_pool.close();
     m_handle.reset();
-    m_file = OpenFile();
+    m_file = platform::HeldFile();
 }
 
 }  // namespace engine

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "engine/database.h"
-#include "engine/file/open_files.h"
 #include "engine/file/prepared.h"
+#include "platform/held_files.h"
 
 namespace engine {
 
@@ -42,9 +42,9 @@ class Connection {
     void close();
 
   private:
-    Connection(SqliteHandle handle, FileIdentity file, Use use);
+    Connection(SqliteHandle handle, platform::FileIdentity file, Use use);
 
-    OpenFile m_file;
+    platform::HeldFile m_file;
     SqliteHandle m_handle;
     StatementPool m_pool;
     Use m_use;

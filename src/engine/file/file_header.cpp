@@ -9,8 +9,8 @@
 #include <cstring>
 #include <string_view>
 
-#include "engine/file/open_files.h"
 #include "engine/format.h"
+#include "platform/held_files.h"
 
 namespace engine {
 
@@ -55,7 +55,8 @@ Result<> checkCatalogueFile(const std::string& path) {
     }
     if (!S_ISREG(status.st_mode))
         return std::unexpected(Error{error::cannotOpenFile, path + " is not a file"});
-    if (OpenFile::isOpen({status.st_dev, status.st_ino})) return {};  // was checked, and must be left alone
+    if (platform::HeldFile::isHeld(platform::FileIdentity{status.st_dev, status.st_ino}))
+        return {};  // was checked, and must be left alone
 
     const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (file < 0) return std::unexpected(Error{error::cannotOpenFile, path + ": " + std::strerror(errno)});

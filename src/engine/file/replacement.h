@@ -3,31 +3,16 @@
 #include <string>
 
 #include "engine/error.h"
+#include "platform/temporary_file.h"
 
 namespace engine {
 
-// A file being written beside the one it is to replace. Whatever happens, the name leads to the old file or
-// to the complete new one; what was not put in place is deleted.
-class Replacement {
-  public:
-    // An empty file next to `target`, with the permissions of `model`.
-    [[nodiscard]] static Result<Replacement> beside(const std::string& target, const std::string& model);
+[[nodiscard]] Error errorOf(const platform::FileError& failure);
 
-    Replacement(Replacement&& other) noexcept;
-    Replacement& operator=(Replacement&&) = delete;
-    ~Replacement();
+// The file that is written beside `target`, to be put in its place.
+[[nodiscard]] Result<platform::TemporaryFile> replacementFor(const std::string& target);
 
-    [[nodiscard]] const std::string& path() const { return m_path; }
-
-    // Brings the file to the disk and gives it the target's name.
-    [[nodiscard]] Result<> putInPlace();
-
-  private:
-    Replacement(std::string path, std::string target)
-        : m_path(std::move(path)), m_target(std::move(target)) {}
-
-    std::string m_path;
-    std::string m_target;
-};
+// Puts it there with the permissions of `model`.
+[[nodiscard]] Result<> putInPlace(platform::TemporaryFile& replacement, const std::string& model);
 
 }  // namespace engine

@@ -1,12 +1,10 @@
 #include "engine/repair/raw_pages.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <sqlite3.h>
 
 #include <bit>
-#include <utility>
 
+#include "engine/file/sqlite_error.h"
 #include "engine/format.h"
 
 namespace engine {
@@ -32,43 +30,34 @@ std::uint32_t fourBytes(const RawPages::Page& page, std::size_t at) {
     return twoBytes(page, at) << 16 | twoBytes(page, at + 2);
 }
 
-std::optional<RawPages> RawPages::open(const std::string& path) {
-    const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (file < 0) return std::nullopt;
-    RawPages pages(file);
-    pages.readHeader();
-    if (pages.m_count == 0) return std::nullopt;
-    return pages;
-}
-
-RawPages::RawPages(RawPages&& other) noexcept
-    : m_file(std::exchange(other.m_file, -1)),
-      m_pageSize(other.m_pageSize),
-      m_reserved(other.m_reserved),
-      m_count(other.m_count) {}
-
-RawPages::~RawPages() {
-    if (m_file >= 0) ::close(m_file);
-}
-
-void RawPages::readHeader() {
-    struct stat status {};
-    if (::fstat(m_file, &status) != 0 || !S_ISREG(status.st_mode)) return;
+RawPages::RawPages(sqlite3* database) {
+    sqlite3_int64 size = 0;
+    if (sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &m_file) != SQLITE_OK ||
+        !m_file->pMethods || m_file->pMethods->xFileSize(m_file, &size) != SQLITE_OK) {
+        m_failure = lastError(database);
+        return;
+    }
     Page header(headerSize);
-    if (::pread(m_file, header.data(), header.size(), 0) < static_cast<ssize_t>(header.size())) return;
+    if (size < static_cast<sqlite3_int64>(headerSize) || !readAt(0, header)) return;
     m_pageSize = twoBytes(header, pageSizeAt) == 1 ? 65536 : twoBytes(header, pageSizeAt);
     m_reserved = header[reservedAt];
     if (!isPageSize(m_pageSize))
         m_pageSize = engine::pageSize;  // the header is damaged; ours are of this size
     if (m_reserved > m_pageSize - 480) m_reserved = 0;
-    m_count = static_cast<std::uint32_t>((status.st_size + m_pageSize - 1) / m_pageSize);
+    m_count = static_cast<std::uint32_t>((size + m_pageSize - 1) / m_pageSize);
+}
+
+bool RawPages::readAt(std::int64_t offset, Page& bytes) const {
+    const int code = m_file->pMethods->xRead(m_file, bytes.data(), static_cast<int>(bytes.size()), offset);
+    if (code == SQLITE_OK || code == SQLITE_IOERR_SHORT_READ) return true;
+    m_failure = errorOfCode(code);
+    return false;
 }
 
 RawPages::Page RawPages::read(std::uint32_t number) const {
     if (number == 0 || number > m_count) return {};
     Page page(m_pageSize);
-    const auto offset = static_cast<off_t>(number - 1) * m_pageSize;
-    if (::pread(m_file, page.data(), page.size(), offset) <= 0) return {};
+    if (!readAt(static_cast<std::int64_t>(number - 1) * m_pageSize, page)) return {};
     return page;
 }
 

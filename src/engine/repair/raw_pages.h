@@ -3,22 +3,27 @@
 #include <cstdint>
 #include <optional>
 #include <set>
-#include <string>
 #include <vector>
+
+#include "engine/error.h"
+
+struct sqlite3;
+struct sqlite3_file;
 
 namespace engine {
 
-// The pages of a database file that may be damaged, read past SQLite. Page numbers count from 1, as SQLite's
-// do; the last page may be cut short and is filled up with zeros.
+// The pages of a database file that may be damaged, as they lie in the file that SQLite has opened: by its
+// descriptor, since closing one of our own would drop its locks. Page numbers count from 1, as SQLite's do;
+// the last page may be cut short and is filled up with zeros.
 class RawPages {
   public:
     using Page = std::vector<unsigned char>;
 
-    // Nothing when the file cannot be read at all.
-    [[nodiscard]] static std::optional<RawPages> open(const std::string& path);
-    RawPages(RawPages&& other) noexcept;
-    RawPages& operator=(RawPages&&) = delete;
-    ~RawPages();
+    // `database` must outlive it. A file without a whole header has no pages.
+    explicit RawPages(sqlite3* database);
+
+    // The disk's failure, if there was one: what was read until now may lack something.
+    [[nodiscard]] const std::optional<Error>& failure() const { return m_failure; }
 
     [[nodiscard]] std::uint32_t count() const { return m_count; }
     [[nodiscard]] std::uint32_t pageSize() const { return m_pageSize; }
@@ -31,10 +36,10 @@ class RawPages {
     [[nodiscard]] std::set<std::uint32_t> freePages() const;
 
   private:
-    explicit RawPages(int file) : m_file(file) {}
-    void readHeader();
+    [[nodiscard]] bool readAt(std::int64_t offset, Page& bytes) const;
 
-    int m_file;
+    sqlite3_file* m_file = nullptr;
+    mutable std::optional<Error> m_failure;
     std::uint32_t m_pageSize = 0;
     std::uint32_t m_reserved = 0;
     std::uint32_t m_count = 0;

@@ -74,13 +74,14 @@ std::uint64_t localSize(std::uint64_t payload, std::uint64_t usable) {
 }
 
 std::optional<std::string> payloadOf(const RawPages& pages, const RawPages::Page& page, std::size_t at,
-                                     std::uint64_t size) {
-    if (size > longestRow) return std::nullopt;
+                                     std::uint64_t size, DecodingLimit& limit) {
+    if (size > std::min(longestRow, std::uint64_t{pages.count()} * pages.pageSize())) return std::nullopt;
     const std::uint64_t local = localSize(size, pages.usableSize());
-    if (at + local + (local < size ? 4 : 0) > page.size()) return std::nullopt;
+    if (at + local + (local < size ? 4 : 0) > page.size() || !limit.allowsBytes(local)) return std::nullopt;
     std::string payload(view(page, at).substr(0, local));
     std::uint32_t next = local < size ? fourBytes(page, at + local) : 0;
     while (payload.size() < size) {
+        if (!limit.allowsOverflowPage(next)) return std::nullopt;
         const RawPages::Page overflow = pages.read(next);
         if (overflow.empty()) return std::nullopt;
         payload += view(overflow, 4)
@@ -121,14 +122,15 @@ bool isPlausible(const RawRow& row) {
 
 }  // namespace
 
-std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, std::size_t at) {
+std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, std::size_t at,
+                            DecodingLimit& limit) {
     if (at >= page.size()) return std::nullopt;
     Reader cell(view(page, at));
     const std::uint64_t size = cell.varint();
     RawRow row;
     row.rowid = static_cast<std::int64_t>(cell.varint());
     if (cell.failed()) return std::nullopt;
-    const auto payload = payloadOf(pages, page, at + cell.position(), size);
+    const auto payload = payloadOf(pages, page, at + cell.position(), size, limit);
     if (!payload) return std::nullopt;
 
     Reader header(*payload);

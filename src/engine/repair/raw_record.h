@@ -2,10 +2,10 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "engine/format.h"
 #include "engine/repair/raw_pages.h"
@@ -19,8 +19,33 @@ struct RawRow {
     std::array<Field, columns.size()> fields;
 };
 
+// What decoding may cost: in a file made for it, thousands of cells lead to one cell or to one endless chain
+// of pages. Damage makes a few do so, which a small multiple of an honest file's cost allows.
+class DecodingLimit {
+  public:
+    explicit DecodingLimit(const RawPages& pages)
+        : m_pageSize(pages.pageSize()), m_reads(std::size_t{pages.count()} + 1) {}
+
+    void beginPage() { m_left = timesEach * std::uint64_t{m_pageSize}; }
+    [[nodiscard]] bool allowsBytes(std::uint64_t bytes) {
+        if (bytes > m_left) return false;
+        m_left -= bytes;
+        return true;
+    }
+    [[nodiscard]] bool allowsOverflowPage(std::uint32_t number) {
+        return number < m_reads.size() && ++m_reads[number] <= timesEach;
+    }
+
+  private:
+    static constexpr std::uint8_t timesEach = 8;
+    std::uint32_t m_pageSize;
+    std::uint64_t m_left = 0;           // of the page's own bytes
+    std::vector<std::uint8_t> m_reads;  // of each page as a part of a longer row
+};
+
 // The row whose cell begins at `at` of a leaf page. Nothing when what lies there is no whole row of our
 // table.
-[[nodiscard]] std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, std::size_t at);
+[[nodiscard]] std::optional<RawRow> rowAt(const RawPages& pages, const RawPages::Page& page, std::size_t at,
+                                          DecodingLimit& limit);
 
 }  // namespace engine

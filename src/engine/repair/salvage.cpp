@@ -50,7 +50,7 @@ std::size_t fingerprint(const RawRow& row) {
 
 class Walk {
   public:
-    Walk(const RawPages& pages, Salvage& salvage) : m_pages(pages), m_salvage(salvage) {}
+    Walk(const RawPages& pages, Salvage& salvage) : m_pages(pages), m_salvage(salvage), m_limit(pages) {}
 
     // Every leaf that a tree leads to.
     void followTree(std::uint32_t root) {
@@ -94,10 +94,11 @@ class Walk {
     void takeLeaf(const TreePage& leaf, bool isRoot) {
         if (leaf.kind == interiorIndexPage || leaf.kind == leafIndexPage) return;
         if (isRoot && leaf.kind == leafTablePage && leaf.cells == 0) m_salvage.tableFound = true;
+        m_limit.beginPage();
         for (std::size_t i = 0; i < leaf.cells && !m_stopped; ++i) {
             const std::size_t at = leaf.cell(i, leafHeader);
             if (at == 0) break;
-            const auto row = rowAt(m_pages, leaf.page, at);
+            const auto row = rowAt(m_pages, leaf.page, at, m_limit);
             if (!row) continue;
             m_salvage.tableFound = true;
             const auto [known, isNew] = m_taken.emplace(row->rowid, fingerprint(*row));
@@ -112,6 +113,7 @@ class Walk {
 
     const RawPages& m_pages;
     Salvage& m_salvage;
+    DecodingLimit m_limit;
     std::unordered_set<std::uint32_t> m_seen;
     std::unordered_map<std::int64_t, std::size_t> m_taken;  // row numbers with what the rows hold
     std::int64_t m_highest = 0;

@@ -1,10 +1,9 @@
+#include "engine/file/interrupted_change.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
-#include <string>
-
-#include "engine/maintenance.h"
 
 namespace engine {
 namespace {
@@ -23,8 +22,8 @@ bool isJournal(const std::string& path) {
 
 }  // namespace
 
-void ForgetInterruptedChange(const std::string& nativePath) {
-    const std::string journal = nativePath + "-journal";
+void forgetInterruptedChange(const std::string& path) {
+    const std::string journal = path + "-journal";
     if (isJournal(journal)) ::unlink(journal.c_str());
 }
 

@@ -1,0 +1,69 @@
+#include <sqlite3.h>
+
+#include "engine/file/connection.h"
+#include "engine/file/interrupted_change.h"
+#include "engine/file/replacement.h"
+#include "engine/file/sqlite_error.h"
+#include "engine/maintenance.h"
+
+namespace engine {
+
+namespace {
+
+// The catalogue at a name that is to lead to another file, held so that no program changes it meanwhile: the
+// way back of a change in its midst would be played into the new file. Nothing when no catalogue is there.
+Result<std::shared_ptr<Connection>> heldStill(const std::string& path) {
+    auto there = Connection::open(path, Use::Catalogue);
+    if (!there) {
+        switch (there.error().number) {
+            case error::fileNotFound:
+            case error::unrecognizedFormat:
+            case error::corrupt:
+                return nullptr;
+            default:
+                return there;
+        }
+    }
+    if (auto held = (*there)->run("begin immediate"); !held) return std::unexpected(held.error());
+    return there;
+}
+
+Result<> copyPages(sqlite3* from, const std::string& path) {
+    auto to = openSqlite(path, SQLITE_OPEN_READWRITE);
+    if (!to) return std::unexpected(to.error());
+    // The file is nobody's yet and is flushed as a whole when it is put in place.
+    if (auto set = run(to->get(), "pragma journal_mode = memory; pragma synchronous = off"); !set) return set;
+    sqlite3_backup* backup = sqlite3_backup_init(to->get(), "main", from, "main");
+    if (!backup) return std::unexpected(lastError(to->get()));
+    const int copied = sqlite3_backup_step(backup, -1);
+    const int finished = sqlite3_backup_finish(backup);
+    if (copied == SQLITE_DONE && finished == SQLITE_OK) return {};
+    return std::unexpected(errorOfCode(finished != SQLITE_OK ? finished : copied));
+}
+
+}  // namespace
+
+Result<> CopyDatabase(const std::string& source, const std::string& destination) {
+    auto from = Connection::open(source, Use::ReadOnly);
+    if (!from) return std::unexpected(from.error());
+    if (const auto allowed = platform::checkReplaceable(source, destination); !allowed)
+        return std::unexpected(Error{error::readOnly, allowed.error().text});
+    auto replaced = heldStill(destination);
+    if (!replaced) return std::unexpected(replaced.error());
+    auto copy = replacementFor(destination);
+    if (!copy) return std::unexpected(copy.error());
+    if (auto copied = copyPages((*from)->handle(), copy->path()); !copied) return copied;
+    if (!*replaced) forgetInterruptedChange(destination);
+    return putInPlace(*copy, source);
+}
+
+Result<> CopyUnreadable(const std::string& source, const std::string& destination) {
+    auto replaced = heldStill(destination);
+    if (!replaced) return std::unexpected(replaced.error());
+    if (!*replaced) forgetInterruptedChange(destination);
+    if (const auto copied = platform::CopyFile(source, destination); !copied)
+        return std::unexpected(errorOf(copied.error()));
+    return {};
+}
+
+}  // namespace engine

@@ -1,0 +1,169 @@
+#include "platform/temporary_file.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string_view>
+#include <utility>
+
+namespace platform {
+namespace {
+
+constexpr std::string_view namePrefix = ".zarquelin-";
+constexpr std::string_view nameTail = "XXXXXX";
+
+// What a signal handler may read: nothing in it moves or is freed.
+struct Slot {
+    std::atomic<bool> used = false;
+    std::array<char, PATH_MAX> path{};
+};
+std::array<Slot, 16> slots;
+std::mutex slotsGuard;
+
+// -1 when there is no room: then only a signal leaves the file behind, for the next run to take away.
+int enter(const std::string& path) {
+    const std::scoped_lock lock(slotsGuard);
+    const auto free = std::ranges::find_if(slots, [](const Slot& slot) { return !slot.used; });
+    if (free == slots.end() || path.size() >= free->path.size()) return -1;
+    std::memcpy(free->path.data(), path.c_str(), path.size() + 1);
+    free->used = true;
+    return static_cast<int>(free - slots.begin());
+}
+
+void leave(int slot) {
+    if (slot >= 0) slots[static_cast<std::size_t>(slot)].used = false;
+}
+
+void removeAndEnd(int signal) {
+    for (const Slot& slot : slots)
+        if (slot.used) ::unlink(slot.path.data());
+    std::signal(signal, SIG_DFL);
+    ::raise(signal);
+}
+
+bool isTemporaryName(std::string_view name) {
+    return name.size() == namePrefix.size() + nameTail.size() && name.starts_with(namePrefix);
+}
+
+void removeOrphan(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (file < 0) return;
+    struct stat status {};
+    const bool isOurs =
+        ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
+    if (isOurs && claimed(file)) ::unlink(path.c_str());
+    ::close(file);
+}
+
+// Once a folder and run: copying many files into one folder must not read it each time.
+void removeOrphans(const std::string& folder) {
+    static std::mutex guard;
+    static std::set<std::string> seen;
+    {
+        const std::scoped_lock lock(guard);
+        if (!seen.insert(folder).second) return;
+    }
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), ::closedir);
+    if (!entries) return;
+    while (const dirent* entry = ::readdir(entries.get()))
+        if (isTemporaryName(entry->d_name)) removeOrphan(folder + '/' + entry->d_name);
+}
+
+bool flushed(int descriptor) {
+    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+// The name is in place already; a folder that cannot be flushed is no reason to report a failure.
+void flushFolder(const std::string& folder) {
+    const int place = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (place < 0) return;
+    ::fsync(place);
+    ::close(place);
+}
+
+// Between its making and its lock another program may have taken the file for an orphan.
+bool isStillThere(int descriptor) {
+    struct stat status {};
+    return ::fstat(descriptor, &status) == 0 && status.st_nlink > 0;
+}
+
+}  // namespace
+
+bool claimed(int descriptor) {
+    return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+}
+
+FileResult<TemporaryFile> TemporaryFile::beside(const std::string& target) {
+    const std::string folder = folderOf(target);
+    if (!FolderExists(folder))
+        return std::unexpected(FileError{FileError::pathNotFound, folder + ": no such folder"});
+    removeOrphans(folder);
+    for (;;) {
+        std::string path = folder + '/' + std::string(namePrefix) + std::string(nameTail);
+        const int file = ::mkostemp(path.data(), O_CLOEXEC);
+        if (file < 0) return systemFailure(target);
+        const bool locked = claimed(file);
+        if (locked && !isStillThere(file)) {
+            ::close(file);
+            continue;
+        }
+        return TemporaryFile(std::move(path), target, file);
+    }
+}
+
+TemporaryFile::TemporaryFile(std::string path, std::string target, int descriptor)
+    : m_path(std::move(path)),
+      m_target(std::move(target)),
+      m_descriptor(descriptor),
+      m_registered(enter(m_path)) {}
+
+TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
+    : m_path(std::exchange(other.m_path, {})),
+      m_target(std::move(other.m_target)),
+      m_descriptor(std::exchange(other.m_descriptor, -1)),
+      m_registered(std::exchange(other.m_registered, -1)) {}
+
+TemporaryFile::~TemporaryFile() {
+    if (!m_path.empty()) ::unlink(m_path.c_str());
+    leave(m_registered);
+    if (m_descriptor >= 0) ::close(m_descriptor);
+}
+
+FileResult<> TemporaryFile::putInPlace() {
+    if (!flushed(m_descriptor) || std::rename(m_path.c_str(), m_target.c_str()) != 0)
+        return systemFailure(m_target);
+    m_path.clear();
+    flushFolder(folderOf(m_target));
+    return {};
+}
+
+RegisteredName::RegisteredName(const std::string& path) : m_registered(enter(path)) {}
+
+RegisteredName::~RegisteredName() {
+    leave(m_registered);
+}
+
+void removeTemporariesOnSignals() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction before {};
+        if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;  // nohup
+        std::signal(signal, removeAndEnd);
+    }
+}
+
+}  // namespace platform
