@@ -177,6 +177,15 @@ void ItemList::setNotes(int position, const QString& notes) {
     m_model->setNotes(position, notes);
 }
 
+void ItemList::renameUnits(const ItemStore::Units& which, const QString& disco) {
+    m_model->renameUnits(which, disco);
+    if (store().sorting().on) sort(store().sorting());
+}
+
+void ItemList::removeUnits(const ItemStore::Units& which) {
+    m_model->removeUnits(which);
+}
+
 int ItemList::smallPicture(int position) const {
     return holds(position) ? store().smallPicture(static_cast<std::size_t>(position)) : 0;
 }

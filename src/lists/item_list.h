@@ -40,6 +40,8 @@ class ItemList : public QWidget {
     [[nodiscard]] QString text(int position) const;
     [[nodiscard]] QString subItem(int position, int number) const;  // 1 to 9
     void setNotes(int position, const QString& notes);              // sub-item 1 of a shown item
+    void renameUnits(const ItemStore::Units& which, const QString& disco);
+    void removeUnits(const ItemStore::Units& which);  // nothing is selected then
     [[nodiscard]] int smallPicture(int position) const;
     [[nodiscard]] int selectedPosition() const;  // the current selected item, -1 for none
     [[nodiscard]] bool isSelected(int position) const;

@@ -39,6 +39,18 @@ void ItemModel::setNotes(int row, const QString& notes) {
     emit dataChanged(index(row, 1), index(row, 1));
 }
 
+void ItemModel::renameUnits(const ItemStore::Units& which, const QString& disco) {
+    m_store.renameUnits(which, disco.toStdString());
+    if (m_shown > 0) emit dataChanged(index(0, 8), index(m_shown - 1, 8));
+}
+
+void ItemModel::removeUnits(const ItemStore::Units& which) {
+    beginResetModel();
+    m_store.removeUnits(which);
+    m_shown = static_cast<int>(m_store.size());
+    endResetModel();
+}
+
 void ItemModel::sort(ItemStore::Sorting sorting) {
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     m_store.sort(sorting);

@@ -24,6 +24,8 @@ class ItemModel : public QAbstractTableModel {
     void add(const ListItem& item) { m_store.add(item); }
     void show();  // sorted, when sorting is on and nothing was shown before
     void setNotes(int row, const QString& notes);
+    void renameUnits(const ItemStore::Units& which, const QString& disco);
+    void removeUnits(const ItemStore::Units& which);
     // Moves no selection: whoever shows it restores that by the numbers of the items.
     void sort(ItemStore::Sorting sorting);
 

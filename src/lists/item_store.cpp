@@ -4,6 +4,7 @@
 #include <cstring>
 #include <deque>
 #include <limits>
+#include <unordered_map>
 
 #include "core/serial_date.h"
 #include "lists/key_sort.h"
@@ -63,6 +64,7 @@ struct ItemStore::Impl {
     [[nodiscard]] const Item& at(std::size_t position) const { return items[order[position]]; }
     [[nodiscard]] static std::string nameKey(const Item& item);
     [[nodiscard]] std::string subItem(const Item& item, int number) const;
+    [[nodiscard]] auto test(const Units& which) const;
     [[nodiscard]] std::vector<std::string_view> keys(int key, TextArena& computed) const;
 };
 
@@ -193,6 +195,37 @@ int ItemStore::smallPicture(std::size_t position) const {
 
 void ItemStore::setNotes(std::size_t position, std::string_view notes) {
     m_impl->items[m_impl->order[position]].notes = m_impl->pool.add(notes);
+}
+
+// Asks once a unit.
+auto ItemStore::Impl::test(const Units& which) const {
+    return [this, &which, known = std::unordered_map<std::uint32_t, bool>()](const Item& item) mutable {
+        const auto [unit, isNew] = known.try_emplace(item.disco);
+        if (isNew) unit->second = which(pool.text(item.disco));
+        return unit->second;
+    };
+}
+
+void ItemStore::renameUnits(const Units& which, std::string_view disco) {
+    const std::uint32_t renamed = m_impl->pool.add(disco);
+    auto isMeant = m_impl->test(which);
+    for (Item& item : m_impl->items)
+        if (isMeant(item)) item.disco = renamed;
+}
+
+void ItemStore::removeUnits(const Units& which) {
+    constexpr std::uint32_t gone = -1;
+    std::vector<std::uint32_t> numbers;  // by the old one
+    std::deque<Item> kept;
+    auto isMeant = m_impl->test(which);
+    for (const Item& item : m_impl->items) {
+        const bool goes = isMeant(item);
+        numbers.push_back(goes ? gone : static_cast<std::uint32_t>(kept.size()));
+        if (!goes) kept.push_back(item);
+    }
+    m_impl->items = std::move(kept);
+    for (std::uint32_t& number : m_impl->order) number = numbers[number];
+    std::erase(m_impl->order, gone);
 }
 
 std::size_t ItemStore::numberOf(std::size_t position) const {

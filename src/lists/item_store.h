@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,6 +29,10 @@ class ItemStore {
     [[nodiscard]] int picture(std::size_t position) const;
     [[nodiscard]] int smallPicture(std::size_t position) const;
     void setNotes(std::size_t position, std::string_view notes);
+    // What became of units: their items bear another name, or are gone; those left are numbered anew.
+    using Units = std::function<bool(std::string_view disco)>;
+    void renameUnits(const Units& which, std::string_view disco);
+    void removeUnits(const Units& which);
     // An item keeps its number, from 0 in the order of adding, wherever sorting puts it.
     [[nodiscard]] std::size_t numberOf(std::size_t position) const;
 

@@ -4,6 +4,7 @@
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "core/maintenance.h"
+#include "core/text.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
@@ -22,6 +23,11 @@ constexpr core::Bilingual eraseUnit{"¿Desea realmente eliminar la unidad ", "Do
 constexpr core::Bilingual fromRegistry{" del registro?", " from registry?"};
 constexpr core::Bilingual nameExists{"Ya existe una unidad con dicho nombre,por favor elija otro. ",
                                      "There is a unit with this name, please choose another. "};
+
+// The engine takes no notice of case: what it does to a unit it does to every spelling of the name.
+lists::ItemStore::Units spellingsOf(const std::string& disco) {
+    return [name = core::lowerCase(disco)](std::string_view other) { return core::lowerCase(other) == name; };
+}
 
 }  // namespace
 
@@ -56,12 +62,15 @@ void MaintenanceActions::eliminar() {
 void MaintenanceActions::emptySurface() {
     m_surface.estado.dejarCarga();
     m_surface.lists.listView1.clear();
+    m_surface.lists.listView2.clear();
+    m_surface.clic.indicefila = -1;
     m_surface.treeView1.clear();
     m_surface.nombres.blank();
     m_surface.imageCombo1.clear();
     m_surface.estado.indicecombo = 0;
     m_window.hidePanels();
-    m_surface.frame.toolbar.setPressed(1, false);
+    m_surface.frame.toolbar.setPressed(frame::Toolbar::New, false);
+    m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     m_opening.resetImageCombo3();
     m_surface.contadores = {};
     m_surface.frame.status.blank();
@@ -86,19 +95,33 @@ void MaintenanceActions::borrarunidad() {
 }
 
 void MaintenanceActions::removeSelectedUnit(browse::Node unit) {
-    const QString disco = m_surface.treeView1.nodes().text(unit);
-    m_surface.treeView1.remove(unit);
-    m_surface.nombres.removeUnit(disco.toStdString());
+    const auto gone = spellingsOf(m_surface.nodeText(unit));
     m_surface.lists.listView1.clear();
+    m_surface.lists.listView2.removeUnits(gone);
+    lists::ClickedRow& clic = m_surface.clic;
+    if (gone(m_surface.lists.searchShown() ? clic.discofila2 : clic.discofila1)) clic.indicefila = -1;
     m_surface.frame.status.blank();  // told of this unit
     browse::dropPathItem(m_surface);
-    for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
-        if (const int number = combo->findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1;
-            number > 0)
-            combo->removeItem(number);
-    m_surface.estado.indicecombo = m_surface.imageCombo1.count();
+    forgetUnits(gone);
+    m_surface.treeView1.remove(unit);  // was it a folder that bears the unit's name?
     m_surface.imageCombo1.setText(QString());
     if (m_surface.imageCombo3.selectedItem() == 0) m_surface.imageCombo3.setSelected(1);
+}
+
+void MaintenanceActions::forgetUnits(const lists::ItemStore::Units& gone, browse::Node kept) {
+    const controls::TreeModel& nodes = m_surface.treeView1.nodes();
+    browse::Node next = browse::noNode;
+    for (browse::Node root = nodes.firstChild(browse::noNode); root != browse::noNode; root = next) {
+        next = nodes.nextSibling(root);
+        const QString disco = nodes.text(root);
+        if (root == kept || !gone(disco.toStdString())) continue;
+        if (m_surface.estado.cargando == root) m_surface.estado.dejarCarga();
+        m_surface.treeView1.remove(root);
+        m_surface.nombres.removeUnit(disco.toStdString());
+        for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
+            combo->removeItem(combo->findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1);
+    }
+    m_surface.estado.indicecombo = m_surface.imageCombo1.count();
 }
 
 void MaintenanceActions::cambiarnombre() {
@@ -132,8 +155,15 @@ void MaintenanceActions::showRenamed(browse::Node unit, const QString& disco, co
     // Its folders stand in the name lists under the old name: the next click loads them anew.
     while (m_surface.treeView1.nodes().childCount(unit) > 0)
         m_surface.treeView1.remove(m_surface.treeView1.nodes().firstChild(unit));
+    const auto moved = spellingsOf(disco.toStdString());
+    browse::dropPathItem(m_surface);
+    // Units of one name have become one.
+    forgetUnits([&](std::string_view other) { return moved(other) || other == renamed.toStdString(); }, unit);
     m_surface.nombres.removeUnit(disco.toStdString());
     m_surface.nombres.addUnit(renamed.toStdString());
+    m_surface.lists.listView2.renameUnits(moved, renamed);
+    for (std::string* clicked : {&m_surface.clic.discofila1, &m_surface.clic.discofila2})
+        if (moved(*clicked)) *clicked = renamed.toStdString();
     if (const int number = m_surface.imageCombo1.findText(disco) + 1; number > 0)
         m_surface.imageCombo1.setItemText(number, renamed);
     m_opening.agregarcombo3();

@@ -24,6 +24,8 @@ class MaintenanceActions {
   private:
     [[nodiscard]] bool confirmed(const core::Bilingual& question);
     void removeSelectedUnit(browse::Node unit);
+    // Roots and items of units that are no more, but for the one to keep.
+    void forgetUnits(const lists::ItemStore::Units& gone, browse::Node kept = browse::noNode);
     void emptySurface();
     void showRenamed(browse::Node unit, const QString& disco, const QString& renamed);
 

@@ -44,6 +44,24 @@ std::vector<std::string> texts(const ItemStore& store) {
 
 using Texts = std::vector<std::string>;
 
+TEST(ItemStore, UnitsAreRenamedAndRemovedUnderAnySorting) {
+    ItemStore store;
+    for (const char* name : {"c", "a", "b"})
+        for (const char* disco : {"Uno :", "Dos :"}) {
+            ListItem item = folder(name);
+            item.disco = disco;
+            store.add(item);
+        }
+    store.sort({.on = true, .key = 0, .descending = true});
+    store.renameUnits([](std::string_view disco) { return disco == "Uno :"; }, "Tres :");
+    EXPECT_EQ(store.subItem(0, 8) + store.subItem(1, 8), "Tres :Dos :");
+    store.removeUnits([](std::string_view disco) { return disco == "Dos :"; });
+    EXPECT_EQ(texts(store), (std::vector<std::string>{"c", "b", "a"}));
+    EXPECT_TRUE(store.isConsistent());
+    store.removeUnits([](std::string_view) { return true; });
+    EXPECT_EQ(store.size(), 0u);
+}
+
 TEST(ItemStore, ComputesTheColumnsOfFolderAndFile) {
     ItemStore store;
     store.add(folder("Mar"));

@@ -41,8 +41,52 @@ TEST_F(Units, RenamingRefusesNamesInAllUpperOrAllLowerCase) {
     rename("CDS :", "MiXed");  // a mixed-case name passes, and the two units merge
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(rowCount(path, "disco=('MiXed :')"), 2);
+    EXPECT_EQ(roots(), (Names{"FOTOS :", "MiXed :", "dvds :"}));
+    EXPECT_EQ(items(combo()), roots());
+    EXPECT_EQ(listed(), (Names{"x", "x"}));
+    rename("MiXed :", "Cds");
+    rename("Cds :", "MIXED");  // no name of the merged unit is left behind
+    EXPECT_TRUE(messages.shown.empty());
     choose("reciente");
-    EXPECT_EQ(roots(), (Names{"dvds :", "FOTOS :", "MiXed :"}));
+    EXPECT_EQ(roots(), (Names{"dvds :", "FOTOS :", "MIXED :"}));
+}
+
+TEST_F(Units, RenamedAndDeletedUnitsChangeAmongTheResultsToo) {
+    const std::string path = startWithFotos();
+    addByHand("Cds", "mapas");
+    const lists::ItemList& results = surface().lists.listView2;
+    const auto units = [&] {
+        Names discos;
+        for (int i = 0; i < results.count(); ++i) discos.push_back(results.subItem(i, 8).toStdString());
+        return discos;
+    };
+    click("Fotos :");
+    click("Fotos :\\viaje");
+    choose("buscar");
+    search("map");
+    clickRow(results, 1);
+    choose("explorar");
+    rename("Fotos :", "Viejas");
+    EXPECT_EQ(items(combo()), (Names{"Viejas :", "Cds :"})) << "without the path";
+    EXPECT_EQ(units(), (Names{"Cds :", "Viejas :"}));
+    choose("buscar");
+    EXPECT_EQ(results.selectedPosition(), 1);
+    clickRow(results, 1);
+    choose("insertarcomentario");
+    QTest::keyClicks(&control("Text10"), "mine");
+    QTest::keyClick(&control("Command6"), Qt::Key_Space);
+    EXPECT_EQ(rowCount(path, "comentario=('mine') and archivo=('mapa.txt')"), 1);
+    EXPECT_EQ(results.subItem(1, 1), "mine");
+
+    click("Viejas :");
+    messages.answers = {true};
+    choose("borrarunidad1");
+    EXPECT_EQ(units(), (Names{"Cds :"}));
+    EXPECT_LT(surface().clic.indicefila, 0) << "the row that was clicked is no more";
+    messages.answers = {true, true};
+    choose("eliminar");
+    EXPECT_EQ(units(), Names{});
+    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Explore}));
 }
 
 TEST_F(Units, DeletingAsksFirstAndTouchesOneUnit) {
