@@ -1,5 +1,6 @@
 #include "browse/opening.h"
 
+#include "browse/tail.h"
 #include "controls/qtext.h"
 #include "core/unit_kinds.h"
 #include "frame/catalogue.h"
@@ -11,7 +12,6 @@ namespace {
 
 using controls::qtext;
 
-constexpr int wholeCataloguePicture = 15;
 constexpr core::Bilingual loadingUnit{"Cargando unidad: ", "Loading unit: "};
 
 struct ColumnSpec {
@@ -30,6 +30,7 @@ constexpr ColumnSpec diskColumn{{"Disco", "Disk"}, 1.0 / 5};
 constexpr ColumnSpec pathColumn{{"Ruta", "Path"}, 1.0 / 2};
 
 using Names = std::vector<std::string>;
+using Units = std::vector<core::UnitItem>;
 
 // 0 for a unit whose first row bears an unknown word.
 int pictureOf(engine::Database& database, const std::string& disco) {
@@ -63,12 +64,8 @@ void Opening::setColumns() {
 
 void Opening::inicio() {
     m_surface.nombres.blank();
-    m_host.resetPanels();
-    frame::yieldToQueue();
-    m_host.layOutPanes();
-    frame::yieldToQueue();
+    m_events.begins();
     setColumns();
-    m_host.selectFirstType();
     frame::yieldToQueue();
 
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
@@ -78,34 +75,40 @@ void Opening::inicio() {
     } else {
         m_surface.imageCombo1.clear();
         m_surface.estado.indicecombo = 0;
-        resetImageCombo3();
+        m_events.unitsListed({});
     }
     writeCounters();
 }
 
-void Opening::resetImageCombo3() {
-    m_surface.imageCombo3.clear();
-    m_surface.imageCombo3.addItem(1, QString(), qtext(m_surface.frame.rotulos().rotulocatalogo),
-                                  wholeCataloguePicture);
-    m_surface.imageCombo3.setSelected(1);
+void Opening::showUnit(const core::UnitItem& unit) {
+    const QString text = qtext(unit.disco);
+    m_surface.treeView1.addNode(noNode, text, unit.picture, unit.picture, {});
+    m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, {}, text, unit.picture);
 }
 
-void Opening::addUnit(const std::string& disco, int picture, const QString& key) {
-    const QString text = qtext(disco);
-    m_surface.treeView1.addNode(noNode, text, picture, picture, key);
-    m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, key, text, picture);
-    m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), text, picture);
+void Opening::addUnit(const core::UnitItem& unit) {
+    dropPathItem(m_surface);
+    // Another unit was given this name while it was scanned.
+    if (m_surface.imageCombo1.findText(qtext(unit.disco), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0)
+        return;
+    if (!m_surface.nombres.isUnit(unit.disco))
+        m_surface.nombres.addUnit(unit.disco);  // to be browsed at once
+    showUnit(unit);
+    m_surface.estado.indicecombo = m_surface.imageCombo1.count();
+    m_surface.imageCombo1.setSelected(m_surface.estado.indicecombo);
+    m_events.unitAdded(unit);
 }
 
 void Opening::agregarcombos(engine::Database& database) {
     m_surface.imageCombo1.clear();
-    resetImageCombo3();
+    Units units;
     for (const std::string& disco : core::unitNames(database).value_or(Names{})) {
         m_surface.nombres.addUnit(disco);
         // A unit whose first row bears an unknown word has no node and no items.
-        if (const int picture = pictureOf(database, disco)) addUnit(disco, picture, qtext(disco));
+        if (const int picture = pictureOf(database, disco)) showUnit(units.emplace_back(disco, picture));
         m_surface.frame.status.setText(std::string(loadingUnit.in(m_surface.frame.idioma)) + disco);
     }
+    m_events.unitsListed(units);
     m_surface.treeView1.repaintNow();
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
     if (m_surface.estado.indicecombo > 0) m_surface.imageCombo1.setSelected(1);
@@ -113,13 +116,11 @@ void Opening::agregarcombos(engine::Database& database) {
 }
 
 void Opening::agregarcombo3() {
-    resetImageCombo3();
-    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-    if (!database) return;
-    for (const std::string& disco : core::unitNames(*database).value_or(Names{}))
-        if (const int picture = pictureOf(*database, disco))
-            m_surface.imageCombo3.addItem(m_surface.imageCombo3.count() + 1, QString(), qtext(disco),
-                                          picture);
+    Units units;
+    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
+        for (const std::string& disco : core::unitNames(*database).value_or(Names{}))
+            if (const int picture = pictureOf(*database, disco)) units.emplace_back(disco, picture);
+    m_events.unitsListed(units);
 }
 
 void Opening::writeCounters() {
@@ -133,7 +134,7 @@ void Opening::actualizar() {
     if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
         m_surface.contadores = core::countAll(*database).value_or(core::Counters{});
     writeCounters();
-    m_host.layOutPanes();
+    m_events.totalsCounted();
     m_surface.frame.status.hideProgress();
 }
 

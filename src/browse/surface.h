@@ -20,7 +20,6 @@ struct Surface {
     frame::Frame& frame;
     controls::TreeView& treeView1;
     controls::ImageCombo& imageCombo1;  // the path combo: the units, then at most one path
-    controls::ImageCombo& imageCombo3;  // the search panel's units, kept in step
     lists::Lists lists;
 
     NameLists nombres;

@@ -21,6 +21,12 @@ struct Unit {
     std::int64_t kilobytes = 0;
 };
 
+// A unit as the tree and the combos show it.
+struct UnitItem {
+    std::string disco;
+    int picture = 0;
+};
+
 // Every `disco`, in the engine's text order; spellings that differ in case are units apart.
 [[nodiscard]] engine::Result<std::vector<std::string>> unitNames(engine::Database& database);
 

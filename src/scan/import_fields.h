@@ -15,7 +15,6 @@ struct Refusal;
 
 // The import panel's controls, as the job behind its button reads and writes them.
 struct ImportFields {
-    QWidget& Picture2;                  // the panel
     QWidget& directoryPane;             // Picture13(0)
     QLineEdit& Text3;                   // the unit's name
     QLineEdit& Text4;                   // the directory as shown

@@ -51,7 +51,7 @@ void ImportJob::run() {
         m_parar = true;
         m_running = false;
     }
-    if (!m_abandoned) m_host.actualizar();
+    if (!m_abandoned) m_events.ended();
 }
 
 void ImportJob::catalogueDirectory() {
@@ -66,8 +66,7 @@ void ImportJob::catalogueDirectory() {
     }
 
     const WalkStart start = walkStart(request, *database, platform::Drives::current());
-    m_host.hidePicture1();
-    m_fields.Picture2.hide();
+    m_events.walkBegins();
     m_name = name + qtext(core::unitSuffix);
     m_shownDirectory = m_fields.Text4.text();
     m_fields.Text3.setText(m_name);
@@ -91,8 +90,7 @@ bool ImportJob::isRefused(const Refusal* refusal) {
 
 void ImportJob::finish(const Counts& counts) {
     m_frame.status.setText(finalStatus(counts, m_frame.idioma));
-    m_host.clearListView1();
-    m_host.addUnit(m_name, newScannedUnitPicture, "a" + QString::number(m_host.imageCombo1Count() + 2));
+    m_events.unitScanned({m_name.toStdString(), newScannedUnitPicture});
     m_frame.toolbar.setPressed(Toolbar::New, false);
 }
 
@@ -120,10 +118,10 @@ void ImportJob::generarunidad() {
     if (!insertManualUnit(unit, m_tipo, *database)) return;
 
     m_fields.Text3.setText(name + qtext(core::unitSuffix));
-    m_host.addUnit(m_fields.Text3.text(), m_fields.ImageCombo4.itemPicture(kind), {});
+    const core::UnitItem made{m_fields.Text3.text().toStdString(), m_fields.ImageCombo4.itemPicture(kind)};
     m_fields.Text3.clear();
     m_fields.Text11.clear();
-    m_host.explorar1();
+    m_events.unitTyped(made);
 }
 
 void ImportJob::abandon() {
@@ -138,14 +136,8 @@ void ImportJob::Parar() {
     m_parar = true;
     m_frame.status.hideProgress();
     m_frame.messages.show(qtext(canceled.in(m_frame.idioma)));
-    m_host.clearListView1();
-    m_host.clearListView2();
-    m_host.clearTreeView1();
-    m_host.clearImageCombos();
     m_fields.ImageCombo4.clear();
-    if (m_frame.catalogue.isSet()) m_frame.catalogue.rememberAsLast();
-    m_host.reciente1();
-    m_host.explorar1();
+    m_events.stopped();
 }
 
 }  // namespace scan

@@ -6,8 +6,8 @@
 
 #include "engine/database.h"
 #include "frame/frame.h"
+#include "scan/import_events.h"
 #include "scan/import_fields.h"
-#include "scan/import_host.h"
 #include "scan/walker.h"
 
 namespace scan {
@@ -16,8 +16,8 @@ namespace scan {
 // click; other handlers get their turn where the walk gives way, and Parar() may be one of them.
 class ImportJob {
   public:
-    ImportJob(frame::Frame& frame, ImportHost& host, ImportFields fields)
-        : m_frame(frame), m_host(host), m_fields(fields) {}
+    ImportJob(frame::Frame& frame, ImportEvents events, ImportFields fields)
+        : m_frame(frame), m_events(std::move(events)), m_fields(fields) {}
 
     void run();  // does nothing while a job runs
 
@@ -35,7 +35,7 @@ class ImportJob {
     void emptyFields();
 
     frame::Frame& m_frame;
-    ImportHost& m_host;
+    ImportEvents m_events;
     ImportFields m_fields;
     bool m_running = false;
     bool m_parar = true;       // raised: no job runs, or it has to end

@@ -51,10 +51,9 @@ void dropForbidden(QLineEdit& field) {
 
 }  // namespace
 
-ImportPanel::ImportPanel(frame::Frame& frame, ImportHost& host, QWidget* parent)
+ImportPanel::ImportPanel(frame::Frame& frame, ImportEvents events, QWidget* parent)
     : QWidget(parent),
       m_frame(frame),
-      m_host(host),
       m_TabStrip2(named(new controls::TabStrip(this), "TabStrip2")),
       m_Text3(named(new QLineEdit, "Text3")),
       m_Text4(named(new QLineEdit, "Text4")),
@@ -63,8 +62,8 @@ ImportPanel::ImportPanel(frame::Frame& frame, ImportHost& host, QWidget* parent)
       m_Label19(makeLabelButton("Label19", controls::picture(3))),
       m_Label20(makeLabelButton("Label20", controls::picture(16))),
       m_panes{makeDirectoryPane(), makeManualPane()},
-      m_job(frame, host,
-            {*this, *m_panes[directoryPane], *m_Text3, *m_Text4, *m_Text11, *m_ImageCombo4, m_directory}) {
+      m_job(frame, std::move(events),
+            {*m_panes[directoryPane], *m_Text3, *m_Text4, *m_Text11, *m_ImageCombo4, m_directory}) {
     setObjectName("Picture2");
     arrange();
     nameControls();
@@ -174,14 +173,7 @@ void ImportPanel::fillKinds() {
         m_ImageCombo4->addItem(++number, {}, qtext(kind.caption.in(m_frame.idioma)), kind.picture);
 }
 
-void ImportPanel::importar1() {
-    m_host.actualizar();
-    m_host.hidePicture1();
-    m_host.placeOverTree(*this);
-    show();
-    raise();
-    m_host.clearListView1();
-    m_host.hideListView2();
+void ImportPanel::enter() {
     focusFirst();
     setTabOrder(m_Label19, m_Text4);
     setTabOrder(m_Text4, m_Text3);

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "frame/frame.h"
-#include "scan/import_host.h"
+#include "scan/import_events.h"
 #include "scan/import_job.h"
 
 class QHBoxLayout;
@@ -24,10 +24,10 @@ namespace scan {
 class ImportPanel : public QWidget {
     Q_OBJECT
   public:
-    ImportPanel(frame::Frame& frame, ImportHost& host, QWidget* parent = nullptr);
+    ImportPanel(frame::Frame& frame, ImportEvents events, QWidget* parent = nullptr);
 
-    // Shows the panel in the tree's place.
-    void importar1();
+    // The keyboard's way through the fields, from the first one; once the panel is in front.
+    void enter();
     // The five kinds of ImageCombo4, none selected; part of opening a catalogue.
     void fillKinds();
 
@@ -50,7 +50,6 @@ class ImportPanel : public QWidget {
     void chooseDirectory();
 
     frame::Frame& m_frame;
-    ImportHost& m_host;
     std::string m_directory;  // the chosen one, by its native path
 
     QTabBar* m_TabStrip2;

@@ -72,7 +72,7 @@ SearchPanel::SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, 
     setAccessibleName(frame::caption(u"Label1", frame.idioma));
     m_label5->setAccessibleName(m_label5->text());
     setAutoFillBackground(true);  // it lies over the tree
-    clearUnits();
+    setUnits({});
     hide();
 }
 
@@ -131,10 +131,22 @@ void SearchPanel::fillTypes() {
     m_picture15->fillTypes();
 }
 
-void SearchPanel::clearUnits() {
+void SearchPanel::setUnits(std::span<const core::UnitItem> units) {
     imageCombo3().clear();
-    imageCombo3().addItem(1, {}, controls::qtext(m_frame.rotulos().rotulocatalogo), pictureOfCatalogue);
+    addUnit({m_frame.rotulos().rotulocatalogo, pictureOfCatalogue});
     imageCombo3().setSelected(1);
+    for (const core::UnitItem& unit : units) addUnit(unit);
+}
+
+void SearchPanel::addUnit(const core::UnitItem& unit) {
+    imageCombo3().addItem(imageCombo3().count() + 1, {}, controls::qtext(unit.disco), unit.picture);
+}
+
+void SearchPanel::removeUnit(const std::string& disco) {
+    const int place =
+        imageCombo3().findText(controls::qtext(disco), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (place >= 0) imageCombo3().removeItem(place + 1);
+    if (imageCombo3().selectedItem() == 0) imageCombo3().setSelected(1);
 }
 
 controls::ImageCombo& SearchPanel::imageCombo3() {

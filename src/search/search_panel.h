@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QWidget>
+#include <span>
 
+#include "core/units.h"
 #include "frame/frame.h"
 #include "search/refusal.h"
 #include "search/result_row.h"
@@ -35,8 +37,10 @@ class SearchPanel : public QWidget {
 
     // ImageCombo2: the eight types anew, the first selected.
     void fillTypes();
-    // The units are entered by who knows them; the panel begins with the whole catalogue alone.
-    [[nodiscard]] controls::ImageCombo& imageCombo3();
+    // ImageCombo3: the whole catalogue, selected, and behind it these units.
+    void setUnits(std::span<const core::UnitItem> units);
+    void addUnit(const core::UnitItem& unit);
+    void removeUnit(const std::string& disco);
 
     [[nodiscard]] SearchRequest request() const;
     [[nodiscard]] const Counters& counters() const { return m_counters; }
@@ -46,7 +50,7 @@ class SearchPanel : public QWidget {
 
   private:
     void makeControls();
-    void clearUnits();
+    [[nodiscard]] controls::ImageCombo& imageCombo3();
     void showTab(int tab);
     void enterInField();
     void enterInNote();

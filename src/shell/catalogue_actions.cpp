@@ -9,6 +9,7 @@
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
 #include "platform/files.h"
+#include "shell/switching.h"
 
 namespace shell {
 namespace {
@@ -36,16 +37,13 @@ void CatalogueActions::clearSurface() {
 
 // What was found in one catalogue is not to be shown over another.
 void CatalogueActions::hidePanels() {
-    m_window.hidePanels();
+    m_switching.hidePanels();
     m_surface.lists.listView2.clear();
 }
 
 void CatalogueActions::openStateChange() {
     clearSurface();
-    m_window.setCatalogueOpen(true);
-    m_window.showBrowseSurface(true);
-    m_window.setCaption(QStringLiteral("Zarquelin - ") +
-                        QFile::decodeName(m_surface.frame.catalogue.path().c_str()));
+    m_openChanged(true);
     m_surface.contadores = {};
 }
 
@@ -64,7 +62,7 @@ void CatalogueActions::nuevo1() {
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
         const std::string path = nativePath(chosen);
-        m_window.endScan();
+        m_switching.endScan();
         if (const auto created = core::createCatalogue(path); !created) {
             reportFailure(path, created.error().text);
             return;
@@ -84,7 +82,7 @@ void CatalogueActions::abrir1() {
     const QString chosen = m_surface.frame.dialogs.openCatalogue(qtext(openTitle.in(m_surface.frame.idioma)),
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
-        m_window.endScan();
+        m_switching.endScan();
         m_surface.frame.catalogue.setPath(nativePath(chosen));
         m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
         openStateChange();
@@ -101,7 +99,7 @@ void CatalogueActions::reciente1() {
     m_surface.frame.catalogue.readLast();
     const std::string last = m_surface.frame.catalogue.last();
     if (!last.empty() && platform::FileExists(last)) {
-        m_window.endScan();
+        m_switching.endScan();
         m_surface.frame.catalogue.setPath(last);
         openStateChange();
         hidePanels();
@@ -109,7 +107,7 @@ void CatalogueActions::reciente1() {
         rememberAsLast();
         m_opening.inicio();
     } else {
-        m_window.showSearchPanel();
+        m_switching.showSearchPanel();
         m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     }
 }
@@ -134,7 +132,7 @@ void CatalogueActions::guardar() {
     if (chosen.isEmpty()) return;
 
     const std::string path = nativePath(chosen);
-    m_window.endScan();
+    m_switching.endScan();
     if (const auto copied = core::copyCatalogue(catalogue.path(), path); !copied) {
         // The catalogue stays the old one, also when it was to be copied onto itself.
         reportFailure(path, copied.error().text);
@@ -148,15 +146,13 @@ void CatalogueActions::guardar() {
 }
 
 void CatalogueActions::cerrar() {
-    m_window.endScan();
+    m_switching.endScan();
     clearSurface();
     m_surface.imageCombo1.clear();
     m_surface.estado.indicecombo = 0;
-    m_window.showBrowseSurface(false);
     hidePanels();
-    m_window.setCatalogueOpen(false);
+    m_openChanged(false);
     m_surface.frame.toolbar.releaseAll(1, 13);
-    m_window.setCaption(QStringLiteral("Zarquelin"));
 }
 
 }  // namespace shell

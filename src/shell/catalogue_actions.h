@@ -1,27 +1,24 @@
 #pragma once
 
+#include <functional>
+
 #include "browse/opening.h"
 #include "browse/surface.h"
 
 namespace shell {
 
-// What opening and closing a catalogue needs of the window itself.
-class CatalogueWindow {
-  public:
-    virtual ~CatalogueWindow() = default;
-    virtual void setCatalogueOpen(bool open) = 0;    // menu entries and toolbar buttons
-    virtual void showBrowseSurface(bool shown) = 0;  // tree, browse list, band, divider
-    virtual void hidePanels() = 0;                   // search, import and notes panels, search list
-    virtual void showSearchPanel() = 0;              // in the tree's place
-    virtual void endScan() = 0;                      // of this catalogue, in silence; its rows stay
-    virtual void setCaption(const QString& caption) = 0;
-};
+class Switching;
 
 // The life of a catalogue file: new, open, recent, from the command line, save as, close.
 class CatalogueActions {
   public:
-    CatalogueActions(browse::Surface& surface, browse::Opening& opening, CatalogueWindow& window)
-        : m_surface(surface), m_opening(opening), m_window(window) {}
+    // `openChanged` shows that a catalogue is open, or that none is.
+    CatalogueActions(browse::Surface& surface, browse::Opening& opening, Switching& switching,
+                     std::function<void(bool open)> openChanged)
+        : m_surface(surface),
+          m_opening(opening),
+          m_switching(switching),
+          m_openChanged(std::move(openChanged)) {}
 
     void nuevo1();
     void abrir1();
@@ -39,7 +36,8 @@ class CatalogueActions {
 
     browse::Surface& m_surface;
     browse::Opening& m_opening;
-    CatalogueWindow& m_window;
+    Switching& m_switching;
+    std::function<void(bool open)> m_openChanged;
 };
 
 }  // namespace shell

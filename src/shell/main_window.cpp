@@ -16,6 +16,7 @@
 #include "shell/main_window_parts.h"
 #include "shell/properties.h"
 #include "shell/quick_start_setting.h"
+#include "shell/selection.h"
 
 namespace shell {
 
@@ -33,9 +34,8 @@ Form1::Form1(core::Language idioma, frame::Messages& messages, frame::Dialogs& d
     setFontSize(8);
     m_parts->views.setFullRow(false);
     m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"), isQuickStartOn());
-    m_parts->openingWindow.showBrowseSurface(false);
-    m_parts->openingWindow.hidePanels();
-    m_parts->applyState();
+    m_parts->showCatalogueOpen(false);
+    m_parts->switching.hidePanels();
     m_parts->frame.catalogue.readLast();
 }
 
@@ -85,7 +85,7 @@ void Form1::connectMenus() {
         {"Imprimir", [&] { print::Imprimir1(parts.frame, parts.surface.lists); }},
         {"salir", [this] { close(); }},
 
-        {"explore", [&] { parts.switching.explore(); }},
+        {"explore", [&] { parts.switching.importFromMenu(); }},
         {"buscar", [&] { parts.switching.buscar1(); }},
         {"explorar", [&] { parts.switching.explorar1(); }},
         {"eliminar", [&] { parts.maintenance.eliminar(); }},
@@ -106,7 +106,7 @@ void Form1::connectMenus() {
         {"arriba", [&] { parts.goingUp.arriba(); }},
         {"iniciomenu", [this] { toggleQuickStart(); }},
 
-        {"graficos", [&] { parts.statistics.graficar1(); }},
+        {"graficos", [this] { showStatistics(); }},
         {"compactar", [&] { parts.maintenance.compactar(); }},
         {"reparar", [&] { parts.maintenance.reparar(); }},
 
@@ -119,7 +119,7 @@ void Form1::connectMenus() {
 
         {"abrirnodo", [this] { toggleNode(); }},
         {"cambiarnombre", [&] { parts.maintenance.cambiarnombre(); }},
-        {"graficos2", [&] { parts.statistics.graficar1(); }},
+        {"graficos2", [this] { showStatistics(); }},
         {"borrarunidad", [&] { parts.maintenance.borrarunidad(); }},
         {"Propiedades", [this] { showProperties(); }},
 
@@ -167,7 +167,7 @@ void Form1::runToolbarButton(int button) {
             refresh(false);
             break;
         case frame::Toolbar::Statistics:
-            parts.statistics.graficar1();
+            showStatistics();
             break;
         case frame::Toolbar::Delete:
             parts.maintenance.borrarunidad();
@@ -257,6 +257,11 @@ void Form1::renameUnit(browse::Node unit, const QString& text) {
     QMetaObject::invokeMethod(this, listAnew, Qt::QueuedConnection);
 }
 
+void Form1::showStatistics() {
+    browse::Surface& surface = m_parts->surface;
+    m_parts->statistics.graficar1(selectionOf(surface), surface.contadores);
+}
+
 void Form1::copyFiles() {
     browse::Surface& surface = m_parts->surface;
     if (copyback::Copiararchivos(surface.frame, surface.lists, surface.clic)) surface.treeView1.setFocus();
@@ -296,16 +301,8 @@ void Form1::showProperties() {
     if (node == browse::noNode || !database) return;
     if (!m_properties) m_properties = new Form3(m_parts->frame.idioma, this);
 
-    const lists::ItemList& list = surface.lists.listView1;
-    browse::PropertiesRequest request;
-    request.node = surface.nodeText(node);
-    request.isUnit = surface.isUnit(node);
-    request.discoactual = surface.estado.discoactual;
-    request.rutaactual = surface.estado.rutaactual;
-    request.nivelactual = surface.estado.nivelactual;
-    request.picture = surface.imageCombo1.itemPicture(surface.imageCombo1.selectedItem());
-    if (list.count() > 0) request.firstListType = list.subItem(0, 2).toStdString();
-    m_properties->showProperties(propertiesOf(request, *database, m_parts->frame.idioma));
+    m_properties->showProperties(
+        propertiesOf(propertiesRequest(surface, node), *database, m_parts->frame.idioma));
 }
 
 void Form1::treePressed(Qt::MouseButton button, const QPoint& place) {

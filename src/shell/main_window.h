@@ -54,6 +54,7 @@ class Form1 : public QMainWindow, public MainEntry {
     void stop();
     void refresh(bool fromMenu);
     void copyFiles();
+    void showStatistics();
     void setFontSize(int points);
     void showToolbarTexts(bool shown);
     void toggleQuickStart();

@@ -1,9 +1,12 @@
 #include "shell/main_window_parts.h"
 
+#include <QFile>
+
 #include "controls/named.h"
 #include "controls/qtext.h"
 #include "controls/twips.h"
 #include "frame/captions.h"
+#include "frame/pointer.h"
 #include "shell/main_window.h"
 
 namespace shell {
@@ -58,15 +61,11 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Mes
                 state.running = jobs > 0;
                 applyState();
             }},
-      openingWindow(*this),
-      importWindow(*this),
-      statisticsWindow(*this),
       picture1(new search::SearchPanel(frame, *controls.listView2, controls.client)),
-      picture2(new scan::ImportPanel(frame, importWindow, controls.client)),
+      picture2(new scan::ImportPanel(frame, importEvents(), controls.client)),
       surface{frame,
               *controls.treeView1,
               *controls.imageCombo1,
-              picture1->imageCombo3(),
               {*controls.listView1, *controls.listView2},
               {},
               {},
@@ -86,18 +85,74 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Mes
              [this](const QRect& area) { picture12->setListArea(area); }}),
       overTree({picture1, picture2}, *controls.treeView1),
       overListView1({controls.listView2}, *controls.listView1),
-      opening(surface, openingWindow),
+      opening(surface, openingEvents()),
       nodeClick(surface),
       pathCombo(surface),
       goingUp(surface),
       listActivation(surface),
-      switching(surface, *picture1, *picture2, panes),
-      catalogueActions(surface, opening, openingWindow),
-      maintenance(surface, opening, openingWindow),
+      switching(surface, opening, *picture1, *picture2, *picture12, panes),
+      catalogueActions(surface, opening, switching, [this](bool open) { showCatalogueOpen(open); }),
+      maintenance(surface, opening, switching, *picture1),
       views(surface),
-      statistics(frame, statisticsWindow, &owner) {
+      statistics(frame, &owner) {
     QObject::connect(picture12, &notes::NotesPanel::slid, picture12,
                      [this](int pixels) { panes.setListsPushedDown(pixels); });
+}
+
+browse::OpeningEvents MainWindowParts::openingEvents() {
+    return {.begins = [this] { resetPanels(); },
+            .totalsCounted = [this] { panes.medidas(); },
+            .unitsListed = [this](std::span<const core::UnitItem> units) { picture1->setUnits(units); },
+            .unitAdded = [this](const core::UnitItem& unit) { picture1->addUnit(unit); }};
+}
+
+scan::ImportEvents MainWindowParts::importEvents() {
+    return {.walkBegins = [this] { switching.uncoverBrowsing(); },
+            .unitScanned =
+                [this](const core::UnitItem& unit) {
+                    surface.lists.listView1.clear();
+                    opening.addUnit(unit);
+                },
+            .unitTyped =
+                [this](const core::UnitItem& unit) {
+                    opening.addUnit(unit);
+                    switching.explorar1();
+                },
+            .stopped = [this] { reopenAfterStop(); },
+            .ended = [this] { opening.actualizar(); }};
+}
+
+void MainWindowParts::resetPanels() {
+    picture2->fillKinds();
+    picture12->closeAtOnce();
+    views.showReport();
+    views.resetCycle();
+    frame::yieldToQueue();
+    panes.medidas();
+    frame::yieldToQueue();
+    picture1->fillTypes();
+}
+
+void MainWindowParts::showCatalogueOpen(bool open) {
+    state.catalogueOpen = open;
+    if (open) state.recentMissing = false;  // from now on there is one
+    applyState();
+    panes.showBrowsing(open);
+    QString title = QStringLiteral("Zarquelin");
+    if (open) title += QStringLiteral(" - ") + QFile::decodeName(catalogue.path().c_str());
+    window.setWindowTitle(title);
+}
+
+void MainWindowParts::reopenAfterStop() {
+    surface.lists.listView1.clear();
+    surface.lists.listView2.clear();
+    surface.treeView1.clear();
+    surface.imageCombo1.clear();
+    surface.estado.indicecombo = 0;
+    picture1->setUnits({});
+    if (catalogue.isSet()) catalogue.rememberAsLast();
+    catalogueActions.reciente1();
+    switching.explorar1();
 }
 
 }  // namespace shell

@@ -24,7 +24,6 @@
 #include "shell/panes.h"
 #include "shell/switching.h"
 #include "shell/view_actions.h"
-#include "shell/window_hosts.h"
 #include "stats/statistics_action.h"
 
 namespace shell {
@@ -54,6 +53,15 @@ struct MainWindowParts {
 
     // What is enabled now follows from the state alone.
     void applyState() { frame::apply(frame::enabledIn(state), *controls.menus, *controls.toolbar); }
+    // Title, browse surface and what is enabled.
+    void showCatalogueOpen(bool open);
+    void resetPanels();
+    // The stopped scan's rows stay in the catalogue, which is opened anew to show them.
+    void reopenAfterStop();
+
+    // What the rooms' events set off elsewhere.
+    [[nodiscard]] browse::OpeningEvents openingEvents();
+    [[nodiscard]] scan::ImportEvents importEvents();
 
     Form1& window;
     WindowControls controls;
@@ -61,10 +69,6 @@ struct MainWindowParts {
     frame::WindowState state;
     int jobs = 0;  // that can be stopped; one may begin while another gives way
     frame::Frame frame;
-
-    OpeningWindow openingWindow;
-    ImportWindow importWindow;
-    StatisticsWindow statisticsWindow;
 
     search::SearchPanel* picture1;
     scan::ImportPanel* picture2;

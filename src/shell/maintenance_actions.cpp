@@ -9,7 +9,8 @@
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
-#include "shell/catalogue_actions.h"
+#include "search/search_panel.h"
+#include "shell/switching.h"
 
 namespace shell {
 namespace {
@@ -47,7 +48,7 @@ bool MaintenanceActions::confirmed(const core::Bilingual& question) {
 
 void MaintenanceActions::eliminar() {
     if (!confirmed(eraseAll) || !confirmed(reallySure)) return;
-    m_window.endScan();  // whose rows to come would be none of those erased
+    m_switching.endScan();  // whose rows to come would be none of those erased
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     const auto erased =
         database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));
@@ -68,10 +69,10 @@ void MaintenanceActions::emptySurface() {
     m_surface.nombres.blank();
     m_surface.imageCombo1.clear();
     m_surface.estado.indicecombo = 0;
-    m_window.hidePanels();
+    m_switching.hidePanels();
     m_surface.frame.toolbar.setPressed(frame::Toolbar::New, false);
     m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
-    m_opening.resetImageCombo3();
+    m_picture1.setUnits({});
     m_surface.contadores = {};
     m_surface.frame.status.blank();
     m_surface.frame.status.setText(core::emptiedStatus);
@@ -105,7 +106,6 @@ void MaintenanceActions::removeSelectedUnit(browse::Node unit) {
     forgetUnits(gone);
     m_surface.treeView1.remove(unit);  // was it a folder that bears the unit's name?
     m_surface.imageCombo1.setText(QString());
-    if (m_surface.imageCombo3.selectedItem() == 0) m_surface.imageCombo3.setSelected(1);
 }
 
 void MaintenanceActions::forgetUnits(const lists::ItemStore::Units& gone, browse::Node kept) {
@@ -118,8 +118,9 @@ void MaintenanceActions::forgetUnits(const lists::ItemStore::Units& gone, browse
         if (m_surface.estado.cargando == root) m_surface.estado.dejarCarga();
         m_surface.treeView1.remove(root);
         m_surface.nombres.removeUnit(disco.toStdString());
-        for (controls::ImageCombo* combo : {&m_surface.imageCombo1, &m_surface.imageCombo3})
-            combo->removeItem(combo->findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1);
+        m_surface.imageCombo1.removeItem(
+            m_surface.imageCombo1.findText(disco, Qt::MatchExactly | Qt::MatchCaseSensitive) + 1);
+        m_picture1.removeUnit(disco.toStdString());
     }
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
 }

@@ -3,15 +3,20 @@
 #include "browse/opening.h"
 #include "browse/surface.h"
 
+namespace search {
+class SearchPanel;
+}
+
 namespace shell {
 
-class CatalogueWindow;
+class Switching;
 
 // The operations on the whole catalogue or a whole unit: compaction, repair, deleting and renaming.
 class MaintenanceActions {
   public:
-    MaintenanceActions(browse::Surface& surface, browse::Opening& opening, CatalogueWindow& window)
-        : m_surface(surface), m_opening(opening), m_window(window) {}
+    MaintenanceActions(browse::Surface& surface, browse::Opening& opening, Switching& switching,
+                       search::SearchPanel& picture1)
+        : m_surface(surface), m_opening(opening), m_switching(switching), m_picture1(picture1) {}
 
     void compactar();
     void reparar();
@@ -31,7 +36,8 @@ class MaintenanceActions {
 
     browse::Surface& m_surface;
     browse::Opening& m_opening;
-    CatalogueWindow& m_window;
+    Switching& m_switching;
+    search::SearchPanel& m_picture1;
 };
 
 }  // namespace shell

@@ -44,6 +44,11 @@ void Panes::sizeControls(int position) {
     medidas();
 }
 
+void Panes::showBrowsing(bool shown) {
+    for (QWidget* pane : {m_controls.tree, m_controls.lists.front(), m_controls.splitter})
+        pane->setVisible(shown);
+}
+
 QRect Panes::listArea() const {
     return inPixels(m_layout.list);
 }

@@ -21,14 +21,16 @@ class Panes {
         QWidget* tree;
         QWidget* splitter;
         QWidget* status;
-        std::vector<QWidget*> panels;  // in the tree's place
-        std::vector<QWidget*> lists;
+        std::vector<QWidget*> panels;                        // in the tree's place
+        std::vector<QWidget*> lists;                         // the browse list, then what covers it
         std::function<void(const QRect& area)> listsPlaced;  // of the lists when nothing covers them
     };
     explicit Panes(Controls controls) : m_controls(std::move(controls)) {}
 
     void medidas();                   // lays everything out anew
     void sizeControls(int position);  // the divider was let go at this place, in pixels
+
+    void showBrowsing(bool shown);  // tree, browse list and divider
 
     // What covers the upper part of the lists while the notes panel slides, in pixels.
     void setListsPushedDown(int pixels);

@@ -1,6 +1,8 @@
 #include "shell/switching.h"
 
+#include "browse/opening.h"
 #include "frame/toolbar.h"
+#include "notes/notes_panel.h"
 #include "scan/import_panel.h"
 #include "search/search_panel.h"
 #include "shell/panes.h"
@@ -9,10 +11,7 @@ namespace shell {
 
 void Switching::buscar1() {
     m_picture1.setTabOrder();
-    m_picture2.hide();
-    m_panes.medidas();
-    m_picture1.show();
-    m_picture1.raise();
+    showSearchPanel();
     m_surface.lists.listView2.show();
     m_surface.lists.listView2.raise();
     m_surface.frame.toolbar.setPressed(frame::Toolbar::Search, true);
@@ -28,12 +27,34 @@ void Switching::explorar1() {
 
 void Switching::importar1() {
     m_surface.frame.toolbar.setPressed(frame::Toolbar::Import, true);
-    m_picture2.importar1();
+    m_opening.actualizar();
+    m_picture1.hide();
+    m_picture2.show();
+    m_picture2.raise();
+    m_surface.lists.listView1.clear();
+    m_surface.lists.listView2.hide();
+    m_picture2.enter();
 }
 
-void Switching::explore() {
+void Switching::importFromMenu() {
     m_surface.frame.toolbar.releaseAll(1, 14);
     importar1();
+}
+
+void Switching::showSearchPanel() {
+    m_picture2.hide();
+    m_panes.medidas();
+    m_picture1.show();
+    m_picture1.raise();
+}
+
+void Switching::endScan() {
+    m_picture2.abandon();
+}
+
+void Switching::hidePanels() {
+    uncoverBrowsing();
+    m_picture12.closeAtOnce();
 }
 
 void Switching::uncoverBrowsing() {

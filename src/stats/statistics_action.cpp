@@ -17,20 +17,26 @@ constexpr core::Bilingual working{" Generando Estadísticas ... ", " Genering St
 constexpr int noSelection = 91;
 constexpr int noSuchItem = 35600;
 
+// A folder's unit is read from the list that shows its content, not from the tree.
+engine::Result<Scope> scopeOf(const Selection& selection) {
+    if (selection.isUnit) return Scope{*selection.node, std::nullopt};
+    if (!selection.firstListedUnit) return std::unexpected(engine::Error{noSuchItem, "the list is empty"});
+    return Scope{*selection.firstListedUnit, selection.rutaactual};
+}
+
 }  // namespace
 
-StatisticsAction::StatisticsAction(frame::Frame& frame, StatisticsHost& host, QWidget* window)
-    : m_frame(frame), m_host(host), m_parent(window) {}
+StatisticsAction::StatisticsAction(frame::Frame& frame, QWidget* window) : m_frame(frame), m_parent(window) {}
 
-void StatisticsAction::graficar1() {
+void StatisticsAction::graficar1(const Selection& selection, core::Counters& counters) {
     std::optional<frame::Hourglass> hourglass(std::in_place);
     m_database.reset();
     auto opened = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
     if (!opened) return;
     m_database.emplace(std::move(*opened));
 
-    if (!m_host.treeIsEmpty()) {
-        const auto shown = showScope();
+    if (!selection.treeIsEmpty) {
+        const auto shown = showScope(selection);
         if (!shown) {
             if (shown.error().number == noSelection || shown.error().number == engine::error::locked)
                 m_database.reset();
@@ -44,21 +50,19 @@ void StatisticsAction::graficar1() {
             return;
         }
     }
-    rewriteTotals();
+    rewriteTotals(counters);
     m_database.reset();
 }
 
 // Counts the selected node's scope and shows the window; false when it holds no files.
-engine::Result<bool> StatisticsAction::showScope() {
-    const auto node = m_host.selectedNode();
-    if (!node) return std::unexpected(engine::Error{noSelection, "no node is selected"});
-    const bool unit = m_host.isUnit(*node);
+engine::Result<bool> StatisticsAction::showScope(const Selection& selection) {
+    if (!selection.node) return std::unexpected(engine::Error{noSelection, "no node is selected"});
 
-    form().setScopeTitle(scopeTitle(m_frame.idioma, m_host.place()));
+    form().setScopeTitle(scopeTitle(m_frame.idioma, selection.place));
     m_frame.status.showProgress(static_cast<int>(categoryCount));
     m_frame.status.setText(working.in(m_frame.idioma));
 
-    const auto scope = selectedScope(*node, unit);
+    const auto scope = scopeOf(selection);
     if (!scope) return std::unexpected(scope.error());
     const auto statistics =
         countScope(*m_database, *scope, TotalLimit::Window, [this] { m_frame.status.advanceProgress(); });
@@ -70,16 +74,8 @@ engine::Result<bool> StatisticsAction::showScope() {
     form().show();
     form().raise();
     m_frame.status.hideProgress();
-    if (!unit) m_frame.toolbar.setPressed(frame::Toolbar::Search, false);
+    if (!selection.isUnit) m_frame.toolbar.setPressed(frame::Toolbar::Search, false);
     return true;
-}
-
-// A folder's unit is read from the list that shows its content, not from the tree.
-engine::Result<Scope> StatisticsAction::selectedScope(const std::string& node, bool unit) const {
-    if (unit) return Scope{node, std::nullopt};
-    auto listed = m_host.firstListedUnit();
-    if (!listed) return std::unexpected(engine::Error{noSuchItem, "the list is empty"});
-    return Scope{std::move(*listed), m_host.rutaactual()};
 }
 
 Form4& StatisticsAction::form() {
@@ -88,10 +84,9 @@ Form4& StatisticsAction::form() {
 }
 
 // The line is written first with the counters as they stood; an empty catalogue leaves it at that.
-void StatisticsAction::rewriteTotals() {
+void StatisticsAction::rewriteTotals(core::Counters& counters) {
     const auto rows = m_database->OpenRecordset("select * from datos order by numero");
     if (!rows) return;
-    core::Counters& counters = m_host.counters();
     m_frame.status.setText(core::statusText(counters, m_frame.idioma));
     if (rows->Eof()) return;
     const auto counted = core::countAll(*m_database);

@@ -66,7 +66,7 @@ TEST_F(Searching, BoxesSwitchTheirControls) {
     EXPECT_FALSE(panel().request().date);
 
     // A choice counts by what the combo shows, also with its box off.
-    surface().imageCombo3.setSelected(3);
+    control<controls::ImageCombo>("ImageCombo3").setSelected(3);
     EXPECT_EQ(panel().request().unit, "Fotos :");
 }
 

@@ -40,7 +40,8 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_EQ(caption(), "Zarquelin - " + path);
     EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::New}));
     EXPECT_EQ(status(), in("  Unidades: 0  Carpetas: 0  Archivos: 0", "  Units: 0  Folders: 0  Files: 0"));
-    EXPECT_EQ(items(surface().imageCombo3), (Names{in("Cátalogo completo:", "Complete catalog:")}));
+    EXPECT_EQ(items(control<controls::ImageCombo>("ImageCombo3")),
+              (Names{in("Cátalogo completo:", "Complete catalog:")}));
     EXPECT_EQ(platform::GetSetting("lastfile"), path);
 
     press(frame::Toolbar::Import);

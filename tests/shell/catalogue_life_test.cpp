@@ -41,7 +41,7 @@ TEST_F(CatalogueLife, SaveAsGoesOnWithTheCopy) {
     choose("guardar");
     EXPECT_EQ(dialogs.titles.back(), "Save catalog as ...");
     expectOpen(copy, {"Cds :"});
-    EXPECT_EQ(items(surface().imageCombo3), (Names{"Complete catalog:", "Cds :"}));
+    EXPECT_EQ(items(control<controls::ImageCombo>("ImageCombo3")), (Names{"Complete catalog:", "Cds :"}));
     addByHand("Dvds", "mas");
     EXPECT_EQ(test::readFile(first), before);
     EXPECT_EQ(rowCount(copy), 2);

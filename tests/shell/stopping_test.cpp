@@ -40,7 +40,7 @@ TEST_P(Stopping, AStoppedScanLeavesAPartialUnit) {
     EXPECT_EQ(control<QLineEdit>("Text3").text(), "Fotos :");
     EXPECT_EQ(rowCount(path), 1);
     EXPECT_EQ(roots(), (Names{"Fotos :"}));
-    EXPECT_EQ(items(surface().imageCombo3).back(), "Fotos :");
+    EXPECT_EQ(items(control<controls::ImageCombo>("ImageCombo3")).back(), "Fotos :");
     EXPECT_EQ(status(), in("  Unidades: 1  Carpetas: 1  Archivos: 0", "  Units: 1  Folders: 1  Files: 0"));
     EXPECT_EQ(pressed(), (std::vector<int>{frame::Toolbar::Explore}));
     expectIdle();

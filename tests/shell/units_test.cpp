@@ -35,7 +35,7 @@ TEST_F(Units, RenamingRefusesNamesInAllUpperOrAllLowerCase) {
     rename("FOTOS :", "Viejas");
     rename("Viejas :", "FOTOS");  // free again
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(items(surface().imageCombo3),
+    EXPECT_EQ(items(control<controls::ImageCombo>("ImageCombo3")),
               (Names{"Complete catalog:", "CDS :", "dvds :", "FOTOS :", "MiXed :"}));
 
     rename("CDS :", "MiXed");  // a mixed-case name passes, and the two units merge
@@ -120,7 +120,7 @@ TEST_F(Units, DeletingAsksFirstAndTouchesOneUnit) {
     EXPECT_EQ(rowCount(path), 1);
     EXPECT_EQ(roots(), (Names{"Cds :"}));
     EXPECT_EQ(items(combo()), (Names{"Cds :"}));
-    EXPECT_EQ(items(surface().imageCombo3), (Names{"Complete catalog:", "Cds :"}));
+    EXPECT_EQ(items(control<controls::ImageCombo>("ImageCombo3")), (Names{"Complete catalog:", "Cds :"}));
     EXPECT_EQ(combo().text(), "");
     EXPECT_EQ(status(), "  Units: 1  Folders: 0  Files: 0");
     EXPECT_EQ(size() + kind(), "") << "these told of the unit";
@@ -149,7 +149,7 @@ TEST_F(Units, DeletingEverythingAsksTwiceAndSpeaksSpanish) {
     EXPECT_EQ(rowCount(path), 0);
     EXPECT_EQ(status(), "Unidades : 0   Carpetas : 0    Archivos: 0");
     EXPECT_TRUE(roots().empty() && items(combo()).empty());
-    EXPECT_EQ(items(surface().imageCombo3), (Names{"Complete catalog:"}));
+    EXPECT_EQ(items(control<controls::ImageCombo>("ImageCombo3")), (Names{"Complete catalog:"}));
     EXPECT_TRUE(control("Picture1").isHidden());
 }
 
