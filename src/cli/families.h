@@ -15,6 +15,7 @@ namespace cli {
 [[nodiscard]] std::span<const Command> statsCommands();      // stats
 [[nodiscard]] std::span<const Command> rowCommands();        // note, copy
 [[nodiscard]] std::span<const Command> exportCommands();     // export
+[[nodiscard]] std::span<const Command> importCommands();     // import
 [[nodiscard]] std::span<const Command> searchCommands();     // search
 
 }  // namespace cli

@@ -6,9 +6,9 @@
 #include "cli/families.h"
 #include "cli/folder_operand.h"
 #include "cli/interrupt.h"
+#include "cli/operands.h"
 #include "cli/output.h"
 #include "cli/scan_progress.h"
-#include "core/unit_kinds.h"
 #include "core/units.h"
 #include "platform/files.h"
 #include "scan/rescan.h"
@@ -58,8 +58,7 @@ void printChanges(const scan::UnitChanges& changes, bool json, const platform::D
 
 int readAgain(const Invocation& invocation, Does does) {
     const auto& operands = invocation.arguments.operands;
-    scan::RescanRequest request{
-        operands[1] + std::string(core::unitSuffix), {}, exclusionOf(invocation.arguments)};
+    scan::RescanRequest request{{}, {}, exclusionOf(invocation.arguments)};
     if (operands.size() > 2) {
         request.directory = resolved(operands[2]);
         if (!platform::FolderExists(request.directory))
@@ -68,6 +67,9 @@ int readAgain(const Invocation& invocation, Does does) {
     auto database =
         openCatalogue(operands[0], does == Does::Update ? engine::Use::Catalogue : engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
+    const auto disco = unitOperand(*database, operands[1], invocation);
+    if (!disco) return disco.error();
+    request.disco = *disco;
 
     const InterruptGuard interrupts;
     ScanProgress progress(invocation.language);

@@ -109,6 +109,24 @@ TEST_F(Program, TellsWhatAnUpdateChanges) {
     EXPECT_EQ(statusOf({"update", work / "missing.zrq", "Fotos"}), 3);
 }
 
+TEST_F(Program, MergesCataloguesThroughAFile) {
+    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
+    ASSERT_EQ(run({"new", work / "all.zrq"}).status, 0);
+    ASSERT_EQ(run({"add", work / "all.zrq", "Cds", "x"}).status, 0);
+    const std::string rows = run({"export", cat}).told;
+    test::writeFile(work / "rows.csv", rows);
+    EXPECT_EQ(statusOf({"import", work / "all.zrq", work / "rows.csv"}), 0);
+    EXPECT_EQ(std::ranges::count(run({"export", work / "all.zrq"}).told, '\n'), 6);
+    const Outcome again = run({"import", work / "all.zrq", work / "rows.csv", "--lang", "en"});
+    EXPECT_EQ(again.status, 2);
+    EXPECT_TRUE(again.told.ends_with("rows.csv: line 2: there is such a unit already: Fotos :\n"))
+        << again.told;
+    EXPECT_EQ(statusOf({"import", cat, work / "missing"}), 2);
+    EXPECT_EQ(statusOf({"import", cat, disc}), 2);
+    EXPECT_EQ(statusOf({"import", cat, work / "rows.csv", "--format", "json"}), 2);
+    EXPECT_EQ(statusOf({"import", work / "missing.zrq", work / "rows.csv"}), 3);
+}
+
 TEST_F(Program, RenamesDeletesAndCompacts) {
     ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
     ASSERT_EQ(run({"add", cat, "Cds", "x"}).status, 0);
