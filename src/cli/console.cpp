@@ -6,10 +6,12 @@
 #include <cstdio>
 
 #include "cli/output.h"
+#include "cli/progress.h"
 #include "core/text.h"
 
 namespace cli {
 int fail(ExitStatus status, std::string_view reason) {
+    hideProgress();
     std::fprintf(stderr, "zarquelin-cli: %s\n", shown(reason).c_str());
     return status;
 }

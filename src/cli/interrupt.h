@@ -1,9 +1,15 @@
 #pragma once
 
+#include "core/language.h"
+
 namespace cli {
 
-// While it lives, the first Ctrl-C (or a request to terminate) only raises a flag; a second one ends the
-// program as usual. One at a time.
+// From here on Ctrl-C, or a request to terminate, ends the program with a closing line and 128 and the
+// signal's number as its status, as shells have it.
+void endOnInterrupt(core::Language language);
+
+// While it lives, the first Ctrl-C only raises a flag, so that work ends where it can; a second one ends the
+// program. One at a time.
 class InterruptGuard {
   public:
     InterruptGuard();
@@ -13,6 +19,9 @@ class InterruptGuard {
 };
 
 [[nodiscard]] bool wasInterrupted();
-[[nodiscard]] int statusOfInterrupt();  // 128 and the signal's number, as shells have it
+[[nodiscard]] int statusOfInterrupt();  // 128 and the signal's number
+
+// Writes the closing line of work that ended where it could, and gives that status.
+int interrupted(core::Language language);
 
 }  // namespace cli

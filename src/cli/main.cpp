@@ -7,7 +7,9 @@
 #include "cli/arguments.h"
 #include "cli/command.h"
 #include "cli/console.h"
+#include "cli/interrupt.h"
 #include "cli/output.h"
+#include "cli/progress.h"
 #include "platform/settings.h"
 
 namespace {
@@ -59,6 +61,8 @@ int run(const cli::Arguments& arguments) {
         printHelp(arguments.command, language);
         return cli::Done;
     }
+    cli::endOnInterrupt(language);
+    const cli::Progress progress("zarquelin-cli " + std::string(arguments.command->name));
     return arguments.command->run({arguments, language});
 }
 

@@ -6,17 +6,16 @@
 namespace cli {
 namespace {
 
-constexpr core::Bilingual noUnit{"no existe esa unidad", "there is no such unit"};
 constexpr core::Bilingual notCatalogued{"no está en el catálogo", "is not in the catalogue"};
 constexpr core::Bilingual couldBe{"puede ser cualquiera de estos", "could be any of these"};
 
-int told(const core::LookupFailure& failure, const std::string& name, core::Bilingual missing,
-         const Invocation& invocation) {
+int told(const core::LookupFailure& failure, const std::string& catalogue, const std::string& name,
+         core::Bilingual missing, const Invocation& invocation) {
     switch (failure.kind) {
         case core::LookupFailure::Missing:
             return fail(NothingFound, name, missing.in(invocation.language));
         case core::LookupFailure::Unreadable:
-            return fail(UnusableCatalogue, invocation.arguments.operands[0], failure.error.text);
+            return fail(UnusableCatalogue, catalogue, failure.error.text);
         case core::LookupFailure::Several:
             break;
     }
@@ -29,8 +28,13 @@ int told(const core::LookupFailure& failure, const std::string& name, core::Bili
 
 std::expected<std::string, int> unitOperand(engine::Database& database, const std::string& name,
                                             const Invocation& invocation) {
+    return unitOperand(database, invocation.arguments.operands[0], name, invocation);
+}
+
+std::expected<std::string, int> unitOperand(engine::Database& database, const std::string& catalogue,
+                                            const std::string& name, const Invocation& invocation) {
     auto disco = core::findUnit(database, name);
-    if (!disco) return std::unexpected(told(disco.error(), name, noUnit, invocation));
+    if (!disco) return std::unexpected(told(disco.error(), catalogue, name, noSuchUnit, invocation));
     return std::move(*disco);
 }
 
@@ -38,7 +42,9 @@ std::expected<core::FoundRow, int> rowOperand(engine::Database& database, const 
                                               const std::string& path, core::FoundRow::Kind preferred,
                                               const Invocation& invocation) {
     auto row = core::findRow(database, disco, path, platform::Drives::current(), preferred);
-    if (!row) return std::unexpected(told(row.error(), path, notCatalogued, invocation));
+    if (!row)
+        return std::unexpected(
+            told(row.error(), invocation.arguments.operands[0], path, notCatalogued, invocation));
     return std::move(*row);
 }
 

@@ -1,10 +1,13 @@
 #include "cli/output.h"
 
+#include <unistd.h>
 #include <QString>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 
+#include "cli/progress.h"
 #include "core/serial_date.h"
 #include "core/text.h"
 #include "engine/text/utf8.h"
@@ -193,6 +196,9 @@ std::string csvRow(const core::CatalogRow& row) {
 }
 
 void print(std::string_view text) {
+    // Rows and the line of progress must not share a screen.
+    static const bool onTerminal = isatty(STDOUT_FILENO);
+    if (onTerminal) hideProgress();
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 

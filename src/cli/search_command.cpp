@@ -1,183 +1,132 @@
 #include <algorithm>
-#include <charconv>
-#include <chrono>
-#include <expected>
+#include <span>
 #include <string>
 
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/families.h"
+#include "cli/operands.h"
 #include "cli/output.h"
 #include "cli/row_output.h"
-#include "core/serial_date.h"
+#include "cli/search_options.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
-#include "search/search_messages.h"
 #include "search/search_run.h"
-#include "search/typed_text.h"
 
 namespace cli {
 namespace {
 
-using search::SearchRequest;
-
-constexpr core::Bilingual notTypeable{"contiene un carácter no permitido",
-                                      "holds a character that is not allowed"};
-constexpr core::Bilingual unknownType{"--type es audio, picture, video, application, text, web o zipped",
-                                      "--type is audio, picture, video, application, text, web or zipped"};
-constexpr core::Bilingual halfRange{"--from va con --to, y --min-kb con --max-kb",
-                                    "--from goes with --to, and --min-kb with --max-kb"};
-constexpr core::Bilingual wrongDate{"las fechas se escriben AAAA-MM-DD", "dates are written YYYY-MM-DD"};
-constexpr core::Bilingual wrongSize{"los tamaños son números de KB", "sizes are numbers of KB"};
-
-// What is wrong with the command line; its subject may be empty.
-struct Complaint {
-    core::Bilingual reason;
-    std::string subject;
-};
-using Checked = std::expected<void, Complaint>;
-
-// In the order of search::fileTypes, which begins with all of them.
-constexpr std::string_view typeNames[]{"audio", "picture", "video", "application", "text", "web", "zipped"};
-
-Checked readTexts(SearchRequest& request, const Arguments& arguments) {
-    request.name = arguments.operands[1];
-    if (request.name.empty()) return std::unexpected(Complaint{search::messages::itemForName, {}});
-    if (const auto unit = arguments.value("--unit")) request.unit = *unit + std::string(core::unitSuffix);
-    if (const auto note = arguments.value("--note")) {
-        request.note = true;
-        request.noteText = *note;
-        if (note->empty()) return std::unexpected(Complaint{search::messages::noteOnButton, {}});
-    }
-    for (const std::string& text : {request.name, arguments.value("--unit").value_or(""), request.noteText})
-        if (!canBeTyped(text, search::nameCharacters)) return std::unexpected(Complaint{notTypeable, text});
-    return {};
-}
-
-Checked readType(SearchRequest& request, const Arguments& arguments, const core::Rotulos& rotulos) {
-    const auto name = arguments.value("--type");
-    if (!name) return {};
-    const auto found = std::ranges::find(typeNames, *name);
-    if (found == std::end(typeNames)) return std::unexpected(Complaint{unknownType, *name});
-    request.type = captionOf(search::fileTypes[1 + std::size_t(found - std::begin(typeNames))], rotulos);
-    return {};
-}
-
-// The serial number of a day written YYYY-MM-DD.
-std::expected<double, Complaint> dayOf(const std::string& text) {
-    const auto number = [&](std::size_t at, std::size_t length) {
-        int value = 0;
-        const char* end = text.data() + at + length;
-        const auto [rest, error] = std::from_chars(text.data() + at, end, value);
-        return error == std::errc{} && rest == end ? value : -1;
-    };
-    if (text.size() == 10 && text[4] == '-' && text[7] == '-') {
-        const int year = number(0, 4), month = number(5, 2), day = number(8, 2);
-        using namespace std::chrono;
-        if (year > 0 && month > 0 && day > 0 &&
-            year_month_day(std::chrono::year(year), std::chrono::month(unsigned(month)),
-                           std::chrono::day(unsigned(day)))
-                .ok())
-            return core::serialOfDate(year, month, day);
-    }
-    return std::unexpected(Complaint{wrongDate, text});
-}
-
-Checked readDates(SearchRequest& request, const Arguments& arguments) {
-    if (arguments.has("--from") != arguments.has("--to")) return std::unexpected(Complaint{halfRange, {}});
-    if (!arguments.has("--from")) return {};
-    const auto from = dayOf(*arguments.value("--from"));
-    if (!from) return std::unexpected(from.error());
-    const auto until = dayOf(*arguments.value("--to"));
-    if (!until) return std::unexpected(until.error());
-    request.date = true;
-    request.from = *from;
-    request.until = *until;
-    return {};
-}
-
-Checked readSizes(SearchRequest& request, const Arguments& arguments) {
-    if (arguments.has("--min-kb") != arguments.has("--max-kb"))
-        return std::unexpected(Complaint{halfRange, {}});
-    if (!arguments.has("--min-kb")) return {};
-    request.size = true;
-    request.minimum = *arguments.value("--min-kb");
-    request.maximum = *arguments.value("--max-kb");
-    for (const std::string& text : {request.minimum, request.maximum}) {
-        // A minus can't be typed in the window, but its step buttons go below zero.
-        const std::string_view digits = std::string_view(text).substr(text.starts_with('-') ? 1 : 0);
-        if (digits.empty() || !canBeTyped(digits, search::sizeCharacters))
-            return std::unexpected(Complaint{wrongSize, text});
-    }
-    return {};
-}
-
-std::expected<SearchRequest, Complaint> readRequest(const Arguments& arguments,
-                                                    const core::Rotulos& rotulos) {
-    SearchRequest request = search::requestFor({}, rotulos);
-    for (const Checked& step : {readTexts(request, arguments), readType(request, arguments, rotulos),
-                                readDates(request, arguments), readSizes(request, arguments)})
-        if (!step) return std::unexpected(step.error());
-    return request;
-}
-
-// A line a row: the row as JSON, or its unit, path and kilobytes.
+// A line a row, as it comes: for programs, or the row's unit, path and kilobytes.
 class Printer : public search::ResultSink {
   public:
     explicit Printer(const Invocation& invocation) : m_output(invocation) {}
+
+    // The rows that follow are of this catalogue, which is printed before them unless it is the only one, and
+    // of this unit alone unless that is empty.
+    void begin(const std::string& catalogue, bool isOnly, std::string disco) {
+        if (!isOnly) {
+            m_output.setCatalogue(catalogue);
+            m_prefix = shown(catalogue) + '\t';
+        }
+        m_disco = std::move(disco);
+    }
+
     void clear() override {}
     void add(const engine::Recordset& rows, const search::Pass&) override {
-        ++m_count;
         const core::CatalogRow row = core::readRow(rows);
-        if (!m_output.forPrograms(row)) print(plainRow(row));
+        if (!m_disco.empty() && row.disco != m_disco) return;  // a unit whose name differs in case
+        m_foundAny = true;
+        if (!m_output.forPrograms(row)) print(m_prefix + plainRow(row));
     }
-    [[nodiscard]] int status() const { return m_output.status(m_count > 0); }
+    [[nodiscard]] int status() const { return m_output.status(m_foundAny); }
 
   private:
     static std::string plainRow(const core::CatalogRow& row) {
-        std::string_view unit = row.disco;
-        if (unit.ends_with(core::unitSuffix)) unit.remove_suffix(core::unitSuffix.size());
-        return shown(unit) + '\t' + shown(row.archivo ? core::joinPath(row.ruta, *row.archivo) : row.ruta) +
-               '\t' + (row.largo ? std::to_string(*row.largo) : std::string()) + '\n';
+        return shown(core::unitName(row.disco)) + '\t' + shown(core::drivePathOf(row)) + '\t' +
+               (row.largo ? std::to_string(*row.largo) : std::string()) + '\n';
     }
 
     RowOutput m_output;
-    long long m_count = 0;
+    std::string m_prefix;
+    std::string m_disco;
+    bool m_foundAny = false;
 };
 
+// What a request asks of one unit; a literal's quotes are doubled where a foreign hand stored some.
+search::SearchRequest ofUnit(search::SearchRequest request, std::string_view disco) {
+    request.unit = core::replaceAll(std::string(disco), "'", "''");
+    return request;
+}
+
+int explain(search::SearchRequest request, const Invocation& invocation) {
+    if (const auto unit = invocation.arguments.value("--unit"))
+        request = ofUnit(std::move(request), core::withoutApostrophes(*unit) + std::string(core::unitSuffix));
+    for (const search::Pass& pass : search::passesOf(request, core::rotulos(invocation.language)))
+        print(pass.sql + '\n');
+    return Done;
+}
+
+// Prints what one catalogue holds; gives the status of what went wrong.
+int searchIn(const std::string& catalogue, search::SearchRequest request, bool isOnly, Printer& printer,
+             const Invocation& invocation) {
+    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
+    if (!database) return UnusableCatalogue;
+    std::string disco;
+    if (const auto unit = invocation.arguments.value("--unit")) {
+        const auto isMissing = [](const auto& found) {
+            return !found && found.error().kind == core::LookupFailure::Missing;
+        };
+        if (!isOnly && isMissing(core::findUnit(*database, *unit))) return NothingFound;
+        const auto found = unitOperand(*database, catalogue, *unit, invocation);
+        if (!found) return found.error();
+        disco = *found;
+        request = ofUnit(std::move(request), disco);
+    }
+    printer.begin(catalogue, isOnly, std::move(disco));
+    const auto passes = search::passesOf(request, core::rotulos(invocation.language));
+    search::Counters counters;
+    if (const auto done = runPasses(*database, passes, counters, printer); !done)
+        return fail(UnusableCatalogue, catalogue, done.error().text);
+    return Done;
+}
+
 int runSearch(const Invocation& invocation) {
-    const Arguments& arguments = invocation.arguments;
-    const core::Rotulos& rotulos = core::rotulos(invocation.language);
-    const auto request = readRequest(arguments, rotulos);
+    const auto& operands = invocation.arguments.operands;
+    const auto request = searchRequestOf(invocation.arguments, core::rotulos(invocation.language));
     if (!request) {
         const Complaint& complaint = request.error();
         const std::string_view reason = complaint.reason.in(invocation.language);
         return complaint.subject.empty() ? fail(WrongUsage, reason)
                                          : fail(WrongUsage, complaint.subject, reason);
     }
-    const auto passes = search::passesOf(*request, rotulos);
-    if (arguments.has("--explain")) {
-        for (const search::Pass& pass : passes) print(pass.sql + '\n');
-        return Done;
-    }
+    if (invocation.arguments.has("--explain")) return explain(*request, invocation);
 
-    auto database = openCatalogue(arguments.operands[0], engine::Use::ReadOnly);
-    if (!database) return UnusableCatalogue;
     Printer printer(invocation);
-    search::Counters counters;
-    if (const auto done = runPasses(*database, passes, counters, printer); !done)
-        return fail(UnusableCatalogue, arguments.operands[0], done.error().text);
-    return printer.status();
+    const std::span catalogues(operands.begin(), operands.end() - 1);
+    int worst = Done;
+    bool searchedAny = false;
+    for (const std::string& catalogue : catalogues) {
+        const int status = searchIn(catalogue, *request, catalogues.size() == 1, printer, invocation);
+        searchedAny |= status == Done;
+        // A unit that only some of the catalogues have is there.
+        if (status != NothingFound) worst = std::max(worst, status);
+    }
+    if (worst != Done) return worst;
+    if (!searchedAny && catalogues.size() > 1)
+        return fail(NothingFound, *invocation.arguments.value("--unit"), noSuchUnit.in(invocation.language));
+    return searchedAny ? printer.status() : NothingFound;
 }
 
 constexpr Option searchOptions[]{
-    {"--type",
-     "audio|picture|video|application|text|web|zipped",
-     {"solo archivos de ese tipo", "only files of that kind"}},
+    {"--type", searchTypes, {"solo archivos de ese tipo", "only files of that kind"}},
     {"--unit", "NAME", {"solo en esa unidad", "only in that unit"}},
     {"--from", "YYYY-MM-DD", {"cambiado desde ese día", "changed from that day on"}, false, true},
     {"--to", "YYYY-MM-DD", {"y hasta ese", "and up to this one"}},
-    {"--min-kb", "N", {"desde esos KB", "from that many KB"}, false, true},
+    {"--min-kb",
+     "N",
+     {"archivos desde esos KB; carpetas, todas", "files from that many KB; folders have no size and stay"},
+     false,
+     true},
     {"--max-kb", "N", {"y hasta estos", "and up to these"}},
     {"--note", "TEXT", {"con una nota que contiene TEXT", "with a note that holds TEXT"}},
     {"--explain", "", {"muestra las consultas y no hace ninguna", "prints the statements and runs none"}},
@@ -186,9 +135,13 @@ constexpr Option searchOptions[]{
 
 constexpr Command searchTable[]{
     {"search",
-     "CAT TEXT",
-     {"Busca carpetas y archivos por su nombre; * y ? son comodines.",
-      "Looks for folders and files by name; * and ? are wildcards."},
+     "CAT... TEXT",
+     {"Busca carpetas y archivos por su nombre en uno o varios catálogos; el último argumento es TEXT, en el "
+      "que * y ? "
+      "son comodines.",
+      "Looks for folders and files by name in one catalogue or several; the last argument is TEXT, in which "
+      "* and ? are "
+      "wildcards."},
      searchOptions,
      runSearch},
 };
