@@ -1,23 +1,23 @@
 #include "engine/database.h"
 
 #include "engine/dialect/query.h"
+#include "engine/recordset_impl.h"
 #include "engine/rows/change.h"
 #include "engine/rows/path_lookup.h"
-#include "engine/rows/recordset_impl.h"
 
 namespace engine {
 
 struct Database::Impl {
     std::shared_ptr<Connection> connection;
-    std::shared_ptr<Census> census;
+    std::shared_ptr<UnitList> units;
     StatementReader reader;
     PathLookup paths;
     Changes changes;
 
     explicit Impl(std::shared_ptr<Connection> opened)
         : connection(std::move(opened)),
-          census(std::make_shared<Census>(*connection)),
-          changes(*connection, *census) {}
+          units(std::make_shared<UnitList>(*connection)),
+          changes(*connection, *units) {}
 };
 
 Database::Database(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
@@ -55,14 +55,12 @@ Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     auto statement = m_impl->reader.read(sql);
     if (!statement) return std::unexpected(statement.error());
     if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(sql));
-    if (auto current = m_impl->census->refresh(); !current) return std::unexpected(current.error());
-    const Scan scan{*m_impl->connection, *m_impl->census, **statement, m_impl->reader.literals()};
-    if (auto known = m_impl->paths.open(m_impl->connection, *statement, scan))
-        return Recordset(std::move(known));
-    auto rows =
-        openRows({m_impl->connection, m_impl->census, std::make_unique<Query>(sql, std::move(*statement))});
-    if (!rows) return std::unexpected(rows.error());
-    return Recordset(std::move(*rows));
+    Select select(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()));
+    auto known = m_impl->paths.rows(select);
+    if (!known) return std::unexpected(known.error());
+    auto opened = std::make_unique<Recordset::Impl>(std::move(select), std::move(*known));
+    if (auto readable = opened->begin(); !readable) return std::unexpected(readable.error());
+    return Recordset(std::move(opened));
 }
 
 Result<> Database::BeginTrans() {

@@ -1,8 +1,6 @@
 #include "engine/recordset.h"
 
-#include "engine/rows/direct_rows.h"
-#include "engine/rows/recordset_impl.h"
-#include "engine/rows/sorted_rows.h"
+#include "engine/recordset_impl.h"
 
 namespace engine {
 
@@ -12,49 +10,75 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 Recordset::~Recordset() = default;
 
 bool Recordset::Eof() const {
-    return !m_impl->connection->isOpen() || m_impl->atEnd();
+    return m_impl->atEnd();
 }
 
 void Recordset::MoveNext() {
-    if (!Eof()) m_impl->moveNext();
+    m_impl->moveNext();
 }
 
 long long Recordset::RecordCount() {
-    return m_impl->connection->isOpen() ? m_impl->count() : 0;
+    return m_impl->count();
 }
 
 Value Recordset::Field(std::string_view column) const {
     const auto known = columnNamed(column);
-    if (!known || Eof()) return {};
-    return m_impl->field(*known);
+    return known ? m_impl->field(*known) : Value();
 }
 
 const Error* Recordset::error() const {
     return m_impl->failure ? &*m_impl->failure : nullptr;
 }
 
-namespace {
-
-// An order by unit says nothing when all rows are of one.
-bool isOrderNeeded(const Scan& scan) {
-    if (scan.statement.orderBy.empty() || !scan.statement.groupBy.empty()) return false;
-    for (const Ordering& ordering : scan.statement.orderBy) {
-        if (ordering.column != Column::disco) return true;
-    }
-    const auto& where = scan.statement.where;
-    int units = 0;
-    for (const Census::Unit& unit : scan.census.units()) {
-        KnownTexts known;
-        known.set(Column::disco, unit.name);
-        if (!where || mayHold(*where, known, scan.literals)) ++units;
-    }
-    return units > 1;
+Result<> Recordset::Impl::open() {
+    if (rows) return {};
+    auto opened = select.rows();
+    if (!opened) return std::unexpected(failure.emplace(opened.error()));
+    rows = std::move(*opened);
+    return {};
 }
 
-}  // namespace
+Result<> Recordset::Impl::begin() {
+    if (rows) return {};
+    if (select.statement().orderBy.empty()) return open();
+    const auto version = select.connection()->version();
+    return version ? Result<>() : std::unexpected(version.error());
+}
 
-Result<std::unique_ptr<Recordset::Impl>> openRows(OwnedScan scan) {
-    return isOrderNeeded(scan.scan()) ? SortedRows::open(std::move(scan)) : DirectRows::open(std::move(scan));
+template <class T>
+T Recordset::Impl::noted(Result<T> result, T otherwise) {
+    if (result) return *result;
+    failure = std::move(result.error());
+    return otherwise;
+}
+
+bool Recordset::Impl::atEnd() {
+    if (failure || !select.connection()->isOpen()) return true;
+    if (rows) return rows->atEnd();
+    if (counted) return *counted == 0;
+    // Rows that a pattern finds are better fetched at once.
+    const auto& where = select.statement().where;
+    if (!where || !triesPattern(*where)) {
+        if (!isEmpty) isEmpty = noted(select.exists(), false) == false;
+        return *isEmpty;
+    }
+    return !open() || rows->atEnd();
+}
+
+void Recordset::Impl::moveNext() {
+    if (atEnd() || !open() || rows->atEnd()) return;
+    if (auto moved = rows->moveNext(); !moved) failure = std::move(moved.error());
+}
+
+Value Recordset::Impl::field(Column column) {
+    return atEnd() || !open() || rows->atEnd() ? Value() : rows->field(column);
+}
+
+long long Recordset::Impl::count() {
+    if (failure || !select.connection()->isOpen()) return 0;
+    if (!counted && rows) counted = rows->count();
+    if (!counted) counted = noted(select.count(), 0LL);
+    return *counted;
 }
 
 }  // namespace engine

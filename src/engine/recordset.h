@@ -1,31 +1,12 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string_view>
 
 #include "engine/error.h"
+#include "engine/value.h"
 
 namespace engine {
-
-// One field of the current row. Views point into the row and hold until MoveNext.
-// A null reads as the empty text and the number 0.
-class Value {
-  public:
-    Value() = default;
-    explicit Value(std::string_view text) : m_text(text), m_null(false) {}
-    Value(std::string_view text, double number) : m_text(text), m_number(number), m_null(false) {}
-
-    [[nodiscard]] bool isNull() const { return m_null; }
-    [[nodiscard]] std::string_view text() const { return m_text; }  // UTF-8; empty for a numeric column
-    [[nodiscard]] double number() const { return m_number; }
-    [[nodiscard]] std::int64_t integer() const { return static_cast<std::int64_t>(m_number); }
-
-  private:
-    std::string_view m_text;
-    double m_number = 0;
-    bool m_null = true;
-};
 
 // The rows of a select, walked forward once. Lives no longer than its Database: after the database was closed
 // a recordset is at its end.

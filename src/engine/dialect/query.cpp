@@ -26,9 +26,11 @@ Result<std::shared_ptr<const Statement>> StatementReader::parsed(const std::stri
     return m_shapes[shape] = shared;
 }
 
-Query::Query(std::string_view sql, std::shared_ptr<const Statement> statement)
-    : m_sql(sql), m_statement(std::move(statement)) {
-    (void)liftLiterals(m_sql, m_lifted);  // what could be read once can be read again
+Query::Query(std::shared_ptr<const Statement> statement, const std::vector<Literal>& literals)
+    : m_statement(std::move(statement)) {
+    m_texts.reserve(literals.size());
+    for (const Literal& literal : literals)
+        m_literals.push_back({m_texts.emplace_back(literal.text), literal.isNumber});
 }
 
 }  // namespace engine

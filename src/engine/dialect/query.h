@@ -29,17 +29,18 @@ class StatementReader {
 // One statement that outlives the text it came as.
 class Query {
   public:
-    Query(std::string_view sql, std::shared_ptr<const Statement> statement);
-    Query(const Query&) = delete;
-    Query& operator=(const Query&) = delete;
+    Query(std::shared_ptr<const Statement> statement, const std::vector<Literal>& literals);
+    Query(Query&&) = default;
+    Query& operator=(Query&&) = default;
 
+    [[nodiscard]] const std::shared_ptr<const Statement>& shared() const { return m_statement; }
     [[nodiscard]] const Statement& statement() const { return *m_statement; }
-    [[nodiscard]] const std::vector<Literal>& literals() const { return m_lifted.literals; }
+    [[nodiscard]] const std::vector<Literal>& literals() const { return m_literals; }
 
   private:
-    std::string m_sql;
-    LiftedStatement m_lifted;  // views into m_sql
     std::shared_ptr<const Statement> m_statement;
+    std::vector<std::string> m_texts;
+    std::vector<Literal> m_literals;  // views into m_texts
 };
 
 }  // namespace engine

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "engine/dialect/unit_first.h"
+
 namespace engine {
 
 namespace {
@@ -18,15 +20,6 @@ Type typeOf(const Condition& condition) {
     return numbers ? Type::Real : Type::Text;
 }
 
-// True for a condition on `disco` alone, compared with literals: the census knows the units that meet it.
-bool isUnitCondition(const Condition& condition) {
-    const auto isText = [](const Operand& operand) { return operand.kind == Operand::Text; };
-    const auto& operands = condition.operands;
-    return operands.size() > 1 && operands.front().kind == Operand::Field &&
-           operands.front().column == Column::disco &&
-           std::all_of(operands.begin() + 1, operands.end(), isText);
-}
-
 bool compares(const Condition& condition, Column column) {
     return std::any_of(condition.operands.begin(), condition.operands.end(),
                        [column](const Operand& operand) {
@@ -34,16 +27,45 @@ bool compares(const Condition& condition, Column column) {
                        });
 }
 
-// `nivel` holds digits, for which every order of texts is the same; without a collation the index serves it.
-std::string_view collationOf(const Condition& condition) {
-    if (typeOf(condition) != Type::Text || compares(condition, Column::nivel)) return "";
-    switch (condition.kind) {
+// How the two sides of a comparison are made to compare as texts of the dialect do: without regard to case,
+// or by their place in the order. `nivel` holds digits, which need neither; as bytes the index serves them.
+enum class Measure { Bytes, Folded, Sorted };
+
+Measure measureOf(const Condition& condition) {
+    if (typeOf(condition) != Type::Text || condition.kind == Condition::IsNull ||
+        compares(condition, Column::nivel))
+        return Measure::Bytes;
+    const bool isEquality = condition.kind == Condition::Equal || condition.kind == Condition::Unequal ||
+                            condition.kind == Condition::In;
+    return isEquality ? Measure::Folded : Measure::Sorted;
+}
+
+struct Word {
+    std::string_view before;  // what it is compared with
+    std::string_view between = {};
+    std::string_view behind = {};
+};
+
+Word wordOf(Condition::Kind kind) {
+    switch (kind) {
         case Condition::Equal:
+            return {" = "};
         case Condition::Unequal:
+            return {" <> "};
+        case Condition::Less:
+            return {" < "};
+        case Condition::LessOrEqual:
+            return {" <= "};
+        case Condition::Greater:
+            return {" > "};
+        case Condition::GreaterOrEqual:
+            return {" >= "};
+        case Condition::Between:
+            return {" between ", " and "};
         case Condition::In:
-            return " collate engine_folded";
+            return {" in (", ", ", ")"};
         default:
-            return " collate engine_sorted";
+            return {" is null"};
     }
 }
 
@@ -52,9 +74,9 @@ std::string_view collationOf(const Condition& condition) {
 enum class Cost { Bytes, Unit, Collation, Pattern };
 
 Cost costOf(const Condition& condition) {
-    if (isUnitCondition(condition)) return Cost::Unit;
+    if (UnitNames::decide(condition)) return Cost::Unit;
     if (condition.kind == Condition::Like) return Cost::Pattern;
-    Cost cost = collationOf(condition).empty() ? Cost::Bytes : Cost::Collation;
+    Cost cost = measureOf(condition) == Measure::Bytes ? Cost::Bytes : Cost::Collation;
     for (const Condition& child : condition.children) cost = std::max(cost, costOf(child));
     return cost;
 }
@@ -109,74 +131,53 @@ void SqlWriter::writeCondition(const Condition& condition) {
             m_sql += ')';
             return;
         default:
-            return isUnitCondition(condition) ? writeUnits(condition) : writeTest(condition);
+            if (!writeUnits(condition)) writeTest(condition);
     }
 }
 
 void SqlWriter::writeTest(const Condition& condition) {
+    if (condition.kind == Condition::Like) return writeLike(condition);
     const auto& operands = condition.operands;
-    const Type type = typeOf(condition);
-    if (condition.kind == Condition::Like) {
-        m_sql += "engine_like(";
-        writeOperand(operands[0], Type::Text);
-        m_sql += ", ";
-        writeValue(PatternText{m_literals[operands[1].literal].text});
-        m_sql += ')';
-        return;
-    }
-    writeOperand(operands[0], type);
-    m_sql += collationOf(condition);
-    switch (condition.kind) {
-        case Condition::Equal:
-            m_sql += " = ";
-            break;
-        case Condition::Unequal:
-            m_sql += " <> ";
-            break;
-        case Condition::Less:
-            m_sql += " < ";
-            break;
-        case Condition::LessOrEqual:
-            m_sql += " <= ";
-            break;
-        case Condition::Greater:
-            m_sql += " > ";
-            break;
-        case Condition::GreaterOrEqual:
-            m_sql += " >= ";
-            break;
-        case Condition::Between:
-            m_sql += " between ";
-            break;
-        case Condition::In:
-            m_sql += " in (";
-            break;
-        default:
-            m_sql += " is null";
-            return;
-    }
-    const std::string_view separator = condition.kind == Condition::Between ? " and " : ", ";
+    const auto [before, between, behind] = wordOf(condition.kind);
+    writeCompared(condition, operands.front());
+    m_sql += before;
     for (std::size_t i = 1; i < operands.size(); ++i) {
-        if (i > 1) m_sql += separator;
-        writeOperand(operands[i], type);
+        if (i > 1) m_sql += between;
+        writeCompared(condition, operands[i]);
     }
-    if (condition.kind == Condition::In) m_sql += ')';
+    m_sql += behind;
 }
 
-// `disco` meets the condition when it is one of the spellings that do. A null meets none.
-void SqlWriter::writeUnits(const Condition& condition) {
-    Condition listed = condition;
+void SqlWriter::writeLike(const Condition& condition) {
+    m_sql += "engine_like(";
+    writeOperand(condition.operands[0], Type::Text);
+    m_sql += ", ";
+    writeValue(PatternText{m_literals[condition.operands[1].literal].text});
+    m_sql += ')';
+}
+
+void SqlWriter::writeCompared(const Condition& condition, const Operand& operand) {
+    const Measure measure = measureOf(condition);
+    if (measure == Measure::Sorted) m_sql += "engine_sort_key(";
+    writeOperand(operand, typeOf(condition));
+    if (measure == Measure::Sorted) m_sql += ')';
+    if (measure == Measure::Folded && &operand == &condition.operands.front())
+        m_sql += " collate engine_folded";
+}
+
+// `disco` meets the condition when it is one of the spellings that do. A null meets none. Nothing is written
+// for another condition, and for one that more spellings meet than a statement should list.
+bool SqlWriter::writeUnits(const Condition& condition) {
+    constexpr std::size_t mostListed = 500;
+    if (!UnitNames::decide(condition)) return false;
+    const auto names = m_units.named(condition, m_literals);
+    if (names.size() > mostListed) return false;
     const bool excluded = condition.kind == Condition::Unequal;
-    if (excluded) listed.kind = Condition::Equal;
-    std::vector<BoundValue> names;
-    for (const Census::Unit& unit : m_census.units()) {
-        KnownTexts known;
-        known.set(Column::disco, unit.name);
-        if (decide(listed, known, m_literals) == Truth::Yes) names.emplace_back(std::string_view(*unit.name));
-    }
     if (names.size() <= 1) {
         m_sql += excluded ? "disco <> " : "disco = ";
-        return writeValue(names.empty() ? NoSuchValue{} : names.front());
+        if (names.empty()) writeValue(NoSuchValue{});
+        for (const std::string_view name : names) writeValue(name);
+        return true;
     }
     m_sql += excluded ? "disco not in (" : "disco in (";
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -184,6 +185,7 @@ void SqlWriter::writeUnits(const Condition& condition) {
         writeValue(names[i]);
     }
     m_sql += ')';
+    return true;
 }
 
 void SqlWriter::writeFields(const std::vector<Column>& fields) {
@@ -196,31 +198,28 @@ void SqlWriter::writeFields(const std::vector<Column>& fields) {
 void SqlWriter::writeWhere(const Statement& statement) {
     if (!statement.where) return;
     m_sql += " where ";
-    writeCondition(*statement.where);
+    writeCondition(withUnitFirst(*statement.where, m_literals));
 }
 
-void SqlWriter::writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow) {
-    m_sql += " where rowid between ";
-    writeValue(firstRow);
-    m_sql += " and ";
-    writeValue(lastRow);
-    if (!statement.where) return;
-    m_sql += " and ";
-    writeCondition(*statement.where);
-}
-
-void SqlWriter::writeGroupAndOrder(const Statement& statement) {
+void SqlWriter::writeGroupBy(const Statement& statement) {
     if (statement.groupBy.empty()) return;
     m_sql += " group by ";
     writeFields(statement.groupBy);
+}
+
+void SqlWriter::writeOrderBy(const Statement& statement) {
     if (statement.orderBy.empty()) return;
     m_sql += " order by ";
-    for (const Ordering& ordering : statement.orderBy) {
-        m_sql += info(ordering.column).name;
-        if (info(ordering.column).type == Type::Text) m_sql += " collate engine_sorted";
-        m_sql += ordering.descending ? " desc, " : ", ";
+    for (const auto& [column, descending] : statement.orderBy) {
+        const bool isText = info(column).type == Type::Text;
+        write(isText ? "engine_sort_key(" : "").write(info(column).name).write(isText ? ")" : "");
+        m_sql += descending ? " desc, " : ", ";
     }
-    writeFields(statement.groupBy);  // spellings apart only in case
+    // Spellings apart only in case, and rows that are equal in all that is asked for.
+    if (statement.groupBy.empty())
+        m_sql += "rowid";
+    else
+        writeFields(statement.groupBy);
 }
 
 void SqlWriter::writeAssignments(const Statement& statement) {
@@ -231,13 +230,15 @@ void SqlWriter::writeAssignments(const Statement& statement) {
         if (i > 0) m_sql += ", ";
         m_sql += info(column).name;
         m_sql += " = ";
-        if (value.kind == Operand::Text || value.kind == Operand::Number) {
-            writeValue(converted(m_literals[value.literal], value.negative, info(column).type,
-                                 m_storage.emplace_back()));
-        } else {
-            writeOperand(value, info(column).type);
-        }
+        writeAssigned(value, info(column).type);
     }
+}
+
+void SqlWriter::writeAssigned(const Operand& value, Type type) {
+    if (value.kind == Operand::Text || value.kind == Operand::Number)
+        writeValue(converted(m_literals[value.literal], value.negative, type, m_storage.emplace_back()));
+    else
+        writeOperand(value, type);
 }
 
 void SqlWriter::writeInsert(const Statement& statement) {

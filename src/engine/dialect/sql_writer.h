@@ -7,7 +7,7 @@
 #include "engine/dialect/bound_value.h"
 #include "engine/dialect/literals.h"
 #include "engine/dialect/statement.h"
-#include "engine/rows/census.h"
+#include "engine/dialect/unit_names.h"
 
 namespace engine {
 
@@ -15,17 +15,18 @@ namespace engine {
 // literal ever becomes part of the text.
 class SqlWriter {
   public:
-    SqlWriter(const std::vector<Literal>& literals, Census& census)
-        : m_literals(literals), m_census(census) {}
+    SqlWriter(const std::vector<Literal>& literals, const UnitNames& units)
+        : m_literals(literals), m_units(units) {}
 
-    void write(std::string_view sql) { m_sql += sql; }
+    SqlWriter& write(std::string_view sql) {
+        m_sql += sql;
+        return *this;
+    }
     void writeFields(const std::vector<Column>& fields);
     void writeCondition(const Condition& condition);
     void writeWhere(const Statement& statement);  // " where ..." or nothing
-
-    // The same for the rows between two rowids only.
-    void writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow);
-    void writeGroupAndOrder(const Statement& statement);
+    void writeGroupBy(const Statement& statement);
+    void writeOrderBy(const Statement& statement);
     void writeAssignments(const Statement& statement);  // " set ..." of an update
     void writeInsert(const Statement& statement);
 
@@ -34,13 +35,16 @@ class SqlWriter {
 
   private:
     void writeJoined(const Condition& condition, std::string_view word);
-    void writeUnits(const Condition& condition);
+    [[nodiscard]] bool writeUnits(const Condition& condition);
     void writeTest(const Condition& condition);
+    void writeLike(const Condition& condition);
+    void writeCompared(const Condition& condition, const Operand& operand);
     void writeOperand(const Operand& operand, Type type);
+    void writeAssigned(const Operand& value, Type type);
     void writeValue(const BoundValue& value);
 
     const std::vector<Literal>& m_literals;
-    Census& m_census;
+    const UnitNames& m_units;
     std::string m_sql;
     std::vector<BoundValue> m_values;
     std::deque<std::string> m_storage;  // for values that no literal holds as they are

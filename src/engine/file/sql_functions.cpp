@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <string>
+
 #include "engine/text/folding.h"
 #include "engine/text/like_pattern.h"
 #include "engine/text/sort_key.h"
@@ -17,6 +19,15 @@ void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
     if (!pattern || !text) return sqlite3_result_null(context);
     sqlite3_result_int(context,
                        pattern->matches({text, static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]))}));
+}
+
+// What `order by` sorts by. A null stays one.
+void sortKeyFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
+    if (!text) return sqlite3_result_null(context);
+    std::string key;
+    appendSortKey(key, {text, static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]))});
+    sqlite3_result_blob64(context, key.data(), key.size(), SQLITE_TRANSIENT);
 }
 
 template <int (*compare)(std::string_view, std::string_view)>
@@ -36,8 +47,8 @@ int registerFunctions(sqlite3* database) {
             sqlite3_create_collation(database, "engine_folded", SQLITE_UTF8, nullptr, collate<compareFolded>);
     }
     if (code == SQLITE_OK) {
-        code =
-            sqlite3_create_collation(database, "engine_sorted", SQLITE_UTF8, nullptr, collate<compareSorted>);
+        code = sqlite3_create_function(database, "engine_sort_key", 1, flags, nullptr, sortKeyFunction,
+                                       nullptr, nullptr);
     }
     return code;
 }

@@ -5,9 +5,9 @@ struct sqlite3;
 namespace engine {
 
 // What the statements that we hand to SQLite use beyond its own words:
-//   engine_like(text, ?)    `like`, the pattern bound as a pointer to a LikePattern of type
-//   patternPointerType collate engine_folded   equality over Unicode case collate engine_sorted   the order
-//   of `order by`
+//   engine_like(text, ?)    `like`, the pattern bound as a pointer of type patternPointerType
+//   engine_sort_key(text)   bytes that compare as the texts sort
+//   collate engine_folded   equality over Unicode case
 // None of them is ever part of a file's schema.
 inline constexpr const char* patternPointerType = "engine.LikePattern";
 

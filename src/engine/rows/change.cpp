@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include "engine/rows/scratch_delete.h"
-
 namespace engine {
 
 Result<long long> Changes::run(const std::shared_ptr<const Statement>& statement,
@@ -11,18 +9,28 @@ Result<long long> Changes::run(const std::shared_ptr<const Statement>& statement
     return statement->kind == Statement::Insert ? insert(statement, literals) : change(*statement, literals);
 }
 
+// The names of units that a statement asks for must be those of the rows that it changes.
 Result<long long> Changes::change(const Statement& statement, const std::vector<Literal>& literals) {
-    if (auto current = m_census.refresh(); !current) return std::unexpected(current.error());
-    const Scan scan{m_connection, m_census, statement, literals};
-    if (statement.kind == Statement::Delete && m_connection.use() == Use::Scratch) {
-        if (const auto deleted = deleteAllButOneUnit(scan)) return *deleted;
+    const bool asksForUnits = statement.where && UnitNames::areAskedBy(*statement.where);
+    if (!asksForUnits || sqlite3_get_autocommit(m_connection.handle()) == 0)
+        return changeAtOnce(statement, literals);
+    if (auto begun = m_connection.run("begin immediate"); !begun) return std::unexpected(begun.error());
+    auto changed = changeAtOnce(statement, literals);
+    if (changed) {
+        if (auto committed = m_connection.run("commit"); !committed)
+            changed = std::unexpected(committed.error());
     }
-    SqlWriter writer(literals, m_census);
-    const Access access = accessFor(scan);
+    if (!changed) (void)m_connection.run("rollback");  // which an error may have done already
+    return changed;
+}
+
+Result<long long> Changes::changeAtOnce(const Statement& statement, const std::vector<Literal>& literals) {
+    const auto units = m_units.namesFor(statement);
+    if (!units) return std::unexpected(units.error());
+    SqlWriter writer(literals, **units);
     writer.write(statement.kind == Statement::Update ? "update datos" : "delete from datos");
-    writer.write(access.hint());
     writer.writeAssignments(statement);
-    writeWhere(writer, statement, access);
+    writer.writeWhere(statement);
     auto prepared = m_connection.prepare(writer.sql());
     if (!prepared) return std::unexpected(prepared.error());
     prepared->bind(writer.values(), Prepared::Texts::Lent);
@@ -32,7 +40,8 @@ Result<long long> Changes::change(const Statement& statement, const std::vector<
 Result<long long> Changes::insert(const std::shared_ptr<const Statement>& statement,
                                   const std::vector<Literal>& literals) {
     if (m_lastInsert != statement) {
-        SqlWriter writer(literals, m_census);
+        static const UnitNames none;
+        SqlWriter writer(literals, none);
         writer.writeInsert(*statement);
         m_lastInsertSql = writer.sql();
         m_lastInsert = statement;

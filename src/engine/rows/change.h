@@ -1,16 +1,18 @@
 #pragma once
 
 #include <memory>
-#include <unordered_map>
+#include <string>
+#include <vector>
 
-#include "engine/rows/row_scan.h"
+#include "engine/dialect/sql_writer.h"
+#include "engine/rows/unit_list.h"
 
 namespace engine {
 
 // Runs the statements that change rows.
 class Changes {
   public:
-    Changes(Connection& connection, Census& census) : m_connection(connection), m_census(census) {}
+    Changes(Connection& connection, UnitList& units) : m_connection(connection), m_units(units) {}
 
     // The number of rows changed.
     [[nodiscard]] Result<long long> run(const std::shared_ptr<const Statement>& statement,
@@ -20,10 +22,12 @@ class Changes {
     [[nodiscard]] Result<long long> insert(const std::shared_ptr<const Statement>& statement,
                                            const std::vector<Literal>& literals);
     [[nodiscard]] Result<long long> change(const Statement& statement, const std::vector<Literal>& literals);
+    [[nodiscard]] Result<long long> changeAtOnce(const Statement& statement,
+                                                 const std::vector<Literal>& literals);
     [[nodiscard]] Result<long long> runPrepared(Prepared& prepared);
 
     Connection& m_connection;
-    Census& m_census;
+    UnitList& m_units;
     std::vector<BoundValue> m_values;
     std::vector<std::string> m_storage;
 

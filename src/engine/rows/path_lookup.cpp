@@ -91,49 +91,55 @@ struct PathLookup::Tests {
     }
 };
 
-PathLookup::Known& PathLookup::knownFor(const std::shared_ptr<const Statement>& statement, const Tests& tests,
-                                        const std::vector<Literal>& literals) {
+PathLookup::Known& PathLookup::knownFor(const Query& query, const Tests& tests) {
     const auto found = std::find_if(m_known.begin(), m_known.end(), [&](const Known& known) {
-        return known.statement == statement && known.pathLiteral == tests.pathLiteral &&
-               tests.areOtherLiterals(known.others, literals);
+        return known.statement == query.shared() && known.pathLiteral == tests.pathLiteral &&
+               tests.areOtherLiterals(known.others, query.literals());
     });
     if (found != m_known.end()) return *found;
     if (m_known.size() >= mostKept) m_known.clear();
-    return m_known.emplace_back(Known{
-        .statement = statement, .pathLiteral = tests.pathLiteral, .others = tests.otherLiterals(literals)});
+    return m_known.emplace_back(Known{.statement = query.shared(),
+                                      .pathLiteral = tests.pathLiteral,
+                                      .others = tests.otherLiterals(query.literals())});
 }
 
-// The rows of the statement by their paths; nothing when it is to be scanned.
-std::shared_ptr<PathIndex> PathLookup::indexFor(Known& known, const Tests& tests, const Scan& scan) {
-    const bool isNew = known.version != scan.census.version();
+// Leaves the index empty when the statement is to be scanned.
+Result<> PathLookup::bringUpToDate(Known& known, const Tests& tests, const Select& select) {
+    const auto version = select.connection()->version();
+    const bool isNew = !version || known.version != *version;
     if (isNew) {
-        known.version = scan.census.version();
+        known.version = version.value_or(-1);
         known.index = nullptr;
         known.tooLarge = false;
     }
+    if (!version) return std::unexpected(version.error());
     // A working copy is made to be asked again and again.
-    if (isNew && scan.connection.use() != Use::Scratch) return nullptr;
-    if (known.index || known.tooLarge) return known.index;
-    const Statement rest = tests.left(scan.statement);
-    const auto levels = tests.level >= 0 ? PathIndex::Levels::Apart : PathIndex::Levels::Together;
-    known.index = PathIndex::build({scan.connection, scan.census, rest, scan.literals}, levels,
-                                   scan.statement.fields.size());
-    known.tooLarge = !known.index;
-    return known.index;
+    if (isNew && select.connection()->use() != Use::Scratch) return {};
+    if (known.index || known.tooLarge) return {};
+    auto table = select.with(tests.left(select.statement())).table();
+    if (!table) return std::unexpected(table.error());
+    known.tooLarge = !*table;
+    if (*table) {
+        known.index = std::make_shared<PathIndex>(
+            std::move(**table), tests.level >= 0 ? PathIndex::Levels::Apart : PathIndex::Levels::Together);
+    }
+    return {};
 }
 
-std::unique_ptr<Recordset::Impl> PathLookup::open(const std::shared_ptr<Connection>& connection,
-                                                  const std::shared_ptr<const Statement>& statement,
-                                                  const Scan& scan) {
-    const Tests tests(*statement, scan.literals);
+Result<std::unique_ptr<Rows>> PathLookup::rows(const Select& select) {
+    const auto& literals = select.query().literals();
+    const Tests tests(select.statement(), literals);
     if (tests.path < 0) return nullptr;
-    const auto index = indexFor(knownFor(statement, tests, scan.literals), tests, scan);
-    if (!index) return nullptr;
-    const auto& selection = index->find(tests.level >= 0 ? scan.literals[tests.levelLiteral].text : "",
-                                        pathOf(scan.literals[tests.pathLiteral].text));
-    // The rows share the life of the index, which keeps the selection too.
-    std::shared_ptr<const RowSet> rows(index, &index->rows());
-    return std::make_unique<StoredRows>(connection, std::move(rows), &selection);
+    Known& known = knownFor(select.query(), tests);
+    if (auto current = bringUpToDate(known, tests, select); !current) return std::unexpected(current.error());
+    if (!known.index) return nullptr;
+    const auto& index = known.index;
+    const auto& selection = index->find(tests.level >= 0 ? literals[tests.levelLiteral].text : "",
+                                        pathOf(literals[tests.pathLiteral].text));
+    // Both share the life of the index.
+    return std::make_unique<TableRows>(std::shared_ptr<const RowTable>(index, &index->table()),
+                                       select.statement().fields,
+                                       std::shared_ptr<const TableRows::Selection>(index, &selection));
 }
 
 }  // namespace engine

@@ -1,4 +1,4 @@
-#include "engine/rows/row_store.h"
+#include "engine/rows/packed_rows.h"
 
 #include <algorithm>
 #include <cstring>
@@ -17,7 +17,7 @@ constexpr Tag firstText = 2;
 
 }  // namespace
 
-char* RowStore::room(std::size_t size) {
+char* PackedRows::room(std::size_t size) {
     if (size > m_left) {
         m_left = std::max(size, blockSize);
         m_free = m_blocks.emplace_back(new char[m_left]).get();
@@ -27,13 +27,13 @@ char* RowStore::room(std::size_t size) {
     return std::exchange(m_free, m_free + size);
 }
 
-const char* RowStore::addBytes(std::string_view bytes) {
+const char* PackedRows::addBytes(std::string_view bytes) {
     char* to = room(bytes.size());
     if (!bytes.empty()) std::memcpy(to, bytes.data(), bytes.size());
     return to;
 }
 
-const char* RowStore::add(const Prepared& row, const std::vector<Column>& fields, int first) {
+const char* PackedRows::add(const Prepared& row, const std::vector<Column>& fields) {
     struct Source {
         Tag tag = nullTag;
         const char* text = nullptr;
@@ -43,7 +43,7 @@ const char* RowStore::add(const Prepared& row, const std::vector<Column>& fields
     const std::size_t count = std::min(fields.size(), sources.size());
     std::size_t size = 0;
     for (std::size_t i = 0; i < count; ++i) {
-        const int column = first + static_cast<int>(i);
+        const int column = static_cast<int>(i);
         size += sizeof(Tag);
         if (row.isNull(column)) continue;
         if (info(fields[i]).type == Type::Text) {
@@ -70,14 +70,7 @@ const char* RowStore::add(const Prepared& row, const std::vector<Column>& fields
     return packed;
 }
 
-void RowStore::absorb(RowStore&& other) {
-    m_bytes += other.m_bytes;
-    m_blocks.insert(m_blocks.end(), std::make_move_iterator(other.m_blocks.begin()),
-                    std::make_move_iterator(other.m_blocks.end()));
-    other = RowStore();
-}
-
-void RowStore::unpack(const char* row, std::span<Value> values) {
+void PackedRows::unpack(const char* row, std::span<Value> values) {
     for (Value& value : values) {
         Tag tag;
         std::memcpy(&tag, row, sizeof tag);

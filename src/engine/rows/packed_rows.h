@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -8,21 +7,16 @@
 
 #include "engine/dialect/statement.h"
 #include "engine/file/prepared.h"
-#include "engine/recordset.h"
+#include "engine/value.h"
 
 namespace engine {
 
-// Rows copied out of the database, packed: a few bytes beyond their texts. Addresses hold as long as the
-// store.
-class RowStore {
+// Rows copied out of the database, a few bytes beyond their texts each. Addresses hold as long as the store.
+class PackedRows {
   public:
-    // Packs the fields of a statement's current row, which begin at its column `first`.
-    [[nodiscard]] const char* add(const Prepared& row, const std::vector<Column>& fields, int first);
-
+    // Packs a statement's current row, whose first columns are `fields`.
+    [[nodiscard]] const char* add(const Prepared& row, const std::vector<Column>& fields);
     [[nodiscard]] const char* addBytes(std::string_view bytes);
-
-    // Takes over the other store's rows; their addresses stay.
-    void absorb(RowStore&& other);
 
     [[nodiscard]] std::size_t bytes() const { return m_bytes; }
 

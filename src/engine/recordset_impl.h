@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/recordset.h"
+#include "engine/rows/select.h"
+
+namespace engine {
+
+// A select and, once one is asked for, its rows: a recordset that is only counted, or only asked whether it
+// is empty, fetches none.
+struct Recordset::Impl {
+    Impl(Select asked, std::unique_ptr<Rows> known) : select(std::move(asked)), rows(std::move(known)) {}
+
+    // Opens the rows that need no sorting; of the others only finds out whether the file can be read now.
+    [[nodiscard]] Result<> begin();
+
+    [[nodiscard]] bool atEnd();
+    void moveNext();
+    [[nodiscard]] Value field(Column column);
+    [[nodiscard]] long long count();
+
+    Select select;
+    std::unique_ptr<Rows> rows;
+    std::optional<bool> isEmpty;
+    std::optional<long long> counted;
+    std::optional<Error> failure;
+
+  private:
+    [[nodiscard]] Result<> open();
+    template <class T>
+    [[nodiscard]] T noted(Result<T> result, T otherwise);
+};
+
+}  // namespace engine

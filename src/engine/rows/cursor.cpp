@@ -1,0 +1,36 @@
+#include "engine/rows/cursor.h"
+
+namespace engine {
+
+Result<std::unique_ptr<Rows>> Cursor::open(std::shared_ptr<Connection> connection, Prepared rows,
+                                           const std::vector<Column>& fields) {
+    std::unique_ptr<Cursor> opened(new Cursor(std::move(connection), std::move(rows), fields));
+    if (auto first = opened->moveNext(); !first) return std::unexpected(first.error());
+    return opened;
+}
+
+Result<> Cursor::moveNext() {
+    const auto step = m_rows.step();
+    if (step == Prepared::Step::Row) {
+        ++m_found;
+        return {};
+    }
+    m_atEnd = true;
+    Result<> ended;
+    if (step == Prepared::Step::Failed) ended = std::unexpected(m_connection->lastError());
+    m_rows.release();  // and with it the lock on the file
+    return ended;
+}
+
+Value Cursor::field(Column column) {
+    const int place = m_places[column];
+    if (place < 0 || m_rows.isNull(place)) return {};
+    if (info(column).type == Type::Text) return Value(m_rows.text(place));
+    return {{}, m_rows.number(place)};
+}
+
+std::optional<long long> Cursor::count() const {
+    return m_atEnd ? std::optional(m_found) : std::nullopt;
+}
+
+}  // namespace engine

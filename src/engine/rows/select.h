@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "engine/dialect/query.h"
+#include "engine/dialect/sql_writer.h"
+#include "engine/rows/row_table.h"
+#include "engine/rows/rows.h"
+#include "engine/rows/unit_list.h"
+
+namespace engine {
+
+// A select on an open file. Each call reads the file as it is at that moment, all of it in one state, and
+// gives the whole answer or an error.
+class Select {
+  public:
+    Select(std::shared_ptr<Connection> connection, std::shared_ptr<UnitList> units, Query query)
+        : m_connection(std::move(connection)), m_units(std::move(units)), m_query(std::move(query)) {}
+
+    [[nodiscard]] const Query& query() const { return m_query; }
+    [[nodiscard]] const Statement& statement() const { return m_query.statement(); }
+    [[nodiscard]] const std::shared_ptr<Connection>& connection() const { return m_connection; }
+
+    // The same on the same file with another statement, which knows the same literals.
+    [[nodiscard]] Select with(Statement statement) const;
+
+    // The rows in the statement's order, at the first one. More than `bound` bytes of rows that have to be
+    // sorted are left to SQLite, which sorts them on disk.
+    [[nodiscard]] Result<std::unique_ptr<Rows>> rows(std::size_t bound = RowTable::usualBound) const;
+
+    // The same rows in a table. Nothing where they are too many.
+    [[nodiscard]] Result<std::optional<RowTable>> table(std::size_t bound = RowTable::usualBound) const;
+
+    // Fetching none.
+    [[nodiscard]] Result<long long> count() const;
+    [[nodiscard]] Result<bool> exists() const;
+
+  private:
+    template <class Write>
+    [[nodiscard]] Result<Prepared> prepared(Write write) const;
+    [[nodiscard]] Result<bool> isOrderNeeded() const;
+    void writeFrom(SqlWriter& writer) const;
+    [[nodiscard]] Result<long long> number(Result<Prepared> rows) const;
+
+    std::shared_ptr<Connection> m_connection;
+    std::shared_ptr<UnitList> m_units;
+    Query m_query;
+};
+
+// True when a condition tries a pattern on row after row, so that a second pass would be dear.
+[[nodiscard]] bool triesPattern(const Condition& condition);
+
+}  // namespace engine

@@ -1,0 +1,45 @@
+#include "engine/rows/unit_list.h"
+
+namespace engine {
+
+// A plain union ends where a damaged index leads back to a unit that was met before.
+const std::string_view UnitList::sql =
+    "select disco from (with recursive unit(disco) as (select (select disco from datos where disco >= '' "
+    "and disco < x'' order by disco limit 1) "
+    "union select (select disco from datos where disco > unit.disco and disco < x'' order by disco "
+    "limit 1) "
+    "from unit where unit.disco is not null) "
+    "select disco from unit where disco is not null "
+    "union all select null where exists (select 1 from datos where disco is null))";
+
+Result<const UnitNames*> UnitList::namesFor(const Statement& statement) {
+    static const UnitNames none;
+    if (!statement.where || !UnitNames::areAskedBy(*statement.where)) return &none;
+    const auto version = m_connection.version();
+    if (version && m_names && m_version == *version) return &*m_names;
+    m_names.reset();
+    if (!version) return std::unexpected(version.error());
+    auto names = read();
+    if (!names) return std::unexpected(names.error());
+    m_version = *version;
+    return &m_names.emplace(std::move(*names));
+}
+
+Result<UnitNames> UnitList::read() {
+    auto rows = m_connection.prepare(std::string(sql));
+    if (!rows) return std::unexpected(rows.error());
+    UnitNames names;
+    std::string last;
+    auto step = rows->step();
+    for (; step == Prepared::Step::Row; step = rows->step()) {
+        if (rows->isNull(0)) continue;
+        const std::string_view name = rows->text(0);
+        if (name < last)
+            return std::unexpected(Error{error::corrupt, "The catalogue's index is out of order"});
+        names.add(last = name);
+    }
+    if (step == Prepared::Step::Failed) return std::unexpected(m_connection.lastError());
+    return names;
+}
+
+}  // namespace engine
