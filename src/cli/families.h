@@ -13,7 +13,8 @@ namespace cli {
 [[nodiscard]] std::span<const Command> unitCommands();       // units, rename, delete
 [[nodiscard]] std::span<const Command> listCommands();       // list
 [[nodiscard]] std::span<const Command> statsCommands();      // stats
-[[nodiscard]] std::span<const Command> rowCommands();        // note, copy
+[[nodiscard]] std::span<const Command> noteCommands();       // note
+[[nodiscard]] std::span<const Command> copyCommands();       // copy
 [[nodiscard]] std::span<const Command> exportCommands();     // export
 [[nodiscard]] std::span<const Command> importCommands();     // import
 [[nodiscard]] std::span<const Command> searchCommands();     // search

@@ -77,14 +77,47 @@ TEST_F(RowCommands, CopyScansTheDrivesAndReportsWhatIsMissing) {
     fs::remove(target + "/root.txt");
     const Outcome partly = run({"copy", "Fotos", "E:\\a\\it´s.txt", "E:\\a\\a", "E:\\root.txt", target});
     EXPECT_EQ(partly.status, cli::NothingFound);
-    EXPECT_NE(partly.errors.find("This file can´t be find as E:\\a\\it´s.txt"), std::string::npos)
-        << partly.errors;
+    EXPECT_TRUE(partly.errors.contains("E:\\a\\it´s.txt: its medium is in no drive")) << partly.errors;
     EXPECT_TRUE(fs::exists(target + "/root.txt"));
 
     EXPECT_EQ(run({"copy", "Fotos", "E:\\root.txt", target + "/gone"}).status, cli::WrongUsage);
     EXPECT_EQ(run({"copy", "Fotos", "E:\\root.txt"}).status, cli::WrongUsage);
     fs::remove(catalogue.path);
     EXPECT_EQ(run({"copy", "Fotos", "E:\\root.txt", target}).status, cli::UnusableCatalogue);
+}
+
+TEST_F(RowCommands, CopyTakesFoldersWithTheirStructure) {
+    const std::string disc = folder / "dvd";
+    test::writeFile(disc + "/a/it´s.txt", "it´s");
+    test::writeFile(disc + "/a/a.txt", "lower");
+    fs::create_directories(disc + "/a/it's \xff/empty");
+    test::writeFile(disc + "/a/it's \xff/deep", "deep");
+    catalogue.add(
+        {test::fileRow("Fotos :", "E:\\a", "it´s.txt"), test::folderRow("Fotos :", "E:\\a\\it´s \uF0FF"),
+         test::folderRow("Fotos :", "E:\\a\\it´s \uF0FF\\empty"),
+         test::fileRow("Fotos :", "E:\\a\\it´s \uF0FF", "deep"), test::fileRow("Fotos :", "E:\\ab", "no"),
+         test::fileRow("Fotos :", "E:\\a\\..", "root.txt")});
+    test::writeFile(target + "/root.txt", "mine");
+
+    EXPECT_EQ(run({"copy", "Fotos", "a", target}).status, cli::NothingFound) << "a folder needs --recursive";
+    const Outcome copied = run({"copy", "--recursive", "--no-clobber", "Fotos", "a", "root.txt", target});
+    EXPECT_EQ(copied.status, cli::NothingFound);
+    EXPECT_EQ(copied.errors,
+              "zarquelin-cli: E:\\a\\A.TXT: its medium is in no drive\n"
+              "zarquelin-cli: E:\\a\\..\\root.txt: its medium is in no drive\n");
+    EXPECT_EQ(test::readFile(target + "/a/it's.txt") + test::readFile(target + "/a/it´s.txt"), "it'sit´s");
+    EXPECT_EQ(test::readFile(target + "/a/it's \xff/deep") + test::readFile(target + "/root.txt"),
+              "deepmine");
+    EXPECT_TRUE(fs::is_directory(target + "/a/it's \xff/empty"));
+    EXPECT_EQ(std::distance(fs::recursive_directory_iterator(target), {}), 8);
+
+    EXPECT_EQ(run({"copy", "Fotos", "a/it´s.txt", target}).status, cli::Done);
+    EXPECT_EQ(test::readFile(target + "/it´s.txt"), "it´s") << "the spelling that was typed";
+    fs::create_directory(disc + "/b");
+    test::writeFile(disc + "/b/a.txt", "other");
+    catalogue.add({test::folderRow("Fotos :", "E:\\b"), test::fileRow("Fotos :", "E:\\b", "a.txt")});
+    EXPECT_EQ(run({"copy", "Fotos", "a/a.txt", "b/a.txt", target}).status, cli::NothingFound);
+    EXPECT_EQ(test::readFile(target + "/a.txt"), "lower") << "no copy replaces another of the same run";
 }
 
 }  // namespace
