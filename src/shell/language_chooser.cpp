@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "controls/screen_fit.h"
 #include "shell/logo.h"
 
 namespace shell {
@@ -54,6 +55,7 @@ Form5::Form5(QWidget* parent) : QWidget(parent, Qt::Dialog) {
     grid->setRowMinimumHeight(3, 12);
     grid->addWidget(m_ok, 4, 2, Qt::AlignRight);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
+    controls::fitToScreen(*this);
 }
 
 std::optional<core::Language> Form5::choice() const {

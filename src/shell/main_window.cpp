@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "browse/tail.h"
+#include "controls/screen_fit.h"
 #include "frame/pointer.h"
 #include "lists/column_sort.h"
 #include "print/print_action.h"
@@ -27,6 +28,7 @@ Form1::Form1(core::Language idioma, frame::Messages& messages, frame::Dialogs& d
     setWindowIcon(logo());
     resize(1000, 660);
     setMinimumSize(480, 320);
+    controls::fitToScreen(*this);
 
     connectMenus();
     connectToolbar();

@@ -20,7 +20,7 @@ void Panes::medidas() {
     frame::LayoutInput input;
     input.width = twips(m_controls.client->width());
     input.height = twips(m_controls.client->height());
-    input.divider = m_divider;
+    input.divider = frame::releasedDivider(m_divider, input.width);
     input.toolbarHeight = twips(m_controls.toolbar->sizeHint().height());
     input.comboHeight = twips(m_controls.imageCombo1->sizeHint().height());
     input.pathLabelWidth = twips(m_controls.label4->sizeHint().width());

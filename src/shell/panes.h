@@ -40,7 +40,7 @@ class Panes {
 
     Controls m_controls;
     frame::WindowLayout m_layout;
-    int m_divider = 4200;
+    int m_divider = 4200;  // as the user wants it; a narrow window holds it nearer
     int m_pushedDown = 0;
 };
 

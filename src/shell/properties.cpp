@@ -8,6 +8,7 @@
 
 #include "controls/pictures.h"
 #include "controls/qtext.h"
+#include "controls/screen_fit.h"
 #include "controls/separator.h"
 #include "frame/captions.h"
 #include "shell/logo.h"
@@ -90,6 +91,7 @@ Form3::Form3(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     grid->addWidget(controls::makeSeparator(this), 6, 0, 1, 2);
     grid->addWidget(command, 7, 0, 1, 2, Qt::AlignRight);
     command->setFocus();
+    controls::fitToScreen(*this);
 }
 
 void Form3::showProperties(const browse::Properties& properties) {

@@ -8,6 +8,7 @@
 
 #include "controls/pictures.h"
 #include "controls/qtext.h"
+#include "controls/screen_fit.h"
 #include "controls/separator.h"
 #include "frame/captions.h"
 #include "frame/elided_label.h"
@@ -67,6 +68,7 @@ Form8::Form8(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     grid->addWidget(controls::makeSeparator(this), 4, 0, 1, 2);
     grid->addWidget(m_notAgain, 5, 0, 1, 2);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
+    controls::fitToScreen(*this);
     setRecent({});
 }
 

@@ -1,19 +1,18 @@
 #include "stats/statistics_window.h"
 
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPrinter>
 #include <QPushButton>
-#include <QScreen>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
 
 #include "controls/pictures.h"
 #include "controls/qtext.h"
+#include "controls/screen_fit.h"
 #include "frame/dialogs.h"
 #include "stats/bar_chart_2d.h"
 #include "stats/bar_chart_3d.h"
@@ -90,7 +89,7 @@ Form4::Form4(core::Language idioma, frame::Dialogs& dialogs, QWidget* parent)
     setTabOrder(m_print, m_tabs);
     m_tabs->setCurrentIndex(0);
     resize(sizeHint().expandedTo(QSize(860, 480)));
-    centre();
+    controls::fitToScreen(*this);
 }
 
 QLabel* Form4::label(const QString& name, const QString& text) {
@@ -105,7 +104,7 @@ QWidget* Form4::buildTable() {
     auto* grid = new QGridLayout(table);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(10);
-    grid->setVerticalSpacing(8);
+    grid->setVerticalSpacing(6);
 
     QLabel* title = label(QStringLiteral("Label12"), qtext(heading.in(m_idioma)));
     setFontScale(*title, 1.6, true);
@@ -168,7 +167,7 @@ QWidget* Form4::buildCharts() {
         const QString title = qtext(tabTitles[i].in(m_idioma));
         charts[i]->setObjectName(QStringLiteral("MSChart%1").arg(i + 1));
         charts[i]->setAccessibleName(title);
-        charts[i]->setMinimumSize(440, 320);
+        charts[i]->setMinimumSize(280, 180);
         auto* page = new QFrame;
         page->setObjectName(indexed("Picture1", i));
         page->setAccessibleName(title);
@@ -207,14 +206,6 @@ QWidget* Form4::buildButtons() {
     layout->addWidget(m_print);
     layout->addWidget(m_close);
     return row;
-}
-
-void Form4::centre() {
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        QRect place({}, size());
-        place.moveCenter(screen->availableGeometry().center());
-        move(place.topLeft());
-    }
 }
 
 void Form4::setScopeTitle(std::string_view title) {

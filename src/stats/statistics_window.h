@@ -43,7 +43,6 @@ class Form4 : public QDialog {
     [[nodiscard]] QWidget* buildCharts();
     [[nodiscard]] QWidget* buildButtons();
     QLabel* label(const QString& name, const QString& text = {});
-    void centre();
 
     core::Language m_idioma;
     frame::Dialogs& m_dialogs;
