@@ -9,6 +9,7 @@ namespace {
 constexpr int frameTop = -90, frameHeight = 1280;
 constexpr int toolbarLeft = 40, toolbarTop = 150, toolbarHeight = 690;
 constexpr int pathLabelLeft = 60, pathTop = 870, pathHeight = 350, pathLeft = 1000;
+constexpr int spareHeight = frameHeight - pathTop - pathHeight;
 constexpr int treeTop = 1200;
 constexpr int splitterWidth = 90;
 constexpr int statusHeight = 380;
@@ -33,9 +34,11 @@ int releasedDivider(int position, int width) {
 }
 
 WindowLayout computeLayout(const LayoutInput& input, const WindowLayout& before) {
-    // A bigger letter makes the band of toolbar and combo higher, and everything below it starts lower.
+    // A bigger letter makes the band of toolbar and combo higher, and everything below it starts lower; a
+    // pixel or two more find room at the band's foot.
     const int toolbarGrowth = std::max(0, input.toolbarHeight - toolbarHeight);
-    const int growth = toolbarGrowth + std::max(0, input.comboHeight - pathHeight);
+    const int comboGrowth = std::max(0, input.comboHeight - pathHeight);
+    const int growth = std::max(0, toolbarGrowth + comboGrowth - spareHeight);
     const int W = input.width;
     const int H = input.height + titleAndMenu - growth;
     const int status = std::max(statusHeight, input.statusHeight);
