@@ -1,5 +1,6 @@
 #include "frame/status_band.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <algorithm>
@@ -27,9 +28,15 @@ constexpr int kindMargin = 8;  // pixels
 constexpr qint64 millisecondsBetweenPaints = 50;
 constexpr int visibleSteps = 500;  // of the bar
 
+constexpr core::Bilingual statusName{"Estado", "Status"};
+constexpr core::Bilingual sizeName{"Tamaño", "Size"};
+constexpr core::Bilingual progressName{"Progreso", "Progress"};
+constexpr core::Bilingual unitName{"Unidad", "Unit"};
+constexpr core::Bilingual kindName{"Tipo de unidad", "Unit kind"};
+
 // Its text is its accessible name, so that a screen reader tells what it says.
 QLabel* makeLabel(QWidget* parent, const QString& name, const QString& purpose) {
-    auto* label = new ElidedLabel(parent);
+    auto* label = new ElidedLabel(parent, Qt::ElideMiddle);
     label->setObjectName(name);
     label->setAccessibleDescription(purpose);
     label->setAlignment(Qt::AlignVCenter | Qt::AlignLeft);
@@ -38,21 +45,22 @@ QLabel* makeLabel(QWidget* parent, const QString& name, const QString& purpose) 
 
 }  // namespace
 
-StatusBand::StatusBand(QWidget* parent) : QWidget(parent) {
+StatusBand::StatusBand(core::Language idioma, QWidget* parent) : QWidget(parent) {
+    const auto in = [idioma](core::Bilingual words) { return controls::qtext(words.in(idioma)); };
     setObjectName(QStringLiteral("Picture4"));
-    setAccessibleName(QStringLiteral("Status"));
-    m_text = makeLabel(this, QStringLiteral("Text9"), QStringLiteral("Status line"));
-    m_size = makeLabel(this, QStringLiteral("Label3"), QStringLiteral("Size"));
+    setAccessibleName(in(statusName));
+    m_text = makeLabel(this, QStringLiteral("Text9"), in(statusName));
+    m_size = makeLabel(this, QStringLiteral("Label3"), in(sizeName));
     m_progress = new QProgressBar(this);
     m_progress->setObjectName(QStringLiteral("ProgressBar1"));
-    m_progress->setAccessibleName(QStringLiteral("Progress"));
+    m_progress->setAccessibleName(in(progressName));
     m_progress->setTextVisible(false);
     m_progress->hide();
     m_icon = new QLabel(this);
     m_icon->setObjectName(QStringLiteral("Picture16"));
-    m_icon->setAccessibleName(QStringLiteral("Unit"));
+    m_icon->setAccessibleName(in(unitName));
     m_icon->setAlignment(Qt::AlignCenter);
-    m_kind = makeLabel(this, QStringLiteral("Label2"), QStringLiteral("Unit kind"));
+    m_kind = makeLabel(this, QStringLiteral("Label2"), in(kindName));
     applyFontSize(m_points);
 }
 
@@ -61,12 +69,14 @@ StatusBand::StatusBand(QWidget* parent) : QWidget(parent) {
 void StatusBand::setText(std::string_view text) {
     m_text->setText(controls::qtext(text));
     if (m_lastPaint.isValid() && m_lastPaint.elapsed() < millisecondsBetweenPaints) return;
+    arrange();
     m_text->repaint();
     m_lastPaint.start();
 }
 
 void StatusBand::setSize(std::string_view text) {
     m_size->setText(controls::qtext(text));
+    arrange();
 }
 
 void StatusBand::setKind(std::string_view text) {
@@ -144,20 +154,30 @@ void StatusBand::resizeEvent(QResizeEvent*) {
     arrange();
 }
 
+// A label whose text has changed asks for this, once for as many changes as came together.
+bool StatusBand::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) arrange();
+    return QWidget::event(event);
+}
+
 void StatusBand::arrange() {
     const double wanted = std::max(1.0, m_points / 8.0);
-    const double allowed = double(width() - m_kind->sizeHint().width() - kindMargin) / pixels(kindLeft);
-    const double stretch = std::clamp(allowed, 1.0, wanted);
+    const int kind = m_kind->sizeHint().width() + kindMargin;
+    const double stretch = std::clamp(double(width() - kind) / pixels(kindLeft), 1.0, wanted);
+    const int spare = std::max(0, width() - kind - int(pixels(kindLeft) * stretch));
+    const int missing = m_text->sizeHint().width() - int(pixels(textWidth) * stretch);
+    const int shift = std::clamp(missing, 0, spare);
     const auto place = [&](QWidget* control, int leftTwips, int widthTwips) {
-        control->setGeometry(int(pixels(leftTwips) * stretch), pixels(lineTop),
-                             int(pixels(widthTwips) * stretch), lineHeight());
+        const bool isText = control == m_text;
+        control->setGeometry(int(pixels(leftTwips) * stretch) + (isText ? 0 : shift), pixels(lineTop),
+                             int(pixels(widthTwips) * stretch) + (isText ? shift : 0), lineHeight());
     };
     place(m_text, textLeft, textWidth);
     place(m_size, sizeLeft, sizeWidth);
     place(m_progress, sizeLeft, sizeWidth);
     place(m_icon, iconLeft, iconWidth);
     // A band too narrow for the kind leaves it as it was.
-    const int left = int(pixels(kindLeft) * stretch);
+    const int left = int(pixels(kindLeft) * stretch) + shift;
     if (width() > left) m_kind->setGeometry(left, pixels(lineTop), width() - left, lineHeight());
 }
 

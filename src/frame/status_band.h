@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <string_view>
 
+#include "core/language.h"
+
 class QLabel;
 class QProgressBar;
 
@@ -12,12 +14,13 @@ namespace frame {
 // Picture4, the band at the window's foot: the status line Text9, the size Label3 with ProgressBar1 over it,
 // the unit's icon Picture16 and its kind Label2.
 //
-// At 8 points the controls stand at fixed places; at a bigger font they widen as far as the kind leaves them
-// room. What does not fit ends in an ellipsis and is told whole by its tool tip.
+// At 8 points the controls stand at fixed places; a bigger font widens them, and a long status line moves the
+// others aside, as far as the kind leaves them room. What still does not fit is cut in its middle and told
+// whole by its tool tip.
 class StatusBand : public QWidget {
     Q_OBJECT
   public:
-    explicit StatusBand(QWidget* parent = nullptr);
+    explicit StatusBand(core::Language idioma, QWidget* parent = nullptr);
 
     void setText(std::string_view text);  // Text9; painted also during long work, some twenty times a second
     void setSize(std::string_view text);  // Label3
@@ -39,6 +42,7 @@ class StatusBand : public QWidget {
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:

@@ -29,7 +29,7 @@ WindowControls::WindowControls(Form1& window, core::Language idioma)
       listView1(named(new lists::ItemList(client), "ListView1")),
       listView2(named(new lists::ItemList(client), "ListView2")),
       imgSplitter(nullptr),
-      picture4(new frame::StatusBand(client)) {
+      picture4(new frame::StatusBand(idioma, client)) {
     window.setCentralWidget(client);
     window.setMenuBar(menus);
     imgSplitter = new controls::Divider(client, [this] {

@@ -35,7 +35,7 @@ TEST(Toolbar, ShowsItsCaptionsWhereThereIsRoom) {
 }
 
 TEST(StatusBand, BoundsItsProgressAndFitsItsTextAtEveryFontSize) {
-    frame::StatusBand band;
+    frame::StatusBand band(Language::Spanish);
     band.showProgress(0);
     for (int step = 0; step < 2; ++step) band.advanceProgress();
     EXPECT_EQ(band.progress().value(), 1);
