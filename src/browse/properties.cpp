@@ -10,12 +10,13 @@ namespace {
 constexpr core::Bilingual filesAnd = {" archivos y ", " files and "};
 constexpr core::Bilingual folders = {" carpetas.", " folders."};
 
-// A unit's type is only known when the list shows it; a folder is a folder.
+// A unit's kind is only known when the list shows it; what was scanned holds folders and files. A folder is
+// a folder.
 std::string typeOf(const PropertiesRequest& request, core::Language idioma) {
     if (!request.isUnit) return core::rotulos(idioma).rotulocarpeta;
     const bool namesUnit = request.firstListType.find("unit") != std::string::npos ||
                            request.firstListType.find("Unidad") != std::string::npos;
-    return namesUnit ? request.firstListType : std::string();
+    return namesUnit ? request.firstListType : core::rotulos(idioma).rotulounidadcarpetas;
 }
 
 }  // namespace

@@ -24,8 +24,9 @@ struct PropertiesOf : testing::Test {
 TEST_F(PropertiesOf, AUnitCountsItsOwnRows) {
     PropertiesRequest request{
         .node = "Cds :", .isUnit = true, .picture = 16, .firstListType = "Carpeta de archivos"};
-    EXPECT_EQ(propertiesOf(request, database, Language::Spanish),
-              (Properties{"", "Cds :", "1000 KB", "2 archivos y 2 carpetas.", 16}));
+    EXPECT_EQ(
+        propertiesOf(request, database, Language::Spanish),
+        (Properties{"Unidad de carpetas y archivos", "Cds :", "1000 KB", "2 archivos y 2 carpetas.", 16}));
     request.firstListType = "Audio unit";
     EXPECT_EQ(propertiesOf(request, database, Language::English),
               (Properties{"Audio unit", "Cds :", "1000 KB", "2 files and 2 folders.", 16}));
