@@ -2,6 +2,7 @@
 
 #include "browse/tail.h"
 #include "controls/qtext.h"
+#include "core/serial_date.h"
 #include "core/unit_kinds.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"
@@ -25,6 +26,7 @@ constexpr ColumnSpec visibleColumns[] = {
     {{"Tipo", "Type"}, 1.0 / 5},           {{"Tamaño", "Size"}, 1.0 / 5, Qt::AlignRight},
     {{"Modificado", "Modified"}, 1.0 / 5},
 };
+constexpr double decemberEvening = 38338.999;  // as long as dates are
 constexpr ColumnSpec hiddenColumn{{"", ""}, 0};
 constexpr ColumnSpec diskColumn{{"Disco", "Disk"}, 1.0 / 5};
 constexpr ColumnSpec pathColumn{{"Ruta", "Path"}, 1.0 / 2};
@@ -46,6 +48,8 @@ std::vector<lists::ItemList::Column> columns(core::Language language, Whereabout
         result.push_back({qtext(spec.caption.in(language)), spec.width, spec.alignment});
     };
     for (const ColumnSpec& spec : visibleColumns) add(spec);
+    result[3].longest = QStringLiteral("88888888 KB");
+    result[4].longest = qtext(core::dateText(decemberEvening));
     for (int column = 6; column <= 8; ++column) add(hiddenColumn);
     add(whereabouts == Whereabouts::Shown ? diskColumn : hiddenColumn);
     add(whereabouts == Whereabouts::Shown ? pathColumn : hiddenColumn);

@@ -4,7 +4,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QStackedLayout>
-#include <algorithm>
+#include <QStyle>
 
 #include "controls/list_panes.h"
 
@@ -21,13 +21,8 @@ ListView::ListView(QWidget* parent)
     QHeaderView* header = m_report->header();
     connect(header, &QHeaderView::sectionClicked, this,
             [this](int section) { emit columnClicked(section + 1); });
-    connect(header, &QHeaderView::sectionResized, this, [this](int section, int, int width) {
-        const auto& hidden = m_hiddenColumns;
-        if (width > 0 && std::find(hidden.begin(), hidden.end(), section + 1) != hidden.end())
-            m_report->setColumnHidden(section, true);
-        else
-            emit columnResized(section + 1);
-    });
+    connect(header, &QHeaderView::sectionResized, this,
+            [this](int section) { emit columnResized(section + 1); });
 }
 
 void ListView::setModel(QAbstractItemModel* model) {
@@ -73,11 +68,13 @@ void ListView::setColumnWidth(int column, int pixels) {
     m_report->setColumnWidth(column - 1, pixels);
 }
 
-void ListView::setHiddenColumns(const std::vector<int>& columns) {
-    m_hiddenColumns = columns;
-    for (int section = 0; section < m_report->header()->count(); ++section)
-        m_report->setColumnHidden(section,
-                                  std::find(columns.begin(), columns.end(), section + 1) != columns.end());
+// The style makes room for the arrow only while it shows.
+int ListView::captionWidth(int column) const {
+    const QHeaderView& header = *m_report->header();
+    const QString caption = header.model()->headerData(column - 1, Qt::Horizontal).toString();
+    const int arrow = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, &header);
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &header);
+    return header.fontMetrics().horizontalAdvance(caption) + arrow + 4 * margin;
 }
 
 void ListView::setSortIndicator(int column, Qt::SortOrder order) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <vector>
 
 class QAbstractItemModel;
 class QAbstractItemView;
@@ -34,8 +33,7 @@ class ListView : public QWidget {
     [[nodiscard]] bool fullRowSelect() const;
 
     void setColumnWidth(int column, int pixels);
-    // These columns have no width, and go back to none whatever opens them.
-    void setHiddenColumns(const std::vector<int>& columns);
+    [[nodiscard]] int captionWidth(int column) const;        // that the caption and a sort arrow need
     void setSortIndicator(int column, Qt::SortOrder order);  // column 0: no indicator
 
     [[nodiscard]] QItemSelectionModel* selectionModel() const;
@@ -65,7 +63,6 @@ class ListView : public QWidget {
     QStackedLayout* m_stack;
     ReportView* m_report;
     IconsView* m_icons;
-    std::vector<int> m_hiddenColumns;
     View m_view = View::Report;
 };
 

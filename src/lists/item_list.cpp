@@ -8,7 +8,6 @@
 #include <numeric>
 
 #include "controls/qtext.h"
-#include "core/serial_date.h"
 #include "lists/column_sort.h"
 #include "lists/item_model.h"
 
@@ -50,7 +49,7 @@ void restore(QItemSelectionModel& selection, const ItemModel& model, const Selec
         if (selected && begin < 0) begin = row;
         if (!selected && begin >= 0) {
             ranges.append(
-                QItemSelectionRange(model.index(begin, 0), model.index(row - 1, ItemModel::columns - 1)));
+                QItemSelectionRange(model.index(begin, 0), model.index(row - 1, model.columnCount() - 1)));
             begin = -1;
         }
         if (row < rows && kept.hasCurrent && number == kept.current)
@@ -59,18 +58,30 @@ void restore(QItemSelectionModel& selection, const ItemModel& model, const Selec
     selection.select(ranges, QItemSelectionModel::Select);
 }
 
-// A cut date says little and a cut name much, so with a large font the names make room for whole dates.
-void giveDatesRoom(std::vector<int>& widths, const QFontMetrics& metrics) {
-    constexpr std::size_t nameColumn = 0;
-    constexpr std::size_t dateColumn = 4;
-    constexpr double longDate = 38338.999;  // a December evening
-    if (widths.size() <= dateColumn || widths[dateColumn] == 0) return;
-    const int needed =
-        metrics.horizontalAdvance(controls::qtext(core::dateText(longDate))) + 2 * metrics.averageCharWidth();
-    const int spare = widths[nameColumn] - 16 * metrics.averageCharWidth();
-    const int taken = std::clamp(needed - widths[dateColumn], 0, std::max(0, spare));
-    widths[nameColumn] -= taken;
-    widths[dateColumn] += taken;
+// What a column gives away first, names being cut with the least harm, and how many letters it keeps.
+struct Giver {
+    int number;
+    int letters;
+};
+constexpr Giver givers[] = {{1, 16}, {3, 14}, {1, 10}, {3, 8}};
+
+// Widens the columns that are too narrow and takes as much as there is from those that may be cut.
+void makeRoom(std::vector<int>& widths, const std::vector<int>& needed,
+              const std::vector<ItemModel::Column>& columns, int letter) {
+    int missing = 0;
+    for (std::size_t at = 0; at < widths.size(); ++at) {
+        missing += std::max(0, needed[at] - widths[at]);
+        widths[at] = std::max(widths[at], needed[at]);
+    }
+    for (const Giver& giver : givers) {
+        for (std::size_t at = 0; at < widths.size(); ++at) {
+            if (columns[at].number != giver.number) continue;
+            const int kept = std::max(needed[at], giver.letters * letter);
+            const int taken = std::clamp(widths[at] - kept, 0, missing);
+            widths[at] -= taken;
+            missing -= taken;
+        }
+    }
 }
 
 }  // namespace
@@ -87,40 +98,49 @@ ItemList::ItemList(QWidget* parent)
     connect(m_view, &ListView::rowActivated, this, &ItemList::itemActivated);
     connect(m_view, &ListView::mousePressed, this, &ItemList::mousePressed);
     connect(m_view, &ListView::mouseReleased, this, &ItemList::mouseReleased);
-    connect(m_view, &ListView::columnClicked, this, &ItemList::columnClicked);
+    connect(m_view, &ListView::columnClicked, this, [this](int shown) {
+        emit columnClicked(m_model->shownColumns()[static_cast<std::size_t>(shown - 1)].number);
+    });
     connect(m_view, &ListView::columnResized, this, [this] { m_widthsAreTheUsers |= !m_applyingWidths; });
 }
 
 void ItemList::setColumns(const std::vector<Column>& columns) {
     m_columns = columns;
     m_columns.resize(ItemModel::columns);
-    QStringList captions;
-    std::vector<Qt::Alignment> alignments;
-    std::vector<int> hidden;
-    for (std::size_t at = 0; at < m_columns.size(); ++at) {
-        captions.append(m_columns[at].caption);
-        alignments.push_back(m_columns[at].alignment);
-        if (m_columns[at].width <= 0) hidden.push_back(static_cast<int>(at) + 1);
+    std::vector<ItemModel::Column> shown;
+    for (int number = 1; const Column& column : m_columns) {
+        if (column.width > 0) shown.push_back({number, column.caption, column.alignment});
+        ++number;
     }
-    m_model->setCaptions(captions, alignments);
-    m_view->setHiddenColumns(hidden);
+    m_model->setColumns(std::move(shown));
     m_widthsAreTheUsers = false;
     applyWidths();
 }
 
-void ItemList::applyWidths() {
+std::vector<int> ItemList::fittingWidths() const {
     const double sum =
         std::accumulate(m_columns.begin(), m_columns.end(), 0.0,
                         [](double total, const Column& column) { return total + column.width; });
     const int frame = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
     const double inner = width() - frame - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const double whole = sum > 1 && sum <= nearlyFits ? inner / sum : inner;
-    std::vector<int> widths;
-    for (const Column& column : m_columns) widths.push_back(static_cast<int>(whole * column.width));
-    giveDatesRoom(widths, m_view->fontMetrics());
+    const QFontMetrics metrics = m_view->fontMetrics();
+    const int letter = metrics.averageCharWidth();
+    std::vector<int> widths, needed;
+    for (int place = 1; const ItemModel::Column& shown : m_model->shownColumns()) {
+        const Column& column = m_columns[static_cast<std::size_t>(shown.number - 1)];
+        widths.push_back(static_cast<int>(whole * column.width));
+        const int content =
+            column.longest.isEmpty() ? 0 : metrics.horizontalAdvance(column.longest) + 2 * letter;
+        needed.push_back(std::max(content, m_view->captionWidth(place++)));
+    }
+    makeRoom(widths, needed, m_model->shownColumns(), letter);
+    return widths;
+}
+
+void ItemList::applyWidths() {
     m_applyingWidths = true;
-    for (std::size_t at = 0; at < widths.size(); ++at)
-        if (widths[at] > 0) m_view->setColumnWidth(static_cast<int>(at) + 1, widths[at]);
+    for (int place = 1; const int width : fittingWidths()) m_view->setColumnWidth(place++, width);
     m_applyingWidths = false;
 }
 
@@ -221,7 +241,10 @@ void ItemList::sort(ItemStore::Sorting sorting) {
     selection.reset();  // in silence: to the outside the selection does not change
     m_model->sort(sorting);
     if (kept.any || kept.hasCurrent) restore(selection, *m_model, kept);
-    m_view->setSortIndicator(sorting.on ? columnOfSortKey(sorting.key) : 0,
+    const auto& shown = m_model->shownColumns();
+    const auto sorted = std::ranges::find(shown, columnOfSortKey(sorting.key), &ItemModel::Column::number);
+    const bool marked = sorting.on && sorted != shown.end();
+    m_view->setSortIndicator(marked ? static_cast<int>(sorted - shown.begin()) + 1 : 0,
                              sorting.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 

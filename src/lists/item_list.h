@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QStringList>
 #include <QWidget>
 #include <vector>
 
@@ -20,6 +19,7 @@ class ItemList : public QWidget {
         QString caption;
         double width = 0;  // of the list's width; 0 for the columns that are never shown
         Qt::Alignment alignment = Qt::AlignLeft;
+        QString longest = {};  // a text that is to be read whole; the columns without one make room for it
     };
 
     explicit ItemList(QWidget* parent = nullptr);
@@ -66,6 +66,7 @@ class ItemList : public QWidget {
   private:
     [[nodiscard]] bool holds(int position) const;
     void applyWidths();
+    [[nodiscard]] std::vector<int> fittingWidths() const;  // of the shown columns
 
     ItemModel* m_model;
     controls::ListView* m_view;

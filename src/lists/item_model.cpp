@@ -1,5 +1,7 @@
 #include "lists/item_model.h"
 
+#include <utility>
+
 #include "controls/list_view.h"
 #include "controls/pictures.h"
 #include "controls/qtext.h"
@@ -8,13 +10,14 @@ namespace lists {
 
 using controls::qtext;
 
-ItemModel::ItemModel(QObject* parent) : QAbstractTableModel(parent), m_alignments(columns, Qt::AlignLeft) {}
+ItemModel::ItemModel(QObject* parent) : QAbstractTableModel(parent) {
+    for (int number = 1; number <= columns; ++number) m_columns.push_back({number, {}, Qt::AlignLeft});
+}
 
-void ItemModel::setCaptions(const QStringList& captions, const std::vector<Qt::Alignment>& alignments) {
-    m_captions = captions;
-    m_alignments = alignments;
-    m_alignments.resize(columns, Qt::AlignLeft);
-    emit headerDataChanged(Qt::Horizontal, 0, columns - 1);
+void ItemModel::setColumns(std::vector<Column> columns) {
+    beginResetModel();
+    m_columns = std::move(columns);
+    endResetModel();
 }
 
 void ItemModel::clear() {
@@ -66,13 +69,14 @@ int ItemModel::rowCount(const QModelIndex& parent) const {
 }
 
 int ItemModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : columns;
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
 }
 
 QVariant ItemModel::data(const QModelIndex& place, int role) const {
     if (!place.isValid() || place.row() >= m_shown) return {};
     const auto position = static_cast<std::size_t>(place.row());
-    const int column = place.column();
+    const Column& shown = m_columns[static_cast<std::size_t>(place.column())];
+    const int column = shown.number - 1;
     switch (role) {
         case Qt::DisplayRole:
             return column == 0 ? qtext(m_store.text(position)) : qtext(m_store.subItem(position, column));
@@ -80,20 +84,18 @@ QVariant ItemModel::data(const QModelIndex& place, int role) const {
             return column == 0 ? QVariant(controls::picture(m_store.smallPicture(position))) : QVariant();
         case controls::ListView::LargeIconRole:
             return controls::picture(m_store.picture(position));
-        case Qt::TextAlignmentRole: {
-            const Qt::Alignment across = m_alignments[static_cast<std::size_t>(column)];
-            return QVariant::fromValue(across | Qt::AlignVCenter);
-        }
+        case Qt::TextAlignmentRole:
+            return QVariant::fromValue(shown.alignment | Qt::AlignVCenter);
         default:
             return {};
     }
 }
 
 QVariant ItemModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= columns) return {};
-    if (role == Qt::DisplayRole) return m_captions.value(section);
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(m_alignments[static_cast<std::size_t>(section)] | Qt::AlignVCenter);
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    const Column& column = m_columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return column.caption;
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(column.alignment | Qt::AlignVCenter);
     return {};
 }
 

@@ -1,14 +1,14 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QStringList>
 #include <vector>
 
 #include "lists/item_store.h"
 
 namespace lists {
 
-// The items of a store as rows of ten columns, the text and its sub-items. What was added since the last
+// The items of a store as rows. An item has ten columns, the text and its sub-items; the model has those that
+// are shown, so that neither an eye nor a screen reader meets the others. What was added since the last
 // show() is in the store and not yet among the rows.
 class ItemModel : public QAbstractTableModel {
     Q_OBJECT
@@ -18,7 +18,13 @@ class ItemModel : public QAbstractTableModel {
     explicit ItemModel(QObject* parent = nullptr);
 
     [[nodiscard]] const ItemStore& store() const { return m_store; }
-    void setCaptions(const QStringList& captions, const std::vector<Qt::Alignment>& alignments);
+    struct Column {
+        int number = 1;  // of the item's column, from 1
+        QString caption;
+        Qt::Alignment alignment = Qt::AlignLeft;
+    };
+    void setColumns(std::vector<Column> columns);  // those that are shown; all ten until then
+    [[nodiscard]] const std::vector<Column>& shownColumns() const { return m_columns; }
 
     void clear();
     void add(const ListItem& item) { m_store.add(item); }
@@ -43,8 +49,7 @@ class ItemModel : public QAbstractTableModel {
   private:
     ItemStore m_store;
     int m_shown = 0;
-    QStringList m_captions;
-    std::vector<Qt::Alignment> m_alignments;
+    std::vector<Column> m_columns;
 };
 
 }  // namespace lists

@@ -14,13 +14,12 @@ class ListTest : public testing::Test {
   protected:
     ListTest() {
         for (int row = 0; row < 6; ++row)
-            model.appendRow({new QStandardItem(QString(QChar('a' + row)) + "-name"),
-                             new QStandardItem("type"), new QStandardItem("hidden")});
+            model.appendRow(
+                {new QStandardItem(QString(QChar('a' + row)) + "-name"), new QStandardItem("type")});
         list.setModel(&model);
         list.resize(500, 300);
         list.setColumnWidth(1, 150);
         list.setColumnWidth(2, 150);
-        list.setHiddenColumns({3});
         list.show();
     }
 

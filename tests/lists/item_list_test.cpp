@@ -103,7 +103,7 @@ TEST_F(ItemListTest, AHeaderClickAsksForASort) {
                      [&](int column) { list.sort(sortingAfterClick(list.store().sorting(), column)); });
     QHeaderView& header = *report().header();
     for (const auto& [section, order] :
-         {std::pair(3, Qt::DescendingOrder), std::pair(0, Qt::AscendingOrder)}) {
+         {std::pair(1, Qt::DescendingOrder), std::pair(0, Qt::AscendingOrder)}) {
         QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionPosition(section) + 20, 8});
         EXPECT_EQ(shown(), "aaa bb");
         EXPECT_EQ(header.sortIndicatorSection(), section);
@@ -114,15 +114,12 @@ TEST_F(ItemListTest, AHeaderClickAsksForASort) {
 TEST_F(ItemListTest, ColumnsFollowTheListUntilTheUserDragsOne) {
     const int before = report().columnWidth(0);
     EXPECT_NEAR(before, 700 / 3, 12);
-    EXPECT_EQ(report().columnWidth(5), 0);
+    EXPECT_EQ(report().model()->columnCount(), 3);
     list.resize(1000, 400);
     EXPECT_GT(report().columnWidth(0), before + 80);
     report().header()->resizeSection(0, 77);
     list.resize(700, 400);
     EXPECT_EQ(report().columnWidth(0), 77);
-    report().header()->showSection(6);
-    report().header()->resizeSection(6, 50);
-    EXPECT_EQ(report().columnWidth(6), 0);
 }
 
 TEST_F(ItemListTest, TypingFindsAName) {
