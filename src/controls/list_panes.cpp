@@ -177,6 +177,7 @@ ReportView::ReportView(ListView* owner) : ListPane(owner) {
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
+    setTextElideMode(Qt::ElideMiddle);  // the ending of a name stays
     setIconSize({smallIcon, smallIcon});
     header()->setSectionsClickable(true);
     header()->setSectionsMovable(false);

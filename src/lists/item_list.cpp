@@ -58,21 +58,27 @@ void restore(QItemSelectionModel& selection, const ItemModel& model, const Selec
     selection.select(ranges, QItemSelectionModel::Select);
 }
 
-// What a column gives away first, names being cut with the least harm, and how many letters it keeps.
+// What a column gives away first, and how many letters it keeps: sizes what they do not need, then kinds,
+// which are few and known, then names.
 struct Giver {
     int number;
     int letters;
 };
-constexpr Giver givers[] = {{1, 16}, {3, 14}, {1, 10}, {3, 8}};
+constexpr Giver givers[] = {{4, 0}, {3, 16}, {1, 20}, {3, 8}, {1, 12}};
 
-// Widens the columns that are too narrow and takes as much as there is from those that may be cut.
-void makeRoom(std::vector<int>& widths, const std::vector<int>& needed,
-              const std::vector<ItemModel::Column>& columns, int letter) {
-    int missing = 0;
+// Widens the columns that are too narrow; the result is by how much in all.
+int widen(std::vector<int>& widths, const std::vector<int>& needed) {
+    int widened = 0;
     for (std::size_t at = 0; at < widths.size(); ++at) {
-        missing += std::max(0, needed[at] - widths[at]);
+        widened += std::max(0, needed[at] - widths[at]);
         widths[at] = std::max(widths[at], needed[at]);
     }
+    return widened;
+}
+
+// Takes that much, or as much as there is, from the columns that may be cut.
+void takeBack(int missing, std::vector<int>& widths, const std::vector<int>& needed,
+              const std::vector<ItemModel::Column>& columns, int letter) {
     for (const Giver& giver : givers) {
         for (std::size_t at = 0; at < widths.size(); ++at) {
             if (columns[at].number != giver.number) continue;
@@ -87,7 +93,10 @@ void makeRoom(std::vector<int>& widths, const std::vector<int>& needed,
 }  // namespace
 
 ItemList::ItemList(QWidget* parent)
-    : QWidget(parent), m_model(new ItemModel(this)), m_view(new controls::ListView(this)) {
+    : QWidget(parent),
+      m_model(new ItemModel(this)),
+      m_view(new controls::ListView(this)),
+      m_columns(ItemModel::columns) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
@@ -134,7 +143,9 @@ std::vector<int> ItemList::fittingWidths() const {
             column.longest.isEmpty() ? 0 : metrics.horizontalAdvance(column.longest) + 2 * letter;
         needed.push_back(std::max(content, m_view->captionWidth(place++)));
     }
-    makeRoom(widths, needed, m_model->shownColumns(), letter);
+    const int missing = widen(widths, needed);
+    // A list that scrolls sideways has room for all.
+    if (sum <= nearlyFits) takeBack(missing, widths, needed, m_model->shownColumns(), letter);
     return widths;
 }
 
