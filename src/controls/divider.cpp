@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "controls/accessible.h"
+
 namespace controls {
 namespace {
 constexpr int keyStep = 10;
@@ -12,6 +14,7 @@ constexpr int keyStep = 10;
 
 Divider::Divider(QWidget* parent, BoundsNow bounds)
     : QWidget(parent), m_bar(new QWidget(parent)), m_bounds(std::move(bounds)) {
+    installAccessibility();
     setObjectName(QStringLiteral("imgSplitter"));
     setCursor(Qt::SplitHCursor);
     setFocusPolicy(Qt::TabFocus);

@@ -5,6 +5,7 @@
 #include <QListView>
 #include <QSignalBlocker>
 
+#include "controls/accessible.h"
 #include "controls/pictures.h"
 
 namespace controls {
@@ -15,6 +16,7 @@ constexpr int visibleItems = 20;
 }  // namespace
 
 ImageCombo::ImageCombo(Typing typing, QWidget* parent) : QComboBox(parent) {
+    installAccessibility();
     setEditable(typing == Typing::Yes);
     setInsertPolicy(QComboBox::NoInsert);
     setMaxVisibleItems(visibleItems);

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "controls/accessible.h"
+
 namespace controls {
 namespace {
 
@@ -19,6 +21,7 @@ QColor mixed(const QColor& front, const QColor& back, qreal share) {
 }  // namespace
 
 ClickableLabel::ClickableLabel(QWidget* parent) : QAbstractButton(parent) {
+    installAccessibility();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);

@@ -6,6 +6,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "controls/accessible.h"
+
 namespace controls {
 namespace {
 
@@ -26,6 +28,7 @@ UpDown::UpDown(QWidget* parent)
     : QWidget(parent),
       m_up(makeButton(this, Qt::UpArrow, QStringLiteral("stepUp"))),
       m_down(makeButton(this, Qt::DownArrow, QStringLiteral("stepDown"))) {
+    installAccessibility();
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* column = new QVBoxLayout(this);

@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QLabel>
 #include <QTabBar>
-#include <QTabWidget>
 
 #include "controls/qtext.h"
 
@@ -135,11 +134,13 @@ const QHash<QString, core::Bilingual>& textsByName() {
 // The tool tip in Spanish is the whole word where the button has only room for a short one.
 constexpr Caption statisticsToolTip = {"Toolbar1(9)", {"Estadísticas", "Statistics"}};
 
-template <class TabStrip>
-void applyTabs(TabStrip& strip, core::Language language) {
+// A screen reader has no use for the blanks that make room for the eye.
+void applyTabs(QTabBar& strip, core::Language language) {
     for (int tab = 0; tab < strip.count(); ++tab) {
         const QString text = caption(QStringLiteral("%1(%2)").arg(strip.objectName()).arg(tab + 1), language);
-        if (!text.isNull()) strip.setTabText(tab, text);
+        if (text.isNull()) continue;
+        strip.setTabText(tab, text);
+        strip.setAccessibleTabName(tab, text.trimmed());
     }
 }
 
@@ -173,7 +174,6 @@ void applyCaptions(QWidget& root, core::Language language) {
     applyText<QLabel>(root, language);
     applyText<QAbstractButton>(root, language);
     for (auto* strip : root.findChildren<QTabBar*>()) applyTabs(*strip, language);
-    for (auto* strip : root.findChildren<QTabWidget*>()) applyTabs(*strip, language);
 }
 
 }  // namespace frame

@@ -147,7 +147,7 @@ int StatusBand::lineHeight() const {
 }
 
 QSize StatusBand::sizeHint() const {
-    return {pixels(kindLeft + sizeWidth), pixels(bandHeight - lineHeightTwips) + lineHeight()};
+    return {pixels(kindLeft + sizeWidth), std::max(pixels(bandHeight), pixels(lineTop) + lineHeight() + 1)};
 }
 
 void StatusBand::resizeEvent(QResizeEvent*) {

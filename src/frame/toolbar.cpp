@@ -4,9 +4,10 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QToolButton>
 #include <algorithm>
 
+#include "controls/accessible.h"
+#include "controls/value_button.h"
 #include "frame/captions.h"
 #include "frame/icons.h"
 
@@ -17,15 +18,6 @@ namespace {
 constexpr int iconSide = 22;
 constexpr int lastOfMousePress = 10;
 
-// A button that shows its Value and never turns it over by itself.
-class ValueButton : public QToolButton {
-  public:
-    using QToolButton::QToolButton;
-
-  protected:
-    void nextCheckState() override {}
-};
-
 QString nameOf(int number) {
     return QStringLiteral("Toolbar1(%1)").arg(number);
 }
@@ -34,7 +26,7 @@ QString nameOf(int number) {
 
 Toolbar::Toolbar(core::Language idioma, QWidget* parent) : QWidget(parent), m_idioma(idioma) {
     setObjectName(QStringLiteral("Toolbar1"));
-    setAccessibleName(QStringLiteral("Toolbar"));
+    setAccessibleName(frame::caption(u"barradetareas", idioma));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
@@ -50,14 +42,13 @@ Toolbar::Toolbar(core::Language idioma, QWidget* parent) : QWidget(parent), m_id
 }
 
 void Toolbar::addButton(int number) {
-    auto* button = new ValueButton(this);
+    auto* button = new controls::ValueButton(this);
     button->setObjectName(nameOf(number));
     button->setAccessibleName(toolbarToolTip(number, m_idioma));
     button->setToolTip(toolbarToolTip(number, m_idioma));
     button->setIcon(iconOf(button->objectName()));
     button->setIconSize({iconSide, iconSide});
     button->setAutoRaise(true);
-    button->setCheckable(true);
     button->setFocusPolicy(Qt::TabFocus);
     button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
     button->installEventFilter(this);
@@ -68,6 +59,7 @@ void Toolbar::addButton(int number) {
 void Toolbar::addSeparator(int number) {
     auto* line = new QFrame(this);
     line->setObjectName(nameOf(number));
+    controls::silence(*line);
     line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
     m_items[number].widget = line;
 }
@@ -104,7 +96,7 @@ void Toolbar::setPressed(int button, bool pressed) {
     if (pressed && button >= Import && button <= Explore)  // which of the three is in front
         releaseAll(Import, Explore);
     m_items[button].pressed = pressed;
-    if (m_items[button].button) m_items[button].button->setChecked(pressed);
+    if (m_items[button].button) m_items[button].button->setPressed(pressed);
 }
 
 bool Toolbar::isPressed(int button) const {
@@ -128,7 +120,7 @@ bool Toolbar::isEnabled(int button) const {
     return m_items[button].enabled;
 }
 
-QToolButton* Toolbar::button(int button) const {
+controls::ValueButton* Toolbar::button(int button) const {
     return m_items[button].button;
 }
 

@@ -6,7 +6,9 @@
 
 #include "core/language.h"
 
-class QToolButton;
+namespace controls {
+class ValueButton;
+}
 
 namespace frame {
 
@@ -53,7 +55,7 @@ class Toolbar : public QWidget {
     [[nodiscard]] QString caption(int button) const;
     // The only entry of the drop-down list of button 4, a catalogue's path; an empty text removes the list.
     void setRecent(const QString& path);
-    [[nodiscard]] QToolButton* button(int button) const;  // nullptr for a separator
+    [[nodiscard]] controls::ValueButton* button(int button) const;  // nullptr for a separator
 
   signals:
     void clicked(int button);
@@ -69,7 +71,7 @@ class Toolbar : public QWidget {
   private:
     struct Item {
         QWidget* widget = nullptr;
-        QToolButton* button = nullptr;  // null for a separator
+        controls::ValueButton* button = nullptr;  // null for a separator
         bool pressed = false;
         bool enabled = true;
     };

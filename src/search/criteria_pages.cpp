@@ -4,10 +4,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 
+#include "controls/accessible.h"
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
 #include "controls/qtext.h"
@@ -33,7 +35,7 @@ constexpr QColor switchedOff(0x80, 0x80, 0x80);
 void tint(QWidget& field, bool on) {
     const QColor color =
         on ? QApplication::palette().color(QPalette::Active, QPalette::ButtonText) : switchedOff;
-    QPalette palette = field.palette();
+    QPalette palette;
     for (const auto role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
         palette.setColor(role, color);
     field.setPalette(palette);
@@ -89,7 +91,7 @@ QVBoxLayout* CriteriaPages::addPage(Criterion criterion, const QString& label, c
     check->setAccessibleName(frame::caption(label, m_idioma));
     auto* page = new QWidget(this);
     page->setObjectName(numbered("Picture11", criterion));
-    page->setAccessibleName(check->accessibleName());
+    page->setAccessibleName(frame::caption(numbered("TabStrip1", criterion + 1), m_idioma).trimmed());
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     column->addWidget(new CriterionHeading(check, label, shadow));
@@ -101,7 +103,7 @@ QVBoxLayout* CriteriaPages::addPage(Criterion criterion, const QString& label, c
 ImageCombo* CriteriaPages::makeImageCombo(const QString& name, const QString& heading) {
     auto* combo = new ImageCombo;
     combo->setObjectName(name);
-    combo->setAccessibleName(frame::caption(heading, m_idioma));
+    controls::nameField(*combo, frame::caption(heading, m_idioma));
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     KeyFilter::install(
         combo, [](char32_t) { return false; }, [this] { emit enterPressed(); });
@@ -141,7 +143,7 @@ void CriteriaPages::makeUnitPage() {
 QDateEdit* CriteriaPages::makePicker(const QString& name, const QString& label) {
     auto* picker = new QDateEdit(QDate::currentDate());
     picker->setObjectName(name);
-    picker->setAccessibleName(frame::caption(label, m_idioma));
+    controls::nameField(*picker, frame::caption(label, m_idioma));
     picker->setDisplayFormat(shortDateWithCentury());
     picker->setCalendarPopup(true);
     return picker;
@@ -247,6 +249,15 @@ void CriteriaPages::switchCriterion(Criterion criterion, bool on) {
             m_combo1->setEnabled(on);
             break;
     }
+}
+
+void CriteriaPages::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    const bool whole = m_pages[Note] != nullptr;
+    if (event->type() != QEvent::PaletteChange || !whole) return;
+    tint(*m_imageCombo2, isOn(Type));
+    tint(*m_imageCombo3, isOn(Unit));
+    for (QLineEdit* field : {m_text6, m_text7}) tint(*field, isOn(Size));
 }
 
 bool CriteriaPages::isOn(Criterion criterion) const {

@@ -42,6 +42,9 @@ class CriteriaPages : public QFrame {
     void enterPressed();      // in a size field, the type or the unit
     void noteEnterPressed();  // in the note field
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     QVBoxLayout* addPage(Criterion criterion, const QString& label, const QString& shadow);
     void makeTypePage();

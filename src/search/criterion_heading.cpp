@@ -8,18 +8,12 @@
 namespace search {
 namespace {
 
-QLabel* makeCaption(const QString& name, QMargins margins) {
-    auto* label = new QLabel;
+QLabel* makeCaption(const QString& name, QWidget* parent) {
+    auto* label = new QLabel(parent);
     label->setObjectName(name);
     label->setWordWrap(true);
-    label->setContentsMargins(margins);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
     return label;
-}
-
-QColor shadowColor(const QPalette& palette) {
-    const bool darkLetters = palette.color(QPalette::WindowText).lightness() < 128;
-    return darkLetters ? palette.color(QPalette::Light) : palette.color(QPalette::Shadow);
 }
 
 }  // namespace
@@ -27,16 +21,12 @@ QColor shadowColor(const QPalette& palette) {
 CriterionHeading::CriterionHeading(QCheckBox* check, const QString& label, const QString& shadow,
                                    QWidget* parent)
     : QWidget(parent), m_check(check) {
-    QLabel* below = makeCaption(shadow, {1, 1, 0, 0});
-    QPalette palette = below->palette();
-    palette.setColor(QPalette::WindowText, shadowColor(palette));
-    below->setPalette(palette);
-
+    // A shadow makes letters harder to read on a dark ground, and a screen reader tells them twice.
+    makeCaption(shadow, this)->hide();
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins({});
     grid->addWidget(check, 0, 0);
-    grid->addWidget(below, 0, 1);
-    grid->addWidget(makeCaption(label, {0, 0, 1, 1}), 0, 1);
+    grid->addWidget(makeCaption(label, this), 0, 1);
     grid->setColumnStretch(1, 1);
 }
 

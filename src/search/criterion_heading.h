@@ -6,8 +6,8 @@ class QCheckBox;
 
 namespace search {
 
-// A check box and its caption, embossed: one label over another that is its shadow. A click on the caption is
-// a click on the box.
+// A check box and its caption, which wraps where a box's own would be cut. A click on the caption is a click
+// on the box. The second label has the caption too and is never shown.
 class CriterionHeading : public QWidget {
     Q_OBJECT
   public:

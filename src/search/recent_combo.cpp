@@ -12,8 +12,8 @@ QComboBox* makeRecentCombo(const QString& name, const QString& accessibleName,
                            std::function<void()> onEnter) {
     auto* combo = new QComboBox;
     combo->setObjectName(name);
-    combo->setAccessibleName(accessibleName);
     combo->setEditable(true);
+    controls::nameField(*combo, accessibleName);
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setCompleter(nullptr);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include "controls/accessible.h"
 #include "controls/named.h"
 #include "controls/qtext.h"
 #include "controls/twips.h"
@@ -39,7 +40,7 @@ WindowControls::WindowControls(Form1& window, core::Language idioma)
     imgSplitter->setAccessibleName(controls::qtext(dividerName.in(idioma)));
     label4->setText(frame::caption(u"Label4", idioma));
     label4->setBuddy(imageCombo1);
-    imageCombo1->setAccessibleName(label4->text());
+    controls::nameField(*imageCombo1, label4->text());
     treeView1->setAccessibleName(QString::fromStdString(core::rotulos(idioma).rotulounidad));
     listView1->setAccessibleName(frame::caption(u"explorar", idioma));
     listView2->setAccessibleName(frame::caption(u"buscar", idioma));

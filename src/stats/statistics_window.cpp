@@ -10,6 +10,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "controls/accessible.h"
 #include "controls/pictures.h"
 #include "controls/qtext.h"
 #include "controls/screen_fit.h"
@@ -120,6 +121,7 @@ QWidget* Form4::buildTable() {
     for (std::size_t category = 0; category < categoryCount; ++category) {
         const int row = 2 + static_cast<int>(category);
         auto* colour = new QLabel;
+        controls::silence(*colour);
         colour->setPixmap(swatch(category, devicePixelRatioF()));
         m_iconLabels[category] = label(indexed("Picture2", category));
         m_iconLabels[category]->setPixmap(
@@ -142,6 +144,7 @@ QWidget* Form4::buildTable() {
 void Form4::addTotalRow(QGridLayout& grid) {
     const int row = 2 + static_cast<int>(categoryCount);
     auto* line = new QFrame;
+    controls::silence(*line);
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     grid.addWidget(line, row, 0, 1, Count + 1);
@@ -168,6 +171,7 @@ QWidget* Form4::buildCharts() {
         charts[i]->setObjectName(QStringLiteral("MSChart%1").arg(i + 1));
         charts[i]->setAccessibleName(title);
         charts[i]->setMinimumSize(280, 180);
+        charts[i]->setFocusPolicy(Qt::NoFocus);
         auto* page = new QFrame;
         page->setObjectName(indexed("Picture1", i));
         page->setAccessibleName(title);

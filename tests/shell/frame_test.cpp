@@ -6,6 +6,7 @@
 #include <QResizeEvent>
 #include <QToolButton>
 
+#include "controls/value_button.h"
 #include "frame/desktop_dialogs.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
@@ -54,6 +55,19 @@ TEST(StatusBand, BoundsItsProgressAndFitsItsTextAtEveryFontSize) {
         const auto* kind = band.findChild<QLabel*>("Label2");
         EXPECT_GE(kind->width(), kind->sizeHint().width());
     }
+}
+
+TEST(StatusBand, ALongLineTakesTheRoomThatNothingElseNeeds) {
+    StatusBand band(Language::English);
+    band.resize(1000, 25);
+    band.show();
+    const auto& line = *band.findChild<QLabel*>("Text9");
+    band.setText("  Unit: " + std::string(60, 'n') + "  Folders: 12345  Files: 123456");
+    QApplication::processEvents();
+    EXPECT_GE(line.width(), line.sizeHint().width());
+    band.setText("  Files: 1");
+    QApplication::processEvents();
+    EXPECT_EQ(line.width(), 333);
 }
 
 TEST(Dialogs, FiltersTakeTheToolkitsForm) {

@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <memory>
 
+#include "controls/value_button.h"
 #include "engine/database.h"
 #include "frame/catalogue.h"
 #include "frame/menus.h"
@@ -71,8 +72,8 @@ class MainWindow : public testing::Test {
     [[nodiscard]] std::vector<int> pressed() {
         std::vector<int> buttons;
         for (int button = 1; button <= frame::Toolbar::count; ++button) {
-            const QToolButton* widget = frame().toolbar.button(button);
-            EXPECT_TRUE(!widget || widget->isChecked() == frame().toolbar.isPressed(button)) << button;
+            const controls::ValueButton* widget = frame().toolbar.button(button);
+            EXPECT_TRUE(!widget || widget->isPressed() == frame().toolbar.isPressed(button)) << button;
             if (frame().toolbar.isPressed(button)) buttons.push_back(button);
         }
         return buttons;

@@ -1,0 +1,154 @@
+// What a screen reader meets in the windows.
+
+#include <QAccessible>
+#include <QMetaEnum>
+#include <map>
+
+#include "shell/language_chooser.h"
+#include "shell/quick_start.h"
+#include "shell/splash.h"
+#include "support/main_window.h"
+
+namespace {
+
+using core::Language;
+using test::Names;
+
+struct Told {
+    QAccessibleInterface* control;
+    int depth;
+    [[nodiscard]] QString name() const { return control->text(QAccessible::Name); }
+    [[nodiscard]] QString objectName() const {
+        return control->object() ? control->object()->objectName() : "";
+    }
+    [[nodiscard]] std::string line() const {
+        const QMetaEnum roles = QMetaEnum::fromType<QAccessible::Role>();
+        return std::string(static_cast<std::size_t>(depth) * 2, ' ') + roles.valueToKey(control->role()) +
+               " '" + name().toStdString() + "' = '" + control->text(QAccessible::Value).toStdString() +
+               "' " + objectName().toStdString() + (control->state().focusable ? " *" : "");
+    }
+};
+
+void listen(QAccessibleInterface* control, std::vector<Told>& told, int depth = 0) {
+    if (!control || control->state().invisible) return;
+    told.push_back({control, depth});
+    for (int child = 0; child < control->childCount(); ++child)
+        listen(control->child(child), told, depth + 1);
+}
+
+const std::map<QString, QAccessible::Role> roles = {
+    {"Toolbar1(1)", QAccessible::Button},   {"Toolbar1(11)", QAccessible::ButtonDropDown},
+    {"Label5", QAccessible::Button},        {"Label19", QAccessible::Button},
+    {"Label20", QAccessible::Button},       {"ImageCombo1", QAccessible::ComboBox},
+    {"ImageCombo2", QAccessible::ComboBox}, {"Combo2", QAccessible::ComboBox},
+    {"TreeView1", QAccessible::Tree},       {"imgSplitter", QAccessible::Splitter},
+    {"UpDown1", QAccessible::SpinBox},      {"DTPicker1", QAccessible::SpinBox},
+    {"Check1(0)", QAccessible::CheckBox},   {"Text10", QAccessible::EditableText},
+};
+
+std::string faultOf(const Told& told) {
+    using enum QAccessible::Role;
+    const QString name = told.name();
+    const QAccessible::Role role = told.control->role();
+    if (role == StaticText || role == Window || role == Dialog || role == TreeItem)
+        return {};  // their own texts
+    const auto wanted = roles.find(told.objectName());
+    if (wanted != roles.end() && role != wanted->second) return "wrong role";
+    if (name != name.trimmed()) return "blanks around the name";
+    if (!name.isEmpty() && name == told.control->text(QAccessible::Description)) return "heard twice";
+    if (role != ColumnHeader && !told.control->state().focusable) return {};
+    if (name.isEmpty()) return "no name";
+    if (role == NoRole || role == Client) return "no role";
+    const bool hasValue = role == ComboBox || role == EditableText || role == SpinBox;
+    return hasValue && name == told.control->text(QAccessible::Value) ? "named by its value" : "";
+}
+
+// The whole tree stands in the message when something in it is wrong.
+void expectWellTold(QWidget& window) {
+    QApplication::processEvents();
+    std::vector<Told> told;
+    listen(QAccessible::queryAccessibleInterface(&window), told);
+    EXPECT_GT(told.size(), 3u);
+    std::string tree;
+    int faults = 0;
+    for (const Told& each : told) {
+        const std::string fault = faultOf(each);
+        faults += !fault.empty();
+        tree += each.line() + (fault.empty() ? "\n" : "   <-- " + fault + '\n');
+    }
+    EXPECT_EQ(faults, 0) << tree;
+    if (qEnvironmentVariableIsSet("ZARQUELIN_SHOW_TREES")) std::puts(tree.c_str());
+}
+
+class Accessibility : public test::MainWindow {
+  protected:
+    void expectTold(const char* where) {
+        SCOPED_TRACE(where);
+        expectWellTold(*form);
+    }
+    void showEachTab(const char* strip) {
+        auto& tabs = control<QTabBar>(strip);
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            tabs.setCurrentIndex(tab);
+            expectTold(strip);
+        }
+    }
+};
+
+TEST_F(Accessibility, EveryControlHasARoleAndANameOfItsOwn) {
+    for (const Language idioma : {Language::Spanish, Language::English}) {
+        startWithFotos(idioma);
+        choose("explorar");
+        click("Fotos :");
+        expectTold("browsing");
+        choose("Propiedades");
+        expectWellTold(control("Form3"));
+        choose("graficos");
+        expectWellTold(control("Form4"));
+        choose("buscar");
+        search("*");
+        showEachTab("TabStrip1");
+        choose("explore");
+        showEachTab("TabStrip2");
+
+        shell::Form8 quickStart(idioma);
+        quickStart.setRecent("/discs.zrq");
+        shell::Form2 about(idioma);
+        shell::Form5 chooser;
+        for (QWidget* window : {static_cast<QWidget*>(&quickStart), static_cast<QWidget*>(&about),
+                                static_cast<QWidget*>(&chooser)}) {
+            window->show();
+            expectWellTold(*window);
+        }
+    }
+}
+
+TEST_F(Accessibility, TheTabKeyGoesThroughTheWindowAsItIsRead) {
+    startWithFotos();
+    choose("explorar");
+    click("Fotos :");
+    QWidget* begin = frame().toolbar.button(1);
+    begin->setFocus();
+    Names stops;
+    do {
+        QWidget* stop = QApplication::focusWidget();
+        QString name = stop->objectName();
+        if (control("ListView1").isAncestorOf(stop)) name = "ListView1";
+        if (!name.startsWith("Toolbar1(")) stops.push_back(name.toStdString());
+        EXPECT_TRUE(!name.startsWith("Toolbar1(") || stops.empty()) << "after " << stops.back();
+        QTest::keyClick(stop, Qt::Key_Tab);
+    } while (QApplication::focusWidget() != begin && stops.size() < 40);
+    EXPECT_EQ(stops, (Names{"ImageCombo1", "TreeView1", "ListView1", "imgSplitter"}));
+}
+
+TEST_F(Accessibility, APressedButtonSaysSo) {
+    startWithFotos();
+    choose("buscar");
+    const auto pressed = [this](int button) {
+        return QAccessible::queryAccessibleInterface(frame().toolbar.button(button))->state().pressed;
+    };
+    EXPECT_TRUE(pressed(frame::Toolbar::Search));
+    EXPECT_FALSE(pressed(frame::Toolbar::Explore));
+}
+
+}  // namespace
