@@ -5,7 +5,7 @@
 
 namespace controls {
 
-// Icons of our own for desktops without a theme, painted at whatever size is asked for.
+// Icons of our own, painted at whatever size is asked for.
 class DrawnIcon : public QIconEngine {
   public:
     enum class Shape { Page, ClosedFolder, OpenFolder, Disc, Drive, Stack, Button };

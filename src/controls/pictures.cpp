@@ -5,11 +5,10 @@
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyle>
+#include <algorithm>
 #include <array>
-#include <initializer_list>
 
 #include "controls/drawn_icon.h"
-#include "controls/selectable_icon.h"
 
 namespace controls {
 namespace {
@@ -18,30 +17,29 @@ using Shape = DrawnIcon::Shape;
 using Emblem = DrawnIcon::Emblem;
 
 struct Picture {
-    std::array<const char*, 3> themeNames;  // the first that the theme has
     Shape shape;
-    Emblem emblem;
+    Emblem emblem = Emblem::None;
     QRgb colour;
 };
 
 constexpr std::array<Picture, pictureCount> pictures{{
-    {{"none", "application-octet-stream", "unknown"}, Shape::Page, Emblem::None, 0x5f656b},  // 1 plain file
-    {{"folder", "inode-directory"}, Shape::ClosedFolder, Emblem::None, 0x3daee9},            // 2 folder
-    {{"folder-open", "folder"}, Shape::OpenFolder, Emblem::None, 0x3daee9},                  // 3 open folder
-    {{"media-optical", "drive-optical"}, Shape::Disc, Emblem::None, 0x3daee9},               // 4 new unit
-    {{"drive-removable-media", "media-flash"}, Shape::Drive, Emblem::None, 0x27ae60},        // 5
-    {{"drive-harddisk"}, Shape::Drive, Emblem::None, 0x7f8c8d},                              // 6
-    {{"audio-x-generic"}, Shape::Page, Emblem::Note, 0xf67400},                              // 7
-    {{"image-x-generic"}, Shape::Page, Emblem::Hills, 0x27ae60},                             // 8
-    {{"video-x-generic"}, Shape::Page, Emblem::Play, 0x8e44ad},                              // 9
-    {{"application-x-executable"}, Shape::Page, Emblem::Window, 0x2980b9},                   // 10
-    {{"text-x-generic"}, Shape::Page, Emblem::Lines, 0x4d4d4d},                              // 11
-    {{"text-html"}, Shape::Page, Emblem::Globe, 0x2980b9},                                   // 12
-    {{"application-zip", "package-x-generic"}, Shape::Page, Emblem::Zipper, 0xb8860b},       // 13 zipped
-    {{"unknown", "application-octet-stream"}, Shape::Page, Emblem::Dots, 0x7f8c8d},          // 14 the rest
-    {{"folder-library", "folder-documents"}, Shape::Stack, Emblem::None, 0x3daee9},          // 15 catalogue
-    {{"media-optical-data", "media-optical"}, Shape::Disc, Emblem::None, 0x9b59b6},  // 16 scanned unit
-    {{"applications-games", "input-gaming"}, Shape::Button, Emblem::Pad, 0xda4453},  // 17 games
+    {.shape = Shape::Page, .colour = 0x5f656b},                            // 1 plain file
+    {.shape = Shape::ClosedFolder, .colour = 0x3daee9},                    // 2 folder
+    {.shape = Shape::OpenFolder, .colour = 0x3daee9},                      // 3 open folder
+    {.shape = Shape::Disc, .colour = 0x3daee9},                            // 4 new unit
+    {.shape = Shape::Drive, .colour = 0x27ae60},                           // 5
+    {.shape = Shape::Drive, .colour = 0x7f8c8d},                           // 6
+    {.shape = Shape::Page, .emblem = Emblem::Note, .colour = 0xf67400},    // 7
+    {.shape = Shape::Page, .emblem = Emblem::Hills, .colour = 0x27ae60},   // 8
+    {.shape = Shape::Page, .emblem = Emblem::Play, .colour = 0x8e44ad},    // 9
+    {.shape = Shape::Page, .emblem = Emblem::Window, .colour = 0x2980b9},  // 10
+    {.shape = Shape::Page, .emblem = Emblem::Lines, .colour = 0x4d4d4d},   // 11
+    {.shape = Shape::Page, .emblem = Emblem::Globe, .colour = 0x2980b9},   // 12
+    {.shape = Shape::Page, .emblem = Emblem::Zipper, .colour = 0xb8860b},  // 13 zipped
+    {.shape = Shape::Page, .emblem = Emblem::Dots, .colour = 0x7f8c8d},    // 14 the rest
+    {.shape = Shape::Stack, .colour = 0x3daee9},                           // 15 catalogue
+    {.shape = Shape::Disc, .colour = 0x9b59b6},                            // 16 scanned unit
+    {.shape = Shape::Button, .emblem = Emblem::Pad, .colour = 0xda4453},   // 17 games
 }};
 
 // What the widget style draws for the symbols that it knows itself.
@@ -76,19 +74,6 @@ QIcon drawnIcon(Shape shape, Emblem emblem, QRgb colour) {
     return QIcon(new DrawnIcon(shape, emblem, QColor(colour)));
 }
 
-QIcon makePicture(const Picture& picture) {
-    for (const char* name : picture.themeNames)
-        if (name != nullptr && QIcon::hasThemeIcon(QLatin1String(name)))
-            return QIcon::fromTheme(QLatin1String(name));
-    return drawnIcon(picture.shape, picture.emblem, picture.colour);
-}
-
-// The pictures are asked for by every painted row, so they are looked up once.
-std::array<QIcon, pictureCount>& pictureCache() {
-    static std::array<QIcon, pictureCount> cache;
-    return cache;
-}
-
 void addInstalledThemes() {
     QStringList paths = QIcon::themeSearchPaths();
     const QStringList installed = QStandardPaths::locateAll(
@@ -110,10 +95,12 @@ bool isInstalled(const QString& theme) {
 
 QIcon picture(int number) {
     if (number < 1 || number > pictureCount) return {};
+    // Every painted row asks for one, so they are made once.
+    static std::array<QIcon, pictureCount> made;
     const auto place = static_cast<std::size_t>(number - 1);
-    QIcon& icon = pictureCache()[place];
-    if (icon.isNull()) icon = selectableIcon(makePicture(pictures[place]));
-    return icon;
+    const Picture& picture = pictures[place];
+    if (made[place].isNull()) made[place] = drawnIcon(picture.shape, picture.emblem, picture.colour);
+    return made[place];
 }
 
 QIcon actionIcon(const QString& name) {
@@ -125,11 +112,17 @@ QIcon actionIcon(const QString& name) {
 
 void installIconTheme() {
     addInstalledThemes();
+    followPalette();
+}
+
+// Icons that a theme gave are asked for anew by the toolkit when the theme's name changes.
+void followPalette() {
     const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
     const QString breeze = dark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
     QIcon::setFallbackThemeName(breeze);
-    if (!isInstalled(QIcon::themeName())) QIcon::setThemeName(breeze);
-    pictureCache().fill(QIcon());
+    const QString theme = QIcon::themeName();
+    const bool ours = theme == QLatin1String("breeze") || theme == QLatin1String("breeze-dark");
+    if (theme != breeze && (ours || !isInstalled(theme))) QIcon::setThemeName(breeze);
 }
 
 }  // namespace controls

@@ -5,8 +5,8 @@
 
 namespace controls {
 
-// The numbered pictures of lists, trees and combos. The user's icon theme is asked first, then Breeze; what
-// neither has is drawn by us, so a picture is never blank. Any other number gives a null icon.
+// The numbered pictures of lists, trees and combos, all of one hand: a theme has two that look alike, and
+// another set for small sizes. Any other number gives a null icon.
 inline constexpr int pictureCount = 17;
 [[nodiscard]] QIcon picture(int number);
 
@@ -17,5 +17,8 @@ inline constexpr int pictureCount = 17;
 // To be called once an application object exists: finds the installed themes and takes Breeze, light or dark
 // after the palette, when the desktop names no theme of its own.
 void installIconTheme();
+
+// To be called when the application's palette has changed: Breeze follows from light to dark and back.
+void followPalette();
 
 }  // namespace controls

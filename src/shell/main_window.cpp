@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "browse/tail.h"
+#include "controls/pictures.h"
 #include "controls/screen_fit.h"
 #include "frame/pointer.h"
 #include "lists/column_sort.h"
@@ -338,6 +339,7 @@ void Form1::resizeEvent(QResizeEvent* event) {
 
 void Form1::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) controls::followPalette();
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_parts->frame.menus.attachIcons();
 }
 

@@ -4,7 +4,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyle>
 
 #include "controls/pictures.h"
 #include "controls/qtext.h"
@@ -34,16 +36,41 @@ constexpr std::array<Line, 4> lines{{
 }};
 constexpr core::Bilingual accept = {"Aceptar", "OK"};
 
+// A text that can be read and copied. Too long for its place it is cut in its middle, until somebody goes
+// through it with the keys; the tool tip has it whole.
+class ReadOnlyText : public QLineEdit {
+  public:
+    explicit ReadOnlyText(QWidget* parent) : QLineEdit(parent) {
+        setReadOnly(true);
+        setFrame(false);
+        setMinimumWidth(textWidth);
+        // What can only be read stands on the window's own ground, not in a box that asks for typing.
+        QPalette palette;
+        palette.setColor(QPalette::Base, Qt::transparent);
+        setPalette(palette);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (fits() || hasFocus()) return QLineEdit::paintEvent(event);
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, room().width());
+        style()->drawItemText(&painter, room(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                              shown, QPalette::Text);
+    }
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip) setToolTip(fits() ? QString() : text().toHtmlEscaped());
+        return QLineEdit::event(event);
+    }
+
+  private:
+    [[nodiscard]] QRect room() const { return rect().adjusted(2, 0, -2, 0); }
+    [[nodiscard]] bool fits() const { return fontMetrics().horizontalAdvance(text()) <= room().width(); }
+};
+
 QLineEdit* makeText(int number, QWidget* parent) {
-    auto* text = new QLineEdit(parent);
+    auto* text = new ReadOnlyText(parent);
     text->setObjectName(QStringLiteral("Text%1").arg(number));
-    text->setReadOnly(true);
-    text->setFrame(false);
-    text->setMinimumWidth(textWidth);
-    // What can only be read stands on the window's own ground, not in a box that asks for typing.
-    QPalette palette = text->palette();
-    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-    text->setPalette(palette);
     return text;
 }
 

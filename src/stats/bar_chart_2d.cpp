@@ -1,6 +1,7 @@
 #include "stats/bar_chart_2d.h"
 
 #include <QBarCategoryAxis>
+#include <QEvent>
 #include <QLegend>
 #include <QStackedBarSeries>
 #include <QValueAxis>
@@ -51,6 +52,7 @@ BarChart2D::BarChart2D(CategoryIcons icons, QWidget* parent)
     setBackgroundBrush(palette().color(QPalette::Base));
     setRenderHint(QPainter::Antialiasing);
     setFrameShape(QFrame::NoFrame);
+    viewport()->setFocusPolicy(Qt::NoFocus);
 }
 
 void BarChart2D::setStatistics(const Statistics& statistics) {
@@ -64,6 +66,14 @@ void BarChart2D::setStatistics(const Statistics& statistics) {
         m_bars[category]->replace(static_cast<int>(category),
                                   static_cast<double>(statistics.cantidadcategoria[category]));
     scene()->update();
+}
+
+// What is drawn by the chart itself keeps the colours that it was given.
+void BarChart2D::changeEvent(QEvent* event) {
+    QChartView::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    setBackgroundBrush(palette().color(QPalette::Base));
+    setStatistics(m_statistics);
 }
 
 void BarChart2D::drawForeground(QPainter* painter, const QRectF&) {

@@ -19,6 +19,7 @@ class BarChart2D : public QChartView {
     void setStatistics(const Statistics& statistics);
 
   protected:
+    void changeEvent(QEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
 
   private:

@@ -1,5 +1,6 @@
 #include "stats/pie_chart.h"
 
+#include <QEvent>
 #include <QLegend>
 #include <QPieSeries>
 #include <QPieSlice>
@@ -43,6 +44,7 @@ PieChart::PieChart(CategoryIcons icons, QWidget* parent)
     setBackgroundBrush(palette().color(QPalette::Base));
     setRenderHint(QPainter::Antialiasing);
     setFrameShape(QFrame::NoFrame);
+    viewport()->setFocusPolicy(Qt::NoFocus);
 }
 
 void PieChart::setStatistics(const Statistics& statistics) {
@@ -62,6 +64,14 @@ void PieChart::setStatistics(const Statistics& statistics) {
         if (slice->percentage() < 0.02 || slice->percentage() > 0.98)
             slice->setPen(QPen(slice->brush().color(), 0.5));
     scene()->update();
+}
+
+// What is drawn by the chart itself keeps the colours that it was given.
+void PieChart::changeEvent(QEvent* event) {
+    QChartView::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    setBackgroundBrush(palette().color(QPalette::Base));
+    setStatistics(m_statistics);
 }
 
 void PieChart::drawForeground(QPainter* painter, const QRectF&) {

@@ -17,6 +17,7 @@ class PieChart : public QChartView {
     void setStatistics(const Statistics& statistics);
 
   protected:
+    void changeEvent(QEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
 
   private:
