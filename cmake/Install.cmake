@@ -16,10 +16,20 @@ endforeach()
 
 # The desktop: menu entry, type of .zrq files, description for software centres, icons.
 set(desktop ${CMAKE_SOURCE_DIR}/assets/desktop)
-install(FILES ${desktop}/zarquelin.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${desktop}/zarquelin.desktop ${desktop}/zarquelin-folder.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${desktop}/zarquelin-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME zarquelin.xml)
 install(FILES ${desktop}/zarquelin.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
     RENAME example.zarquelin.zarquelin.metainfo.xml)
+
+# "Catalogue this folder" for the file managers that have menus of their own; the others take it from the entry above
+# and show it among the programs that open a folder.
+set(menus ${desktop}/folder-menus)
+install(FILES ${menus}/kio.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/kio/servicemenus RENAME zarquelin.desktop)
+install(FILES ${menus}/nemo.nemo_action DESTINATION ${CMAKE_INSTALL_DATADIR}/nemo/actions
+    RENAME zarquelin.nemo_action)
+install(FILES ${menus}/file-manager.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/file-manager/actions
+    RENAME zarquelin.desktop)
 
 set(icon_theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 install(FILES assets/zarquelin.svg DESTINATION ${icon_theme}/scalable/apps)

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "controls/accessible.h"
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
 #include "controls/link_label.h"
@@ -136,7 +137,7 @@ void ImportPanel::nameControls() {
     m_panes[directoryPane]->setAccessibleName(m_TabStrip2->tabText(directoryPane).trimmed());
     m_panes[manualPane]->setAccessibleName(m_TabStrip2->tabText(manualPane).trimmed());
     m_Text4->setAccessibleName(text("Label9(1)"));
-    m_ImageCombo4->setAccessibleName(text("Label9(2)"));
+    controls::nameField(*m_ImageCombo4, text("Label9(2)"));
     m_Text11->setAccessibleName(text("Label9(3)"));
     m_Text3->setAccessibleName(text("Label9(4)"));
     m_Label19->setAccessibleName(m_Label19->text());
@@ -229,6 +230,11 @@ void ImportPanel::chooseDirectory() {
         m_Text4->clear();
         m_frame.messages.show(qtext(unitIsEmpty.in(m_frame.idioma)));
     }
+    setDirectory(m_directory);
+}
+
+void ImportPanel::setDirectory(const std::string& directory) {
+    m_directory = directory;
     m_Text4->setText(QFile::decodeName(QByteArray::fromStdString(m_directory)));
     m_Text3->setFocus();
 }

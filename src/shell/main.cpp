@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* version = "zarquelin " ZARQUELIN_VERSION "\n";
 constexpr const char* help =
-    "zarquelin [CATALOGUE]\n"
+    "zarquelin [CATALOGUE | FOLDER]\n"
     "zarquelin --headless CATALOGUE FOLDER PICTURE\n"
     "zarquelin --help | --version\n";
 

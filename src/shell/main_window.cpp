@@ -56,6 +56,13 @@ void Form1::begin(const std::string& catalogue) {
     m_parts->catalogueActions.abrirdesdearchivo();
 }
 
+void Form1::importFolder(const std::string& folder) {
+    if (!m_parts->state.catalogueOpen) nuevo1();
+    if (!m_parts->state.catalogueOpen) return;
+    m_parts->switching.importFromMenu();
+    m_parts->picture2->setDirectory(folder);
+}
+
 void Form1::nuevo1() {
     m_parts->catalogueActions.nuevo1();
 }

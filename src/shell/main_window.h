@@ -28,6 +28,7 @@ class Form1 : public QMainWindow, public MainEntry {
     ~Form1() override;
 
     void begin(const std::string& catalogue) override;
+    void importFolder(const std::string& folder) override;
     void recentIsMissing() override;
     void nuevo1() override;
     void abrir1() override;

@@ -2,9 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
+#include <QFileInfo>
 #include <utility>
 
 #include "platform/command_line.h"
@@ -16,24 +14,25 @@
 #include "shell/quick_start.h"
 #include "shell/quick_start_setting.h"
 #include "shell/splash.h"
+#include "shell/toolkit_words.h"
 
 namespace shell {
 
 namespace {
 
-// The toolkit's own words, such as the buttons of a file dialog. Its language is English without any.
-void translateToolkit(core::Language idioma) {
-    if (idioma != core::Language::Spanish) return;
-    auto* words = new QTranslator(qApp);
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (words->load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
-        QCoreApplication::installTranslator(words);
+// The one that was open last, if it is still there.
+std::string lastCatalogue() {
+    const std::string last = platform::GetSetting("lastfile");
+    return platform::FileExists(last) ? last : std::string();
 }
 
 }  // namespace
 
 Startup::Startup(std::string_view commandLine, MakeMain makeMain)
     : m_catalogue(platform::pathInCommandLine(commandLine)), m_makeMain(std::move(makeMain)) {
+    if (QFileInfo(QFile::decodeName(m_catalogue.c_str())).isDir()) {
+        m_folder = std::exchange(m_catalogue, lastCatalogue());
+    }
     // Windows are only hidden when their part is over, so the last one in sight decides nothing.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(logo());
@@ -65,9 +64,10 @@ void Startup::showSplash() {
 }
 
 void Startup::endSplash() {
-    const bool wantsQuickStart = m_catalogue.empty() && isQuickStartOn();
+    const bool wantsQuickStart = m_catalogue.empty() && m_folder.empty() && isQuickStartOn();
     m_main = m_makeMain(m_idioma);
     m_main->begin(m_catalogue);
+    if (!m_folder.empty()) m_main->importFolder(m_folder);
     if (wantsQuickStart) showQuickStart();
 }
 
@@ -76,8 +76,8 @@ void Startup::showQuickStart() {
     connect(m_quickStart.get(), &Form8::createChosen, this, [this] { m_main->nuevo1(); });
     connect(m_quickStart.get(), &Form8::openChosen, this, [this] { m_main->abrir1(); });
     connect(m_quickStart.get(), &Form8::recentChosen, this, [this] { m_main->reciente1(); });
-    const std::string last = platform::GetSetting("lastfile");
-    if (!last.empty() && platform::FileExists(last)) {
+    const std::string last = lastCatalogue();
+    if (!last.empty()) {
         m_quickStart->setRecent(QFile::decodeName(QByteArray::fromStdString(last)));
     } else {
         m_main->recentIsMissing();

@@ -20,6 +20,8 @@ class MainEntry {
     virtual ~MainEntry() = default;
     // Loads and shows the window, and opens the catalogue of the command line unless the path is empty.
     virtual void begin(const std::string& catalogue) = 0;
+    // Shows the import panel with this folder chosen, in a new catalogue if none is open.
+    virtual void importFolder(const std::string& folder) = 0;
     virtual void recentIsMissing() = 0;  // there is no last file to go back to: disables `reciente`
     virtual void nuevo1() = 0;
     virtual void abrir1() = 0;
@@ -34,7 +36,8 @@ class Startup : public QObject {
   public:
     using MakeMain = std::function<std::unique_ptr<MainEntry>(core::Language idioma)>;
 
-    // `commandLine` is one path between double quotes, or empty.
+    // `commandLine` is one path between double quotes, or empty: a catalogue, or a folder to be imported into
+    // the one that was open last.
     Startup(std::string_view commandLine, MakeMain makeMain);
     ~Startup() override;
 
@@ -53,6 +56,7 @@ class Startup : public QObject {
     void showQuickStart();
 
     std::string m_catalogue;  // of the command line
+    std::string m_folder;     // or this
     MakeMain m_makeMain;
     core::Language m_idioma = core::Language::English;
     std::unique_ptr<Form5> m_chooser;

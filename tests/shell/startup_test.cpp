@@ -25,6 +25,7 @@ using platform::SaveSetting;
 struct FakeMain : shell::MainEntry {
     explicit FakeMain(std::vector<std::string>& calls) : calls(calls) {}
     void begin(const std::string& catalogue) override { calls.push_back("begin " + catalogue); }
+    void importFolder(const std::string& folder) override { calls.push_back("import " + folder); }
     void recentIsMissing() override { calls.emplace_back("no recent"); }
     void nuevo1() override { calls.emplace_back("nuevo1"); }
     void abrir1() override { calls.emplace_back("abrir1"); }
@@ -131,6 +132,19 @@ TEST_F(Start, ACommandLineOrTheSettingLeavesTheQuickStartOut) {
         start('"' + std::string(catalogue) + '"');
         tickToTheEnd();
         EXPECT_EQ(calls, (Calls{"English", std::string("begin ") + catalogue}));
+        EXPECT_EQ(startup->quickStart(), nullptr);
+    }
+}
+
+TEST_F(Start, AFolderIsImportedIntoTheLastCatalogue) {
+    for (const char* last : {"", "/last.zrq"}) {
+        if (*last) test::writeFile(folder / "last.zrq", "");
+        save("English", "si", *last ? folder / "last.zrq" : "");
+        calls.clear();
+        start('"' + folder.path() + '"');
+        tickToTheEnd();
+        EXPECT_EQ(calls, (Calls{"English", "begin " + (*last ? folder / "last.zrq" : std::string()),
+                                "import " + folder.path()}));
         EXPECT_EQ(startup->quickStart(), nullptr);
     }
 }
