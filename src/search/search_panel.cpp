@@ -4,7 +4,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "controls/image_combo.h"
 #include "controls/pictures.h"
@@ -25,12 +27,14 @@ namespace {
 
 constexpr int pictureOfCatalogue = 15;
 constexpr int margin = 6;
+constexpr int rowsBetweenSigns = 4096;
 
-// Fills the list in one run, so that it is shown once at the end.
+// Fills the list in one run, so that it is shown once at the end; meanwhile the counters show that it goes
+// on.
 class ListSink : public ResultSink {
   public:
-    ListSink(lists::ItemList& list, core::Language language, RowMemory& memory)
-        : m_list(list), m_language(language), m_memory(memory) {}
+    ListSink(lists::ItemList& list, core::Language language, RowMemory& memory, std::function<void()> goesOn)
+        : m_list(list), m_language(language), m_memory(memory), m_goesOn(std::move(goesOn)) {}
     ~ListSink() override { end(); }
 
     void clear() override {
@@ -41,6 +45,7 @@ class ListSink : public ResultSink {
     }
     void add(const engine::Recordset& row, const Pass& pass) override {
         m_list.add(resultItem(row, pass, m_language, m_memory));
+        if (++m_added % rowsBetweenSigns == 0) m_goesOn();
     }
 
   private:
@@ -52,6 +57,8 @@ class ListSink : public ResultSink {
     lists::ItemList& m_list;
     core::Language m_language;
     RowMemory& m_memory;
+    std::function<void()> m_goesOn;
+    long long m_added = 0;
     bool m_filling = false;
 };
 
@@ -203,7 +210,7 @@ void SearchPanel::run(const SearchRequest& request) {
     if (!database) return;
     if (familyOf(request) == Family::Name) rememberText(*m_combo2);
     {
-        ListSink sink(m_listView2, m_frame.idioma, m_memory);
+        ListSink sink(m_listView2, m_frame.idioma, m_memory, [this] { showCounters(); });
         const auto done = runPasses(*database, passesOf(request, m_frame.rotulos()), m_counters, sink);
         static_cast<void>(done);  // what was found before the failure is shown
     }

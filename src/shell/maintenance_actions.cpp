@@ -49,6 +49,7 @@ bool MaintenanceActions::confirmed(const core::Bilingual& question) {
 void MaintenanceActions::eliminar() {
     if (!confirmed(eraseAll) || !confirmed(reallySure)) return;
     m_switching.endScan();  // whose rows to come would be none of those erased
+    const frame::Hourglass hourglass;
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     const auto erased =
         database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));
