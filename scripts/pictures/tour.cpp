@@ -37,7 +37,7 @@ class Tour {
   public:
     Tour(const TourFolders& folders, core::Language language)
         : m_folders(folders), m_language(language), m_window(language, m_messages, m_dialogs) {
-        m_window.resize(900, 560);
+        if (!folders.asOnScreen) m_window.resize(900, 560);
     }
 
     bool go() {

@@ -9,6 +9,7 @@ struct TourFolders {
     std::string musicDisc;
     std::string catalogue;  // to be made
     std::string pictures;   // where NAME.png go
+    bool asOnScreen;        // the main window as large as it comes up
 };
 
 // Goes the road of a first-time user through the real windows, by their controls, and takes the pictures of
