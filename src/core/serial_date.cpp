@@ -22,6 +22,11 @@ std::int64_t localOffset(std::int64_t unixSeconds) {
     return localtime_r(&time, &local) ? local.tm_gmtoff : 0;
 }
 
+bool isInCalendar(double serial) {
+    constexpr int firstYear = 1, lastYear = 9999;
+    return serial >= serialOfDate(firstYear, 1, 1) && serial < serialOfDate(lastYear, 12, 31);
+}
+
 char decimalSign() {
     static const char sign = [] {
         const QString point = QLocale::system().decimalPoint();
@@ -57,6 +62,21 @@ double today() {
     return std::floor(serialOfTime(std::time(nullptr)));
 }
 
+std::int64_t timeOfSerial(double serial) {
+    if (!isInCalendar(serial)) return 0;
+    const double days = std::floor(serial);
+    const auto seconds = int(std::lround((serial - days) * secondsInDay));
+    std::tm local{};
+    local.tm_year = 1899 - 1900;
+    local.tm_mon = 11;
+    local.tm_mday = 30 + int(days);
+    local.tm_hour = seconds / 3600;
+    local.tm_min = seconds / 60 % 60;
+    local.tm_sec = seconds % 60;
+    local.tm_isdst = -1;
+    return std::mktime(&local);
+}
+
 std::string pointedDecimalText(double number) {
     if (!std::isfinite(number)) return "0";
     char digits[512];
@@ -74,9 +94,7 @@ std::string decimalText(double number) {
 
 std::optional<std::string> isoDateTime(double serial) {
     using namespace std::chrono;
-    constexpr int firstYear = 1, lastYear = 9999;
-    if (!(serial >= serialOfDate(firstYear, 1, 1) && serial < serialOfDate(lastYear, 12, 31)))
-        return std::nullopt;
+    if (!isInCalendar(serial)) return std::nullopt;
     const sys_seconds moment =
         sys_days{1899y / December / 30} + std::chrono::seconds{std::llround(serial * secondsInDay)};
     const sys_days day = floor<days>(moment);

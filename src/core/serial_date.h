@@ -9,6 +9,8 @@ namespace core {
 
 // Dates are serial numbers: whole days since 30 December 1899 in local time, the time of day as the fraction.
 [[nodiscard]] double serialOfTime(std::int64_t unixSeconds);
+// The way back, to the nearest second. A moment outside the years 1 to 9999 is the beginning of 1970.
+[[nodiscard]] std::int64_t timeOfSerial(double serial);
 [[nodiscard]] double serialOfDate(int year, int month, int day);
 [[nodiscard]] double today();
 

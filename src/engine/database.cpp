@@ -84,6 +84,11 @@ Result<> Database::HoldStill() {
     return m_impl->connection->run("begin; select count(*) from sqlite_schema");
 }
 
+Result<long long> Database::Version() {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    return m_impl->connection->version();
+}
+
 void Database::Close() {
     if (isOpen()) m_impl->connection->close();
 }

@@ -42,6 +42,9 @@ class Database {
     // Until the handle is closed no program can write to the file, which may be copied; others go on reading.
     [[nodiscard]] Result<> HoldStill();
 
+    // Changes whenever rows may have changed since the last call, through this handle or another one.
+    [[nodiscard]] Result<long long> Version();
+
     void Close();
     [[nodiscard]] bool isOpen() const;
 
