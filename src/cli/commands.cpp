@@ -26,7 +26,7 @@ std::span<const Command> commands() {
         std::vector<Command> joined;
         for (const auto family : {catalogueCommands(), enteringCommands(), updateCommands(), unitCommands(),
                                   listCommands(), searchCommands(), statsCommands(), noteCommands(),
-                                  copyCommands(), exportCommands(), importCommands()})
+                                  copyCommands(), exportCommands(), importCommands(), mountCommands()})
             joined.insert(joined.end(), family.begin(), family.end());
         return joined;
     }();

@@ -17,6 +17,7 @@ namespace cli {
 [[nodiscard]] std::span<const Command> copyCommands();       // copy
 [[nodiscard]] std::span<const Command> exportCommands();     // export
 [[nodiscard]] std::span<const Command> importCommands();     // import
+[[nodiscard]] std::span<const Command> mountCommands();      // mount
 [[nodiscard]] std::span<const Command> searchCommands();     // search
 
 }  // namespace cli

@@ -35,6 +35,9 @@ class Program {
             m_status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
         return m_status;
     }
+    void send(int signal) const {
+        if (m_child > 0) ::kill(m_child, signal);
+    }
     [[nodiscard]] bool isRunning() const {
         siginfo_t info{};
         return m_child > 0 &&

@@ -1,0 +1,82 @@
+#include "mount/session.h"
+
+#define FUSE_USE_VERSION 312
+#include <fuse_log.h>
+#include <fuse_lowlevel.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <system_error>
+
+#include "mount/file_system.h"
+
+namespace mount {
+namespace {
+
+constexpr std::chrono::seconds patience{2};
+
+// What libfuse said last, without its own name in front.
+std::string& lastWord() {
+    static std::string text;
+    return text;
+}
+
+void keepWord(fuse_log_level, const char* format, va_list values) {
+    char line[512];
+    std::vsnprintf(line, sizeof line, format, values);
+    std::string text(line);
+    while (text.ends_with('\n')) text.pop_back();
+    if (text.starts_with("fuse: ")) text.erase(0, 6);
+    lastWord() = std::move(text);
+}
+
+struct DestroySession {
+    void operator()(fuse_session* session) const { fuse_session_destroy(session); }
+};
+using SessionHandle = std::unique_ptr<fuse_session, DestroySession>;
+
+// The kernel refuses every change by itself ("ro"), and tells who may read what ("default_permissions").
+SessionHandle newSession(FileSystem& files) {
+    char program[] = "zarquelin-cli", dashO[] = "-o";
+    char options[] = "ro,default_permissions,fsname=zarquelin,subtype=zarquelin";
+    char* words[] = {program, dashO, options, nullptr};
+    fuse_args arguments FUSE_ARGS_INIT(3, words);
+    const fuse_lowlevel_ops operations = FileSystem::operations();
+    SessionHandle session(fuse_session_new(&arguments, &operations, sizeof operations, &files));
+    fuse_opt_free_args(&arguments);
+    return session;
+}
+
+std::unexpected<std::string> failed() {
+    return std::unexpected(lastWord().empty() ? std::string("libfuse3") : lastWord());
+}
+
+}  // namespace
+
+std::expected<void, std::string> Session::serve() const {
+    fuse_set_log_func(keepWord);
+    FileSystem files(catalogue, folder);
+    const SessionHandle session = newSession(files);
+    if (!session || fuse_set_signal_handlers(session.get()) != 0) return failed();
+    if (fuse_session_mount(session.get(), folder.c_str()) != 0) return failed();
+
+    // Nothing that a fork would break (threads, locks of the catalogue) is there before.
+    bool served = fuse_daemonize(foreground ? 1 : 0) == 0;
+    try {
+        if (served) files.media().start(session.get());
+    } catch (const std::system_error& noThread) {
+        lastWord() = noThread.what();
+        served = false;
+    }
+    if (served) fuse_session_loop(session.get());
+    fuse_session_unmount(session.get());
+    fuse_remove_signal_handlers(session.get());
+    // A thread that a dead medium holds would answer to a session that is gone.
+    if (!files.media().finish(patience)) std::_Exit(EXIT_SUCCESS);
+    if (!served) return failed();
+    return {};
+}
+
+}  // namespace mount
