@@ -47,18 +47,21 @@ add_custom_command(
 
 # The shell: manual pages and completion.
 find_program(GZIP gzip REQUIRED)
-foreach(page zarquelin zarquelin-cli)
-    configure_file(docs/man/${page}.1.in ${generated}/man/${page}.1 @ONLY)
+configure_file(docs/man/zarquelin.1.in ${generated}/man/zarquelin.1 @ONLY)
+foreach(page ${generated}/man/zarquelin.1 ${generated}/shell/zarquelin-cli.1)
+    get_filename_component(name ${page} NAME)
     add_custom_command(
-        OUTPUT ${generated}/man/${page}.1.gz
-        COMMAND ${GZIP} -9nkf ${generated}/man/${page}.1
-        DEPENDS ${generated}/man/${page}.1
+        OUTPUT ${generated}/man/${name}.gz
+        COMMAND ${GZIP} -9nc ${page} > ${generated}/man/${name}.gz
+        DEPENDS ${page}
         VERBATIM)
-    list(APPEND man_pages ${generated}/man/${page}.1.gz)
+    list(APPEND man_pages ${generated}/man/${name}.gz)
 endforeach()
 install(FILES ${man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES assets/shell/zarquelin-cli.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+install(FILES ${generated}/shell/zarquelin-cli.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME zarquelin-cli)
+install(FILES ${generated}/shell/_zarquelin-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+install(FILES ${generated}/shell/zarquelin-cli.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 
 # The documents for users.
 install(FILES docs/manual.md docs/manual.es.md docs/file-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "reliability/program.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+// What the program says of itself: its commands, and the options of each.
+class Help : public testing::Test {
+  protected:
+    static std::string told(std::vector<std::string> words) {
+        const test::TemporaryFolder folder;
+        words.insert(words.begin(), ZARQUELIN_CLI);
+        EXPECT_EQ(test::statusOf(words, {.output = folder / "told"}), 0);
+        return test::readFile(folder / "told");
+    }
+    // The first words of the lines that begin so.
+    static std::vector<std::string> wordsBehind(const std::string& text, const std::string& begin) {
+        std::vector<std::string> words;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);)
+            if (line.starts_with(begin))
+                words.push_back(line.substr(begin.size(), line.find(' ', begin.size()) - begin.size()));
+        return words;
+    }
+    static std::vector<std::string> commands() { return wordsBehind(told({"--help"}), "zarquelin-cli "); }
+    static std::vector<std::string> optionsOf(const std::string& command) {
+        auto options = wordsBehind(told({command, "--help"}), "  -");
+        for (std::string& option : options) option.insert(0, "-");
+        return options;
+    }
+    static std::string file(const std::string& name) { return test::readFile(SHELL_FILES "/" + name); }
+
+    // The lines from one that holds `from` to the next one that holds `to`.
+    static std::string section(const std::string& text, const std::string& from, const std::string& to) {
+        const std::size_t begin = text.find(from);
+        if (begin == text.npos) return {};
+        return text.substr(begin, text.find(to, begin + from.size()) - begin);
+    }
+};
+
+TEST_F(Help, IsWhatTheManualPageAndTheCompletionsTell) {
+    const std::string man = file("zarquelin-cli.1"), bash = file("zarquelin-cli.bash");
+    const std::string zsh = file("_zarquelin-cli"), fish = file("zarquelin-cli.fish");
+    EXPECT_GT(commands().size(), 15);
+    EXPECT_FALSE(man.contains('%')) << "a command of the page is none of the program";
+    for (const std::string& command : commands()) {
+        const std::string ofMan = section(man, "\n\\fB" + command + " ", "\n\\fB");
+        const std::string options = section(bash.substr(bash.find("_options=")), "[" + command + "]='", "\n");
+        const std::string ofZsh = section(zsh, "\n        " + command + ")", ";;");
+        EXPECT_FALSE(ofMan.empty()) << command;
+        EXPECT_TRUE(bash.contains("[" + command + "]='")) << command;
+        EXPECT_FALSE(ofZsh.empty()) << command;
+        EXPECT_TRUE(fish.contains("-a " + command + " -d")) << command;
+        for (const std::string& option : optionsOf(command)) {
+            std::string roff = option;
+            for (std::size_t at = 0; (at = roff.find('-', at)) != roff.npos; at += 2) roff.insert(at, "\\");
+            EXPECT_NE(man.find(roff), man.rfind(roff)) << "explained nowhere: " << command << ' ' << option;
+            EXPECT_TRUE(ofMan.contains(roff)) << command << ' ' << option;
+            EXPECT_TRUE((options + ' ').find(option) != options.npos) << command << ' ' << option;
+            EXPECT_TRUE(ofZsh.contains(option + '[')) << command << ' ' << option;
+            const std::string spelled =
+                option.starts_with("--") ? "-l " + option.substr(2) : "-s " + option.substr(1);
+            EXPECT_TRUE(fish.contains("_from " + command + "' " + spelled + ' ')) << command << ' ' << option;
+        }
+    }
+}
+
+TEST_F(Help, CompletionsAreSoundForTheirShells) {
+    for (const auto& [shell, name] : {std::pair{"bash", "zarquelin-cli.bash"},
+                                      {"zsh", "_zarquelin-cli"},
+                                      {"fish", "zarquelin-cli.fish"}}) {
+        const std::string check =
+            std::string("! command -v ") + shell + " || " + shell + " -n " SHELL_FILES "/" + name;
+        EXPECT_EQ(test::statusOf({"/bin/sh", "-c", check}, {}), 0) << shell;
+    }
+}
+
+}  // namespace
