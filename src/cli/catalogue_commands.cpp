@@ -5,13 +5,18 @@
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/families.h"
+#include "cli/output.h"
 #include "core/catalogue_file.h"
 #include "core/maintenance.h"
+#include "engine/database.h"
 
 namespace cli {
 namespace {
 
 constexpr core::Bilingual keptAs{"el archivo dañado se conserva como ", "the damaged file is kept as "};
+constexpr core::Bilingual soundRows{"en buen estado; filas: ", "sound; rows: "};
+constexpr core::Bilingual isNoCatalogue{"existe y no es un catálogo; no se toca",
+                                        "exists and is no catalogue; it is left alone"};
 constexpr core::Bilingual alreadyThere{"ya existe y no se toca", "exists already and is left alone"};
 
 // Unlike the window, where the file chooser asks first, a script must never lose a catalogue to `new`.
@@ -43,10 +48,55 @@ int runRepair(const Invocation& invocation) {
     return fail(Done, path, std::string(keptAs.in(invocation.language)) + *repaired);
 }
 
+int runCheck(const Invocation& invocation) {
+    const std::string& path = invocation.arguments.operands[0];
+    const auto check = core::checkCatalogue(path);
+    if (!check) return fail(UnusableCatalogue, path, check.error().text);
+    const bool isSound = check->faults.empty();
+    if (invocation.arguments.json)
+        print(JsonLine()
+                  .boolean("sound", isSound)
+                  .number("rows", check->rows)
+                  .texts("faults", check->faults)
+                  .take());
+    else if (isSound)
+        print(std::string(soundRows.in(invocation.language)) + std::to_string(check->rows) + '\n');
+    for (const std::string& fault : check->faults) fail(UnusableCatalogue, path, fault);
+    return isSound ? Done : UnusableCatalogue;
+}
+
+// A name that leads to something else than a catalogue is more likely mistyped than meant.
+int runBackup(const Invocation& invocation) {
+    const std::string& path = invocation.arguments.operands[0];
+    std::filesystem::path copy = invocation.arguments.operands[1];
+    std::error_code ignored;
+    if (std::filesystem::is_directory(copy, ignored)) copy /= std::filesystem::path(path).filename();
+    if (std::filesystem::exists(copy, ignored)) {
+        const auto there = engine::OpenDatabase(copy, engine::Use::ReadOnly);
+        if (!there && there.error().number == engine::error::unrecognizedFormat)
+            return fail(UnusableCatalogue, copy.native(), isNoCatalogue.in(invocation.language));
+    }
+    if (const auto made = core::backUpCatalogue(path, copy); !made)
+        return fail(UnusableCatalogue, path, made.error().text);
+    return Done;
+}
+
 constexpr Command catalogueTable[]{
     {"new", "CAT", {"Crea un catálogo vacío.", "Makes an empty catalogue."}, {}, runNew},
     {"compact", "CAT", {"Devuelve el espacio sin usar.", "Gives unused space back."}, {}, runCompact},
     {"repair", "CAT", {"Rehace un catálogo dañado.", "Rebuilds a damaged catalogue."}, {}, runRepair},
+    {"check",
+     "CAT",
+     {"Lee todas las páginas y filas. Estado 3 si algo está dañado, y dice qué.",
+      "Reads every page and row. Status 3 if something is damaged, and tells what."},
+     {},
+     runCheck},
+    {"backup",
+     "CAT DEST",
+     {"Copia el catálogo entero, también mientras otros escriben en él.",
+      "Makes a whole copy of the catalogue, also while others write to it."},
+     {},
+     runBackup},
 };
 
 }  // namespace

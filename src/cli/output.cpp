@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 #include "cli/progress.h"
 #include "core/serial_date.h"
@@ -131,6 +132,28 @@ JsonLine& JsonLine::real(std::string_view name, double value) {
 JsonLine& JsonLine::boolean(std::string_view name, bool value) {
     key(name);
     m_line += value ? "true" : "false";
+    return *this;
+}
+
+JsonLine& JsonLine::texts(std::string_view name, std::span<const std::string> values) {
+    key(name);
+    char before = '[';
+    for (const std::string& value : values) {
+        m_line += std::exchange(before, ',');
+        quoted(value);
+    }
+    m_line += values.empty() ? "[]" : "]";
+    return *this;
+}
+
+JsonLine& JsonLine::objects(std::string_view name, std::span<const std::string> lines) {
+    key(name);
+    char before = '[';
+    for (const std::string& line : lines) {
+        m_line += std::exchange(before, ',');
+        m_line.append(line, 0, line.find('\n'));
+    }
+    m_line += lines.empty() ? "[]" : "]";
     return *this;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ class JsonLine {
     JsonLine& numberOrNull(std::string_view key, std::optional<std::int64_t> value);
     JsonLine& real(std::string_view key, double value);
     JsonLine& boolean(std::string_view key, bool value);
+    JsonLine& texts(std::string_view key, std::span<const std::string> values);
+    // A list of objects, each as take() gave it.
+    JsonLine& objects(std::string_view key, std::span<const std::string> lines);
 
     // The finished line with its line feed; the object starts anew.
     [[nodiscard]] std::string take();

@@ -64,4 +64,8 @@ engine::Result<std::string> repairCatalogue(const std::string& path) {
     return engine::RepairDatabase(path);
 }
 
+engine::Result<engine::Check> checkCatalogue(const std::string& path) {
+    return engine::CheckDatabase(path);
+}
+
 }  // namespace core

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "engine/error.h"
 
@@ -21,6 +22,17 @@ namespace engine {
 
 // The same for what CopyDatabase refuses with error::unrecognizedFormat or error::corrupt, byte by byte.
 [[nodiscard]] Result<> CopyUnreadable(const std::string& source, const std::string& destination);
+
+// What a look at all of a catalogue found.
+struct Check {
+    long long rows = 0;  // that could be read
+    std::vector<std::string>
+        faults;  // a sentence each, a hundred or so at most; none: the catalogue is sound
+};
+
+// Reads every page and every row. Fails for what is no damage: a missing or locked file, one that is no
+// catalogue, a disk that fails.
+[[nodiscard]] Result<Check> CheckDatabase(const std::string& nativePath);
 
 // Rebuilds a damaged catalogue in place from every row that can still be read, and gives the name under which
 // the damaged original stays beside it: "discs.zrq.damaged", or the next free number behind that. A change

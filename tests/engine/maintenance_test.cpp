@@ -181,6 +181,33 @@ TEST_F(MaintenanceTest, RepairsAroundADestroyedPage) {
     EXPECT_GE(repaired(hurt), 1990);
 }
 
+TEST_F(MaintenanceTest, CheckTellsWhatIsDamaged) {
+    fill(2000);
+    const auto sound = engine::CheckDatabase(path);
+    ASSERT_TRUE(sound);
+    EXPECT_EQ(sound->faults, std::vector<std::string>());
+    EXPECT_EQ(sound->rows, 2000);
+    const std::string whole = readFile(path), hurt = folder / "hurt.zrq";
+    for (std::size_t page = 1; page * 8192 < whole.size(); ++page) {
+        std::string bytes = whole;
+        bytes.replace(page * 8192, 8192, std::string(8192, '\x5A'));
+        writeFile(hurt, bytes);
+        const auto check = engine::CheckDatabase(hurt);
+        ASSERT_TRUE(check) << check.error().text;
+        EXPECT_FALSE(check->faults.empty()) << page;
+        EXPECT_LE(check->faults.size(), 102u);
+    }
+    writeFile(hurt, whole);
+    EXPECT_EQ(plainly(hurt,
+                      "update datos set largo = 'much', archivo = x'41', carpeta = cast(x'ff' as text) "
+                      "where rowid = 7"),
+              "");
+    EXPECT_EQ(engine::CheckDatabase(hurt)->faults,
+              (std::vector<std::string>{"row 7: carpeta is no UTF-8 text", "row 7: archivo is no text",
+                                        "row 7: largo is no number"}));
+    EXPECT_EQ(engine::CheckDatabase(folder / "missing.zrq").error().number, engine::error::fileNotFound);
+}
+
 TEST_F(MaintenanceTest, RepairBringsNoDeletedRowBack) {
     fill(2000);
     {
