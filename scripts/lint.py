@@ -7,7 +7,7 @@ import pathlib
 import re
 import sys
 
-ROOMS = "scan browse search notes copyback exchange stats print mount".split()
+ROOMS = "scan browse search notes copyback duplicates exchange stats print mount".split()
 
 # Which folders a folder may include, besides itself. The libraries are in src/CMakeLists.txt.
 MAY_INCLUDE = {

@@ -24,9 +24,10 @@ std::string written(const Option& option) {
 std::span<const Command> commands() {
     static const std::vector<Command> all = [] {
         std::vector<Command> joined;
-        for (const auto family : {catalogueCommands(), enteringCommands(), updateCommands(), unitCommands(),
-                                  listCommands(), searchCommands(), statsCommands(), noteCommands(),
-                                  copyCommands(), exportCommands(), importCommands(), mountCommands()})
+        for (const auto family :
+             {catalogueCommands(), enteringCommands(), updateCommands(), unitCommands(), listCommands(),
+              searchCommands(), duplicatesCommands(), statsCommands(), noteCommands(), copyCommands(),
+              exportCommands(), importCommands(), mountCommands()})
             joined.insert(joined.end(), family.begin(), family.end());
         return joined;
     }();

@@ -127,6 +127,47 @@ TEST_F(Program, MergesCataloguesThroughAFile) {
     EXPECT_EQ(statusOf({"import", work / "missing.zrq", work / "rows.csv"}), 3);
 }
 
+TEST_F(Program, FindsWhatIsThereTwice) {
+    fs::create_directories(work / "disc/again");
+    test::writeFile(work / "disc/again/UNO.txt", std::string(2048, 'y'));
+    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
+    EXPECT_EQ(run({"duplicates", cat}).told, "2\tFotos\tE:\\again\\UNO.txt\n2\tFotos\tE:\\Año\\uno.txt\n\n");
+    EXPECT_EQ(run({"duplicates", cat, "--json", "--by", "name", "--unit", "fotos"}).told,
+              R"({"archivo":"UNO.txt","largo":2,"copies":[)"
+              R"({"disco":"Fotos :","ruta":"E:\\again","archivo":"UNO.txt"},)"
+              R"({"disco":"Fotos :","ruta":"E:\\Año","archivo":"uno.txt"}]})"
+              "\n");
+    const std::string paths = disc + "/again/UNO.txt" + '\0' + disc + "/Año/uno.txt" + '\0';
+    EXPECT_EQ(run({"duplicates", cat, "-0"}).told, paths);
+    EXPECT_EQ(statusOf({"duplicates", cat, "--min-kb", "3"}), 1);
+    EXPECT_EQ(statusOf({"duplicates", cat, "--unit", "Nada"}), 1);
+    for (const char* by : {"", "name,", "names", "name;size"})
+        EXPECT_EQ(statusOf({"duplicates", cat, "--by", by}), 2) << by;
+    EXPECT_EQ(statusOf({"duplicates", cat, "--min-kb", "-1"}), 2);
+}
+
+TEST_F(Program, ChecksAndBacksUp) {
+    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
+    EXPECT_EQ(run({"check", cat, "--lang", "en"}).told, "sound; rows: 4\n");
+    fs::create_directory(work / "safe");
+    for (int time = 0; time < 2; ++time) EXPECT_EQ(statusOf({"backup", cat, work / "safe"}), 0);
+    EXPECT_EQ(run({"export", work / "safe/cat.zrq"}).told, run({"export", cat}).told);
+    const std::string photo = disc + "/Año/uno.txt", before = test::readFile(photo);
+    EXPECT_EQ(statusOf({"backup", cat, photo}), 3);
+    EXPECT_EQ(test::readFile(photo), before);
+    EXPECT_EQ(statusOf({"backup", cat, cat}), 3);
+    EXPECT_EQ(statusOf({"backup", work / "missing.zrq", work / "new.zrq"}), 3);
+    EXPECT_FALSE(fs::exists(work / "new.zrq"));
+
+    std::string bytes = test::readFile(cat);
+    std::fill(bytes.begin() + 8192, bytes.end(), 'Z');
+    test::writeFile(cat, bytes);
+    EXPECT_EQ(run({"check", cat}).status, 3);
+    EXPECT_NE(run({"check", cat, "--json"}).told.find(R"({"sound":false,"rows":0,"faults":[")"),
+              std::string::npos);
+    EXPECT_EQ(statusOf({"check", photo}), 3);
+}
+
 TEST_F(Program, RenamesDeletesAndCompacts) {
     ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
     ASSERT_EQ(run({"add", cat, "Cds", "x"}).status, 0);
