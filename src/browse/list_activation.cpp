@@ -114,7 +114,7 @@ void ListActivation::stepFromResults(const Row& row) {
     if (!level) return;
     results.beginFill();
     list(*database, steppedResultListing(*level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
-         [&](const lists::ListItem& item) { results.add(item); });
+         m_surface.memoria, [&](const lists::ListItem& item) { results.add(item); });
     results.endFill();
 }
 

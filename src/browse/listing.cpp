@@ -1,16 +1,14 @@
 #include "browse/listing.h"
 
-#include "lists/row_items.h"
-
 namespace browse {
 
-void list(engine::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
-          bool lowerCaseKeys) {
-    lists::RowItems items(language);
+void list(engine::Database& database, const Listing& listing, core::Language language,
+          lists::RowMemory& memory, const ItemSink& sink, bool lowerCaseKeys) {
+    const lists::RowItems items(language, memory, {.lowerCaseKeys = lowerCaseKeys});
     if (auto rows = database.OpenRecordset(listing.folders))
-        for (; !rows->Eof(); rows->MoveNext()) sink(items.folderItem(core::readRow(*rows)));
+        for (; !rows->Eof(); rows->MoveNext()) sink(items.folderItem(*rows));
     if (auto rows = database.OpenRecordset(listing.files))
-        for (; !rows->Eof(); rows->MoveNext()) sink(items.fileItem(core::readRow(*rows), lowerCaseKeys));
+        for (; !rows->Eof(); rows->MoveNext()) sink(items.fileItem(*rows));
 }
 
 }  // namespace browse

@@ -5,7 +5,7 @@
 #include "browse/listing_statements.h"
 #include "core/language.h"
 #include "engine/database.h"
-#include "lists/list_item.h"
+#include "lists/row_items.h"
 
 namespace browse {
 
@@ -13,7 +13,7 @@ using ItemSink = std::function<void(const lists::ListItem&)>;
 
 // Runs a listing, folders first, and hands over its items. A statement that the engine refuses gives no
 // items.
-void list(engine::Database& database, const Listing& listing, core::Language language, const ItemSink& sink,
-          bool lowerCaseKeys = false);
+void list(engine::Database& database, const Listing& listing, core::Language language,
+          lists::RowMemory& memory, const ItemSink& sink, bool lowerCaseKeys = false);
 
 }  // namespace browse

@@ -8,6 +8,7 @@
 #include "frame/frame.h"
 #include "lists/clicked_row.h"
 #include "lists/item_list.h"
+#include "lists/row_items.h"
 
 namespace browse {
 
@@ -21,6 +22,7 @@ struct Surface {
     controls::TreeView& treeView1;
     controls::ImageCombo& imageCombo1;  // the path combo: the units, then at most one path
     lists::Lists lists;
+    lists::RowMemory& memoria;  // of the rows shown in either list
 
     NameLists nombres;
     BrowseState estado;

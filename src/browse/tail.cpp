@@ -16,7 +16,7 @@ void dropPathItem(Surface& surface) {
 void showPathItem(Surface& surface, const std::string& fullPath) {
     dropPathItem(surface);
     const int number = surface.estado.indicecombo + 1;
-    surface.imageCombo1.addItem(number, QString(), QString::fromStdString(fullPath), 2);
+    surface.imageCombo1.addItem(number, QString::fromStdString(fullPath), 2);
     surface.imageCombo1.setSelected(number);
 }
 
@@ -26,8 +26,8 @@ void fillList(Surface& surface, engine::Database& database, const Listing& listi
     shown.clear();
     shown.beginFill();
     list(
-        database, listing, surface.frame.idioma, [&](const lists::ListItem& item) { shown.add(item); },
-        lowerCaseKeys);
+        database, listing, surface.frame.idioma, surface.memoria,
+        [&](const lists::ListItem& item) { shown.add(item); }, lowerCaseKeys);
     shown.endFill();
 }
 

@@ -11,14 +11,11 @@
 #include "lists/text_arena.h"
 
 namespace lists {
-namespace {
-
-constexpr std::int64_t noLargo = std::numeric_limits<std::int64_t>::min();
 
 // How the name key follows from the text, which spares keeping it.
 enum class NameKey : std::uint8_t { Folder, File, LowerCaseFile, OfItsOwn };
 
-struct Item {
+struct StoredItem {
     const char* text;  // in the arena; a name key of its own stands behind, its length first
     std::int64_t largo;
     double fecha;
@@ -30,6 +27,10 @@ struct Item {
 
     [[nodiscard]] std::string_view name() const { return {text, textSize}; }
 };
+
+namespace {
+
+constexpr std::int64_t noLargo = std::numeric_limits<std::int64_t>::min();
 
 std::string asciiLower(std::string_view text) {
     std::string lower(text);
@@ -57,18 +58,18 @@ std::string paddedSize(std::int64_t largo) {
 struct ItemStore::Impl {
     TextArena arena;
     TextPool pool;
-    std::deque<Item> items;            // in the order of adding
+    std::deque<StoredItem> items;      // in the order of adding
     std::vector<std::uint32_t> order;  // the number of the item at each position
     Sorting sorting;
 
-    [[nodiscard]] const Item& at(std::size_t position) const { return items[order[position]]; }
-    [[nodiscard]] static std::string nameKey(const Item& item);
-    [[nodiscard]] std::string subItem(const Item& item, int number) const;
+    [[nodiscard]] const StoredItem& at(std::size_t position) const { return items[order[position]]; }
+    [[nodiscard]] static std::string nameKey(const StoredItem& item);
+    [[nodiscard]] std::string subItem(const StoredItem& item, int number) const;
     [[nodiscard]] auto test(const Units& which) const;
     [[nodiscard]] std::vector<std::string_view> keys(int key, TextArena& computed) const;
 };
 
-std::string ItemStore::Impl::nameKey(const Item& item) {
+std::string ItemStore::Impl::nameKey(const StoredItem& item) {
     switch (item.nameKey) {
         case NameKey::Folder:
             return std::string("a").append(item.name());
@@ -85,7 +86,7 @@ std::string ItemStore::Impl::nameKey(const Item& item) {
     return {behind + sizeof size, size};
 }
 
-std::string ItemStore::Impl::subItem(const Item& item, int number) const {
+std::string ItemStore::Impl::subItem(const StoredItem& item, int number) const {
     switch (number) {
         case 1:
             return std::string(pool.text(item.notes));
@@ -114,7 +115,7 @@ std::string ItemStore::Impl::subItem(const Item& item, int number) const {
 std::vector<std::string_view> ItemStore::Impl::keys(int key, TextArena& computed) const {
     std::vector<std::string_view> result;
     result.reserve(items.size());
-    for (const Item& item : items) {
+    for (const StoredItem& item : items) {
         switch (key) {
             case 0:
                 result.push_back(item.name());
@@ -149,7 +150,7 @@ void ItemStore::clear() {
 
 void ItemStore::add(const ListItem& item) {
     TextPool& pool = m_impl->pool;
-    Item added{};
+    StoredItem added{};
     added.nameKey = nameKeyOf(item.text, item.nameKey);
     if (added.nameKey == NameKey::OfItsOwn) {
         const auto size = static_cast<std::uint32_t>(item.nameKey.size());
@@ -199,7 +200,7 @@ void ItemStore::setNotes(std::size_t position, std::string_view notes) {
 
 // Asks once a unit.
 auto ItemStore::Impl::test(const Units& which) const {
-    return [this, &which, known = std::unordered_map<std::uint32_t, bool>()](const Item& item) mutable {
+    return [this, &which, known = std::unordered_map<std::uint32_t, bool>()](const StoredItem& item) mutable {
         const auto [unit, isNew] = known.try_emplace(item.disco);
         if (isNew) unit->second = which(pool.text(item.disco));
         return unit->second;
@@ -209,16 +210,16 @@ auto ItemStore::Impl::test(const Units& which) const {
 void ItemStore::renameUnits(const Units& which, std::string_view disco) {
     const std::uint32_t renamed = m_impl->pool.add(disco);
     auto isMeant = m_impl->test(which);
-    for (Item& item : m_impl->items)
+    for (StoredItem& item : m_impl->items)
         if (isMeant(item)) item.disco = renamed;
 }
 
 void ItemStore::removeUnits(const Units& which) {
     constexpr std::uint32_t gone = -1;
     std::vector<std::uint32_t> numbers;  // by the old one
-    std::deque<Item> kept;
+    std::deque<StoredItem> kept;
     auto isMeant = m_impl->test(which);
-    for (const Item& item : m_impl->items) {
+    for (const StoredItem& item : m_impl->items) {
         const bool goes = isMeant(item);
         numbers.push_back(goes ? gone : static_cast<std::uint32_t>(kept.size()));
         if (!goes) kept.push_back(item);
@@ -248,7 +249,7 @@ const ItemStore::Sorting& ItemStore::sorting() const {
 }
 
 std::size_t ItemStore::bytesUsed() const {
-    return m_impl->arena.bytesUsed() + m_impl->pool.bytesUsed() + m_impl->items.size() * sizeof(Item) +
+    return m_impl->arena.bytesUsed() + m_impl->pool.bytesUsed() + m_impl->items.size() * sizeof(StoredItem) +
            m_impl->order.capacity() * sizeof(std::uint32_t);
 }
 

@@ -1,43 +1,44 @@
 #include "lists/row_items.h"
 
 #include "core/text.h"
-#include "lists/file_types.h"
 
 namespace lists {
-namespace {
 
 // What folder and file rows have in common.
-ListItem commonItem(const core::CatalogRow& row) {
-    ListItem item;
-    item.notes = row.comentario.value_or("");
-    item.fecha = row.fecha;
-    item.disco = row.disco;
-    item.ruta = row.ruta;
-    return item;
+void RowItems::addCommon(ListItem& item, const engine::Recordset& row) const {
+    if (m_style.note == NoteReading::Read) m_memory.notafila = row.Field("comentario").text();
+    if (m_style.note == NoteReading::Ignore)
+        item.nameKey.clear();
+    else
+        item.notes = m_memory.notafila;
+    item.fecha = row.Field("fecha").number();
+    item.dateKeyIsSerial = m_style.dateKeyIsSerial;
+    item.disco = row.Field("disco").text();
+    item.ruta = row.Field("ruta").text();
 }
 
-}  // namespace
-
-ListItem RowItems::folderItem(const core::CatalogRow& row) {
-    m_tipocarpeta = tipoCaption(row.tipo, m_language, m_tipocarpeta);
-    ListItem item = commonItem(row);
-    item.text = row.carpeta;
+ListItem RowItems::folderItem(const engine::Recordset& row) const {
+    m_memory.tipocarpeta = tipoCaption(row.Field("tipo").text(), m_language, m_memory.tipocarpeta);
+    ListItem item;
+    item.text = row.Field("carpeta").text();
     item.picture = folderPicture;
     item.smallPicture = folderSmallPicture;
-    item.type = m_tipocarpeta;
-    item.nameKey = "a" + row.carpeta;
+    item.type = m_memory.tipocarpeta;
+    item.nameKey = "a" + item.text;
+    addCommon(item, row);
     return item;
 }
 
-ListItem RowItems::fileItem(const core::CatalogRow& row, bool lowerCaseKey) const {
-    const std::string name = row.archivo.value_or("");
-    const FileKind kind = fileKind(name, PatternSet::Browsing, core::rotulos(m_language));
-    ListItem item = commonItem(row);
-    item.text = name;
+ListItem RowItems::fileItem(const engine::Recordset& row) const {
+    ListItem item;
+    item.text = row.Field("archivo").text();
+    const FileKind kind = m_style.fileKind ? *m_style.fileKind
+                                           : fileKind(item.text, m_style.patterns, core::rotulos(m_language));
     item.picture = item.smallPicture = kind.picture;
     item.type = kind.caption;
-    item.largo = row.largo.value_or(0);
-    item.nameKey = "b" + (lowerCaseKey ? core::lowerCase(name) : name);
+    item.largo = row.Field("largo").integer();
+    item.nameKey = "b" + (m_style.lowerCaseKeys ? core::lowerCase(item.text) : item.text);
+    addCommon(item, row);
     return item;
 }
 

@@ -3,16 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "lists/row_items.h"
 #include "search/search_request.h"
 
 namespace search {
 
-// What a pass does with the note of a row.
-enum class NoteReading {
-    Read,    // the row's own
-    Keep,    // shows the note of the last row shown before, be it of an earlier search
-    Ignore,  // reads none, and the items get neither a note nor a name key
-};
+using lists::NoteReading;
 
 // One statement of a search and how its rows come into the list.
 struct Pass {

@@ -33,7 +33,8 @@ constexpr int rowsBetweenSigns = 4096;
 // on.
 class ListSink : public ResultSink {
   public:
-    ListSink(lists::ItemList& list, core::Language language, RowMemory& memory, std::function<void()> goesOn)
+    ListSink(lists::ItemList& list, core::Language language, lists::RowMemory& memory,
+             std::function<void()> goesOn)
         : m_list(list), m_language(language), m_memory(memory), m_goesOn(std::move(goesOn)) {}
     ~ListSink() override { end(); }
 
@@ -56,7 +57,7 @@ class ListSink : public ResultSink {
 
     lists::ItemList& m_list;
     core::Language m_language;
-    RowMemory& m_memory;
+    lists::RowMemory& m_memory;
     std::function<void()> m_goesOn;
     long long m_added = 0;
     bool m_filling = false;
@@ -71,8 +72,9 @@ QLabel* makeTitle(const QString& name) {
 
 }  // namespace
 
-SearchPanel::SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, QWidget* parent)
-    : QWidget(parent), m_frame(frame), m_listView2(listView2) {
+SearchPanel::SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, lists::RowMemory& memory,
+                         QWidget* parent)
+    : QWidget(parent), m_frame(frame), m_listView2(listView2), m_memory(memory) {
     setObjectName(QStringLiteral("Picture1"));
     makeControls();
     frame::applyCaptions(*this, frame.idioma);
@@ -146,7 +148,7 @@ void SearchPanel::setUnits(std::span<const core::UnitItem> units) {
 }
 
 void SearchPanel::addUnit(const core::UnitItem& unit) {
-    imageCombo3().addItem(imageCombo3().count() + 1, {}, controls::qtext(unit.disco), unit.picture);
+    imageCombo3().addItem(imageCombo3().count() + 1, controls::qtext(unit.disco), unit.picture);
 }
 
 void SearchPanel::removeUnit(const std::string& disco) {

@@ -29,8 +29,9 @@ class CriteriaPages;
 class SearchPanel : public QWidget {
     Q_OBJECT
   public:
-    // The frame and the list outlive the panel.
-    SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, QWidget* parent = nullptr);
+    // All but the parent are borrowed and outlive the panel.
+    SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, lists::RowMemory& memory,
+                QWidget* parent = nullptr);
 
     void setTabOrder();  // Combo2, Label5, TabStrip1 and its pages, the results
     void focusCombo2();
@@ -61,7 +62,7 @@ class SearchPanel : public QWidget {
 
     const frame::Frame& m_frame;
     lists::ItemList& m_listView2;
-    RowMemory m_memory;
+    lists::RowMemory& m_memory;
     Counters m_counters;
     QComboBox* m_combo2;
     QPushButton* m_label5;

@@ -62,12 +62,13 @@ MainWindowParts::MainWindowParts(Form1& owner, core::Language idioma, frame::Mes
                 state.running = jobs > 0;
                 applyState();
             }},
-      picture1(new search::SearchPanel(frame, *controls.listView2, controls.client)),
+      picture1(new search::SearchPanel(frame, *controls.listView2, rowMemory, controls.client)),
       picture2(new scan::ImportPanel(frame, importEvents(), controls.client)),
       surface{frame,
               *controls.treeView1,
               *controls.imageCombo1,
               {*controls.listView1, *controls.listView2},
+              rowMemory,
               {},
               {},
               {},

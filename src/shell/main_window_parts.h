@@ -69,6 +69,7 @@ struct MainWindowParts {
     frame::WindowState state;
     int jobs = 0;  // that can be stopped; one may begin while another gives way
     frame::Frame frame;
+    lists::RowMemory rowMemory;
 
     search::SearchPanel* picture1;
     scan::ImportPanel* picture2;

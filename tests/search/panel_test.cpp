@@ -106,6 +106,19 @@ TEST_F(Searching, ANameSearchRemembersItsTextEachTime) {
     EXPECT_EQ(name.currentText(), "foto");
 }
 
+TEST_F(Searching, ANameSearchOfTypeAndUnitShowsTheNoteThatBrowsingShowedLast) {
+    choose("explorar");
+    click("Discos :");
+    click("Discos :\\sonidos");
+    ASSERT_EQ(listed().back(), "z.zip");  // its note is "jazz"
+    choose("buscar");
+    control<controls::ImageCombo>("ImageCombo2").setSelected(3);  // pictures
+    control<controls::ImageCombo>("ImageCombo3").setSelected(3);  // of the other unit
+    search("foto");
+    ASSERT_EQ(listed(), (Names{"foto1.jpg", "foto2.JPG"}));
+    for (int row : {0, 1}) EXPECT_EQ(surface().lists.listView2.subItem(row, 1), "jazz");
+}
+
 TEST_F(Searching, TheStraightRoadKeepsTheOtherCounter) {
     search("foto");
     switchOn(3);

@@ -20,7 +20,7 @@ const core::Rotulos& captions = core::rotulos(core::Language::English);
 
 class Collected : public search::ResultSink {
   public:
-    explicit Collected(search::RowMemory& memory) : m_memory(memory) {}
+    explicit Collected(lists::RowMemory& memory) : m_memory(memory) {}
     void clear() override { items.clear(); }
     void add(const engine::Recordset& row, const search::Pass& pass) override {
         items.push_back(search::resultItem(row, pass, core::Language::English, m_memory));
@@ -28,7 +28,7 @@ class Collected : public search::ResultSink {
     std::vector<lists::ListItem> items;
 
   private:
-    search::RowMemory& m_memory;
+    lists::RowMemory& m_memory;
 };
 
 class SearchRun : public testing::Test {
@@ -53,7 +53,7 @@ class SearchRun : public testing::Test {
 
     SampleCatalogue sample;
     engine::Database database = sample.open(engine::Use::ReadOnly);
-    search::RowMemory memory;
+    lists::RowMemory memory;
     search::Counters counters;
     engine::Result<> outcome;
     std::vector<lists::ListItem> items;
