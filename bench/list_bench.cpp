@@ -115,7 +115,7 @@ void benchTree(int nodes, bool open) {
     controls::TreeView tree;
     tree.resize(300, 600);
     tree.show();
-    const controls::Node unit = tree.addNode(controls::noNode, "Disc :", 16, 16, "Disc :");
+    const controls::Node unit = tree.addNode(controls::noNode, "Disc :", 16, 16);
     tree.addNode(unit, "first", 2, 3);
     tree.setExpanded(unit, open);
     QCoreApplication::processEvents();

@@ -86,8 +86,8 @@ void Opening::inicio() {
 
 void Opening::showUnit(const core::UnitItem& unit) {
     const QString text = qtext(unit.disco);
-    m_surface.treeView1.addNode(noNode, text, unit.picture, unit.picture, {});
-    m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, {}, text, unit.picture);
+    m_surface.treeView1.addNode(noNode, text, unit.picture, unit.picture);
+    m_surface.imageCombo1.addItem(m_surface.imageCombo1.count() + 1, text, unit.picture);
 }
 
 void Opening::addUnit(const core::UnitItem& unit) {

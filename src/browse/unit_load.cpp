@@ -73,6 +73,7 @@ LoadEnd UnitLoad::from(engine::Database& database, FirstLevel first) {
     auto all = database.OpenRecordset(allFoldersOf(m_disco));
     m_surface.frame.status.showProgress(all ? static_cast<int>(all->RecordCount()) : 1);
     m_surface.frame.status.setProgress(1);
+    const controls::TreeView::Filling filling(m_surface.treeView1);
     TreeFiller filler(m_surface, m_unit, m_disco, m_names);
     return loadFolders(database, m_disco, first, filler);
 }

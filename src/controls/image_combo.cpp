@@ -10,7 +10,6 @@
 
 namespace controls {
 namespace {
-constexpr int keyRole = Qt::UserRole + 1;
 constexpr int pictureRole = Qt::UserRole + 2;
 constexpr int visibleItems = 20;
 }  // namespace
@@ -31,12 +30,11 @@ ImageCombo::ImageCombo(Typing typing, QWidget* parent) : QComboBox(parent) {
     }
 }
 
-bool ImageCombo::addItem(int number, const QString& key, const QString& text, int picture) {
+bool ImageCombo::addItem(int number, const QString& text, int picture) {
     if (number < 1 || number > count() + 1) return false;
     const QString typed = currentText();
     const bool none = currentIndex() < 0;
     insertItem(number - 1, controls::picture(picture), text);
-    setItemData(number - 1, key, keyRole);
     setItemData(number - 1, picture, pictureRole);
     if (none) {  // the base class selects the first item that it gets
         setCurrentIndex(-1);
@@ -63,10 +61,6 @@ QString ImageCombo::itemText(int number) const {
 
 void ImageCombo::setItemText(int number, const QString& text) {
     QComboBox::setItemText(number - 1, text);
-}
-
-QString ImageCombo::itemKey(int number) const {
-    return itemData(number - 1, keyRole).toString();
 }
 
 int ImageCombo::itemPicture(int number) const {

@@ -4,7 +4,7 @@
 
 namespace controls {
 
-// A combo whose items have a picture and perhaps a key. Items are numbered from 1. Nothing is selected until
+// A combo whose items have a picture. Items are numbered from 1. Nothing is selected until
 // somebody selects; removing the selected item leaves none selected.
 class ImageCombo : public QComboBox {
     Q_OBJECT
@@ -14,13 +14,12 @@ class ImageCombo : public QComboBox {
 
     // The new item takes the number, which is at most one more than the last; others move up. False
     // otherwise.
-    bool addItem(int number, const QString& key, const QString& text, int picture);
+    bool addItem(int number, const QString& text, int picture);
     bool removeItem(int number);
     void clear();
 
     [[nodiscard]] QString itemText(int number) const;
     void setItemText(int number, const QString& text);
-    [[nodiscard]] QString itemKey(int number) const;
     [[nodiscard]] int itemPicture(int number) const;  // 0 when there is no such item
 
     [[nodiscard]] int selectedItem() const;  // 0 for none

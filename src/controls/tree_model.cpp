@@ -17,7 +17,7 @@ std::vector<Node>& TreeModel::childrenOf(Node node) {
     return node == noNode ? m_roots : entry(node).children;
 }
 
-Node TreeModel::add(Node parent, const QString& text, int picture, int selectedPicture, const QString& key) {
+Node TreeModel::add(Node parent, const QString& text, int picture, int selectedPicture) {
     if (parent != noNode && !contains(parent)) return noNode;
     const Node node = static_cast<Node>(m_entries.size()) + 1;
     const int row = childCount(parent);
@@ -27,13 +27,11 @@ Node TreeModel::add(Node parent, const QString& text, int picture, int selectedP
     m_inOrder.push_back(node);
     Entry& added = m_entries.emplace_back();
     added.text = text;
-    added.key = key;
     added.parent = parent;
     added.row = row;
     added.index = count();
     added.picture = static_cast<short>(picture);
     added.selectedPicture = static_cast<short>(selectedPicture);
-    if (!key.isEmpty() && !m_byKey.contains(key)) m_byKey.insert(key, node);
     if (!tells) return node;
     if (parent != noNode) entry(parent).told = row + 1;
     endInsertRows();
@@ -74,7 +72,6 @@ void TreeModel::forget(Node node) {
         pending.pop_back();
         Entry& gone = entry(next);
         pending.insert(pending.end(), gone.children.begin(), gone.children.end());
-        if (m_byKey.value(gone.key, noNode) == next) m_byKey.remove(gone.key);
         gone = Entry{};
     }
     std::erase_if(m_inOrder, [this](Node kept) { return entry(kept).index == 0; });
@@ -103,7 +100,6 @@ void TreeModel::clear() {
     m_entries.clear();
     m_roots.clear();
     m_inOrder.clear();
-    m_byKey.clear();
     endResetModel();
 }
 
@@ -119,10 +115,6 @@ Node TreeModel::nodeAt(int index) const {
     return index < 1 || index > count() ? noNode : m_inOrder[static_cast<std::size_t>(index - 1)];
 }
 
-Node TreeModel::nodeOfKey(const QString& key) const {
-    return m_byKey.value(key, noNode);
-}
-
 QString TreeModel::text(Node node) const {
     return contains(node) ? entry(node).text : QString();
 }
@@ -131,10 +123,6 @@ void TreeModel::setText(Node node, const QString& text) {
     if (!contains(node)) return;
     entry(node).text = text;
     emit dataChanged(place(node), place(node));
-}
-
-QString TreeModel::key(Node node) const {
-    return contains(node) ? entry(node).key : QString();
 }
 
 Node TreeModel::parentOf(Node node) const {
@@ -191,10 +179,7 @@ bool TreeModel::isConsistent() const {
             ++reached;
         }
     }
-    const bool keysLeadBack = std::all_of(
-        m_byKey.keyValueBegin(), m_byKey.keyValueEnd(),
-        [this](auto&& pair) { return contains(pair.second) && entry(pair.second).key == pair.first; });
-    return keysLeadBack && reached == m_inOrder.size();
+    return reached == m_inOrder.size();
 }
 
 QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {

@@ -20,8 +20,8 @@ class TreeModel : public QAbstractItemModel {
   public:
     explicit TreeModel(QObject* parent = nullptr);
 
-    // Behind the last child of the parent. A key that is taken already stays with its first node.
-    Node add(Node parent, const QString& text, int picture, int selectedPicture, const QString& key = {});
+    // Behind the last child of the parent; noNode when there is no such parent.
+    Node add(Node parent, const QString& text, int picture, int selectedPicture);
     void remove(Node node);  // with all below it
     void clear();
 
@@ -31,11 +31,9 @@ class TreeModel : public QAbstractItemModel {
     // gap. 0 for no such node.
     [[nodiscard]] int indexOf(Node node) const;
     [[nodiscard]] Node nodeAt(int index) const;
-    [[nodiscard]] Node nodeOfKey(const QString& key) const;
 
     [[nodiscard]] QString text(Node node) const;
     void setText(Node node, const QString& text);
-    [[nodiscard]] QString key(Node node) const;
 
     [[nodiscard]] Node parentOf(Node node) const;
     [[nodiscard]] int childCount(Node node) const;  // of noNode: the number of roots
@@ -49,7 +47,7 @@ class TreeModel : public QAbstractItemModel {
     void tell(Node node);
     [[nodiscard]] static Node nodeOf(const QModelIndex& place);
 
-    // Every link has its counterpart: parents know their children in order, indices and keys lead back.
+    // Every link has its counterpart: parents know their children in order, indices lead back.
     [[nodiscard]] bool isConsistent() const;
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent) const override;
@@ -72,7 +70,6 @@ class TreeModel : public QAbstractItemModel {
   private:
     struct Entry {
         QString text;
-        QString key;
         std::vector<Node> children;
         Node parent = noNode;
         int row = 0;    // among the children of the parent
@@ -95,7 +92,6 @@ class TreeModel : public QAbstractItemModel {
     std::vector<Entry> m_entries;  // by handle less one
     std::vector<Node> m_roots;
     std::vector<Node> m_inOrder;  // by index less one
-    QHash<QString, Node> m_byKey;
 };
 
 }  // namespace controls

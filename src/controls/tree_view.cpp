@@ -10,8 +10,7 @@
 namespace controls {
 namespace {
 
-constexpr qint64 cheapLayout = 1'000'000;  // nanoseconds
-constexpr qint64 layoutShare = 20;         // one part in so many of the time
+constexpr int layoutShare = 20;  // a filling tree is laid out when one part in so many is new
 
 // A selected node may have a picture of its own, such as the open folder.
 class NodeDelegate : public QStyledItemDelegate {
@@ -46,13 +45,10 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent) {
     connect(this, &QAbstractItemView::clicked, this,
             [this](const QModelIndex& place) { emit nodeClicked(TreeModel::nodeOf(place)); });
     connect(&m_model, &TreeModel::textEntered, this, &TreeView::afterLabelEdit);
-    m_layoutLater.setSingleShot(true);
-    connect(&m_layoutLater, &QTimer::timeout, this, &TreeView::doItemsLayout);
 }
 
-Node TreeView::addNode(Node parent, const QString& text, int picture, int selectedPicture,
-                       const QString& key) {
-    return m_model.add(parent, text, picture, selectedPicture, key);
+Node TreeView::addNode(Node parent, const QString& text, int picture, int selectedPicture) {
+    return m_model.add(parent, text, picture, selectedPicture);
 }
 
 void TreeView::remove(Node node) {
@@ -73,6 +69,7 @@ bool TreeView::isExpanded(Node node) const {
 
 void TreeView::setExpanded(Node node, bool expanded) {
     m_model.tell(node);
+    layOutIfDue();
     QTreeView::setExpanded(m_model.place(node), expanded);
 }
 
@@ -97,11 +94,13 @@ void TreeView::editLabel(Node node) {
 }
 
 void TreeView::repaintNow() {
+    layOutIfDue();
     executeDelayedItemsLayout();
     viewport()->repaint();
 }
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
+    layOutIfDue();
     const Node before = selected();
     QTreeView::mousePressEvent(event);
     // A menu is for the node under the pointer, so that node is clicked first.
@@ -111,6 +110,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
+    layOutIfDue();
     const bool editing = state() == QAbstractItemView::EditingState;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const Node before = selected();
@@ -121,29 +121,41 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     if (!editing && now != noNode && (enter || now != before)) emit nodeClicked(now);
 }
 
-bool TreeView::layoutMustWait() const {
-    return m_layoutCost > cheapLayout && m_sinceLayout.nsecsElapsed() < layoutShare * m_layoutCost;
+TreeView::Filling::~Filling() {
+    if (--m_tree.m_fillings == 0) m_tree.layOutIfDue();
 }
 
 void TreeView::rowsInserted(const QModelIndex& parent, int first, int last) {
-    if (!layoutMustWait()) return QTreeView::rowsInserted(parent, first, last);
+    m_rowsWaiting += last - first + 1;
+    if (m_fillings == 0 || m_rowsWaiting >= m_model.count() / layoutShare)
+        return QTreeView::rowsInserted(parent, first, last);
     QAbstractItemView::rowsInserted(parent, first, last);
-    layOutLater();
-}
-
-void TreeView::layOutLater() {
-    constexpr qint64 nanosecondsPerMillisecond = 1'000'000;
-    if (!m_layoutLater.isActive())
-        m_layoutLater.start(static_cast<int>(layoutShare * m_layoutCost / nanosecondsPerMillisecond) + 1);
+    m_layoutDue = true;
 }
 
 void TreeView::doItemsLayout() {
-    if (layoutMustWait()) return layOutLater();
-    m_layoutLater.stop();
-    m_sinceLayout.start();
+    m_layoutDue = false;
+    m_rowsWaiting = 0;
     QTreeView::doItemsLayout();
-    m_layoutCost = m_sinceLayout.nsecsElapsed();
-    m_sinceLayout.start();
+}
+
+void TreeView::layOutIfDue() {
+    if (m_layoutDue) doItemsLayout();
+}
+
+QModelIndex TreeView::indexAt(const QPoint& place) const {
+    const_cast<TreeView*>(this)->layOutIfDue();  // as the base class does with a layout of its own
+    return QTreeView::indexAt(place);
+}
+
+QRect TreeView::visualRect(const QModelIndex& index) const {
+    const_cast<TreeView*>(this)->layOutIfDue();
+    return QTreeView::visualRect(index);
+}
+
+void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    layOutIfDue();
+    QTreeView::scrollTo(index, hint);
 }
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {

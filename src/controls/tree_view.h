@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
-#include <QTimer>
 #include <QTreeView>
 
 #include "controls/tree_model.h"
@@ -16,7 +14,7 @@ class TreeView : public QTreeView {
   public:
     explicit TreeView(QWidget* parent = nullptr);
 
-    Node addNode(Node parent, const QString& text, int picture, int selectedPicture, const QString& key = {});
+    Node addNode(Node parent, const QString& text, int picture, int selectedPicture);
     void remove(Node node);  // with all below it
     void clear();
     void setText(Node node, const QString& text);
@@ -35,6 +33,24 @@ class TreeView : public QTreeView {
     // afterLabelEdit tells it; the node keeps its old text until a listener sets another.
     void editLabel(Node node);
 
+    // While one lives, nodes may come by the thousand into an open branch, with the event queue served in
+    // between. Rows are then laid out when their number has grown by a share, and before anyone asks where
+    // one is.
+    class Filling {
+      public:
+        explicit Filling(TreeView& tree) : m_tree(tree) { ++m_tree.m_fillings; }
+        ~Filling();
+        Filling(const Filling&) = delete;
+        Filling& operator=(const Filling&) = delete;
+
+      private:
+        TreeView& m_tree;
+    };
+
+    [[nodiscard]] QModelIndex indexAt(const QPoint& place) const override;
+    [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
     void repaintNow();  // at once, for progress that shows while a procedure runs
 
   signals:
@@ -50,16 +66,13 @@ class TreeView : public QTreeView {
 
   private:
     void doItemsLayout() override;
+    void layOutIfDue();
     bool selectCurrent();
-    [[nodiscard]] bool layoutMustWait() const;
-    void layOutLater();
 
     TreeModel m_model;
-    // Nodes may come by the thousand into an open branch, with the event queue served in between. The rows
-    // are then laid out again only now and then, so that this takes a small part of the time.
-    QElapsedTimer m_sinceLayout;
-    qint64 m_layoutCost = 0;  // nanoseconds
-    QTimer m_layoutLater;
+    int m_fillings = 0;
+    int m_rowsWaiting = 0;  // put in since the rows were laid out
+    bool m_layoutDue = false;
 };
 
 }  // namespace controls

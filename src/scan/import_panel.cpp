@@ -171,7 +171,7 @@ void ImportPanel::fillKinds() {
     m_ImageCombo4->clear();
     int number = 0;
     for (const core::UnitKind& kind : core::unitKinds)
-        m_ImageCombo4->addItem(++number, {}, qtext(kind.caption.in(m_frame.idioma)), kind.picture);
+        m_ImageCombo4->addItem(++number, qtext(kind.caption.in(m_frame.idioma)), kind.picture);
 }
 
 void ImportPanel::enter() {

@@ -126,8 +126,7 @@ void CriteriaPages::fillTypes() {
     m_imageCombo2->clear();
     for (int item = 1; const FileType type : fileTypes) {
         const int picture = type == FileType::All ? pictureOfAll : pictureOfAudio + item - 2;
-        m_imageCombo2->addItem(item++, {}, controls::qtext(captionOf(type, core::rotulos(m_idioma))),
-                               picture);
+        m_imageCombo2->addItem(item++, controls::qtext(captionOf(type, core::rotulos(m_idioma))), picture);
     }
     m_imageCombo2->setSelected(1);
 }
