@@ -19,19 +19,21 @@ rm -rf "$pages"
 mkdir -p "$pages"
 pages=$(realpath "$pages")
 scratch=$(mktemp -d)
+settings=/etc/cups/cups-pdf-zarquelin.conf
 daemon=
-trap '[[ -z $daemon ]] || kill "$daemon"; rm -rf "$scratch"' EXIT
+trap '[[ -z $daemon ]] || { kill "$daemon"; wait "$daemon" || true; }; rm -rf "$scratch" "$settings"' EXIT
 chmod 755 "$scratch"
 mkdir -p "$scratch"/{etc/ppd,spool/tmp,cache,state,home,config}
 
-# The back end takes its settings from a file named after the queue, beside the daemon's.
-cat >"$scratch/etc/cups-pdf.conf" <<EOF
+# The back end reads its settings from the machine's folder, whatever the daemon's is; this file is ours alone.
+cat >"$settings" <<EOF
 Out $pages
 AnonDirName $pages
 Spool $scratch/spool/cups-pdf
 Log $scratch
 Label 1
 TitlePref 1
+DecodeHexStrings 1
 EOF
 cat >"$scratch/etc/cups-files.conf" <<EOF
 ServerRoot $scratch/etc
@@ -67,7 +69,7 @@ for _ in $(seq 100); do
     lpstat -r 2>/dev/null | grep -q "is running" && break
     sleep 0.1
 done
-lpadmin -p Zarquelin-PDF -E -v cups-pdf:/ -P /usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd
+lpadmin -p Zarquelin-PDF -E -v cups-pdf:/zarquelin -P /usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd
 
 HOME=$scratch/home XDG_CONFIG_HOME=$scratch/config QT_QPA_PLATFORM=offscreen build/dev/bin/print_samples Zarquelin-PDF
 

@@ -1,6 +1,6 @@
 // Takes the pictures of the documents: pictures FOLDER makes FOLDER/en and FOLDER/es. To look at the windows
 // as they come up on a screen, give its platform in QT_QPA_PLATFORM and --screen; --dark takes a dark
-// palette.
+// palette, --big the biggest letters.
 
 #include <QApplication>
 #include <QDir>
@@ -30,11 +30,19 @@ struct Scratch {
     fs::path path = fs::temp_directory_path() / "zarquelin-pictures";
 };
 
-bool takePictures(const std::string& scratch, const std::string& folder, core::Language language,
-                  bool asOnScreen) {
-    const TourFolders folders{scratch + "/media/anne/Photo disc 2003", scratch + "/media/anne/Rehearsal disc",
+struct Look {
+    bool dark = false;
+    bool asOnScreen = false;
+    bool big = false;
+};
+
+bool takePictures(const std::string& scratch, const std::string& folder, core::Language language, Look look) {
+    const TourFolders folders{scratch + "/media/anne/Photo disc 2003",
+                              scratch + "/media/anne/Rehearsal disc",
                               scratch + (language == core::Language::Spanish ? "/discos.zrq" : "/discs.zrq"),
-                              folder, asOnScreen};
+                              folder,
+                              look.asOnScreen,
+                              look.big};
     for (const std::string& made : {folders.photoDisc, folders.musicDisc, folders.pictures})
         if (!QDir().mkpath(QString::fromStdString(made))) return false;
     writePhotoDisc(folders.photoDisc, language);
@@ -48,28 +56,29 @@ bool takePictures(const std::string& scratch, const std::string& folder, core::L
 }  // namespace
 
 int main(int argc, char** argv) {
-    bool dark = false, asOnScreen = false;
+    Look look;
     for (; argc > 2; --argc) {
-        dark |= std::strcmp(argv[argc - 1], "--dark") == 0;
-        asOnScreen |= std::strcmp(argv[argc - 1], "--screen") == 0;
+        look.dark |= std::strcmp(argv[argc - 1], "--dark") == 0;
+        look.asOnScreen |= std::strcmp(argv[argc - 1], "--screen") == 0;
+        look.big |= std::strcmp(argv[argc - 1], "--big") == 0;
     }
     if (argc != 2) {
-        std::fputs("usage: pictures FOLDER [--dark] [--screen]\n", stderr);
+        std::fputs("usage: pictures FOLDER [--dark] [--screen] [--big]\n", stderr);
         return 2;
     }
     // The same pictures on every machine: without a display, with settings and paths of their own.
     const Scratch scratch;
-    if (!asOnScreen) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!look.asOnScreen) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(scratch.path));
     qputenv("TZ", "UTC");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    if (dark) QApplication::setPalette(test::darkPalette());
+    if (look.dark) QApplication::setPalette(test::darkPalette());
     controls::installIconTheme();
 
     const std::string folder = argv[1];
-    if (takePictures(scratch.path / "en", folder + "/en", core::Language::English, asOnScreen) &&
-        takePictures(scratch.path / "es", folder + "/es", core::Language::Spanish, asOnScreen))
+    if (takePictures(scratch.path / "en", folder + "/en", core::Language::English, look) &&
+        takePictures(scratch.path / "es", folder + "/es", core::Language::Spanish, look))
         return 0;
     std::fprintf(stderr, "%s: the pictures could not be written\n", folder.c_str());
     return 1;

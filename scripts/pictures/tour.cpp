@@ -110,6 +110,7 @@ void Tour::startUp() {
     shoot(quickStart, "quick-start");
 
     m_window.begin({});
+    if (m_folders.big) choose("Grande");
     shoot(m_window, "empty");
 }
 

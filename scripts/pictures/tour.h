@@ -10,6 +10,7 @@ struct TourFolders {
     std::string catalogue;  // to be made
     std::string pictures;   // where NAME.png go
     bool asOnScreen;        // the main window as large as it comes up
+    bool big;               // with the biggest letters
 };
 
 // Goes the road of a first-time user through the real windows, by their controls, and takes the pictures of

@@ -25,6 +25,7 @@ constexpr int sizeLeft = 5020, sizeWidth = 2000;
 constexpr int iconLeft = 7050, iconWidth = 400;
 constexpr int kindLeft = 7480;
 constexpr int kindMargin = 8;  // pixels
+constexpr int narrowestSize = 60;
 constexpr qint64 millisecondsBetweenPaints = 50;
 constexpr int visibleSteps = 500;  // of the bar
 
@@ -160,25 +161,26 @@ bool StatusBand::event(QEvent* event) {
     return QWidget::event(event);
 }
 
+// The status line says most, so at last the others keep only what their own texts need.
 void StatusBand::arrange() {
     const double wanted = std::max(1.0, m_points / 8.0);
     const int kind = m_kind->sizeHint().width() + kindMargin;
     const double stretch = std::clamp(double(width() - kind) / pixels(kindLeft), 1.0, wanted);
-    const int spare = std::max(0, width() - kind - int(pixels(kindLeft) * stretch));
-    const int missing = m_text->sizeHint().width() - int(pixels(textWidth) * stretch);
-    const int shift = std::clamp(missing, 0, spare);
-    const auto place = [&](QWidget* control, int leftTwips, int widthTwips) {
-        const bool isText = control == m_text;
-        control->setGeometry(int(pixels(leftTwips) * stretch) + (isText ? 0 : shift), pixels(lineTop),
-                             int(pixels(widthTwips) * stretch) + (isText ? shift : 0), lineHeight());
+    const auto stretched = [stretch](int twips) { return int(pixels(twips) * stretch); };
+    const int missing = std::max(0, m_text->sizeHint().width() - stretched(textWidth));
+    const int shift = std::min(missing, std::max(0, width() - kind - stretched(kindLeft)));
+    const int needed = std::max(m_size->sizeHint().width() + kindMargin, narrowestSize);
+    const int squeeze = std::clamp(missing - shift, 0, std::max(0, stretched(sizeWidth) - needed));
+    const auto place = [&](QWidget* control, int left, int wide) {
+        control->setGeometry(left, pixels(lineTop), wide, lineHeight());
     };
-    place(m_text, textLeft, textWidth);
-    place(m_size, sizeLeft, sizeWidth);
-    place(m_progress, sizeLeft, sizeWidth);
-    place(m_icon, iconLeft, iconWidth);
+    place(m_text, textLeft, stretched(textWidth) + shift + squeeze);
+    for (QWidget* control : {static_cast<QWidget*>(m_size), static_cast<QWidget*>(m_progress)})
+        place(control, stretched(sizeLeft) + shift + squeeze, stretched(sizeWidth) - squeeze);
+    place(m_icon, stretched(iconLeft) + shift, stretched(iconWidth));
     // A band too narrow for the kind leaves it as it was.
-    const int left = int(pixels(kindLeft) * stretch) + shift;
-    if (width() > left) m_kind->setGeometry(left, pixels(lineTop), width() - left, lineHeight());
+    const int left = stretched(kindLeft) + shift;
+    if (width() > left) place(m_kind, left, width() - left);
 }
 
 }  // namespace frame

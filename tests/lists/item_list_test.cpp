@@ -122,6 +122,28 @@ TEST_F(ItemListTest, ColumnsFollowTheListUntilTheUserDragsOne) {
     EXPECT_EQ(report().columnWidth(0), 77);
 }
 
+TEST_F(ItemListTest, WhatIsToBeReadWholeIsAtEverySize) {
+    std::vector<ItemList::Column> columns(10);
+    columns[0] = {"Name", 1.0 / 3};
+    columns[1] = {"Notes", 1.0 / 12};
+    columns[2] = {"Type", 1.0 / 5};
+    columns[3] = {"Size", 1.0 / 5, Qt::AlignRight, "88888888 KB"};
+    columns[4] = {"Modified", 1.0 / 5, Qt::AlignLeft, "2003-12-30 23:58:33"};
+    list.setColumns(columns);
+    list.resize(500, 400);
+    for (const int points : {8, 10, 12}) {
+        QFont font = list.font();
+        font.setPointSize(points);
+        list.setFont(font);
+        const QFontMetrics metrics(report().font());
+        for (const int column : {3, 4})
+            EXPECT_GT(report().columnWidth(column), metrics.horizontalAdvance(columns[column].longest));
+        EXPECT_GT(report().columnWidth(1), metrics.horizontalAdvance("Notes") + 12) << "and its arrow";
+        EXPECT_GE(report().columnWidth(0), 8 * metrics.averageCharWidth());
+    }
+    EXPECT_EQ(report().textElideMode(), Qt::ElideMiddle);
+}
+
 TEST_F(ItemListTest, TypingFindsAName) {
     fill({"alfa", "beta", "Ñu", "betún"});
     list.setFocus();
