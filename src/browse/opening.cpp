@@ -48,7 +48,7 @@ std::vector<lists::ItemList::Column> columns(core::Language language, Whereabout
         result.push_back({qtext(spec.caption.in(language)), spec.width, spec.alignment});
     };
     for (const ColumnSpec& spec : visibleColumns) add(spec);
-    result[3].longest = QStringLiteral("88888888 KB");
+    result[3].longest = QStringLiteral("8888888 KB");
     result[4].longest = qtext(core::dateText(decemberEvening));
     for (int column = 6; column <= 8; ++column) add(hiddenColumn);
     add(whereabouts == Whereabouts::Shown ? diskColumn : hiddenColumn);

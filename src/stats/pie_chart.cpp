@@ -14,7 +14,8 @@
 namespace stats {
 namespace {
 
-constexpr double pieSize = 0.78;     // of the plot's shorter side
+constexpr double largestPie = 0.78;  // of the plot's shorter side
+constexpr double smallestPie = 0.3;
 constexpr double leaderLength = 16;  // beyond the rim, in pixels
 constexpr int iconSize = 16;
 constexpr double gap = 5;
@@ -36,7 +37,7 @@ struct PieChart::Label {
 
 PieChart::PieChart(CategoryIcons icons, QWidget* parent)
     : QChartView(parent), m_icons(std::move(icons)), m_series(new QPieSeries) {
-    m_series->setPieSize(pieSize);
+    m_series->setPieSize(largestPie);
     chart()->addSeries(m_series);
     chart()->legend()->hide();
     chart()->setBackgroundVisible(false);
@@ -63,7 +64,26 @@ void PieChart::setStatistics(const Statistics& statistics) {
     for (QPieSlice* slice : m_series->slices())
         if (slice->percentage() < 0.02 || slice->percentage() > 0.98)
             slice->setPen(QPen(slice->brush().color(), 0.5));
+    fitPie();
     scene()->update();
+}
+
+// A narrow chart has a smaller pie, so that the labels beside it stay whole.
+void PieChart::fitPie() {
+    double widest = 0;
+    for (std::size_t category = 0; category < categoryCount; ++category)
+        if (m_statistics.cantidadcategoria[category] > 0)
+            widest =
+                std::max<double>(widest, fontMetrics().horizontalAdvance(shareText(m_statistics, category)));
+    const double room = width() / 2.0 - leaderLength - 4 * gap - iconSize - widest;
+    const QRectF plot = chart()->plotArea();
+    const double side = std::max(1.0, std::min(plot.width(), plot.height()));
+    m_series->setPieSize(std::clamp(2 * room / side, smallestPie, largestPie));
+}
+
+void PieChart::resizeEvent(QResizeEvent* event) {
+    QChartView::resizeEvent(event);
+    fitPie();
 }
 
 // What is drawn by the chart itself keeps the colours that it was given.
@@ -76,7 +96,7 @@ void PieChart::changeEvent(QEvent* event) {
 
 void PieChart::drawForeground(QPainter* painter, const QRectF&) {
     const QRectF plot = chart()->plotArea();
-    const double radius = std::min(plot.width(), plot.height()) / 2 * pieSize;
+    const double radius = std::min(plot.width(), plot.height()) / 2 * m_series->pieSize();
     const double height = std::max<double>(fontMetrics().height(), iconSize) + 2;
 
     const double reach = radius + leaderLength;

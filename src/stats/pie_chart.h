@@ -18,10 +18,12 @@ class PieChart : public QChartView {
 
   protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
 
   private:
     struct Label;
+    void fitPie();
     void drawLabel(QPainter& painter, const Label& label) const;
 
     CategoryIcons m_icons;
