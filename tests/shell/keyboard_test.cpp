@@ -1,17 +1,12 @@
-// The windows without a mouse: every action is in reach of the keys, and every control tells what it is.
+// The window without a mouse: every action is in reach of the keys.
 
-#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QMenu>
 
-#include "shell/language_chooser.h"
-#include "shell/quick_start.h"
-#include "shell/splash.h"
 #include "support/main_window.h"
 
 namespace {
 
-using core::Language;
 using test::Names;
 
 class Keyboard : public test::MainWindow {
@@ -28,46 +23,6 @@ class Keyboard : public test::MainWindow {
     [[nodiscard]] const std::string& clicked() { return surface().clic.nodoactual; }
     bool isIn(const char* pane) { return control(pane).isAncestorOf(QApplication::focusWidget()); }
 };
-
-// The controls in a window that a screen reader could tell nothing about.
-Names nameless(QWidget& window) {
-    Names names;
-    QList<QWidget*> widgets = window.findChildren<QWidget*>();
-    widgets.push_back(&window);
-    for (QWidget* each : widgets) {
-        if (each->window() != &window) continue;
-        const QString name = each->objectName();
-        const bool separator = each->inherits("QFrame") && name.startsWith("Toolbar1(");
-        const bool ours = !name.isEmpty() && name.front().isUpper() && !separator;
-        const bool reachable = each->focusPolicy() != Qt::NoFocus && !each->focusProxy();
-        if (!ours && !reachable) continue;
-        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(each);
-        if (told->text(QAccessible::Name).isEmpty() && told->text(QAccessible::Description).isEmpty())
-            names.push_back(std::string(each->metaObject()->className()) + ' ' + name.toStdString());
-    }
-    return names;
-}
-
-TEST_F(Keyboard, EveryControlTellsWhatItIs) {
-    for (const Language idioma : {Language::Spanish, Language::English}) {
-        startWithFotos(idioma);
-        choose("buscar");
-        choose("explorar");
-        click("Fotos :");
-        choose("Propiedades");
-        choose("graficos");
-        for (QWidget* window : {static_cast<QWidget*>(form.get()), &control("Form3"), &control("Form4")}) {
-            EXPECT_EQ(nameless(*window), Names{});
-        }
-        shell::Form8 quickStart(idioma);
-        quickStart.setRecent("/discs.zrq");
-        EXPECT_EQ(nameless(quickStart), Names{});
-        shell::Form2 about(idioma);
-        EXPECT_EQ(nameless(about), Names{});
-    }
-    shell::Form5 chooser;
-    EXPECT_EQ(nameless(chooser), Names{});
-}
 
 TEST_F(Keyboard, FromTheTreeToANoteAndToTheEndOfTheUnit) {
     startWithFotos();
