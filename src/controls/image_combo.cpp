@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 
 #include "controls/accessible.h"
+#include "controls/closed_combo.h"
 #include "controls/pictures.h"
 
 namespace controls {
@@ -19,6 +20,7 @@ ImageCombo::ImageCombo(Typing typing, QWidget* parent) : QComboBox(parent) {
     setEditable(typing == Typing::Yes);
     setInsertPolicy(QComboBox::NoInsert);
     setMaxVisibleItems(visibleItems);
+    new ClosedCombo(this);
     // Long paths must not widen the window.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(8);

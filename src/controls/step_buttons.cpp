@@ -18,7 +18,7 @@ QToolButton* makeButton(QWidget* parent, Qt::ArrowType arrow, const QString& nam
     button->setAutoRepeat(true);
     button->setFocusPolicy(Qt::NoFocus);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    button->setMinimumSize(0, 0);
+    button->setMinimumSize(1, 1);  // 0 would stand for the style's own minimum
     return button;
 }
 

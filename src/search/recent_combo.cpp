@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 
+#include "controls/closed_combo.h"
 #include "controls/key_filter.h"
 #include "core/text.h"
 #include "search/typed_text.h"
@@ -16,6 +17,7 @@ QComboBox* makeRecentCombo(const QString& name, const QString& accessibleName,
     controls::nameField(*combo, accessibleName);
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setCompleter(nullptr);
+    new controls::ClosedCombo(combo);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMinimumContentsLength(6);
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

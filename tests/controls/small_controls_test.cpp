@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAccessible>
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
@@ -60,6 +63,33 @@ TEST(Combo, ItemsKeepNumberTextAndPicture) {
     combo.setItemText(1, "Nueva :");
     EXPECT_EQ(combo.text(), "Nueva :");
     EXPECT_EQ(chosen.count(), 0) << "only the user clicks";
+}
+
+TEST(Combo, ChangesByNothingButAChoiceInItsList) {
+    for (const auto typing : {ImageCombo::Typing::No, ImageCombo::Typing::Yes}) {
+        ImageCombo combo(typing);
+        for (int number = 1; number <= 3; ++number) combo.addItem(number, "", QString::number(number), 1);
+        combo.setSelected(2);
+        combo.show();
+        QSignalSpy chosen(&combo, &ImageCombo::clicked);
+        QWheelEvent wheel({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&combo, &wheel);
+        EXPECT_FALSE(wheel.isAccepted()) << "it may scroll what the combo stands on";
+        for (const auto key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown}) {
+            QTest::keyClick(&combo, key);
+            EXPECT_TRUE(combo.view()->isVisible());
+            QTest::keyClick(combo.view(), Qt::Key_Down);
+            QTest::keyClick(combo.view(), Qt::Key_Escape);
+        }
+        EXPECT_EQ(combo.selectedItem(), 2);
+        EXPECT_EQ(chosen.count(), 0);
+        QTest::keyClick(&combo, Qt::Key_Down);
+        QTest::keyClick(combo.view(), Qt::Key_Down);
+        QTest::keyClick(combo.view(), Qt::Key_Return);
+        EXPECT_EQ(combo.selectedItem(), 3);
+        EXPECT_EQ(chosen.count(), 1);
+    }
 }
 
 TEST(Filter, HoldsBackCharactersAndNothingElse) {

@@ -140,9 +140,7 @@ TEST_P(Stopping, AnythingMayHappenToTheUnitDuringItsLoad) {
             choose("reciente");
             whenItYields(deed);
             if (byCombo) {
-                combo().setFocus();
-                combo().setSelected(0);
-                QTest::keyClick(&combo(), Qt::Key_Down);
+                chooseItem(combo(), 1);
             } else {
                 click("Fotos :");
             }

@@ -174,9 +174,7 @@ TEST_F(Units, NamesDecideWhatANodeIs) {
 
     // A unit opened through the combo has no names for its folders: they list nothing.
     choose("reciente");
-    combo().setFocus();
-    combo().setSelected(1);
-    QTest::keyClick(&combo(), Qt::Key_Down);
+    chooseItem(combo(), 2);
     ASSERT_EQ(combo().text(), "Fotos :");
     EXPECT_TRUE(tree().isExpanded(node("Fotos :")));
     click("Fotos :\\a");

@@ -111,6 +111,14 @@ class MainWindow : public testing::Test {
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
                            view->visualRect(view->model()->index(row, 0)).center());
     }
+    // From the combo's list, which the arrow key opens.
+    static void chooseItem(QComboBox& box, int number) {
+        box.setFocus();
+        QTest::keyClick(&box, Qt::Key_Down);
+        ASSERT_TRUE(box.view()->isVisible());
+        box.view()->setCurrentIndex(box.model()->index(number - 1, 0));
+        QTest::keyClick(box.view(), Qt::Key_Return);
+    }
     [[nodiscard]] Names roots() {
         Names texts;
         for (auto root = tree().nodes().firstChild(browse::noNode); root;
