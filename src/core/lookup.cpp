@@ -54,7 +54,7 @@ bool namesEntry(const PathReading& reading) {
 }
 
 // A row beside the reading that it fits.
-struct Candidate {
+struct MatchedRow {
     FoundRow found;
     std::string path;
     bool otherDrive = false;
@@ -82,15 +82,15 @@ class RowSearch {
                               const std::string& condition, As as);
     void consider(const CatalogRow& row);
     void considerRoot(const CatalogRow& row);
-    void compare(Candidate candidate, const std::string& relativePath);
-    void offer(const Candidate& candidate);
+    void compare(MatchedRow candidate, const std::string& relativePath);
+    void offer(const MatchedRow& candidate);
     [[nodiscard]] Lookup<FoundRow> best();
 
     std::vector<PathReading> m_readings;
     bool m_native;
     bool m_folderOnly;
     FoundRow::Kind m_preferred;
-    std::vector<Candidate> m_best;  // all of one rank
+    std::vector<MatchedRow> m_best;  // all of one rank
 };
 
 // Rows are asked for by their own names, in every spelling that can be meant; the rest of the path is
@@ -130,8 +130,8 @@ engine::Result<> RowSearch::consider(engine::Database& database, const std::stri
 }
 
 void RowSearch::consider(const CatalogRow& row) {
-    Candidate candidate{.found = {.kind = kindOf(row), .row = row, .folders = namesBelowUnit(row)},
-                        .path = drivePathOf(row)};
+    MatchedRow candidate{.found = {.kind = kindOf(row), .row = row, .folders = namesBelowUnit(row)},
+                         .path = drivePathOf(row)};
     if (m_folderOnly && candidate.found.kind == FoundRow::File) return;
     const std::string relativePath = joinedNames(candidate.found.folders);
     if (candidate.found.kind == FoundRow::File) candidate.found.folders.pop_back();
@@ -140,14 +140,14 @@ void RowSearch::consider(const CatalogRow& row) {
 
 // The folder that a row of the first level lies in is the one that was catalogued.
 void RowSearch::considerRoot(const CatalogRow& row) {
-    Candidate candidate{.found = {},
-                        .path = row.archivo ? row.ruta : row.ruta.substr(0, row.ruta.rfind('\\'))};
+    MatchedRow candidate{.found = {},
+                         .path = row.archivo ? row.ruta : row.ruta.substr(0, row.ruta.rfind('\\'))};
     if (candidate.path.ends_with('\\')) candidate.path.pop_back();
     candidate.found.row.disco = row.disco;
     compare(std::move(candidate), {});
 }
 
-void RowSearch::compare(Candidate candidate, const std::string& relativePath) {
+void RowSearch::compare(MatchedRow candidate, const std::string& relativePath) {
     for (std::size_t i = 0; i < m_readings.size(); ++i) {
         const PathReading& reading = m_readings[i];
         if (reading.path.empty()) continue;
@@ -166,7 +166,7 @@ void RowSearch::compare(Candidate candidate, const std::string& relativePath) {
     }
 }
 
-void RowSearch::offer(const Candidate& candidate) {
+void RowSearch::offer(const MatchedRow& candidate) {
     if (!m_best.empty() && candidate.rank() > m_best.front().rank()) return;
     if (!m_best.empty() && candidate.rank() < m_best.front().rank()) m_best.clear();
     m_best.push_back(candidate);
@@ -174,19 +174,19 @@ void RowSearch::offer(const Candidate& candidate) {
 
 Lookup<FoundRow> RowSearch::best() {
     if (m_best.empty()) return std::unexpected(LookupFailure{});
-    const auto isPreferred = [this](const Candidate& candidate) {
+    const auto isPreferred = [this](const MatchedRow& candidate) {
         return candidate.found.kind == m_preferred;
     };
     if (std::ranges::any_of(m_best, isPreferred))
-        std::erase_if(m_best, [&](const Candidate& candidate) { return !isPreferred(candidate); });
+        std::erase_if(m_best, [&](const MatchedRow& candidate) { return !isPreferred(candidate); });
     if (!isExact(m_best.front().fit)) {
         std::vector<std::string> paths;
-        for (const Candidate& candidate : m_best) paths.push_back(candidate.path);
+        for (const MatchedRow& candidate : m_best) paths.push_back(candidate.path);
         std::ranges::sort(paths);
         paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
         if (paths.size() > 1) return std::unexpected(LookupFailure{LookupFailure::Several, std::move(paths)});
     }
-    return std::move(std::ranges::min_element(m_best, {}, &Candidate::reading)->found);
+    return std::move(std::ranges::min_element(m_best, {}, &MatchedRow::reading)->found);
 }
 
 Lookup<FoundRow> RowSearch::in(engine::Database& database, const std::string& disco) {

@@ -17,7 +17,7 @@ struct Pass {
     bool addsToCount = false;            // further statements of a split row; the others set their count
     FileType shownType = FileType::All;  // other than All: its picture and caption, whatever the name says
     NoteReading note = NoteReading::Read;
-    bool silent = false;  // a failure skips the pass; of others it ends the search
+    bool silent = false;  // a refused statement skips the pass; of others it ends the search
 };
 
 // The passes of a search in the order in which they run: folders before files.

@@ -1,6 +1,7 @@
 #include "search/search_panel.h"
 
 #include <QComboBox>
+#include <QFile>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include "controls/pictures.h"
 #include "controls/qtext.h"
 #include "controls/tab_strip.h"
+#include "core/failure.h"
 #include "engine/database.h"
 #include "frame/captions.h"
 #include "frame/catalogue.h"
@@ -206,17 +208,26 @@ void SearchPanel::search(Road road) {
     run(asked);
 }
 
-// An engine's error text stays hidden: a catalogue that can't be read leaves the list as it is.
+// Statements that the engine refuses find nothing, in silence. A catalogue that cannot be read is told: an
+// empty list, or the old one, would pass for the answer.
 void SearchPanel::run(const SearchRequest& request) {
     auto database = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
-    if (!database) return;
+    if (!database) return fail(database.error());
     if (familyOf(request) == Family::Name) rememberText(*m_combo2);
-    {
+    const auto done = [&] {
         ListSink sink(m_listView2, m_frame.idioma, m_memory, [this] { showCounters(); });
-        const auto done = runPasses(*database, passesOf(request, m_frame.rotulos()), m_counters, sink);
-        static_cast<void>(done);  // what was found before the failure is shown
-    }
+        return runPasses(*database, passesOf(request, m_frame.rotulos()), m_counters, sink);
+    }();
+    if (!done && !core::isRefusedStatement(done.error())) return fail(done.error());
     showCounters();
+}
+
+void SearchPanel::fail(const engine::Error& error) {
+    m_listView2.clear();
+    m_counters = {};
+    showCounters();
+    m_frame.messages.show(QFile::decodeName(m_frame.catalogue.path().c_str()) + u'\n' +
+                          controls::qtext(core::failureSentence(error, m_frame.idioma)));
 }
 
 void SearchPanel::showCounters() {

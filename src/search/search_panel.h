@@ -4,6 +4,7 @@
 #include <span>
 
 #include "core/units.h"
+#include "engine/error.h"
 #include "frame/frame.h"
 #include "search/refusal.h"
 #include "search/result_row.h"
@@ -57,6 +58,7 @@ class SearchPanel : public QWidget {
     void enterInNote();
     void search(Road road);
     void run(const SearchRequest& request);
+    void fail(const engine::Error& error);
     void showCounters();
     void warn(core::Bilingual message);
 

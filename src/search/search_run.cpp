@@ -1,5 +1,7 @@
 #include "search/search_run.h"
 
+#include "core/failure.h"
+
 namespace search {
 namespace {
 
@@ -30,7 +32,8 @@ engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& 
     for (const Pass& pass : passes) {
         const bool folders = pass.kind == PassKind::Folder;
         long long& count = folders ? counters.carpetasencontradas : counters.archivosencontrados;
-        if (const engine::Result<> done = runPass(database, pass, count, sink); !done && !pass.silent)
+        if (const engine::Result<> done = runPass(database, pass, count, sink);
+            !done && !(pass.silent && core::isRefusedStatement(done.error())))
             return done;
     }
     return {};

@@ -29,8 +29,8 @@ class ResultSink {
     virtual void add(const engine::Recordset& row, const Pass& pass) = 0;
 };
 
-// Runs the passes one after the other, to the last one even if silent ones fail on the way; another pass that
-// fails ends the search with its error.
+// Runs the passes one after the other, to the last one even if the engine refuses the statements of silent
+// ones; another failure ends the search with its error.
 [[nodiscard]] engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& passes,
                                          Counters& counters, ResultSink& sink);
 

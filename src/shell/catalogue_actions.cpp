@@ -4,6 +4,7 @@
 
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
+#include "core/failure.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
@@ -51,9 +52,10 @@ void CatalogueActions::rememberAsLast() {
     if (m_surface.frame.catalogue.isSet()) m_surface.frame.catalogue.rememberAsLast();
 }
 
-void CatalogueActions::reportFailure(const std::string& path, const std::string& reason) {
+void CatalogueActions::reportFailure(const std::string& path, const engine::Error& error) {
     m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) +
-                                  QFile::decodeName(path.c_str()) + QStringLiteral("\n") + qtext(reason));
+                                  QFile::decodeName(path.c_str()) + QStringLiteral("\n") +
+                                  qtext(core::failureSentence(error, m_surface.frame.idioma)));
 }
 
 void CatalogueActions::nuevo1() {
@@ -64,7 +66,7 @@ void CatalogueActions::nuevo1() {
         const std::string path = nativePath(chosen);
         m_switching.endScan();
         if (const auto created = core::createCatalogue(path); !created) {
-            reportFailure(path, created.error().text);
+            reportFailure(path, created.error());
             return;
         }
         m_surface.frame.catalogue.setPath(path);
@@ -77,11 +79,11 @@ void CatalogueActions::nuevo1() {
 }
 
 void CatalogueActions::abrir1() {
-    const frame::Hourglass hourglass;
     rememberAsLast();
     const QString chosen = m_surface.frame.dialogs.openCatalogue(qtext(openTitle.in(m_surface.frame.idioma)),
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
+        const frame::Hourglass hourglass;
         m_switching.endScan();
         m_surface.frame.catalogue.setPath(nativePath(chosen));
         m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
@@ -135,7 +137,7 @@ void CatalogueActions::guardar() {
     m_switching.endScan();
     if (const auto copied = core::copyCatalogue(catalogue.path(), path); !copied) {
         // The catalogue stays the old one, also when it was to be copied onto itself.
-        reportFailure(path, copied.error().text);
+        reportFailure(path, copied.error());
         return;
     }
     catalogue.saveLast(path);

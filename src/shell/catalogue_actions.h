@@ -32,7 +32,7 @@ class CatalogueActions {
     void hidePanels();
     void openStateChange();  // up to, but without, Inicio
     void rememberAsLast();
-    void reportFailure(const std::string& path, const std::string& reason);
+    void reportFailure(const std::string& path, const engine::Error& error);
 
     browse::Surface& m_surface;
     browse::Opening& m_opening;

@@ -3,6 +3,7 @@
 #include "browse/tail.h"
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
+#include "core/failure.h"
 #include "core/maintenance.h"
 #include "core/text.h"
 #include "frame/catalogue.h"
@@ -54,7 +55,7 @@ void MaintenanceActions::eliminar() {
     const auto erased =
         database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));
     if (!erased) {
-        m_surface.frame.messages.show(qtext(erased.error().text));
+        m_surface.frame.messages.show(qtext(core::failureSentence(erased.error(), m_surface.frame.idioma)));
         return;
     }
     database->Close();
@@ -143,7 +144,7 @@ bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const auto done = database ? core::renameUnit(*database, disco.toStdString(), typed)
                                : engine::Result<std::string>(std::unexpected(database.error()));
     if (!done) {
-        m_surface.frame.messages.show(qtext(done.error().text));
+        m_surface.frame.messages.show(qtext(core::failureSentence(done.error(), m_surface.frame.idioma)));
         return false;
     }
     database->Close();

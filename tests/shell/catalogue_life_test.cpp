@@ -112,6 +112,42 @@ TEST_F(CatalogueLife, ARecentFileThatIsGoneShowsTheSearchPanelInSilence) {
     EXPECT_FALSE(fs::exists(folder / "none.zrq"));
 }
 
+// An empty list, or the results of another catalogue, would pass for the answer.
+class UnreadableFile : public test::BilingualWindow {};
+TEST_P(UnreadableFile, IsToldByASearch) {
+    startWithFotos(GetParam());
+    const std::string path = folder / "other.zrq";
+    newCatalogue("other.zrq");
+    addByHand("Cds", "mapas");
+    choose("buscar");
+    const auto damage = [&](const std::string& bytes, const std::string& why) {
+        search("map");
+        ASSERT_EQ(listed(), (Names{"mapas"}));
+        const std::string sound = test::readFile(path);
+        fs::remove(path);
+        if (!bytes.empty()) test::writeFile(path, bytes);
+        search("map");
+        EXPECT_EQ(listed(), Names{});
+        EXPECT_EQ(messages.shown.back().text.toStdString(), path + "\n" + why);
+        EXPECT_EQ(status(), in(" Carpetas encontradas: 0  Archivos encontrados: 0",
+                               " Folders found: 0  Files found: 0"));
+        fs::remove(path);
+        test::writeFile(path, sound);
+    };
+    damage("", in("No existe.", "It does not exist."));
+    damage("garbage", in("No es un catálogo.", "It is not a catalogue."));
+    EXPECT_EQ(messages.shown.size(), 2u);
+    search("[");  // a refused statement
+    EXPECT_EQ(messages.shown.size(), 2u);
+
+    dialogs.answers = {QString::fromStdString(folder / "none/x.zrq")};
+    choose("nuevo");
+    EXPECT_EQ(messages.shown.back().text.toStdString(),
+              in("No se pudo escribir el archivo ", "This file could not be written: ") +
+                  (folder / "none/x.zrq") + "\n" + in("No se puede abrir.", "It cannot be opened."));
+}
+INSTANTIATE_TEST_SUITE_P(, UnreadableFile, testing::Values(Language::Spanish, Language::English));
+
 // Opens as far as it can be read, does all that a user may try, and leaves every byte as it was.
 class Bad : public CatalogueLife {
   protected:

@@ -1,0 +1,42 @@
+#include "core/failure.h"
+
+#include <algorithm>
+
+namespace core {
+namespace {
+
+namespace error = engine::error;
+
+struct Sentence {
+    int number;
+    Bilingual text;
+};
+
+constexpr Bilingual anyOther{"No se pudo leer o escribir.", "It could not be read or written."};
+
+constexpr Sentence sentences[] = {
+    {error::fileNotFound, {"No existe.", "It does not exist."}},
+    {error::diskFull, {"El disco está lleno.", "The disk is full."}},
+    {error::readOnly, {"Es de solo lectura.", "It is read only."}},
+    {error::fileExists, {"Ya existe.", "It exists already."}},
+    {error::cannotOpenFile, {"No se puede abrir.", "It cannot be opened."}},
+    {error::locked, {"Otro programa lo está usando.", "Another program is using it."}},
+    {error::unrecognizedFormat, {"No es un catálogo.", "It is not a catalogue."}},
+    {error::corrupt, {"El catálogo está dañado.", "The catalogue is damaged."}},
+    {error::syntaxInExpression,
+     {"Ha introducido un caracter no permitido.", "You have inserted a restricted character."}},
+};
+
+}  // namespace
+
+std::string_view failureSentence(const engine::Error& failed, Language idioma) {
+    const auto* found = std::ranges::find(sentences, failed.number, &Sentence::number);
+    return (found == std::end(sentences) ? anyOther : found->text).in(idioma);
+}
+
+bool isRefusedStatement(const engine::Error& failed) {
+    return failed.number == error::syntaxInExpression || failed.number == error::unknownName ||
+           failed.number == error::unknownTable;
+}
+
+}  // namespace core
