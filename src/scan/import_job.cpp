@@ -40,7 +40,7 @@ std::optional<engine::Database> openIfPossible(const std::string& path) {
 void ImportJob::run() {
     if (m_running) return;
     {
-        const frame::Hourglass hourglass;
+        const frame::Hourglass hourglass(frame::Hourglass::WithArrow);
         const frame::Running running(m_frame);
         m_running = true;
         m_parar = m_abandoned = false;
@@ -59,7 +59,7 @@ void ImportJob::catalogueDirectory() {
     const QString name = m_fields.Text3.text();
     const ScanRequest request{name.toStdString(),
                               m_fields.Text4.text().isEmpty() ? std::string() : m_fields.directory};
-    if (!database || isRefused(refusalOf(request, *database))) {
+    if (isRefused(database ? refusalOf(request, *database) : refusalOf(request)) || !database) {
         m_fields.Text3.clear();  // the typed name too
         m_fields.Text4.clear();
         return close(database);
@@ -110,11 +110,10 @@ void ImportJob::close(std::optional<engine::Database>& database) {
 
 void ImportJob::generarunidad() {
     auto database = openIfPossible(m_frame.catalogue.path());
-    if (!database) return;
     const int kind = m_fields.ImageCombo4.selectedItem();
     const QString name = m_fields.Text3.text();
     const ManualUnit unit{name.toStdString(), m_fields.Text11.text().toStdString(), kind};
-    if (isRefused(refusalOf(unit, *database))) return;
+    if (isRefused(database ? refusalOf(unit, *database) : refusalOf(unit)) || !database) return;
     if (!insertManualUnit(unit, m_tipo, *database)) return;
 
     m_fields.Text3.setText(name + qtext(core::unitSuffix));

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/accessible.h"
 #include "controls/image_combo.h"
@@ -42,12 +43,17 @@ controls::ClickableLabel* makeLabelButton(const char* objectName, const QIcon& i
     return label;
 }
 
-// A key filter does not see what is pasted. The colon stays: a stopped scan leaves one behind the name.
-void dropForbidden(QLineEdit& field) {
+// A key filter does not see what is pasted.
+void dropForbidden(QLineEdit& field, bool mayEndInColon) {
+    const QString text = field.text();
     QString kept;
-    for (const char32_t c : field.text().toUcs4())
-        if (c == U':' || core::isAllowed(c, allowedInNames)) kept += QString::fromUcs4(&c, 1);
-    if (kept != field.text()) field.setText(kept);
+    for (const char32_t c : text.toUcs4())
+        if (core::isAllowed(c, allowedInNames)) kept += QString::fromUcs4(&c, 1);
+    if (mayEndInColon && text.endsWith(':')) kept += ':';
+    if (kept == text) return;
+    const auto cursor = field.cursorPosition() - (text.size() - kept.size());
+    field.setText(kept);
+    field.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, cursor)));
 }
 
 }  // namespace
@@ -157,8 +163,9 @@ void ImportPanel::connectFields() {
     KeyFilter::install(
         m_Text4, [](char32_t c) { return core::isAllowed(c, allowedInDirectory); },
         [this] { m_Label19->click(); });
-    for (QLineEdit* field : {m_Text3, m_Text11})
-        connect(field, &QLineEdit::textEdited, this, [field] { dropForbidden(*field); });
+    // A stopped scan leaves a colon behind the name.
+    connect(m_Text3, &QLineEdit::textEdited, this, [this] { dropForbidden(*m_Text3, true); });
+    connect(m_Text11, &QLineEdit::textEdited, this, [this] { dropForbidden(*m_Text11, false); });
     m_Text3->installEventFilter(this);
 
     connect(m_TabStrip2, &QTabBar::tabBarClicked, this, &ImportPanel::showPane);
@@ -172,9 +179,11 @@ void ImportPanel::fillKinds() {
     int number = 0;
     for (const core::UnitKind& kind : core::unitKinds)
         m_ImageCombo4->addItem(++number, qtext(kind.caption.in(m_frame.idioma)), kind.picture);
+    m_ImageCombo4->setSelected(1);  // a hand-made unit always has a kind
 }
 
 void ImportPanel::enter() {
+    if (m_ImageCombo4->selectedItem() == 0) fillKinds();
     focusFirst();
     setTabOrder(m_Label19, m_Text4);
     setTabOrder(m_Text4, m_Text3);

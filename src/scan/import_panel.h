@@ -29,7 +29,7 @@ class ImportPanel : public QWidget {
     // The keyboard's way through the fields, from the first one; once the panel is in front.
     void enter();
     void setDirectory(const std::string& directory);  // the chosen one, by its native path
-    // The five kinds of ImageCombo4, none selected; part of opening a catalogue.
+    // The five kinds of ImageCombo4, the first selected; part of opening a catalogue.
     void fillKinds();
 
     void Parar() { m_job.Parar(); }      // the stop entry and button

@@ -7,9 +7,14 @@
 
 namespace scan {
 
-const Refusal* refusalOf(const ManualUnit& unit, engine::Database& database) {
+const Refusal* refusalOf(const ManualUnit& unit) {
     if (unit.content.empty()) return &refusal::manualWithoutContent;
     if (unit.name.empty()) return &refusal::manualWithoutName;
+    return nullptr;
+}
+
+const Refusal* refusalOf(const ManualUnit& unit, engine::Database& database) {
+    if (const Refusal* incomplete = refusalOf(unit)) return incomplete;
     if (unitExists(database, unit.name)) return &refusal::manualNameTaken;
     return nullptr;
 }

@@ -14,6 +14,8 @@ struct ManualUnit {
     int kind = 0;  // 1 to 5, the place in core::unitKinds
 };
 
+// A field that is empty, as a reason not to make it.
+[[nodiscard]] const Refusal* refusalOf(const ManualUnit& unit);
 // The first reason not to make it; nullptr to go ahead.
 [[nodiscard]] const Refusal* refusalOf(const ManualUnit& unit, engine::Database& database);
 

@@ -23,9 +23,14 @@ std::int64_t lastNumero(engine::Database& database) {
     return rows ? rows->RecordCount() : 0;
 }
 
-const Refusal* refusalOf(const ScanRequest& request, engine::Database& database) {
+const Refusal* refusalOf(const ScanRequest& request) {
     if (request.name.empty()) return &refusal::scanWithoutName;
     if (request.directory.empty()) return &refusal::scanWithoutDirectory;
+    return nullptr;
+}
+
+const Refusal* refusalOf(const ScanRequest& request, engine::Database& database) {
+    if (const Refusal* incomplete = refusalOf(request)) return incomplete;
     if (unitExists(database, request.name)) return &refusal::scanNameTaken;
     return nullptr;
 }

@@ -17,6 +17,8 @@ struct ScanRequest {
     Exclusion exclusion{};
 };
 
+// A field that is empty, as a reason not to scan.
+[[nodiscard]] const Refusal* refusalOf(const ScanRequest& request);
 // The first reason not to scan; nullptr to go ahead. A catalogue that cannot be read refuses nothing.
 [[nodiscard]] const Refusal* refusalOf(const ScanRequest& request, engine::Database& database);
 

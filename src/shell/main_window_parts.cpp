@@ -109,7 +109,11 @@ browse::OpeningEvents MainWindowParts::openingEvents() {
 }
 
 scan::ImportEvents MainWindowParts::importEvents() {
-    return {.walkBegins = [this] { switching.uncoverBrowsing(); },
+    return {.walkBegins =
+                [this] {
+                    surface.treeView1.setFocus();  // before the panel that has it goes
+                    switching.uncoverBrowsing();
+                },
             .unitScanned =
                 [this](const core::UnitItem& unit) {
                     surface.lists.listView1.clear();

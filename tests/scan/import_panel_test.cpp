@@ -132,10 +132,51 @@ TEST_P(Importing, TheNameSendsTheFocusOnButAClickStillCounts) {
 }
 
 TEST_P(Importing, PastedTextIsHeldToTheSameKeys) {
-    QApplication::clipboard()->setText(QString::fromUtf8("a'b*ñ :"));
-    field("Text3").setFocus();
-    QTest::keyClick(&field("Text3"), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(field("Text3").text(), QString::fromUtf8("abñ :"));
+    const auto paste = [this](const char* name, const char* text) {
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+        field(name).setFocus();
+        QTest::keyClick(&field(name), Qt::Key_V, Qt::ControlModifier);
+    };
+    paste("Text3", "C:\\a'b*ñ :");
+    EXPECT_EQ(field("Text3").text(), QString::fromUtf8("Cabñ :")) << "as a stopped scan leaves it";
+    QTest::keyClick(&field("Text3"), Qt::Key_Home);
+    paste("Text3", "x:/y?");
+    QTest::keyClick(&field("Text3"), Qt::Key_Z);
+    EXPECT_EQ(field("Text3").text(), QString::fromUtf8("xyzCabñ :"));
+    clickTab(1);
+    paste("Text11", "a:b'c\\d:");
+    EXPECT_EQ(field("Text11").text(), "abcd");
+}
+
+TEST_P(Importing, AUnitMadeByHandAlwaysHasAKind) {
+    clickTab(1);
+    path = newCatalogue("other.zrq");
+    choose("explore");
+    EXPECT_EQ(control<controls::ImageCombo>("ImageCombo4").selectedItem(), 1);
+    field("Text11").setText("Pelis");
+    enterName("Cds");
+    EXPECT_EQ(rowCount(path, "tipo=('Unidad de archivos varios')"), 1);
+    EXPECT_EQ(roots(), (Names{"Cds :"}));
+}
+
+// Before the catalogue is opened, so that a file that is none does not swallow the message.
+TEST_P(Importing, EmptyFieldsAreToldOfWhateverFileIsOpen) {
+    test::writeFile(folder / "none.zrq", "garbage");
+    dialogs.answers = {QString::fromStdString(folder / "none.zrq")};
+    choose("abrir");
+    openImportPanel(0);
+    enterName("");
+    EXPECT_EQ(lastMessage(), in("Introduzca un nombre para la unidad.", "Write a name for the unit."));
+    openImportPanel(1);
+    enterName("");
+    EXPECT_EQ(lastMessage(), in("Introduzca el contenido de la unidad.", "write the content of the unit."));
+    EXPECT_EQ(messages.shown.size(), 2u);
+}
+
+TEST_P(Importing, TheTreeHasTheFocusAfterAScan) {
+    chooseFolder(disc);
+    enterName("abc");
+    EXPECT_EQ(QApplication::focusWidget(), &tree());
 }
 
 TEST_P(Importing, FitsAtEveryWidthAndSize) {
