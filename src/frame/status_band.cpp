@@ -69,10 +69,15 @@ StatusBand::StatusBand(core::Language idioma, QWidget* parent) : QWidget(parent)
 // the file does, so long work shows it only as often as an eye can follow.
 void StatusBand::setText(std::string_view text) {
     m_text->setText(controls::qtext(text));
+    m_text->setToolTip({});
     if (m_lastPaint.isValid() && m_lastPaint.elapsed() < millisecondsBetweenPaints) return;
     arrange();
     m_text->repaint();
     m_lastPaint.start();
+}
+
+void StatusBand::explainText(std::string_view explanation) {
+    m_text->setToolTip(controls::qtext(explanation));
 }
 
 void StatusBand::setSize(std::string_view text) {

@@ -23,10 +23,11 @@ class StatusBand : public QWidget {
     explicit StatusBand(core::Language idioma, QWidget* parent = nullptr);
 
     void setText(std::string_view text);  // Text9; painted also during long work, some twenty times a second
-    void setSize(std::string_view text);  // Label3
-    void setKind(std::string_view text);  // Label2
-    void setPicture(int picture);         // Picture16; 0 for none
-    void blank();                         // all four
+    void explainText(std::string_view explanation);  // the tool tip of Text9, until its text changes
+    void setSize(std::string_view text);             // Label3
+    void setKind(std::string_view text);             // Label2
+    void setPicture(int picture);                    // Picture16; 0 for none
+    void blank();                                    // all four
     [[nodiscard]] QString text() const;
     [[nodiscard]] QString size() const;
     [[nodiscard]] QString kind() const;

@@ -12,6 +12,8 @@ namespace stats {
 namespace {
 
 constexpr core::Bilingual working{" Generando Estadísticas ... ", " Genering Statistics ... "};
+constexpr core::Bilingual tooManyFiles{"Más de 32767 archivos: las cifras las da «zarquelin-cli stats».",
+                                       "More than 32767 files: zarquelin-cli stats tells the figures."};
 
 // The errors of the procedure itself; the rest are the engine's.
 constexpr int noSelection = 91;
@@ -30,19 +32,17 @@ StatisticsAction::StatisticsAction(frame::Frame& frame, QWidget* window) : m_fra
 
 void StatisticsAction::graficar1(const Selection& selection, core::Counters& counters) {
     std::optional<frame::Hourglass> hourglass(std::in_place);
-    m_database.reset();
-    auto opened = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
-    if (!opened) return;
-    m_database.emplace(std::move(*opened));
+    auto database = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
+    if (!database) return;
 
     if (!selection.treeIsEmpty) {
-        const auto shown = showScope(selection);
+        const auto shown = showScope(*database, selection);
         if (!shown) {
-            if (shown.error().number == noSelection || shown.error().number == engine::error::locked)
-                m_database.reset();
+            if (shown.error().number == overflow) m_frame.status.explainText(tooManyFiles.in(m_frame.idioma));
             return;
         }
         if (!*shown) {
+            database->Close();
             m_frame.status.setProgress(0);
             m_frame.status.hideProgress();
             hourglass.reset();  // the box is answered with an ordinary pointer
@@ -50,12 +50,11 @@ void StatisticsAction::graficar1(const Selection& selection, core::Counters& cou
             return;
         }
     }
-    rewriteTotals(counters);
-    m_database.reset();
+    rewriteTotals(*database, counters);
 }
 
 // Counts the selected node's scope and shows the window; false when it holds no files.
-engine::Result<bool> StatisticsAction::showScope(const Selection& selection) {
+engine::Result<bool> StatisticsAction::showScope(engine::Database& database, const Selection& selection) {
     if (!selection.node) return std::unexpected(engine::Error{noSelection, "no node is selected"});
 
     form().setScopeTitle(scopeTitle(m_frame.idioma, selection.place));
@@ -65,7 +64,7 @@ engine::Result<bool> StatisticsAction::showScope(const Selection& selection) {
     const auto scope = scopeOf(selection);
     if (!scope) return std::unexpected(scope.error());
     const auto statistics =
-        countScope(*m_database, *scope, TotalLimit::Window, [this] { m_frame.status.advanceProgress(); });
+        countScope(database, *scope, TotalLimit::Window, [this] { m_frame.status.advanceProgress(); });
     if (!statistics) return std::unexpected(statistics.error());
     if (statistics->totalarchivos < 1) return false;
 
@@ -84,12 +83,12 @@ Form4& StatisticsAction::form() {
 }
 
 // The line is written first with the counters as they stood; an empty catalogue leaves it at that.
-void StatisticsAction::rewriteTotals(core::Counters& counters) {
-    const auto rows = m_database->OpenRecordset("select * from datos order by numero");
+void StatisticsAction::rewriteTotals(engine::Database& database, core::Counters& counters) {
+    const auto rows = database.OpenRecordset("select * from datos order by numero");
     if (!rows) return;
     m_frame.status.setText(core::statusText(counters, m_frame.idioma));
     if (rows->Eof()) return;
-    const auto counted = core::countAll(*m_database);
+    const auto counted = core::countAll(database);
     if (!counted) return;
     counters = *counted;
     m_frame.status.setText(core::statusText(counters, m_frame.idioma));

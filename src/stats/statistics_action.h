@@ -34,22 +34,20 @@ class StatisticsAction {
 
     // Counts what the selected node holds and shows the statistics window; afterwards the status line shows
     // the catalogue's totals. Says so when there are no files. Any other failure ends it without a message,
-    // with the status line and the progress bar as they were. `counters` are those the status line showed
-    // last.
+    // with the status line and the progress bar as they were; more files than the window holds are told by
+    // the tool tip of that line. `counters` are those the status line showed last.
     void graficar1(const Selection& selection, core::Counters& counters);
 
     [[nodiscard]] Form4* window() const { return m_form; }  // nullptr before the first run
 
   private:
-    [[nodiscard]] engine::Result<bool> showScope(const Selection& selection);
+    [[nodiscard]] engine::Result<bool> showScope(engine::Database& database, const Selection& selection);
     [[nodiscard]] Form4& form();
-    void rewriteTotals(core::Counters& counters);
+    void rewriteTotals(engine::Database& database, core::Counters& counters);
 
     frame::Frame& m_frame;
     QWidget* m_parent;
     QPointer<Form4> m_form;
-    std::optional<engine::Database>
-        m_database;  // a run that finds no files leaves it open until the next one
 };
 
 }  // namespace stats

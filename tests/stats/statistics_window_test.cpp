@@ -21,6 +21,12 @@ class Statistics : public test::MainWindow {
     }
     stats::Form4& window() { return control<stats::Form4>("Form4"); }
     std::string text(const char* name) { return window().findChild<QLabel*>(name)->text().toStdString(); }
+    static bool isHeldOpen(const std::string& path) {
+        std::error_code gone;
+        for (const auto& handle : std::filesystem::directory_iterator("/proc/self/fd"))
+            if (std::filesystem::read_symlink(handle, gone) == path) return true;
+        return false;
+    }
     bool barShown() { return !frame().status.progress().isHidden(); }
 
     test::CatalogueFixture sample;
@@ -73,6 +79,7 @@ TEST_F(Statistics, SaysSoWhenThereAreNoFiles) {
     EXPECT_EQ(window().windowTitle(), " Estadísticas de:  U :");
     EXPECT_FALSE(window().isVisible() || barShown());
     EXPECT_EQ(status(), " Generando Estadísticas ... ");
+    EXPECT_FALSE(isHeldOpen(sample.path)) << "it could be neither compacted nor unmounted";
 
     click("U :\\a");  // with nothing in it, the list tells no unit
     choose("graficos");
@@ -80,6 +87,24 @@ TEST_F(Statistics, SaysSoWhenThereAreNoFiles) {
     EXPECT_TRUE(barShown());
     EXPECT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Statistics, MoreFilesThanTheWindowHoldsAreExplained) {
+    addFiles("C:\\a", "a.txt", 32768);
+    for (const Language idioma : {Language::Spanish, Language::English}) {
+        start(idioma, sample.path);
+        click("U :");
+        choose("graficos");
+        EXPECT_FALSE(form->findChild<stats::Form4*>()->isVisible());
+        EXPECT_TRUE(messages.shown.empty());
+        EXPECT_EQ(control("Text9").toolTip().toStdString(),
+                  idioma == Language::Spanish
+                      ? "Más de 32767 archivos: las cifras las da «zarquelin-cli stats»."
+                      : "More than 32767 files: zarquelin-cli stats tells the figures.");
+        EXPECT_FALSE(isHeldOpen(sample.path));
+        choose("actualizar1");
+        EXPECT_EQ(control("Text9").toolTip(), "");
+    }
 }
 
 TEST_F(Statistics, WithoutANodeOnlyTheTotalsOfAnEmptyTreeAreRewritten) {
