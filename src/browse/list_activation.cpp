@@ -74,7 +74,7 @@ void ListActivation::openRow(const Row& row) {
 void ListActivation::stepFromBrowsing(const Row& row) {
     lists::ItemList& list = m_surface.lists.listView1;
     list.sort({.on = true, .key = notesKey, .descending = false});
-    selectChildNode(list.selectedPosition());
+    selectChildNode(list.store().numberOf(static_cast<std::size_t>(list.selectedPosition())));
     ++m_surface.estado.nivelactual;
     showPathItem(m_surface, m_surface.imageCombo1.text().toStdString() + '\\' + m_surface.clic.nodoactual);
 
@@ -89,14 +89,14 @@ void ListActivation::stepFromBrowsing(const Row& row) {
     showKind(m_surface);
 }
 
-// The tree's children stand for the list's rows, whatever the list is sorted by.
-void ListActivation::selectChildNode(int position) {
+// The tree's children stand for the list's rows as they were read, whatever the list is sorted by.
+void ListActivation::selectChildNode(std::size_t number) {
     controls::TreeView& tree = m_surface.treeView1;
     const Node parent = tree.selected();
     if (parent == noNode) return;
     tree.setExpanded(parent, true);
     Node child = tree.nodes().firstChild(parent);
-    for (int row = 1; row <= position && child != noNode; ++row) {
+    for (std::size_t row = 1; row <= number && child != noNode; ++row) {
         const Node next = tree.nodes().nextSibling(child);
         if (next == noNode) break;
         child = next;

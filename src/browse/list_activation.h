@@ -32,7 +32,7 @@ class ListActivation {
     void openRow(const Row& row);
     void stepFromBrowsing(const Row& row);
     void stepFromResults(const Row& row);
-    void selectChildNode(int position);
+    void selectChildNode(std::size_t number);
 
     Surface& m_surface;
     core::DriveSource m_drives;

@@ -31,7 +31,7 @@ void NodeClick::end() {
 }
 
 void NodeClick::click(Node node) {
-    const frame::Hourglass hourglass;
+    const frame::Hourglass hourglass(frame::Hourglass::WithArrow);
     const frame::Running running(m_surface.frame);
     begin(node);
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());

@@ -39,6 +39,7 @@ platform::FileResult<> copy(const std::string& source, const std::string& destin
 
 bool Copiararchivos(frame::Frame& frame, const lists::Lists& lists, const lists::ClickedRow& clic,
                     const core::DriveSource& drives) {
+    const std::string folder = chosenFolder(frame);
     const frame::Hourglass hourglass;
     const ListReader listView1(lists.listView1);
     const ListReader listView2(lists.listView2);
@@ -46,7 +47,7 @@ bool Copiararchivos(frame::Frame& frame, const lists::Lists& lists, const lists:
                               .listView2 = listView2,
                               .searchShown = lists.searchShown(),
                               .indicefila = clic.indicefila,
-                              .carpetadestino = chosenFolder(frame),
+                              .carpetadestino = folder,
                               .idioma = frame.idioma};
     const CopyPorts ports{drives, frame::tellThrough(frame.messages), copy};
     return copyFiles(request, ports) == RunEnd::Complete;

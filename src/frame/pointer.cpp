@@ -6,9 +6,8 @@
 
 namespace frame {
 
-// The arrow with the hourglass: long work can be stopped, so the arrow has to stay usable.
-Hourglass::Hourglass() {
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+Hourglass::Hourglass(Shape shape) {
+    QGuiApplication::setOverrideCursor(shape == Alone ? Qt::WaitCursor : Qt::BusyCursor);
 }
 
 Hourglass::~Hourglass() {

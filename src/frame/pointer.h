@@ -5,7 +5,8 @@ namespace frame {
 // The busy pointer, for as long as the object lives.
 class Hourglass {
   public:
-    Hourglass();
+    enum Shape { Alone, WithArrow };  // the arrow stands where the work can be stopped
+    explicit Hourglass(Shape shape = Alone);
     ~Hourglass();
     Hourglass(const Hourglass&) = delete;
     Hourglass& operator=(const Hourglass&) = delete;

@@ -95,7 +95,7 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     QTest::keyClick(&combo(), Qt::Key_X);
     EXPECT_EQ(items(combo()), (Names{"Fotos :"}));
     EXPECT_EQ(combo().text(), "Fotos :\\viajex");
-    QTest::keyClick(&combo(), Qt::Key_Down);
+    chooseItem(combo(), 1);
     EXPECT_EQ(combo().text(), "Fotos :");
     EXPECT_EQ(listed(), (Names{"atlas", "viaje", "Lista.TXT"}));
     EXPECT_EQ(tree().selected(), node("Fotos :"));
@@ -128,6 +128,52 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     choose("buscar");
     EXPECT_EQ(listed(), Names{}) << "what was found went with its catalogue";
     EXPECT_TRUE(messages.shown.empty());
+}
+
+// The tree follows to the folder that is listed, whatever the list is sorted by.
+TEST_F(Looks, SteppingIntoAFolderOfASortedList) {
+    writeFotos();
+    start();
+    const std::string path = newCatalogue();
+    import("Fotos", discs.disc("dvd"));
+    auto database = engine::OpenDatabase(path).value();
+    ASSERT_TRUE(database.Execute("update datos set comentario='z' where carpeta=('atlas')"));
+    database.Close();
+    click("Fotos :");
+    lists::ItemList& list = surface().lists.listView1;
+    list.sort({.on = true, .key = 1, .descending = false});
+    ASSERT_EQ(listed(), (Names{"viaje", "Lista.TXT", "atlas"}));
+    doubleClickRow(list, 0);
+    EXPECT_EQ(listed(), (Names{"2003", "mapa.txt"}));
+    EXPECT_EQ(tree().selected(), node("Fotos :\\viaje"));
+}
+
+TEST_F(Looks, ThePointerTellsWhatCanBeStopped) {
+    writeFotos();
+    start();
+    std::vector<int> shapes;
+    const auto note = [&] {
+        const QCursor* pointer = QGuiApplication::overrideCursor();
+        shapes.push_back(pointer ? pointer->shape() : Qt::ArrowCursor);
+    };
+    dialogs.onChoose = note;
+    newCatalogue();
+    whenItYields(note);
+    import("Fotos", discs.disc("dvd"));
+    whenItYields(note);
+    click("Fotos :");
+    EXPECT_EQ(shapes, (std::vector<int>{Qt::ArrowCursor, Qt::ArrowCursor, Qt::BusyCursor, Qt::BusyCursor}));
+    shapes.clear();
+    whenItYields(note);
+    choose("reciente");
+    EXPECT_EQ(shapes, (std::vector<int>{Qt::WaitCursor}));
+    click("Fotos :");
+    clickRow(surface().lists.listView1, 0);
+    shapes.clear();
+    messages.onShow = [&](const auto&) { note(); };
+    for (const char* entry : {"abrir", "Copiararchivos"}) choose(entry);
+    EXPECT_EQ(shapes, (std::vector<int>{Qt::ArrowCursor, Qt::ArrowCursor, Qt::WaitCursor}))
+        << "over both choosers, and a copy that ended";
 }
 
 TEST_F(Looks, ViewsFontsAndTexts) {

@@ -29,6 +29,7 @@ class ScriptedDialogs : public frame::Dialogs {
     std::deque<QString> answers;  // paths; an empty one is a cancel
     std::vector<QString> titles;  // of the choosers shown so far
     std::vector<QString> filters;
+    std::function<void()> onChoose;          // while a chooser stands
     std::optional<int> copies;               // the print dialog's answer
     std::function<void(QPrinter&)> onPrint;  // e.g. to set the output file
 
@@ -36,6 +37,7 @@ class ScriptedDialogs : public frame::Dialogs {
     QString next(const QString& title, const QString& filter) {
         titles.push_back(title);
         filters.push_back(filter);
+        if (onChoose) onChoose();
         if (answers.empty()) return {};
         const QString answer = answers.front();
         answers.pop_front();
