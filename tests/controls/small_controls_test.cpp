@@ -68,7 +68,7 @@ TEST(Combo, ItemsKeepNumberTextAndPicture) {
 TEST(Combo, ChangesByNothingButAChoiceInItsList) {
     for (const auto typing : {ImageCombo::Typing::No, ImageCombo::Typing::Yes}) {
         ImageCombo combo(typing);
-        for (int number = 1; number <= 3; ++number) combo.addItem(number, "", QString::number(number), 1);
+        for (int number = 1; number <= 3; ++number) combo.addItem(number, QString::number(number), 1);
         combo.setSelected(2);
         combo.show();
         QSignalSpy chosen(&combo, &ImageCombo::clicked);
