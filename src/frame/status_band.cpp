@@ -25,7 +25,7 @@ constexpr int sizeLeft = 5020, sizeWidth = 2000;
 constexpr int iconLeft = 7050, iconWidth = 400;
 constexpr int kindLeft = 7480;
 constexpr int kindMargin = 8;  // pixels
-constexpr int narrowestSize = 60;
+constexpr int narrowestSize = 60, narrowestKind = 100;
 constexpr qint64 millisecondsBetweenPaints = 50;
 constexpr int visibleSteps = 500;  // of the bar
 
@@ -166,7 +166,7 @@ bool StatusBand::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-// The status line says most, so at last the others keep only what their own texts need.
+// The status line says most: at last the size keeps only what its text needs, and the kind is cut.
 void StatusBand::arrange() {
     const double wanted = std::max(1.0, m_points / 8.0);
     const int kind = m_kind->sizeHint().width() + kindMargin;
@@ -176,16 +176,18 @@ void StatusBand::arrange() {
     const int shift = std::min(missing, std::max(0, width() - kind - stretched(kindLeft)));
     const int needed = std::max(m_size->sizeHint().width() + kindMargin, narrowestSize);
     const int squeeze = std::clamp(missing - shift, 0, std::max(0, stretched(sizeWidth) - needed));
-    const auto place = [&](QWidget* control, int left, int wide) {
-        control->setGeometry(left, pixels(lineTop), wide, lineHeight());
-    };
-    place(m_text, textLeft, stretched(textWidth) + shift + squeeze);
-    for (QWidget* control : {static_cast<QWidget*>(m_size), static_cast<QWidget*>(m_progress)})
-        place(control, stretched(sizeLeft) + shift + squeeze, stretched(sizeWidth) - squeeze);
-    place(m_icon, stretched(iconLeft) + shift, stretched(iconWidth));
-    // A band too narrow for the kind leaves it as it was.
     const int left = stretched(kindLeft) + shift;
-    if (width() > left) place(m_kind, left, width() - left);
+    const int yielded = std::clamp(missing - shift - squeeze, 0, std::max(0, width() - left - narrowestKind));
+    const int aside = shift + yielded;
+    const auto place = [&](QWidget* control, int x, int wide) {
+        control->setGeometry(x, pixels(lineTop), wide, lineHeight());
+    };
+    place(m_text, textLeft, stretched(textWidth) + aside + squeeze);
+    for (QWidget* control : {static_cast<QWidget*>(m_size), static_cast<QWidget*>(m_progress)})
+        place(control, stretched(sizeLeft) + aside + squeeze, stretched(sizeWidth) - squeeze);
+    place(m_icon, stretched(iconLeft) + aside, stretched(iconWidth));
+    // A band too narrow for the kind leaves it as it was.
+    if (width() > left + yielded) place(m_kind, left + yielded, width() - left - yielded);
 }
 
 }  // namespace frame

@@ -139,7 +139,7 @@ TEST_F(ItemListTest, WhatIsToBeReadWholeIsAtEverySize) {
         for (const int column : {3, 4})
             EXPECT_GT(report().columnWidth(column), metrics.horizontalAdvance(columns[column].longest));
         EXPECT_GT(report().columnWidth(1), metrics.horizontalAdvance("Notes") + 12) << "and its arrow";
-        EXPECT_GE(report().columnWidth(0), 20 * metrics.averageCharWidth()) << "a name can be told";
+        EXPECT_GE(report().columnWidth(0), 18 * metrics.averageCharWidth()) << "a name can be told";
     }
     EXPECT_EQ(report().textElideMode(), Qt::ElideMiddle);
 }

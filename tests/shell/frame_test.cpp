@@ -65,6 +65,11 @@ TEST(StatusBand, ALongLineTakesTheRoomThatNothingElseNeeds) {
     band.setText("  Unit: " + std::string(60, 'n') + "  Folders: 12345  Files: 123456");
     QApplication::processEvents();
     EXPECT_GE(line.width(), line.sizeHint().width());
+    band.resize(700, 25);
+    band.setKind("Folders and files unit");
+    band.setText(" Folders found: 12345678  Files found: 12345678" + std::string(20, '9'));
+    QApplication::processEvents();
+    EXPECT_GE(line.width(), line.sizeHint().width()) << "the kind gives way";
     band.setText("  Files: 1");
     QApplication::processEvents();
     EXPECT_EQ(line.width(), 333);
