@@ -1,4 +1,7 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -6,6 +9,7 @@
 
 #include "engine/database.h"
 #include "reliability/program.h"
+#include "support/catalogue_fixture.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -181,6 +185,24 @@ TEST_F(Program, RenamesDeletesAndCompacts) {
     EXPECT_EQ(statusOf({"repair", cat}), 0);
     EXPECT_EQ(run({"units", cat, "--lang=es"}).told, "FOTOS\tUnidad de carpetas y archivos\t2\t2\t2\n");
     EXPECT_FALSE(fs::exists(work / "compactada.zrq"));
+}
+
+TEST_F(Program, SaysThatItWasInterrupted) {
+    test::addRows(cat,
+                  std::vector(2000, test::fileRow("Big :", "E:\\", "a name")));  // more than a pipe takes
+    const std::string pipe = work / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const int reader = ::open(pipe.c_str(), O_RDWR);
+    const std::string line = "exec " ZARQUELIN_CLI " export '" + cat + "' --json > '" + pipe + "'";
+    {
+        test::Program program({"/bin/sh", "-c", line}, {.output = work / "told"});
+        pollfd output{reader, POLLIN, 0};
+        ASSERT_EQ(::poll(&output, 1, 60'000), 1);
+        program.send(SIGINT);
+        EXPECT_EQ(program.wait(), 130);
+    }
+    ::close(reader);
+    EXPECT_EQ(test::readFile(work / "told"), "zarquelin-cli: interrupted\n");
 }
 
 TEST_F(Program, TellsWrongUsageByItsStatus) {
