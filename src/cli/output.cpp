@@ -9,9 +9,12 @@
 #include <utility>
 
 #include "cli/progress.h"
+#include "core/lookup.h"
+#include "core/medium.h"
 #include "core/serial_date.h"
 #include "core/text.h"
 #include "engine/text/utf8.h"
+#include "platform/files.h"
 
 namespace cli {
 namespace {
@@ -194,7 +197,16 @@ std::string jsonRow(const core::CatalogRow& row, const platform::Drives& drives)
 }
 
 std::optional<std::string> nativePath(const core::CatalogRow& row, const platform::Drives& drives) {
-    return drives.toNativePath(row.archivo ? core::joinPath(row.ruta, *row.archivo) : row.ruta);
+    const std::string path = core::drivePathOf(row);
+    if (core::withApostrophes(path) != path) {
+        for (const core::Candidate& candidate : core::openingTries) {
+            const std::string folder = core::spelled(row.ruta, candidate.path);
+            const auto native = drives.toNativePath(
+                row.archivo ? core::joinPath(folder, core::spelled(*row.archivo, candidate.name)) : folder);
+            if (native && (platform::FileExists(*native) || platform::FolderExists(*native))) return native;
+        }
+    }
+    return drives.toNativePath(path);
 }
 
 std::string csvHeader() {

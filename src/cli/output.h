@@ -45,7 +45,8 @@ class JsonLine {
 void addRow(JsonLine& line, const core::CatalogRow& row, const platform::Drives& drives);
 [[nodiscard]] std::string jsonRow(const core::CatalogRow& row, const platform::Drives& drives);
 
-// The native path of a row's file or folder; nothing where its drive is not there, and for a hand-made unit.
+// The native path of a row's file or folder, in the spelling that is on the medium if one is: rows have "´"
+// for an apostrophe. Nothing where its drive is not there, and for a hand-made unit.
 [[nodiscard]] std::optional<std::string> nativePath(const core::CatalogRow& row,
                                                     const platform::Drives& drives);
 

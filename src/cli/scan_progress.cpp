@@ -6,6 +6,7 @@
 
 #include "cli/console.h"
 #include "cli/interrupt.h"
+#include "cli/progress.h"
 #include "scan/status_text.h"
 
 namespace cli {
@@ -43,7 +44,7 @@ void ScanProgress::status(const scan::Counts& counts) {
     const auto now = std::chrono::steady_clock::now();
     if (now < m_nextShow) return;
     m_nextShow = now + showEvery;
-    std::fprintf(stderr, "\r%s", scan::runningStatus(counts, m_language).c_str());
+    showProgress(scan::runningStatus(counts, m_language));
 }
 
 bool ScanProgress::yield(scan::RowSink&) {
@@ -71,7 +72,8 @@ void ScanProgress::tellLeftOut() const {
 }
 
 void ScanProgress::finish(const scan::Counts& counts) {
-    if (m_onTerminal) std::fprintf(stderr, "\r%s\n", scan::finalStatus(counts, m_language).c_str());
+    hideProgress();
+    if (m_onTerminal) std::fprintf(stderr, "%s\n", scan::finalStatus(counts, m_language).c_str());
 }
 
 }  // namespace cli

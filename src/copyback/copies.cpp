@@ -32,7 +32,7 @@ engine::Result<std::vector<CopyItem>> itemsOf(engine::Database& database, const 
             place.row, 0, place.withApostrophes ? core::Spelling::Restored : core::Spelling::Stored}};
     const bool isUnit = place.kind == core::FoundRow::Unit;
     std::string select = "select * from datos where disco=(" + core::literal(place.row.disco) + ")";
-    if (!isUnit) select += " and ruta like (" + core::literal(place.row.ruta + "*") + ")";
+    if (!isUnit) select += " and ruta like (" + core::literal(core::asPattern(place.row.ruta) + "*") + ")";
     auto rows = database.OpenRecordset(select);
     if (!rows) return std::unexpected(rows.error());
 

@@ -14,6 +14,8 @@ namespace core {
 
 // A text as a literal of a statement, whatever it holds.
 [[nodiscard]] std::string literal(std::string_view text);
+// A name as part of a pattern of `like` that matches nothing else.
+[[nodiscard]] std::string asPattern(std::string_view name);
 
 // What follows the last backslash; the whole text when there is none.
 [[nodiscard]] std::string_view lastComponent(std::string_view drivePath);

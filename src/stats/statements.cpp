@@ -20,7 +20,7 @@ bool isFolder(const Scope& scope) {
 std::string folderCondition(const Scope& scope) {
     if (scope.ruta)
         return "disco = ('" + scope.unit + "') and (ruta =(" + core::literal(*scope.ruta) +
-               ") or ruta like (" + core::literal(*scope.ruta + "\\*") + "))";
+               ") or ruta like (" + core::literal(core::asPattern(*scope.ruta) + "\\*") + "))";
     return "disco = ('" + scope.unit + "')and ruta like ('*" + *scope.path + "*')";
 }
 

@@ -98,6 +98,12 @@ TEST_F(RowCommands, CopyTakesFoldersWithTheirStructure) {
          test::fileRow("Fotos :", "E:\\a\\it´s \uF0FF", "deep"), test::fileRow("Fotos :", "E:\\ab", "no"),
          test::fileRow("Fotos :", "E:\\a\\..", "root.txt")});
     test::writeFile(target + "/root.txt", "mine");
+    EXPECT_EQ(run({"stats", "Fotos", "a", "--json"}).output.substr(0, 20), "{\"audio\":0,\"text\":5,")
+        << "not of ab";
+    ::setenv("ZARQUELIN_DRIVES", ("E=" + disc).c_str(), 1);
+    EXPECT_EQ(run({"list", "Fotos", "a/it's \xff", "-0"}).output,
+              disc + "/a/it's \xff/empty" + '\0' + disc + "/a/it's \xff/deep" + '\0');
+    ::setenv("ZARQUELIN_DRIVES", ("G=" + disc + ",optical").c_str(), 1);
 
     EXPECT_EQ(run({"copy", "Fotos", "a", target}).status, cli::NothingFound) << "a folder needs --recursive";
     const Outcome copied = run({"copy", "--recursive", "--no-clobber", "Fotos", "a", "root.txt", target});
