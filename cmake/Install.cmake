@@ -4,15 +4,20 @@ set(program_folder ${CMAKE_INSTALL_LIBDIR}/zarquelin)
 set(generated ${CMAKE_BINARY_DIR}/generated)
 file(MAKE_DIRECTORY ${generated}/bin ${generated}/icons ${generated}/man)
 
-install(TARGETS zarquelin zarquelin-cli RUNTIME DESTINATION ${program_folder})
-install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/original.ejm DESTINATION ${program_folder})
+#
+# Two components: `cli` works on its own, everything else builds on it.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME desktop)
+install(TARGETS zarquelin RUNTIME DESTINATION ${program_folder})
+install(TARGETS zarquelin-cli RUNTIME DESTINATION ${program_folder} COMPONENT cli)
+install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/original.ejm DESTINATION ${program_folder} COMPONENT cli)
 install(DIRECTORY assets/links/ DESTINATION ${program_folder} FILES_MATCHING PATTERN "*.url")
 
 file(RELATIVE_PATH from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/zarquelin)
 foreach(program zarquelin zarquelin-cli)
     file(CREATE_LINK ${from_bin}/${program} ${generated}/bin/${program} SYMBOLIC)
-    install(FILES ${generated}/bin/${program} DESTINATION ${CMAKE_INSTALL_BINDIR})
 endforeach()
+install(FILES ${generated}/bin/zarquelin DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${generated}/bin/zarquelin-cli DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT cli)
 
 # The desktop: menu entry, type of .zrq files, description for software centres, icons.
 set(desktop ${CMAKE_SOURCE_DIR}/assets/desktop)
@@ -57,14 +62,17 @@ foreach(page ${generated}/man/zarquelin.1 ${generated}/shell/zarquelin-cli.1)
         VERBATIM)
     list(APPEND man_pages ${generated}/man/${name}.gz)
 endforeach()
-install(FILES ${man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${generated}/man/zarquelin.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${generated}/man/zarquelin-cli.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT cli)
 install(FILES ${generated}/shell/zarquelin-cli.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
-    RENAME zarquelin-cli)
-install(FILES ${generated}/shell/_zarquelin-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
-install(FILES ${generated}/shell/zarquelin-cli.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+    RENAME zarquelin-cli COMPONENT cli)
+install(FILES ${generated}/shell/_zarquelin-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions
+    COMPONENT cli)
+install(FILES ${generated}/shell/zarquelin-cli.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+    COMPONENT cli)
 
 # The documents for users.
-install(FILES docs/manual.md docs/manual.es.md docs/file-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/manual.md docs/manual.es.md docs/file-format.md docs/command-line.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.png")
 
 add_custom_target(desktop_files ALL DEPENDS ${icon_files} ${man_pages})

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian package of the program as it is, in build/release/package.
+# Makes the Debian packages of the programs as they are, in build/release/package.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/setup.sh
