@@ -79,6 +79,10 @@ void Database::Rollback() {
     (void)m_impl->connection->run("rollback");
 }
 
+void Database::KeepChangesInMemory() {
+    if (isOpen()) (void)m_impl->connection->run("pragma cache_spill = off");
+}
+
 Result<> Database::HoldStill() {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
     return m_impl->connection->run("begin; select count(*) from sqlite_schema");

@@ -39,6 +39,10 @@ class Database {
     [[nodiscard]] Result<> CommitTrans();
     void Rollback();
 
+    // From here on the changes of a transaction stay in memory until it is committed, and shut other readers
+    // out for as long as the commit takes; otherwise many changes shut them out from early on.
+    void KeepChangesInMemory();
+
     // Until the handle is closed no program can write to the file, which may be copied; others go on reading.
     [[nodiscard]] Result<> HoldStill();
 
