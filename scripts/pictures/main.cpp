@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <string>
 
 #include "controls/pictures.h"
 #include "sample_discs.h"
@@ -53,6 +55,14 @@ bool takePictures(const std::string& scratch, const std::string& folder, core::L
     return goOnTour(folders, language);
 }
 
+// The toolkit's own screen without a display is narrower than the pictures.
+std::string roomyScreen(const fs::path& folder) {
+    const fs::path file = folder / "screen.json";
+    std::ofstream(file) << R"({"screens": [{"name": "desk", "x": 0, "y": 0, "width": 1280, "height": 1024,)"
+                        << R"( "logicalDpi": 96, "dpr": 1}]})";
+    return file;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -68,7 +78,8 @@ int main(int argc, char** argv) {
     }
     // The same pictures on every machine: without a display, with settings and paths of their own.
     const Scratch scratch;
-    if (!look.asOnScreen) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!look.asOnScreen)
+        qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + roomyScreen(scratch.path)).c_str());
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(scratch.path));
     qputenv("TZ", "UTC");
     QApplication application(argc, argv);
