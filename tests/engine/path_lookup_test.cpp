@@ -16,8 +16,8 @@ std::string select(const std::string& path, int level, bool asScan) {
 // Names that repeat, differ in case only, hold wildcards, are empty, or are those of the folders above the
 // unit.
 TEST_F(PathLookupTest, GivesWhatTheScanGives) {
-    const std::vector<std::string> names{"a", "A",   "b",  "ñ",  "Ñ",  "base", "a b",
-                                         "",  "[x]", "a#", "[a", "c]", "ab"};
+    const std::vector<std::string> names{"a",  "A",  "b",  "ñ",  "Ñ", "base", "a b", "",     "[x]",
+                                         "a#", "[a", "c]", "ab", "x", "a1",   "a?",  "[!a]", "[]"};
     std::mt19937 random(7);
     const auto name = [&] { return names[random() % names.size()]; };
     auto db = open();

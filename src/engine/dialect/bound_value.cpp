@@ -14,6 +14,14 @@ BoundValue integerValue(double number) {
 
 }  // namespace
 
+PatternText patternOf(const Condition& like, const std::vector<Literal>& literals) {
+    const Operand& tested = like.operands[0];
+    const std::string_view text = literals[like.operands[1].literal].text;
+    const bool isPath = tested.kind == Operand::Field && tested.column == Column::ruta;
+    return {text, isPath || text.find('*') == text.npos ? LikePattern::Signs::WildcardsOrThemselves
+                                                        : LikePattern::Signs::Wildcards};
+}
+
 BoundValue converted(const Literal& literal, bool negative, Type type, std::string& storage) {
     if (type == Type::Text) {
         if (!negative) return literal.text;

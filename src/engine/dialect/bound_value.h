@@ -6,14 +6,20 @@
 #include <variant>
 
 #include "engine/dialect/literals.h"
+#include "engine/dialect/statement.h"
 #include "engine/format.h"
+#include "engine/text/like_pattern.h"
 
 namespace engine {
 
 // A pattern of `like` on its way to a prepared statement, which compiles it once and keeps it.
 struct PatternText {
     std::string_view text;
+    LikePattern::Signs signs;
 };
+
+// That of a `like`. The program joins names into the patterns for `ruta`, and into those that hold no star.
+[[nodiscard]] PatternText patternOf(const Condition& like, const std::vector<Literal>& literals);
 
 // A value no column ever holds; equal to nothing, and unlike null, unequal to every text.
 struct NoSuchValue {};

@@ -152,7 +152,7 @@ void SqlWriter::writeLike(const Condition& condition) {
     m_sql += "engine_like(";
     writeOperand(condition.operands[0], Type::Text);
     m_sql += ", ";
-    writeValue(PatternText{m_literals[condition.operands[1].literal].text});
+    writeValue(patternOf(condition, m_literals));
     m_sql += ')';
 }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/dialect/bound_value.h"
 #include "engine/text/folding.h"
-#include "engine/text/like_pattern.h"
 
 namespace engine {
 
@@ -28,7 +28,8 @@ std::vector<std::string_view> UnitNames::named(const Condition& condition,
                                                const std::vector<Literal>& literals) const {
     std::vector<std::string_view> names;
     if (condition.kind == Condition::Like) {
-        const LikePattern pattern(literals[condition.operands[1].literal].text);
+        const auto [text, signs] = patternOf(condition, literals);
+        const LikePattern pattern(text, signs);
         for (const auto& [foldedName, name] : m_spellings)
             if (pattern.matches(name)) names.push_back(name);
         return names;

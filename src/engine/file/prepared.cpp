@@ -44,7 +44,7 @@ void Prepared::bind(int parameter, const BoundValue& value, Texts texts) {
     } else if (const auto* real = std::get_if<double>(&value)) {
         sqlite3_bind_double(get(), number, *real);
     } else if (const auto* pattern = std::get_if<PatternText>(&value)) {
-        bindPattern(parameter, pattern->text);
+        bindPattern(parameter, *pattern);
     } else if (std::holds_alternative<NoSuchValue>(value)) {
         sqlite3_bind_blob(get(), number, "\0", 1, SQLITE_STATIC);
     } else {
@@ -52,13 +52,14 @@ void Prepared::bind(int parameter, const BoundValue& value, Texts texts) {
     }
 }
 
-void Prepared::bindPattern(int parameter, std::string_view source) {
+void Prepared::bindPattern(int parameter, const PatternText& pattern) {
     auto& patterns = m_entry->patterns;
     if (patterns.size() <= static_cast<std::size_t>(parameter)) patterns.resize(parameter + 1);
     CompiledPattern& kept = patterns[parameter];
-    if (!kept.pattern || kept.source != source) {
-        kept.source = source;
-        kept.pattern = std::make_unique<LikePattern>(source);
+    if (!kept.pattern || kept.source != pattern.text || kept.signs != pattern.signs) {
+        kept.source = pattern.text;
+        kept.signs = pattern.signs;
+        kept.pattern = std::make_unique<LikePattern>(pattern.text, pattern.signs);
     }
     sqlite3_bind_pointer(get(), parameter + 1, kept.pattern.get(), patternPointerType, nullptr);
 }

@@ -48,6 +48,7 @@ class Prepared {
     friend class StatementPool;
     struct CompiledPattern {
         std::string source;
+        LikePattern::Signs signs{};
         std::unique_ptr<LikePattern> pattern;
     };
     struct Entry {
@@ -57,7 +58,7 @@ class Prepared {
     };
     explicit Prepared(Entry* entry) : m_entry(entry) {}
 
-    void bindPattern(int parameter, std::string_view source);
+    void bindPattern(int parameter, const PatternText& pattern);
 
     Entry* m_entry = nullptr;
 };

@@ -4,8 +4,15 @@
 #include <array>
 
 #include "engine/text/folding.h"
+#include "engine/text/like_pattern.h"
 
 namespace engine {
+
+namespace {
+
+constexpr const char* wildcards = "#[?";
+
+}  // namespace
 
 PathIndex::PathIndex(RowTable table, Levels levels) : m_table(std::move(table)) {
     const FieldPlaces places(m_table.fields());
@@ -36,7 +43,7 @@ void PathIndex::addRuns(const Level& level, std::size_t components, Runs& runs) 
         for (std::size_t at = path.find('\\'); at != path.npos; at = path.find('\\', at + 1))
             slashes.push_back(at);
         for (std::size_t i = 0; i + components < slashes.size(); ++i) {
-            auto& found = runs[path.substr(slashes[i], slashes[i + components] - slashes[i] + 1)];
+            auto& found = runs.rows[path.substr(slashes[i], slashes[i + components] - slashes[i] + 1)];
             if (found.empty() || found.back() != row) found.push_back(row);
         }
     }
@@ -47,12 +54,36 @@ const TableRows::Selection& PathIndex::find(std::string_view level, std::string_
     const auto asked = m_levels.find(level);
     if (asked == m_levels.end()) return nothing;
     const std::size_t components = std::count(path.begin(), path.end(), '\\') - 1;
-    auto [runs, isNew] = asked->second.runs.try_emplace(components);
-    if (isNew) addRuns(asked->second, components, runs->second);
+    auto [entry, isNew] = asked->second.runs.try_emplace(components);
+    Runs& runs = entry->second;
+    if (isNew) addRuns(asked->second, components, runs);
     m_wanted.clear();
     appendFolded(m_wanted, path);
-    const auto found = runs->second.find(std::string_view(m_wanted));
-    return found == runs->second.end() ? nothing : found->second;
+    if (path.find_first_of(wildcards) == path.npos) {
+        const auto found = runs.rows.find(m_wanted);
+        return found == runs.rows.end() ? nothing : found->second;
+    }
+    const auto found = runs.found.find(m_wanted);
+    return found != runs.found.end() ? found->second : runs.found[m_wanted] = matching(runs, m_wanted);
+}
+
+// Only runs that begin as the path does before its first wildcard can match it.
+TableRows::Selection PathIndex::matching(Runs& runs, std::string_view path) {
+    if (runs.inOrder.empty()) {
+        for (const auto& [run, rows] : runs.rows) runs.inOrder.push_back(run);
+        std::ranges::sort(runs.inOrder);
+    }
+    const LikePattern pattern(path, LikePattern::Signs::WildcardsOrThemselves);
+    const std::string_view begin = path.substr(0, path.find_first_of(wildcards));
+    TableRows::Selection found;
+    for (auto run = std::ranges::lower_bound(runs.inOrder, begin);
+         run != runs.inOrder.end() && run->starts_with(begin); ++run) {
+        const auto& rows = runs.rows.find(*run)->second;
+        if (pattern.matches(*run)) found.insert(found.end(), rows.begin(), rows.end());
+    }
+    std::ranges::sort(found);
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return found;
 }
 
 }  // namespace engine

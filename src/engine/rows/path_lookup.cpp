@@ -2,17 +2,20 @@
 
 #include <algorithm>
 
+#include "engine/text/like_pattern.h"
+
 namespace engine {
 
 namespace {
 
-// `*\A\B\*` without its stars; empty for a pattern of another form.
+// `*\A\B\*` without its stars; empty for a pattern of another form, and for one whose wildcards may stand for
+// a backslash.
 std::string_view pathOf(std::string_view pattern) {
     if (pattern.size() < 4 || !pattern.starts_with("*\\") || !pattern.ends_with("\\*")) return {};
     const std::string_view path = pattern.substr(1, pattern.size() - 2);
-    const auto isIn = [path](char wild) { return path.find(wild) != path.npos; };
-    constexpr std::string_view wildcards = "*?#[";
-    return std::any_of(wildcards.begin(), wildcards.end(), isIn) ? std::string_view() : path;
+    if (path.find('*') != path.npos) return {};
+    const bool isPlain = path.find_first_of("?#[") == path.npos;
+    return isPlain || !LikePattern(path).hasWildcardFor(U'\\') ? path : std::string_view();
 }
 
 bool isPathTest(const Condition& condition, const std::vector<Literal>& literals) {

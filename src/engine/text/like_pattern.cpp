@@ -47,8 +47,13 @@ bool LikePattern::Step::accepts(char32_t candidate) const {
     return false;
 }
 
-LikePattern::LikePattern(std::string_view pattern) {
-    compile(pattern);
+LikePattern::LikePattern(std::string_view pattern, Signs signs) : LikePattern(pattern, Read::AllWildcards) {
+    if (signs == Signs::WildcardsOrThemselves && pattern.find_first_of("?#[") != pattern.npos)
+        m_asName.reset(new LikePattern(pattern, Read::StarsOnly));
+}
+
+LikePattern::LikePattern(std::string_view pattern, Read read) {
+    compile(pattern, read);
     m_hasWildcards = std::any_of(m_steps.begin(), m_steps.end(),
                                  [](const Step& step) { return step.kind != Step::Character; });
     m_onlyRuns = std::all_of(m_steps.begin(), m_steps.end(), [](const Step& step) {
@@ -57,35 +62,37 @@ LikePattern::LikePattern(std::string_view pattern) {
     if (m_onlyRuns) splitIntoPieces();
 }
 
-void LikePattern::compile(std::string_view pattern) {
+void LikePattern::append(char32_t character) {
+    m_steps.push_back({.kind = Step::Character, .character = folded(character)});
+}
+
+void LikePattern::compile(std::string_view pattern, Read read) {
     for (std::size_t i = 0; i < pattern.size();) {
-        switch (pattern[i]) {
-            case '*':
-                if (m_steps.empty() || m_steps.back().kind != Step::AnyRun)
-                    m_steps.push_back({.kind = Step::AnyRun});
-                ++i;
-                continue;
-            case '?':
-                m_steps.push_back({.kind = Step::AnyOne});
-                ++i;
-                continue;
-            case '#':
-                m_steps.push_back({.kind = Step::Digit});
-                ++i;
-                continue;
-            case '[':
-                if (const std::size_t end = pattern.find(']', i); end != pattern.npos) {
-                    const auto inside = pattern.substr(i + 1, end - i - 1);
-                    if (!inside.empty()) m_steps.push_back({.kind = Step::OneOf, .set = parseSet(inside)});
-                    i = end + 1;
-                    continue;
-                }
-                break;
-            default:
-                break;
+        const char sign = pattern[i];
+        const std::size_t end = sign == '[' ? pattern.find(']', i) : pattern.npos;
+        if (sign == '*') {
+            if (m_steps.empty() || m_steps.back().kind != Step::AnyRun)
+                m_steps.push_back({.kind = Step::AnyRun});
+            ++i;
+        } else if (read == Read::StarsOnly) {
+            append(nextCharacter(pattern, i));
+        } else if (sign == '?' || sign == '#') {
+            m_steps.push_back({.kind = sign == '?' ? Step::AnyOne : Step::Digit});
+            ++i;
+        } else if (end != pattern.npos) {
+            const auto inside = pattern.substr(i + 1, end - i - 1);
+            if (!inside.empty()) m_steps.push_back({.kind = Step::OneOf, .set = parseSet(inside)});
+            i = end + 1;
+        } else {
+            append(nextCharacter(pattern, i));
         }
-        m_steps.push_back({.kind = Step::Character, .character = folded(nextCharacter(pattern, i))});
     }
+}
+
+bool LikePattern::hasWildcardFor(char32_t character) const {
+    return std::ranges::any_of(m_steps, [character](const Step& step) {
+        return step.kind != Step::Character && step.kind != Step::AnyRun && step.accepts(character);
+    });
 }
 
 LikePattern::Set LikePattern::parseSet(std::string_view inside) {
@@ -121,6 +128,10 @@ void LikePattern::splitIntoPieces() {
 }
 
 bool LikePattern::matches(std::string_view text) const {
+    return matchesAsRead(text) || (m_asName && m_asName->matchesAsRead(text));
+}
+
+bool LikePattern::matchesAsRead(std::string_view text) const {
     if (!m_onlyRuns) return stepsMatch(foldedCharacters(text));
     char buffer[512];
     if (text.size() <= sizeof buffer && (isAscii(text) || (m_asciiPieces && !hasTwinOfAscii(text)))) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,12 +12,16 @@ namespace engine {
 // its `]` stands for itself, `[]` for the empty text, and within brackets the wildcards are plain characters.
 class LikePattern {
   public:
-    explicit LikePattern(std::string_view pattern);
+    // What `?`, `#`, `[` and `]` stand for. Where names are joined into patterns they also stand for
+    // themselves: a text then matches if the pattern does, or if it does with `*` as the only wildcard.
+    enum class Signs { Wildcards, WildcardsOrThemselves };
+
+    explicit LikePattern(std::string_view pattern, Signs signs = Signs::Wildcards);
 
     [[nodiscard]] bool matches(std::string_view text) const;
 
-    // False when the pattern matches only texts that equal it but for case.
-    [[nodiscard]] bool hasWildcards() const { return m_hasWildcards; }
+    // True when a wildcard other than `*` stands for this character, among others.
+    [[nodiscard]] bool hasWildcardFor(char32_t character) const;
 
   private:
     struct Set {
@@ -38,9 +43,13 @@ class LikePattern {
         [[nodiscard]] bool accepts(char32_t candidate) const;
     };
 
-    void compile(std::string_view pattern);
+    enum class Read { AllWildcards, StarsOnly };
+    LikePattern(std::string_view pattern, Read read);
+    void compile(std::string_view pattern, Read read);
+    void append(char32_t character);
     [[nodiscard]] static Set parseSet(std::string_view inside);
     void splitIntoPieces();
+    [[nodiscard]] bool matchesAsRead(std::string_view text) const;
     [[nodiscard]] bool piecesMatch(std::string_view foldedText) const;
     [[nodiscard]] bool stepsMatch(std::u32string_view foldedText) const;
 
@@ -53,6 +62,8 @@ class LikePattern {
     std::vector<std::string> m_middle;
     std::string m_end;
     bool m_asciiPieces = false;
+
+    std::unique_ptr<LikePattern> m_asName;  // with all signs but `*` for themselves, where that differs
 };
 
 }  // namespace engine
