@@ -1,7 +1,7 @@
 # Shared by ./run, ./test and .ci/run: what the project needs of Debian 12, and how it is built.
 # To be sourced with the repository as the current directory.
 
-build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev libsqlite3-dev libfuse3-dev pkg-config)
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev libsqlite3-dev libicu-dev libfuse3-dev pkg-config)
 run_packages=(libqt6svg6 qt6-translations-l10n breeze-icon-theme fonts-dejavu-core xdg-utils fuse3)
 test_packages=(libgtest-dev sqlite3 python3)
 check_packages=(clang-format)

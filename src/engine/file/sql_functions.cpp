@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "engine/text/collation.h"
 #include "engine/text/folding.h"
 #include "engine/text/like_pattern.h"
-#include "engine/text/sort_key.h"
 
 namespace engine {
 
@@ -26,14 +26,15 @@ void sortKeyFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
     if (!text) return sqlite3_result_null(context);
     std::string key;
-    appendSortKey(key, {text, static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]))});
+    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]));
+    if (const auto made = appendSortKey(key, {text, size}); !made)
+        return sqlite3_result_error(context, made.error().text.c_str(), -1);
     sqlite3_result_blob64(context, key.data(), key.size(), SQLITE_TRANSIENT);
 }
 
-template <int (*compare)(std::string_view, std::string_view)>
-int collate(void*, int sizeA, const void* a, int sizeB, const void* b) {
-    return compare({static_cast<const char*>(a), static_cast<std::size_t>(sizeA)},
-                   {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
+int collateFolded(void*, int sizeA, const void* a, int sizeB, const void* b) {
+    return compareFolded({static_cast<const char*>(a), static_cast<std::size_t>(sizeA)},
+                         {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
 }
 
 }  // namespace
@@ -43,8 +44,7 @@ int registerFunctions(sqlite3* database) {
     int code =
         sqlite3_create_function(database, "engine_like", 2, flags, nullptr, likeFunction, nullptr, nullptr);
     if (code == SQLITE_OK) {
-        code =
-            sqlite3_create_collation(database, "engine_folded", SQLITE_UTF8, nullptr, collate<compareFolded>);
+        code = sqlite3_create_collation(database, "engine_folded", SQLITE_UTF8, nullptr, collateFolded);
     }
     if (code == SQLITE_OK) {
         code = sqlite3_create_function(database, "engine_sort_key", 1, flags, nullptr, sortKeyFunction,

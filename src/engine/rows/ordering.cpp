@@ -2,7 +2,7 @@
 
 #include <bit>
 
-#include "engine/text/sort_key.h"
+#include "engine/text/collation.h"
 
 namespace engine {
 
@@ -16,29 +16,30 @@ void appendNumberKey(std::string& key, double number) {
     for (int shift = 56; shift >= 0; shift -= 8) key += static_cast<char>(bits >> shift & 0xFF);
 }
 
-void appendColumnKey(std::string& key, Column column, const Prepared& row, int index) {
-    if (info(column).type == Type::Text) {
-        appendSortKey(key, row.text(index));
-    } else if (row.isNull(index)) {
-        key.append(8, '\0');
-    } else {
+// What follows cannot mix with it: a text's key ends in its only zero, and a number's has always eight bytes.
+Result<> appendColumnKey(std::string& key, Column column, const Prepared& row, int index) {
+    const bool isText = info(column).type == Type::Text;
+    if (row.isNull(index))
+        key.append(isText ? 1 : 8, '\0');
+    else if (isText)
+        return appendSortKey(key, row.text(index));
+    else
         appendNumberKey(key, row.number(index));
-    }
+    return {};
 }
 
 }  // namespace
 
-void appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy, const Prepared& row, int first) {
+Result<> appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy, const Prepared& row,
+                        int first) {
     for (std::size_t i = 0; i < orderBy.size(); ++i) {
         const std::size_t begin = key.size();
-        appendColumnKey(key, orderBy[i].column, row, first + static_cast<int>(i));
-        const bool isLast = i + 1 == orderBy.size();
-        // What follows must not mix with a longer text of this column.
-        if (info(orderBy[i].column).type == Type::Text && (!isLast || orderBy[i].descending))
-            key.append(2, '\0');
+        auto appended = appendColumnKey(key, orderBy[i].column, row, first + static_cast<int>(i));
+        if (!appended) return appended;
         if (!orderBy[i].descending) continue;
         for (std::size_t at = begin; at < key.size(); ++at) key[at] = static_cast<char>(~key[at]);
     }
+    return {};
 }
 
 }  // namespace engine

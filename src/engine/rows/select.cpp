@@ -111,7 +111,8 @@ Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
     auto step = rows->step();
     for (; step == Prepared::Step::Row; step = rows->step()) {
         key.clear();
-        appendOrderKey(key, orderBy, *rows, firstOrdered);
+        if (auto appended = appendOrderKey(key, orderBy, *rows, firstOrdered); !appended)
+            return std::unexpected(appended.error());
         if (!table.add(*rows, key, rows->integer(rowid))) return std::nullopt;
     }
     if (step == Prepared::Step::Failed) return std::unexpected(m_connection->lastError());

@@ -3,15 +3,14 @@
 #include <string>
 #include <string_view>
 
+#include "engine/error.h"
+
 namespace engine {
 
-// The order that `order by` gives to text, for Spanish eyes: punctuation, digits, letters; case does not
-// count; á stands beside a, ñ after n; other scripts follow by base letter and code point. Accents decide
-// only between texts that are equal without them. Never stored in a file, so it may change.
-//
-// Keys compare byte by byte (memcmp, then length) as their texts sort.
-void appendSortKey(std::string& key, std::string_view text);
-
-[[nodiscard]] int compareSorted(std::string_view a, std::string_view b);
+// Appends what a text is sorted by: keys compare byte by byte as their texts do by ICU's rules for Spanish,
+// over all scripts, without regard to case (á beside a, ñ after n; accents decide only between texts that are
+// equal without them). A key ends in a zero byte and holds no other, so that keys of several texts can follow
+// each other. Never stored in a file: the next ICU may sort otherwise. Fails when ICU cannot be opened.
+[[nodiscard]] Result<> appendSortKey(std::string& key, std::string_view text);
 
 }  // namespace engine

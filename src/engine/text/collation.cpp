@@ -1,0 +1,73 @@
+#include "engine/text/collation.h"
+
+#include <unicode/ucol.h>
+#include <unicode/ustring.h>
+
+#include <memory>
+
+#include "engine/text/utf8.h"
+
+namespace engine {
+
+namespace {
+
+constexpr const char* spanish = "es";
+
+struct CloseCollator {
+    void operator()(UCollator* collator) const { ucol_close(collator); }
+};
+
+Error failure(UErrorCode code) {
+    return {error::general, std::string("Texts cannot be sorted: ") + u_errorName(code)};
+}
+
+// One for each thread. Failing to open it is not remembered.
+Result<const UCollator*> collator() {
+    thread_local std::unique_ptr<UCollator, CloseCollator> opened;
+    if (opened) return opened.get();
+    UErrorCode code = U_ZERO_ERROR;
+    std::unique_ptr<UCollator, CloseCollator> fresh(ucol_open(spanish, &code));
+    if (U_SUCCESS(code)) ucol_setAttribute(fresh.get(), UCOL_STRENGTH, UCOL_SECONDARY, &code);
+    if (U_FAILURE(code)) return std::unexpected(failure(code));
+    opened = std::move(fresh);
+    return opened.get();
+}
+
+// In UTF-16; bytes that are no UTF-8 become replacement characters.
+Result<> convert(std::string_view text, std::u16string& out) {
+    if (isAscii(text)) {
+        out.assign(text.begin(), text.end());
+        return {};
+    }
+    out.resize(text.size());  // no text is longer in UTF-16
+    UErrorCode code = U_ZERO_ERROR;
+    int32_t size = 0;
+    u_strFromUTF8WithSub(out.data(), static_cast<int32_t>(out.size()), &size, text.data(),
+                         static_cast<int32_t>(text.size()), 0xFFFD, nullptr, &code);
+    if (U_FAILURE(code)) return std::unexpected(failure(code));
+    out.resize(static_cast<std::size_t>(size));
+    return {};
+}
+
+}  // namespace
+
+Result<> appendSortKey(std::string& key, std::string_view text) {
+    const auto rules = collator();
+    if (!rules) return std::unexpected(rules.error());
+    thread_local std::u16string wide;  // keeps its room from row to row
+    if (auto converted = convert(text, wide); !converted) return converted;
+    const std::size_t begin = key.size();
+    const auto fill = [&](std::size_t room) {
+        key.resize(begin + room);
+        return ucol_getSortKey(*rules, wide.data(), static_cast<int32_t>(wide.size()),
+                               reinterpret_cast<uint8_t*>(key.data() + begin), static_cast<int32_t>(room));
+    };
+    const std::size_t guess = 2 * wide.size() + 16;
+    auto size = static_cast<std::size_t>(fill(guess));
+    if (size > guess) size = static_cast<std::size_t>(fill(size));
+    if (size == 0) return std::unexpected(failure(U_MEMORY_ALLOCATION_ERROR));
+    key.resize(begin + size);
+    return {};
+}
+
+}  // namespace engine
