@@ -18,8 +18,11 @@ enum class Use {
 
 // One open database file. Statements are the dialect's texts, UTF-8; every literal in them is lifted to a
 // bound parameter and the prepared statement is kept by its shape, so that repeating a statement with other
-// values costs microseconds. One statement a call: text after its end is an error. Not for use from two
-// threads.
+// values costs microseconds. One statement a call: text after its end is an error.
+//
+// A handle and its recordsets belong to one thread at a time: another one may take them over when what the
+// first did is done and seen (by a lock or a join), as the writer of a scan's rows does. Handles on the same
+// file may be used at the same time.
 //
 // Closing (or destroying) the handle ends open recordsets and rolls back an open transaction.
 class Database {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 
@@ -16,7 +17,11 @@ class Value {
     [[nodiscard]] bool isNull() const { return m_null; }
     [[nodiscard]] std::string_view text() const { return m_text; }  // UTF-8; empty for a numeric column
     [[nodiscard]] double number() const { return m_number; }
-    [[nodiscard]] std::int64_t integer() const { return static_cast<std::int64_t>(m_number); }
+    // A number beyond what 64 bits hold reads as about the last one that they do.
+    [[nodiscard]] std::int64_t integer() const {
+        constexpr double last = 0x1p62;
+        return static_cast<std::int64_t>(std::clamp(m_number, -last, last));
+    }
 
   private:
     std::string_view m_text;

@@ -53,6 +53,13 @@ TEST_F(DialectTest, OrAndNotBindAsTheyShould) {
     EXPECT_EQ(rowsOf("(nivel='1' or nivel='2') and largo=2 "), "2");
     EXPECT_EQ(rowsOf("not (largo=1 or largo=2)"), "3 4");
     EXPECT_EQ(rowsOf("largo between(2)and (3)"), "2 3");
+    EXPECT_EQ(rowsOf("largo not between(2)and (3)"), "1 4");
+    EXPECT_EQ(rowsOf("archivo not like ('F[1-3]')"), "4");
+    EXPECT_EQ(rowsOf("ruta not in ('R1', 'r4') and not largo = 2"), "3");
+    EXPECT_EQ(rowsOf("comentario not like ('*') or comentario is not null "), "");  // null is neither
+    EXPECT_EQ(rowsOf("disco=('u :') and largo=1 or disco=('U :') and largo=3 or disco=('x') and largo=4"),
+              "1 3");
+    EXPECT_EQ(rowsOf("disco=('u :') and largo=1 or disco=('U :') and nivel='3'"), "1 3");
     EXPECT_EQ(
         rowsOf("disco=('U :') and ruta =('R2') and archivo =('F2')or disco=('U :') and ruta =('r3') and "
                "carpeta =('C') "),
@@ -67,6 +74,23 @@ TEST_F(DialectTest, OrdersDownwardsAndByTwoColumnsWithTiesAsInserted) {
               "nz NA na c abeto ábaco");
     EXPECT_EQ(column(db, "carpeta", "select carpeta from datos where nivel='1' order by largo, carpeta"),
               "ábaco abeto NA na nz c");
+}
+
+TEST_F(DialectTest, NamesInPatternsStandForThemselvesToo) {
+    auto db = open();
+    for (const char* name : {"Music [2003]", "Music 2", "C# code", "C4 code", "what?", "[", "a]b", "[]"})
+        addFile(db, std::string("E:\\") + name + "\\x", name);
+    const auto found = [&](const std::string& test) {
+        return column(db, "archivo", "select archivo from datos where " + test + " order by archivo");
+    };
+    EXPECT_EQ(found("ruta like ('*\\Music [2003]\\*')"), "Music [2003] Music 2");
+    EXPECT_EQ(found("ruta like ('*\\C# code\\*') and nivel='1'"), "C# code C4 code");
+    EXPECT_EQ(found("ruta like ('*\\what?\\*')"), "what?");
+    EXPECT_EQ(found("ruta like ('*\\[]\\*')"), "[]");
+    EXPECT_EQ(found("archivo like ('what?')"), "what?");
+    EXPECT_EQ(found("archivo like ('a]b') or archivo like ('[')"), "[ a]b");
+    EXPECT_EQ(found("archivo like ('*[[]*')"), "[ [] Music [2003]");  // with a star it is a pattern alone
+    EXPECT_EQ(found("archivo like ('*c [2003]*')"), "Music 2");
 }
 
 TEST_F(DialectTest, ChangesRows) {

@@ -42,6 +42,17 @@ TEST_F(OpenTest, RefusesCataloguesItCannotTrust) {
     std::filesystem::copy_file(path, later);
     EXPECT_EQ(plainly(later, "pragma user_version = 99"), "");
     EXPECT_EQ(openError(later), engine::error::unrecognizedFormat);
+    for (const char* spoil : {"drop index datos_unidad; alter table datos drop column nivel; "
+                              "alter table datos add column nivel integer",
+                              "alter table datos add column extra as (hex(zeroblob(300000000)))",
+                              "drop index datos_unidad; alter table datos drop column disco; "
+                              "alter table datos add column disco text collate nocase",
+                              "alter table datos drop column fecha; alter table datos add column fecha"}) {
+        const std::string spoilt = folder / "spoilt.zrq";
+        std::filesystem::copy_file(path, spoilt, std::filesystem::copy_options::overwrite_existing);
+        EXPECT_EQ(plainly(spoilt, spoil), "");
+        EXPECT_EQ(openError(spoilt), engine::error::corrupt) << spoil;
+    }
     EXPECT_EQ(plainly(path, "alter table datos drop column largo"), "");
     EXPECT_EQ(openError(path), engine::error::corrupt);
     EXPECT_EQ(plainly(path, "drop table datos; create view datos as select 1 numero"), "");

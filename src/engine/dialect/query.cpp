@@ -6,6 +6,7 @@
 namespace engine {
 
 Result<std::shared_ptr<const Statement>> StatementReader::read(std::string_view sql) {
+    if (sql.size() > longestValue) return std::unexpected(Error{error::general, "The statement is too long"});
     const auto last = std::exchange(m_last, nullptr);
     if (auto lifted = liftLiterals(sql, m_lifted); !lifted) return std::unexpected(lifted.error());
     if (m_lifted.repeated && last) return m_last = last;

@@ -18,6 +18,8 @@ struct Operand {
     bool operator==(const Operand&) const = default;
 };
 
+// A negated test (`not like`, `is not null`...) is a Not around the positive one; only `<>` has a kind of its
+// own.
 struct Condition {
     enum Kind {
         And,

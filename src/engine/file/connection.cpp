@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "engine/file/file_header.h"
+#include "engine/file/schema.h"
 #include "engine/file/sql_functions.h"
 #include "engine/file/sqlite_error.h"
 #include "engine/format.h"
@@ -24,6 +25,7 @@ void distrustSchema(sqlite3* database) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, longestValue);
 }
 
 // Deleted rows are wiped, so that what a repair finds on pages that nothing leads to is no row deleted long
@@ -39,31 +41,6 @@ const char* settingsFor(Use use) {
                    "pragma secure_delete = off";
     }
     return "";
-}
-
-// The table with all its columns must be there.
-Result<> checkSchema(sqlite3* database) {
-    sqlite3_stmt* statement = nullptr;
-    int code =
-        sqlite3_prepare_v2(database,
-                           "select count(*) from sqlite_schema where type = 'table' and name = 'datos' "
-                           "and rootpage > 0",
-                           -1, &statement, nullptr);
-    if (code == SQLITE_OK) code = sqlite3_step(statement);
-    const bool found = code == SQLITE_ROW && sqlite3_column_int(statement, 0) == 1;
-    sqlite3_finalize(statement);
-    if (code != SQLITE_ROW) return std::unexpected(lastError(database));
-    if (!found) return std::unexpected(Error{error::corrupt, "The table of the catalogue is missing"});
-
-    code = sqlite3_prepare_v2(
-        database,
-        "select numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, comentario, "
-        "rowid from datos",
-        -1, &statement, nullptr);
-    sqlite3_finalize(statement);
-    if (code == SQLITE_OK) return {};
-    if ((code & 0xFF) != SQLITE_ERROR) return std::unexpected(lastError(database));
-    return std::unexpected(Error{error::corrupt, "The table of the catalogue lacks a column"});
 }
 
 // Another tool may have left the file in a mode that needs a second file beside it, or without its index.

@@ -123,13 +123,7 @@ Result<> checkSound(sqlite3* database) {
     // Another tool may have left it in a mode with a second file beside it.
     if (auto alone = run(database, "pragma journal_mode = delete"); !alone) return alone;
     if (auto alone = run(database, "begin exclusive"); !alone) return alone;
-    auto columns = run(database,
-                       "select numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, "
-                       "comentario from datos limit 0");
-    if (!columns &&
-        columns.error().number == error::general)  // refused when it was prepared: it is not there
-        return std::unexpected(Error{error::corrupt, "The table of the catalogue is missing"});
-    if (!columns) return columns;
+    if (auto table = checkSchema(database); !table) return table;
     return checkIntegrity(database);
 }
 

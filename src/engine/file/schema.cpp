@@ -1,0 +1,70 @@
+#include "engine/file/schema.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <string>
+
+#include "engine/file/prepared.h"
+#include "engine/file/sqlite_error.h"
+#include "engine/format.h"
+
+namespace engine {
+
+namespace {
+
+Error unusable(const std::string& why) {
+    return {error::corrupt, "The table of the catalogue " + why};
+}
+
+// As SQLite reads a declared type.
+bool isDeclaredAs(Type type, std::string declared) {
+    std::ranges::transform(declared, declared.begin(),
+                           [](char c) { return c >= 'a' && c <= 'z' ? c - 32 : c; });
+    const auto says = [&](const char* word) { return declared.find(word) != declared.npos; };
+    const bool isText = !says("INT") && (says("CHAR") || says("CLOB") || says("TEXT"));
+    const bool isAnything = !says("INT") && !isText && (declared.empty() || says("BLOB"));
+    return type == Type::Text ? isText : !isText && !isAnything;
+}
+
+Result<> checkColumn(sqlite3* database, const ColumnInfo& column) {
+    const char* declared = nullptr;
+    const char* collation = nullptr;
+    const std::string name(column.name);
+    const int code = sqlite3_table_column_metadata(database, "main", tableName.data(), name.c_str(),
+                                                   &declared, &collation, nullptr, nullptr, nullptr);
+    if ((code & 0xFF) == SQLITE_ERROR) return std::unexpected(unusable("lacks the column " + name));
+    if (code != SQLITE_OK) return std::unexpected(lastError(database));
+    if (!isDeclaredAs(column.type, declared ? declared : "") || sqlite3_stricmp(collation, "BINARY") != 0)
+        return std::unexpected(unusable("has a column " + name + " of another type"));
+    return {};
+}
+
+// The number that a statement gives.
+Result<std::int64_t> number(StatementPool& statements, sqlite3* database, const char* sql) {
+    auto rows = statements.lend(sql);
+    if (!rows) return std::unexpected(rows.error());
+    if (rows->step() != Prepared::Step::Row) return std::unexpected(lastError(database));
+    return rows->integer(0);
+}
+
+}  // namespace
+
+Result<> checkSchema(sqlite3* database) {
+    StatementPool statements(database);
+    const auto tables = number(statements, database,
+                               "select count(*) from sqlite_schema where type = 'table' and name = 'datos' "
+                               "and rootpage > 0");
+    if (!tables) return std::unexpected(tables.error());
+    if (*tables != 1) return std::unexpected(unusable("is missing"));
+    for (const ColumnInfo& column : columns) {
+        if (auto sound = checkColumn(database, column); !sound) return sound;
+    }
+    const auto computed =
+        number(statements, database, "select count(*) from pragma_table_xinfo('datos') where hidden <> 0");
+    if (!computed) return std::unexpected(computed.error());
+    if (*computed != 0) return std::unexpected(unusable("has computed columns"));
+    return {};
+}
+
+}  // namespace engine
