@@ -113,9 +113,11 @@ void ListActivation::stepFromResults(const Row& row) {
     const auto level = levelInside(*database, steppedResultLookup(row.name, row.disco, row.ruta));
     if (!level) return;
     results.beginFill();
-    list(*database, steppedResultListing(*level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
-         m_surface.memoria, [&](const lists::ListItem& item) { results.add(item); });
+    const auto whole =
+        list(*database, steppedResultListing(*level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
+             m_surface.memoria, [&](const lists::ListItem& item) { results.add(item); });
     results.endFill();
+    if (!whole) results.clear();
 }
 
 bool ListActivation::popupAllowed() const {

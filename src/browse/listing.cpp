@@ -2,13 +2,20 @@
 
 namespace browse {
 
-void list(engine::Database& database, const Listing& listing, core::Language language,
-          lists::RowMemory& memory, const ItemSink& sink, bool lowerCaseKeys) {
+engine::Result<> list(engine::Database& database, const Listing& listing, core::Language language,
+                      lists::RowMemory& memory, const ItemSink& sink, bool lowerCaseKeys) {
     const lists::RowItems items(language, memory, {.lowerCaseKeys = lowerCaseKeys});
-    if (auto rows = database.OpenRecordset(listing.folders))
-        for (; !rows->Eof(); rows->MoveNext()) sink(items.folderItem(*rows));
-    if (auto rows = database.OpenRecordset(listing.files))
-        for (; !rows->Eof(); rows->MoveNext()) sink(items.fileItem(*rows));
+    const auto run = [&](const std::string& sql, const auto& itemOf) -> engine::Result<> {
+        auto rows = database.OpenRecordset(sql);
+        if (!rows && rows.error().number == engine::error::syntaxInExpression) return {};
+        if (!rows) return std::unexpected(rows.error());
+        for (; !rows->Eof(); rows->MoveNext()) sink(itemOf(*rows));
+        if (rows->error()) return std::unexpected(*rows->error());
+        return {};
+    };
+    auto listed = run(listing.folders, [&](const auto& row) { return items.folderItem(row); });
+    if (!listed) return listed;
+    return run(listing.files, [&](const auto& row) { return items.fileItem(row); });
 }
 
 }  // namespace browse

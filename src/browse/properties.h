@@ -30,7 +30,7 @@ struct Properties {
 };
 
 // Files of one kilobyte or less do not count in a unit's size.
-[[nodiscard]] Properties propertiesOf(const PropertiesRequest& request, engine::Database& database,
-                                      core::Language idioma);
+[[nodiscard]] engine::Result<Properties> propertiesOf(const PropertiesRequest& request,
+                                                      engine::Database& database, core::Language idioma);
 
 }  // namespace browse

@@ -25,25 +25,29 @@ void fillList(Surface& surface, engine::Database& database, const Listing& listi
     ++surface.estado.listados;
     shown.clear();
     shown.beginFill();
-    list(
+    const auto whole = list(
         database, listing, surface.frame.idioma, surface.memoria,
         [&](const lists::ListItem& item) { shown.add(item); }, lowerCaseKeys);
     shown.endFill();
+    if (!whole) shown.clear();
 }
 
 void cantidadytamaños(Surface& surface, engine::Database& database) {
     BrowseState& estado = surface.estado;
     const std::string path = surface.imageCombo1.text().toStdString();
     estado.rutaactual = path.substr(std::min(estado.largodisco, path.size()));
-    const Totals totals = folderTotals(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
-    surface.frame.status.setSize(core::sizeCaption(totals.kilobytes, surface.frame.idioma));
-    surface.frame.status.setText(folderStatus(totals, surface.frame.rotulos()));
+    const auto totals = folderTotals(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
+    surface.frame.status.setSize(totals ? core::sizeCaption(totals->kilobytes, surface.frame.idioma)
+                                        : std::string());
+    surface.frame.status.setText(totals ? folderStatus(*totals, surface.frame.rotulos()) : std::string());
     showPicture(surface);
 }
 
-void showUnitTotals(Surface& surface, const std::string& disco, const Totals& totals) {
-    surface.frame.status.setText(unitStatus(disco, totals, surface.frame.rotulos()));
-    surface.frame.status.setSize(core::sizeCaption(totals.kilobytes, surface.frame.idioma));
+void showUnitTotals(Surface& surface, const std::string& disco, const engine::Result<Totals>& totals) {
+    surface.frame.status.setText(totals ? unitStatus(disco, *totals, surface.frame.rotulos())
+                                        : std::string());
+    surface.frame.status.setSize(totals ? core::sizeCaption(totals->kilobytes, surface.frame.idioma)
+                                        : std::string());
 }
 
 void captionOpenNode(Surface& surface, Node node) {

@@ -12,7 +12,7 @@ namespace browse {
 void showPathItem(Surface& surface, const std::string& fullPath);
 void dropPathItem(Surface& surface);
 
-// Empties ListView1 and fills it with a listing.
+// Empties ListView1 and fills it with a listing. Where not all of it can be read the list stays empty.
 void fillList(Surface& surface, engine::Database& database, const Listing& listing,
               bool lowerCaseKeys = false);
 
@@ -20,7 +20,8 @@ void fillList(Surface& surface, engine::Database& database, const Listing& listi
 // Picture16.
 void cantidadytamaños(Surface& surface, engine::Database& database);
 
-void showUnitTotals(Surface& surface, const std::string& disco, const Totals& totals);
+// Totals that could not be read leave the summary empty, here as above.
+void showUnitTotals(Surface& surface, const std::string& disco, const engine::Result<Totals>& totals);
 
 // The tree menu's `abrirnodo` says what it would do to the node.
 void captionOpenNode(Surface& surface, Node node);

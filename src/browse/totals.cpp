@@ -1,68 +1,108 @@
 #include "browse/totals.h"
 
+#include <optional>
+
+#include "core/kilobytes.h"
+
 namespace browse {
 namespace {
 
-long long countOf(engine::Database& database, const std::string& sql) {
-    auto rows = database.OpenRecordset(sql);
-    return rows ? rows->RecordCount() : 0;
+// Counts and sums until a statement fails; then nothing is taken for the whole.
+class Sums {
+  public:
+    explicit Sums(engine::Database& database) : m_database(database) {}
+
+    long long count(const std::string& sql) {
+        auto rows = open(sql);
+        const long long counted = rows ? rows->RecordCount() : 0;
+        if (rows) note(*rows);
+        return counted;
+    }
+
+    std::int64_t kilobytes(const std::string& sql) {
+        auto rows = open(sql);
+        std::int64_t sum = 0;
+        for (; rows && !rows->Eof(); rows->MoveNext())
+            sum = core::addKilobytes(sum, rows->Field("largo").integer());
+        if (rows) note(*rows);
+        return sum;
+    }
+
+    [[nodiscard]] engine::Result<Totals> whole(const Totals& totals) const {
+        if (m_failure) return std::unexpected(*m_failure);
+        return totals;
+    }
+
+  private:
+    std::optional<engine::Recordset> open(const std::string& sql) {
+        auto rows = m_database.OpenRecordset(sql);
+        if (rows) return std::move(*rows);
+        m_failure = rows.error();
+        return std::nullopt;
+    }
+    void note(const engine::Recordset& rows) {
+        if (rows.error()) m_failure = *rows.error();
+    }
+
+    engine::Database& m_database;
+    std::optional<engine::Error> m_failure;
+};
+
+std::string foldersOf(const std::string& disco) {
+    return "select * from datos where disco=('" + disco + "') and tipo <>('archivo')  order by carpeta ";
 }
 
-std::int64_t sumOfLargo(engine::Database& database, const std::string& sql) {
-    std::int64_t sum = 0;
-    if (auto rows = database.OpenRecordset(sql))
-        for (; !rows->Eof(); rows->MoveNext()) sum += rows->Field("largo").integer();
-    return sum;
+std::string filesOf(const std::string& disco) {
+    return "select * from datos where disco=('" + disco + "') and  tipo =('archivo')  order by archivo ";
 }
 
-Totals unitCounts(engine::Database& database, const std::string& disco) {
-    Totals totals;
-    totals.folders = countOf(database, "select * from datos where disco=('" + disco +
-                                           "') and tipo <>('archivo')  order by carpeta ");
-    totals.files = countOf(database, "select * from datos where disco=('" + disco +
-                                         "') and  tipo =('archivo')  order by archivo ");
-    return totals;
+std::string sizesOf(const std::string& disco) {
+    return "select largo from datos where largo > (1) and disco=('" + disco + "')";
 }
 
 }  // namespace
 
-Totals clickedUnitTotals(engine::Database& database, std::string_view disco) {
+engine::Result<Totals> clickedUnitTotals(engine::Database& database, std::string_view disco) {
     const std::string unit(disco);
-    Totals totals = unitCounts(database, unit);
-    totals.kilobytes =
-        sumOfLargo(database, "select largo from datos where largo > (1) and disco=('" + unit + "')");
-    return totals;
+    Sums sums(database);
+    const long long folders = sums.count(foldersOf(unit));
+    const long long files = sums.count(filesOf(unit));
+    return sums.whole({folders, files, sums.kilobytes(sizesOf(unit))});
 }
 
-Totals raisedUnitTotals(engine::Database& database, std::string_view disco) {
+engine::Result<Totals> raisedUnitTotals(engine::Database& database, std::string_view disco) {
     const std::string unit(disco);
-    Totals totals = unitCounts(database, unit);
-    totals.kilobytes = sumOfLargo(
-        database, "select * from datos where  disco=('" + unit + "')and tipo =('archivo') order by numero ");
-    return totals;
+    Sums sums(database);
+    const long long folders = sums.count(foldersOf(unit));
+    const long long files = sums.count(filesOf(unit));
+    return sums.whole({folders, files,
+                       sums.kilobytes("select * from datos where  disco=('" + unit +
+                                      "')and tipo =('archivo') order by numero ")});
 }
 
-Totals propertiesTotals(engine::Database& database, const std::string& disco) {
-    Totals totals = clickedUnitTotals(database, disco);
-    totals.folders = countOf(database, "select * from datos where disco =('" + disco +
-                                           "') and  tipo =('Carpeta de archivos')  order by carpeta ");
-    return totals;
+engine::Result<Totals> propertiesTotals(engine::Database& database, const std::string& disco) {
+    Sums sums(database);
+    const long long files = sums.count(filesOf(disco));
+    const std::int64_t kilobytes = sums.kilobytes(sizesOf(disco));
+    const long long folders = sums.count("select * from datos where disco =('" + disco +
+                                         "') and  tipo =('Carpeta de archivos')  order by carpeta ");
+    return sums.whole({folders, files, kilobytes});
 }
 
-Totals folderTotals(engine::Database& database, std::string_view discoactual, std::string_view rutaactual,
-                    int nivelactual) {
+engine::Result<Totals> folderTotals(engine::Database& database, std::string_view discoactual,
+                                    std::string_view rutaactual, int nivelactual) {
     const std::string below = "select * from datos where disco=('" + std::string(discoactual) +
                               "')and ruta like('*" + std::string(rutaactual) + "*') and ";
     const std::string sized = "select * from datos where  disco=('" + std::string(discoactual) +
                               "')and ruta like('*" + std::string(rutaactual) + "*') and ";
     const std::string nivel = std::to_string(nivelactual);
+    Sums sums(database);
     Totals totals;
-    totals.kilobytes = sumOfLargo(database, sized + "tipo =('archivo') and nivel >('" + nivel + "')");
-    totals.folders = countOf(
-        database, below + " tipo =('Carpeta de archivos')and nivel >('" + nivel + "')  order by carpeta ");
-    totals.files =
-        countOf(database, below + " tipo =('archivo')and nivel >('" + nivel + "')order by archivo ");
-    return totals;
+    totals.kilobytes = sums.kilobytes(sized + "tipo =('archivo') and nivel >('" + nivel + "')");
+    totals.folders =
+        sums.count(below + " tipo =('Carpeta de archivos')and nivel >('" + nivel + "')  order by carpeta ");
+    totals.files = sums.count(below + " tipo =('archivo')and nivel >('" + nivel + "')order by archivo ");
+    return sums.whole(totals);
 }
 
 std::string unitStatus(std::string_view disco, const Totals& totals, const core::Rotulos& rotulos) {

@@ -16,7 +16,9 @@ struct Walk {
 
     LoadEnd level(int nivel) {
         auto rows = database.OpenRecordset(foldersOfLevel(disco, nivel, folders, first));
-        if (!rows) return LoadEnd::Complete;
+        if (!rows)
+            return rows.error().number == engine::error::syntaxInExpression ? LoadEnd::Complete
+                                                                            : LoadEnd::Failed;
         for (; !rows->Eof(); rows->MoveNext()) {
             std::string carpeta(rows->Field("carpeta").text());
             if (sink.yieldAndTestStop()) return LoadEnd::Stopped;
@@ -25,9 +27,9 @@ struct Walk {
             folders.push_back(std::move(carpeta));
             const LoadEnd end = level(nivel + 1);
             folders.pop_back();
-            if (end == LoadEnd::Stopped) return end;
+            if (end != LoadEnd::Complete) return end;
         }
-        return LoadEnd::Complete;
+        return rows->error() ? LoadEnd::Failed : LoadEnd::Complete;
     }
 };
 

@@ -75,7 +75,16 @@ LoadEnd UnitLoad::from(engine::Database& database, FirstLevel first) {
     m_surface.frame.status.setProgress(1);
     const controls::TreeView::Filling filling(m_surface.treeView1);
     TreeFiller filler(m_surface, m_unit, m_disco, m_names);
-    return loadFolders(database, m_disco, first, filler);
+    const LoadEnd end = loadFolders(database, m_disco, first, filler);
+    if (end == LoadEnd::Failed) removeFolders();
+    return end;
+}
+
+// A unit without folders counts as not loaded.
+void UnitLoad::removeFolders() {
+    const controls::TreeModel& nodes = m_surface.treeView1.nodes();
+    if (!nodes.contains(m_unit)) return;
+    while (const Node last = nodes.lastChild(m_unit)) m_surface.treeView1.remove(last);
 }
 
 LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
@@ -94,7 +103,7 @@ LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
         (void)platform::DeleteFile(copyPath);
     }
     auto catalogue = engine::OpenDatabase(cataloguePath, engine::Use::ReadOnly);
-    return catalogue ? from(*catalogue, FirstLevel::NoFiles) : LoadEnd::Complete;
+    return catalogue ? from(*catalogue, FirstLevel::NoFiles) : LoadEnd::Failed;
 }
 
 }  // namespace browse

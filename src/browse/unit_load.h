@@ -9,7 +9,7 @@ namespace browse {
 
 // Puts a unit's folders under its node in the tree, with the progress bar, giving way to the event queue once
 // a folder and stopping when the user asks. One unit is loaded at a time: whoever wants to load another one
-// while this one gives way waits until it has ended.
+// while this one gives way waits until it has ended. A load that fails leaves no folder in the tree.
 class UnitLoad {
   public:
     enum class Names { Learn, Ignore };  // whether each folder put in is entered in the name lists
@@ -26,6 +26,7 @@ class UnitLoad {
 
   private:
     LoadEnd from(engine::Database& database, FirstLevel first);
+    void removeFolders();
 
     Surface& m_surface;
     Node m_unit;

@@ -57,14 +57,16 @@ int runScan(const Invocation& invocation) {
 
     auto database = openCatalogue(catalogue, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
-    if (const auto* refusal = scan::refusalOf(request, *database))
-        return fail(WrongUsage, refusal->text.in(invocation.language));
+    const auto refusal = scan::refusalOf(request, *database);
+    if (!refusal) return fail(UnusableCatalogue, catalogue, refusal.error().text);
+    if (*refusal) return fail(WrongUsage, (*refusal)->text.in(invocation.language));
 
     const auto start = scan::walkStart(request, *database, platform::Drives::current());
+    if (!start) return fail(UnusableCatalogue, catalogue, start.error().text);
     const InterruptGuard interrupts;
     ScanProgress progress(invocation.language);
     scan::RowWriter rows(*database);
-    const scan::WalkResult result = scan::Walker(rows, progress, start).run();
+    const scan::WalkResult result = scan::Walker(rows, progress, *start).run();
     progress.finish(result.counts);
     if (result.readable) progress.tellLeftOut();
     return report(result, request, catalogue, invocation);
@@ -82,8 +84,9 @@ int runAdd(const Invocation& invocation) {
 
     auto database = openCatalogue(operands[0], engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
-    if (const auto* refusal = scan::refusalOf(unit, *database))
-        return fail(WrongUsage, refusal->text.in(invocation.language));
+    const auto refusal = scan::refusalOf(unit, *database);
+    if (!refusal) return fail(UnusableCatalogue, operands[0], refusal.error().text);
+    if (*refusal) return fail(WrongUsage, (*refusal)->text.in(invocation.language));
     std::string tipo;
     if (const auto inserted = scan::insertManualUnit(unit, tipo, *database); !inserted)
         return fail(UnusableCatalogue, operands[0], inserted.error().text);

@@ -82,8 +82,9 @@ int runRename(const Invocation& invocation) {
     const auto disco = unitToChange(*database, invocation);
     if (!disco) return disco.error();
     const bool sameUnit = engine::equalFolded(newName, core::unitName(*disco));
-    if (!sameUnit && scan::unitExists(*database, newName))
-        return fail(WrongUsage, newName, nameTaken.in(invocation.language));
+    const auto taken = scan::unitExists(*database, newName);
+    if (!taken) return fail(UnusableCatalogue, catalogue, taken.error().text);
+    if (!sameUnit && *taken) return fail(WrongUsage, newName, nameTaken.in(invocation.language));
     if (const auto renamed = core::renameUnit(*database, *disco, newName); !renamed)
         return fail(UnusableCatalogue, catalogue, renamed.error().text);
     return Done;

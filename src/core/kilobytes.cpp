@@ -1,6 +1,7 @@
 #include "core/kilobytes.h"
 
 #include <cmath>
+#include <limits>
 
 namespace core {
 namespace {
@@ -31,6 +32,13 @@ std::int64_t kilobytesOf(std::int64_t bytes) {
 
 std::int64_t roundHalfEven(double number) {
     return std::llrint(number);
+}
+
+std::int64_t addKilobytes(std::int64_t sum, std::int64_t more) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    std::int64_t added = 0;
+    if (!__builtin_add_overflow(sum, more, &added)) return added;
+    return more > 0 ? Limits::max() : Limits::min();
 }
 
 std::string sizeText(std::int64_t kilobytes) {

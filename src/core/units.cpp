@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "core/kilobytes.h"
 #include "core/unit_kinds.h"
 
 namespace core {
@@ -37,7 +38,7 @@ engine::Result<> addTotals(engine::Database& database, const UnitsByName& unitsB
         if (tipo == folderTipo) ++unit.folders;
         if (tipo != fileTipo) continue;
         ++unit.files;
-        unit.kilobytes += rows->Field("largo").integer();
+        unit.kilobytes = addKilobytes(unit.kilobytes, rows->Field("largo").integer());
     }
     return walkedToTheEnd(*rows);
 }
@@ -70,7 +71,10 @@ engine::Result<std::vector<Unit>> units(engine::Database& database) {
     for (std::size_t i = 0; i < units.size(); ++i) {
         units[i].disco = (*names)[i];
         // A name that no statement can carry has no kind, but its rows count.
-        units[i].tipo = unitTipo(database, (*names)[i]).value_or("");
+        auto tipo = unitTipo(database, (*names)[i]);
+        if (!tipo && tipo.error().number != engine::error::syntaxInExpression)
+            return std::unexpected(tipo.error());
+        units[i].tipo = std::move(tipo).value_or("");
         units[i].picture = unitPicture(units[i].tipo);
         unitsByName.emplace((*names)[i], &units[i]);
     }

@@ -84,7 +84,9 @@ engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget&
     {
         const auto rows = database.OpenRecordset(selectForStoring(target));
         if (!rows) return std::unexpected(rows.error());
-        if (rows->Eof()) return StoreEnd::NoRow;
+        const bool none = rows->Eof();
+        if (rows->error()) return std::unexpected(*rows->error());
+        if (none) return StoreEnd::NoRow;
     }
     if (!staysInQuotes(note)) return syntaxError();
     if (const auto touched = database.Execute(updateNote(target, note)); !touched)

@@ -59,13 +59,17 @@ void ImportJob::catalogueDirectory() {
     const QString name = m_fields.Text3.text();
     const ScanRequest request{name.toStdString(),
                               m_fields.Text4.text().isEmpty() ? std::string() : m_fields.directory};
-    if (isRefused(database ? refusalOf(request, *database) : refusalOf(request)) || !database) {
+    const engine::Result<const Refusal*> refusal =
+        database ? refusalOf(request, *database) : refusalOf(request);
+    const engine::Result<WalkStart> start =
+        database ? walkStart(request, *database, platform::Drives::current()) : WalkStart();
+    // A catalogue that cannot be read gets no unit.
+    if (!refusal || isRefused(*refusal) || !database || !start) {
         m_fields.Text3.clear();  // the typed name too
         m_fields.Text4.clear();
         return close(database);
     }
 
-    const WalkStart start = walkStart(request, *database, platform::Drives::current());
     m_events.walkBegins();
     m_name = name + qtext(core::unitSuffix);
     m_shownDirectory = m_fields.Text4.text();
@@ -73,7 +77,7 @@ void ImportJob::catalogueDirectory() {
 
     WalkDisplay display(m_frame, m_parar);
     RowWriter rows(*database);
-    const WalkResult result = Walker(rows, display, start).run();
+    const WalkResult result = Walker(rows, display, *start).run();
     if (result.stopped) return;  // what the stop has shown stays as it is
     finish(result.counts);
     emptyFields();
@@ -113,7 +117,8 @@ void ImportJob::generarunidad() {
     const int kind = m_fields.ImageCombo4.selectedItem();
     const QString name = m_fields.Text3.text();
     const ManualUnit unit{name.toStdString(), m_fields.Text11.text().toStdString(), kind};
-    if (isRefused(database ? refusalOf(unit, *database) : refusalOf(unit)) || !database) return;
+    const engine::Result<const Refusal*> refusal = database ? refusalOf(unit, *database) : refusalOf(unit);
+    if (!refusal || isRefused(*refusal) || !database) return;
     if (!insertManualUnit(unit, m_tipo, *database)) return;
 
     m_fields.Text3.setText(name + qtext(core::unitSuffix));

@@ -13,18 +13,21 @@ const Refusal* refusalOf(const ManualUnit& unit) {
     return nullptr;
 }
 
-const Refusal* refusalOf(const ManualUnit& unit, engine::Database& database) {
+engine::Result<const Refusal*> refusalOf(const ManualUnit& unit, engine::Database& database) {
     if (const Refusal* incomplete = refusalOf(unit)) return incomplete;
-    if (unitExists(database, unit.name)) return &refusal::manualNameTaken;
-    return nullptr;
+    const auto taken = unitExists(database, unit.name);
+    if (!taken) return std::unexpected(taken.error());
+    return *taken ? &refusal::manualNameTaken : nullptr;
 }
 
 engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, engine::Database& database) {
     if (unit.kind >= 1 && unit.kind <= std::ssize(core::unitKinds))
         tipo = core::unitKinds[unit.kind - 1].tipo;
 
+    const auto last = lastNumero(database);
+    if (!last) return std::unexpected(last.error());
     core::CatalogRow row;
-    row.numero = lastNumero(database) + 1;
+    row.numero = *last + 1;
     row.ruta = std::string("C:").append(unit.content);  // no drive: only how such a row is marked
     row.carpeta = unit.content;
     row.nivel = "1";

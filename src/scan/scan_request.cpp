@@ -13,14 +13,20 @@ std::string withoutTrailingSlashes(std::string path) {
 
 }  // namespace
 
-bool unitExists(engine::Database& database, const std::string& name) {
+engine::Result<bool> unitExists(engine::Database& database, const std::string& name) {
     const auto rows = database.OpenRecordset(core::selectUnitNamed(name));
-    return rows && !rows->Eof();
+    if (!rows) return std::unexpected(rows.error());
+    const bool exists = !rows->Eof();
+    if (rows->error()) return std::unexpected(*rows->error());
+    return exists;
 }
 
-std::int64_t lastNumero(engine::Database& database) {
+engine::Result<std::int64_t> lastNumero(engine::Database& database) {
     auto rows = database.OpenRecordset("select * from datos order by numero");
-    return rows ? rows->RecordCount() : 0;
+    if (!rows) return std::unexpected(rows.error());
+    const std::int64_t count = rows->RecordCount();
+    if (rows->error()) return std::unexpected(*rows->error());
+    return count;
 }
 
 const Refusal* refusalOf(const ScanRequest& request) {
@@ -29,10 +35,11 @@ const Refusal* refusalOf(const ScanRequest& request) {
     return nullptr;
 }
 
-const Refusal* refusalOf(const ScanRequest& request, engine::Database& database) {
+engine::Result<const Refusal*> refusalOf(const ScanRequest& request, engine::Database& database) {
     if (const Refusal* incomplete = refusalOf(request)) return incomplete;
-    if (unitExists(database, request.name)) return &refusal::scanNameTaken;
-    return nullptr;
+    const auto taken = unitExists(database, request.name);
+    if (!taken) return std::unexpected(taken.error());
+    return *taken ? &refusal::scanNameTaken : nullptr;
 }
 
 WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives) {
@@ -44,9 +51,12 @@ WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives) 
     return start;
 }
 
-WalkStart walkStart(const ScanRequest& request, engine::Database& database, const platform::Drives& drives) {
+engine::Result<WalkStart> walkStart(const ScanRequest& request, engine::Database& database,
+                                    const platform::Drives& drives) {
+    const auto last = lastNumero(database);
+    if (!last) return std::unexpected(last.error());
     WalkStart start = walkStart(request, drives);
-    start.lastNumero = lastNumero(database);
+    start.lastNumero = *last;
     return start;
 }
 

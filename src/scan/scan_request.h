@@ -19,19 +19,20 @@ struct ScanRequest {
 
 // A field that is empty, as a reason not to scan.
 [[nodiscard]] const Refusal* refusalOf(const ScanRequest& request);
-// The first reason not to scan; nullptr to go ahead. A catalogue that cannot be read refuses nothing.
-[[nodiscard]] const Refusal* refusalOf(const ScanRequest& request, engine::Database& database);
+// The first reason not to scan; nullptr to go ahead. Fails where the catalogue cannot be read.
+[[nodiscard]] engine::Result<const Refusal*> refusalOf(const ScanRequest& request,
+                                                       engine::Database& database);
 
 // True when the catalogue has rows of a unit of that name.
-[[nodiscard]] bool unitExists(engine::Database& database, const std::string& name);
+[[nodiscard]] engine::Result<bool> unitExists(engine::Database& database, const std::string& name);
 
 // The number of rows of the catalogue: the `numero` after which a new unit counts on.
-[[nodiscard]] std::int64_t lastNumero(engine::Database& database);
+[[nodiscard]] engine::Result<std::int64_t> lastNumero(engine::Database& database);
 
 // Where the walk of a request begins.
 [[nodiscard]] WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives);
 // The same, with the number that its rows count on from.
-[[nodiscard]] WalkStart walkStart(const ScanRequest& request, engine::Database& database,
-                                  const platform::Drives& drives);
+[[nodiscard]] engine::Result<WalkStart> walkStart(const ScanRequest& request, engine::Database& database,
+                                                  const platform::Drives& drives);
 
 }  // namespace scan

@@ -309,10 +309,10 @@ void Form1::showProperties() {
     const browse::Node node = surface.treeView1.selected();
     auto database = engine::OpenDatabase(m_parts->frame.catalogue.path());
     if (node == browse::noNode || !database) return;
+    const auto properties = propertiesOf(propertiesRequest(surface, node), *database, m_parts->frame.idioma);
+    if (!properties) return;
     if (!m_properties) m_properties = new Form3(m_parts->frame.idioma, this);
-
-    m_properties->showProperties(
-        propertiesOf(propertiesRequest(surface, node), *database, m_parts->frame.idioma));
+    m_properties->showProperties(*properties);
 }
 
 void Form1::treePressed(Qt::MouseButton button, const QPoint& place) {

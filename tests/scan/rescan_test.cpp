@@ -41,7 +41,8 @@ class Rescan : public testing::Test {
         auto database = catalogue.open();
         scan::RowWriter rows(database);
         const scan::ScanRequest request{unit, discs.disc(disc)};
-        static_cast<void>(scan::Walker(rows, watcher, scan::walkStart(request, database, discs())).run());
+        static_cast<void>(
+            scan::Walker(rows, watcher, scan::walkStart(request, database, discs()).value()).run());
     }
     void note(const std::string& archivo, const std::string& text) const {
         auto database = catalogue.open();

@@ -56,7 +56,7 @@ class Walk : public testing::Test {
         EXPECT_EQ(scan::refusalOf(request, database), nullptr);
         const platform::Drives drives = platform::Drives::parse("C=/;E=" + drive.path());
         scan::RowWriter rows(database);
-        return scan::Walker(rows, watcher, scan::walkStart(request, database, drives)).run();
+        return scan::Walker(rows, watcher, scan::walkStart(request, database, drives).value()).run();
     }
     Lines scanned(const std::string& relative) {
         scanInto("U", relative);
