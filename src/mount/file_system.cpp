@@ -8,8 +8,8 @@
 #include <cerrno>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <new>
-#include <vector>
 
 #include "core/serial_date.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 // A change of the catalogue shows after both of them at the latest.
 constexpr std::chrono::milliseconds betweenLooks{100};
-constexpr double keptByKernel = 0.5;  // seconds
+constexpr double keptByKernel = 0.8;  // seconds
 
 constexpr const char* noteAttribute = "user.comment";
 constexpr std::uint64_t noDescriptor = std::numeric_limits<std::uint64_t>::max();
@@ -26,13 +26,19 @@ constexpr off_t dotEntries = 2;
 constexpr std::int64_t bytesInKilobyte = 1024;
 constexpr std::int64_t bytesInBlock = 512;
 
-struct stat ownedStatus(NodeId id, mode_t mode, std::int64_t time) {
+mode_t modeOf(Kind kind) {
+    return kind == Kind::Unit || kind == Kind::Folder ? S_IFDIR | 0555 : S_IFREG | 0444;
+}
+
+struct stat statusOf(NodeId id, Kind kind, std::int64_t time) {
+    static const uid_t user = ::getuid();
+    static const gid_t group = ::getgid();
     struct stat status {};
     status.st_ino = id;
-    status.st_mode = mode;
+    status.st_mode = modeOf(kind);
     status.st_nlink = 1;  // of a folder: not told
-    status.st_uid = ::getuid();
-    status.st_gid = ::getgid();
+    status.st_uid = user;
+    status.st_gid = group;
     status.st_atim.tv_sec = status.st_mtim.tv_sec = status.st_ctim.tv_sec = time;
     status.st_blksize = 128 * bytesInKilobyte;
     return status;
@@ -114,16 +120,11 @@ void FileSystem::refresh() {
     m_refreshed = std::chrono::steady_clock::now();
 }
 
-struct stat FileSystem::folderStatus(NodeId id, std::int64_t time) const {
-    return ownedStatus(id, S_IFDIR | 0555, time);
-}
-
 struct stat FileSystem::statusOf(const Child& child) {
     const Row& row = child.row;
-    if (row.kind == Kind::Unit) return folderStatus(child.id, m_tree.changed());
-    const std::int64_t time = core::timeOfSerial(row.fecha);
-    if (row.kind == Kind::Folder) return folderStatus(child.id, time);
-    struct stat status = ownedStatus(child.id, S_IFREG | 0444, time);
+    const std::int64_t time = row.kind == Kind::Unit ? m_tree.changed() : core::timeOfSerial(row.fecha);
+    struct stat status = mount::statusOf(child.id, row.kind, time);
+    if (row.kind != Kind::File) return status;
     status.st_size = m_media.sizeOf(child.id).value_or(row.kilobytes * bytesInKilobyte);
     status.st_blocks = (status.st_size + bytesInBlock - 1) / bytesInBlock;
     return status;
@@ -162,7 +163,7 @@ void FileSystem::lookup(fuse_req_t request, fuse_ino_t folder, const char* name)
 void FileSystem::getattr(fuse_req_t request, fuse_ino_t id, fuse_file_info*) {
     if (id == rootId) {
         refresh();
-        const struct stat status = folderStatus(id, m_tree.changed());
+        const struct stat status = mount::statusOf(id, Kind::Folder, m_tree.changed());
         fuse_reply_attr(request, &status, keptByKernel);
     } else if (const auto node = nodeOrAnswer(request, id)) {
         const struct stat status = statusOf(*node);
@@ -182,56 +183,56 @@ void FileSystem::opendir(fuse_req_t request, fuse_ino_t id, fuse_file_info* info
     if (fuse_reply_open(request, info) != 0) m_listings.erase(info->fh);
 }
 
+// A listing's names from an offset on, as many as `add` takes: "." and "..", then the children.
 template <class Add>
 void FileSystem::list(fuse_req_t request, std::size_t size, off_t offset, const fuse_file_info* info,
                       Add add) {
-    const auto& [folder, directory] = m_listings.at(info->fh);
-    std::vector<char> buffer(size);
+    const Listing& listing = m_listings.at(info->fh);
+    const auto buffer = std::make_unique_for_overwrite<char[]>(size);
     std::size_t used = 0;
-    const auto end = static_cast<off_t>(directory->size()) + dotEntries;
+    const auto end = static_cast<off_t>(listing.directory->size()) + dotEntries;
     for (off_t at = offset; at < end; ++at) {
-        Child child;
-        child.shown = at == 0 ? "." : "..";
-        if (at >= dotEntries) {
-            auto stored = directory->child(static_cast<std::size_t>(at - dotEntries));
-            // Behind the names of this answer, the failure comes with the next one.
-            if (!stored && used == 0) {
-                fuse_reply_err(request, EIO);
-                return;
-            }
-            if (!stored) break;
-            child = std::move(*stored);
+        engine::Result<Child> child = Child{};
+        child->id = listing.folder;
+        child->shown = at == 0 ? "." : "..";
+        child->row.kind = Kind::Folder;
+        if (at >= dotEntries) child = listing.directory->child(static_cast<std::size_t>(at - dotEntries));
+        // Behind the names of this answer, the failure comes with the next one.
+        if (!child && used == 0) {
+            fuse_reply_err(request, EIO);
+            return;
         }
-        fuse_entry_param entry{};
-        if (at >= dotEntries)
-            entry = entryOf(child);
-        else
-            entry.attr = folderStatus(folder, 0);
-        const std::size_t added =
-            add(buffer.data() + used, size - used, folder, child.shown.c_str(), entry, at + 1);
+        const std::size_t added = child ? add(buffer.get() + used, size - used, *child, at + 1) : size;
         if (added > size - used) break;
         used += added;
     }
-    fuse_reply_buf(request, buffer.data(), used);
+    fuse_reply_buf(request, buffer.get(), used);
 }
 
 void FileSystem::readdir(fuse_req_t request, fuse_ino_t, std::size_t size, off_t offset,
                          fuse_file_info* info) {
-    list(request, size, offset, info,
-         [&](char* to, std::size_t room, NodeId, const char* name, const fuse_entry_param& entry,
-             off_t next) { return fuse_add_direntry(request, to, room, name, &entry.attr, next); });
+    list(request, size, offset, info, [request](char* to, std::size_t room, const Child& child, off_t next) {
+        struct stat status {};
+        status.st_ino = child.id;
+        status.st_mode = modeOf(child.row.kind);
+        return fuse_add_direntry(request, to, room, child.shown.c_str(), &status, next);
+    });
 }
 
 // The kernel counts a look-up for each name but "." and "..".
-void FileSystem::readdirplus(fuse_req_t request, fuse_ino_t, std::size_t size, off_t offset,
+void FileSystem::readdirplus(fuse_req_t request, fuse_ino_t folder, std::size_t size, off_t offset,
                              fuse_file_info* info) {
-    list(request, size, offset, info,
-         [&](char* to, std::size_t room, NodeId folder, const char* name, const fuse_entry_param& entry,
-             off_t next) {
-             const std::size_t added = fuse_add_direntry_plus(request, to, room, name, &entry, next);
-             if (added <= room && entry.ino != 0) m_tree.known().remember(entry.ino, folder);
-             return added;
-         });
+    list(request, size, offset, info, [&](char* to, std::size_t room, const Child& child, off_t next) {
+        const bool counts = next > dotEntries;
+        fuse_entry_param entry{};
+        if (counts) entry = entryOf(child);
+        entry.attr.st_ino = child.id;
+        entry.attr.st_mode = modeOf(child.row.kind);
+        const std::size_t added =
+            fuse_add_direntry_plus(request, to, room, child.shown.c_str(), &entry, next);
+        if (added <= room && counts) m_tree.known().remember(child.id, folder);
+        return added;
+    });
 }
 
 void FileSystem::releasedir(fuse_req_t request, fuse_ino_t, fuse_file_info* info) {

@@ -52,7 +52,6 @@ class FileSystem {
     [[nodiscard]] std::optional<Child> nodeOrAnswer(fuse_req_t request, NodeId id);
     [[nodiscard]] fuse_entry_param entryOf(const Child& child);
     [[nodiscard]] struct stat statusOf(const Child& child);
-    [[nodiscard]] struct stat folderStatus(NodeId id, std::int64_t time) const;
     template <class Add>
     void list(fuse_req_t request, std::size_t size, off_t offset, const fuse_file_info* info, Add add);
 
