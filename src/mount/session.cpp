@@ -4,6 +4,7 @@
 #include <fuse_log.h>
 #include <fuse_lowlevel.h>
 
+#include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -61,6 +62,8 @@ std::expected<void, std::string> Session::serve() const {
     ::setenv("TZ", ":/etc/localtime", 0);
     FileSystem files(catalogue, folder);
     const SessionHandle session = newSession(files);
+    // libfuse leaves a signal alone that the program has another handler for.
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
     if (!session || fuse_set_signal_handlers(session.get()) != 0) return failed();
     if (fuse_session_mount(session.get(), folder.c_str()) != 0) return failed();
 
