@@ -41,7 +41,7 @@ int report(const scan::WalkResult& result, const scan::ScanRequest& request, con
         return fail(
             UnusableCatalogue, catalogue,
             result.writes.firstError->text + " (" + std::to_string(result.writes.lost) + " rows lost)");
-    return result.stopped ? statusOfInterrupt() : Done;
+    return result.stopped ? interrupted(invocation.language) : Done;
 }
 
 int runScan(const Invocation& invocation) {
