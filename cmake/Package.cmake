@@ -38,7 +38,7 @@ set(CPACK_DEBIAN_CLI_PACKAGE_NAME zarquelin-cli)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS
     "zarquelin-cli (= ${PROJECT_VERSION}), libqt6svg6, breeze-icon-theme, hicolor-icon-theme")
 set(CPACK_DEBIAN_CLI_PACKAGE_RECOMMENDS fuse3)
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS "qt6-translations-l10n, xdg-utils, fuse3")
+set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS "qt6-translations-l10n, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 # Papers that Debian asks of every package.
