@@ -201,6 +201,16 @@ void SqlWriter::writeWhere(const Statement& statement) {
     writeCondition(withUnitFirst(*statement.where, m_literals));
 }
 
+void SqlWriter::writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow) {
+    m_sql += " where rowid between ";
+    writeValue(firstRow);
+    m_sql += " and ";
+    writeValue(lastRow);
+    if (!statement.where) return;
+    m_sql += " and ";
+    writeCondition(withUnitFirst(*statement.where, m_literals));
+}
+
 void SqlWriter::writeGroupBy(const Statement& statement) {
     if (statement.groupBy.empty()) return;
     m_sql += " group by ";

@@ -25,6 +25,8 @@ class SqlWriter {
     void writeFields(const std::vector<Column>& fields);
     void writeCondition(const Condition& condition);
     void writeWhere(const Statement& statement);  // " where ..." or nothing
+    // The same for the rows between two rowids only.
+    void writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow);
     void writeGroupBy(const Statement& statement);
     void writeOrderBy(const Statement& statement);
     void writeAssignments(const Statement& statement);  // " set ..." of an update

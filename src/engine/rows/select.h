@@ -38,10 +38,17 @@ class Select {
     [[nodiscard]] Result<bool> exists() const;
 
   private:
+    // Where in the table the rows of a unit lie.
+    struct Stretch {
+        std::int64_t firstRow = 0;
+        std::int64_t lastRow = 0;
+    };
+
     template <class Write>
     [[nodiscard]] Result<Prepared> prepared(Write write) const;
     [[nodiscard]] Result<bool> isOrderNeeded() const;
-    void writeFrom(SqlWriter& writer) const;
+    void writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch = {}) const;
+    [[nodiscard]] Result<std::optional<Stretch>> stretch() const;
     [[nodiscard]] Result<long long> number(Result<Prepared> rows) const;
 
     std::shared_ptr<Connection> m_connection;
