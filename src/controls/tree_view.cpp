@@ -111,6 +111,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
     layOutIfDue();
+    beginOnFirstRow();
     const bool editing = state() == QAbstractItemView::EditingState;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const Node before = selected();
@@ -160,10 +161,17 @@ void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
+    beginOnFirstRow();
     // The mouse was served when it was pressed; here comes the menu key.
     if (event->reason() != QContextMenuEvent::Keyboard || !currentIndex().isValid()) return;
     if (selectCurrent()) emit nodeClicked(selected());
     emit mousePressed(Qt::RightButton, viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+}
+
+// The toolkit does so when the focus comes, but a tree may have had the focus before its first row.
+void TreeView::beginOnFirstRow() {
+    if (currentIndex().isValid() || m_model.rowCount({}) == 0) return;
+    selectionModel()->setCurrentIndex(m_model.index(0, 0, {}), QItemSelectionModel::NoUpdate);
 }
 
 // A tree that the Tab key reaches has a current node that is not selected yet. True when it is now.

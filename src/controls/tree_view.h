@@ -68,6 +68,7 @@ class TreeView : public QTreeView {
     void doItemsLayout() override;
     void layOutIfDue();
     bool selectCurrent();
+    void beginOnFirstRow();
 
     TreeModel m_model;
     int m_fillings = 0;
