@@ -4,8 +4,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRegularExpression>
 #include <QSettings>
 
 #include "platform/settings.h"
@@ -13,6 +17,7 @@
 #include "shell/links.h"
 #include "shell/quick_start.h"
 #include "shell/splash.h"
+#include "shell/toolkit_words.h"
 #include "support/opened_files.h"
 #include "support/temporary_folder.h"
 
@@ -169,6 +174,20 @@ TEST_F(Start, TheSplashComesBackAsAboutBoxAndAllWindowsEnd) {
     main.show();
     shell::salida();
     EXPECT_FALSE(about.isVisible() || main.isVisible());
+}
+
+TEST_F(Start, ThePrintDialogIsSpanishThroughout) {
+    shell::translateToolkit(Language::Spanish);
+    QPrinter printer;
+    printer.setOutputFileName(QString::fromStdString(folder / "a.pdf"));
+    QPrintDialog dialog(&printer);
+    QStringList texts;
+    for (const auto* label : dialog.findChildren<QLabel*>()) texts << label->text();
+    for (const auto* button : dialog.findChildren<QAbstractButton*>()) texts << button->text();
+    for (const auto* group : dialog.findChildren<QGroupBox*>()) texts << group->title();
+    EXPECT_GT(texts.filter(QRegularExpression("[óñáé]")).size(), 3);
+    const QRegularExpression english("\\b(the|some|in|Pages|Off|binding|Printing|Advanced|Please|Copies)\\b");
+    EXPECT_EQ(texts.filter(english).join('|').toStdString(), "");
 }
 
 TEST_F(Start, LinksOpenTheFilesBesideTheProgram) {
