@@ -22,18 +22,23 @@ struct Collected : browse::FolderSink {
     }
 };
 
-// `like` by its definition; both texts in lower case.
-bool matches(QStringView text, QStringView pattern) {
+// `like` for a path by its definition, as a pattern or with the star as the only wildcard; both texts in
+// lower case.
+bool matches(QStringView text, QStringView pattern, bool starsOnly) {
     if (pattern.isEmpty()) return text.isEmpty();
     const QStringView rest = pattern.mid(1);
-    if (pattern[0] == u'*') return matches(text, rest) || (!text.isEmpty() && matches(text.mid(1), pattern));
+    if (pattern[0] == u'*')
+        return matches(text, rest, starsOnly) ||
+               (!text.isEmpty() && matches(text.mid(1), pattern, starsOnly));
     if (text.isEmpty()) return false;
+    if (starsOnly) return pattern[0] == text[0] && matches(text.mid(1), rest, true);
     if (pattern[0] == u'[') {
         const auto close = pattern.indexOf(u']');
-        return pattern.mid(1, close - 1).contains(text[0]) && matches(text.mid(1), pattern.mid(close + 1));
+        return pattern.mid(1, close - 1).contains(text[0]) &&
+               matches(text.mid(1), pattern.mid(close + 1), false);
     }
     const bool one = pattern[0] == u'#' ? text[0].isDigit() : pattern[0] == u'?' || pattern[0] == text[0];
-    return one && matches(text.mid(1), rest);
+    return one && matches(text.mid(1), rest, false);
 }
 
 // The load by its definition: every folder's statement looks at every row.
@@ -48,7 +53,8 @@ struct PlainLoad {
             if (row.disco != disco || row.nivel != std::to_string(nivel) || row.tipo == core::fileTipo)
                 continue;
             const QString pattern = QString::fromStdString("*\\" + path + "*").toLower();
-            if (nivel > 1 && !matches(QString::fromStdString(row.ruta).toLower(), pattern)) continue;
+            const QString ruta = QString::fromStdString(row.ruta).toLower();
+            if (nivel > 1 && !matches(ruta, pattern, false) && !matches(ruta, pattern, true)) continue;
             if (to.yieldAndTestStop()) return false;
             to.addFolder(nivel, row.carpeta);
             if (nivel < 11 && !level(nivel + 1, path + row.carpeta + '\\')) return false;
