@@ -29,7 +29,7 @@ using namespace std::chrono_literals;
 
 bool holdsSoon(const std::function<bool()>& condition) {
     for (const auto end = std::chrono::steady_clock::now() + 20s; std::chrono::steady_clock::now() < end;
-         std::this_thread::sleep_for(10ms))
+         std::this_thread::yield())
         if (condition()) return true;
     return false;
 }
