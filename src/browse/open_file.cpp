@@ -12,7 +12,7 @@ OpenEnd openFile(const core::CataloguedFile& file, std::string_view disco, core:
         found = core::scanDrivesAsking(drives, file, core::openingTries,
                                        [&] { tell(core::introduceUnit(disco, language)); });
     }
-    if (!found) {
+    if (!found || !platform::isHarmless(found->path)) {
         tell(core::noSuchFile(file.name, language));
         return OpenEnd::NotFound;
     }

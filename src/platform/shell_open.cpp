@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <fstream>
 #include <utility>
@@ -15,6 +16,12 @@ namespace platform {
 namespace {
 
 constexpr std::string_view linkEnding = ".url";
+constexpr std::array<std::string_view, 4> followedSchemes{"http:", "https:", "ftp:", "mailto:"};
+
+// Desktops know an entry by its name or by its first line, which may stand behind a few bytes.
+constexpr std::array<std::string_view, 2> entryEndings{".desktop", ".kdelnk"};
+constexpr std::array<std::string_view, 2> entryHeads{"[Desktop Entry]", "[KDE Desktop Entry]"};
+constexpr std::size_t headLength = 64;
 
 ShellOpener& opener() {
     static ShellOpener function;
@@ -26,9 +33,24 @@ bool sameLetters(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 
-bool isLinkFile(std::string_view target) {
-    return target.size() > linkEnding.size() &&
-           sameLetters(target.substr(target.size() - linkEnding.size()), linkEnding);
+bool endsIn(std::string_view target, std::string_view ending) {
+    return target.size() > ending.size() && sameLetters(target.substr(target.size() - ending.size()), ending);
+}
+
+bool isFollowed(std::string_view url) {
+    return std::ranges::any_of(followedSchemes, [url](std::string_view scheme) {
+        return url.size() > scheme.size() && sameLetters(url.substr(0, scheme.size()), scheme);
+    });
+}
+
+bool isDesktopEntry(const std::string& file) {
+    const auto endsInIt = [&](std::string_view ending) { return endsIn(file, ending); };
+    if (std::ranges::any_of(entryEndings, endsInIt)) return true;
+    std::string head(headLength, '\0');
+    std::ifstream in(file, std::ios::binary);
+    in.read(head.data(), static_cast<std::streamsize>(head.size()));
+    return std::ranges::any_of(entryHeads,
+                               [&](std::string_view text) { return head.find(text) != head.npos; });
 }
 
 // Between fork and exec only calls that are safe there.
@@ -76,15 +98,19 @@ bool openOnDesktop(const std::string& target, const std::string& folder) {
 
 bool ShellExecute(const std::string& target, const std::string& folder) {
     std::string opened = target;
-    if (isLinkFile(target) && FileExists(target)) {
-        opened = linkTarget(target);
-        if (opened.empty()) return false;
+    if (FileExists(target)) {
+        if (!isHarmless(target)) return false;
+        if (endsIn(target, linkEnding)) opened = linkTarget(target);
     }
     return opener() ? opener()(opened, folder) : openOnDesktop(opened, folder);
 }
 
 void setShellOpener(ShellOpener function) {
     opener() = std::move(function);
+}
+
+bool isHarmless(const std::string& file) {
+    return endsIn(file, linkEnding) ? isFollowed(linkTarget(file)) : !isDesktopEntry(file);
 }
 
 std::string linkTarget(const std::string& linkFile) {

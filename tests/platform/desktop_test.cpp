@@ -74,6 +74,24 @@ TEST(ShellOpen, LinkFilesAreOpenedByTheirAddress) {
               (std::vector<std::string>{"https://example.org/?a=b", "mailto:someone@example.org"}));
 }
 
+TEST(ShellOpen, NoFileLeadsElsewhereOrStartsAProgram) {
+    const test::TemporaryFolder folder;
+    const test::OpenedFiles opened;
+    for (const char* url : {"file:///etc/passwd", "run.desktop", "/bin/sh", "javascript:alert(1)",
+                            "smb://x/y", "http:", "-x"}) {
+        writeFile(folder / "a.url", "[InternetShortcut]\nURL=" + std::string(url) + "\n");
+        EXPECT_FALSE(platform::ShellExecute(folder / "a.url", "")) << url;
+    }
+    const std::string entry = "[Desktop Entry]\nType=Application\nExec=touch /tmp/x\n";
+    writeFile(folder / "run.Desktop", "");
+    writeFile(folder / "photo", "\n" + entry);
+    for (const char* name : {"run.Desktop", "photo"})
+        EXPECT_FALSE(platform::ShellExecute(folder / name, "")) << name;
+    EXPECT_TRUE(opened.targets.empty());
+    writeFile(folder / "b.url", "URL=HTTPS://example.org\n");
+    EXPECT_TRUE(platform::ShellExecute(folder / "b.url", ""));
+}
+
 TEST(ShellOpen, TheDesktopsProgramGetsTheExactNameAndFolder) {
     const test::TemporaryFolder folder;
     const std::string path = ::getenv("PATH");
