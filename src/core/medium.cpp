@@ -24,6 +24,7 @@ std::string spelled(std::string_view text, Spelling spelling) {
 
 std::optional<FoundFile> findFile(const platform::Drives& drives, std::string_view base,
                                   std::string_view name, std::span<const Candidate> candidates) {
+    if (!drives.answers(base.substr(0, 2))) return std::nullopt;
     for (const Candidate& candidate : candidates) {
         FoundFile found{.path = {},
                         .folder = {},

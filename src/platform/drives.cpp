@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/answering.h"
 #include "platform/mount_table.h"
 #include "platform/names.h"
 
@@ -98,6 +99,11 @@ Drives Drives::parse(std::string_view override_) {
 DriveType Drives::type(std::string_view driveName) const {
     const auto drive = std::ranges::find(m_drives, letterOf(driveName), &Drive::letter);
     return drive == m_drives.end() ? DriveType::Absent : drive->type;
+}
+
+bool Drives::answers(std::string_view driveName) const {
+    const auto drive = std::ranges::find(m_drives, letterOf(driveName), &Drive::letter);
+    return drive == m_drives.end() || drive->type != DriveType::Network || answersInTime(drive->mountPoint);
 }
 
 std::string Drives::toDrivePath(std::string_view nativePath) const {

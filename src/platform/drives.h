@@ -32,6 +32,10 @@ class Drives {
     [[nodiscard]] const std::vector<Drive>& list() const { return m_drives; }
     [[nodiscard]] DriveType type(std::string_view driveName) const;  // "E:", in either case
 
+    // Whether looking at a drive gives an answer soon: a network drive whose server is gone would never give
+    // one. Asked only before such a drive is really needed; waits for a second at most.
+    [[nodiscard]] bool answers(std::string_view driveName) const;
+
     // Drive form of a native absolute path, by the longest mount point that holds it: "E:\fotos\2003", and
     // "E:\" for the mount point itself. Names are converted as names.h tells. Empty when no drive
     // holds the path.

@@ -40,7 +40,9 @@ DriveType diskType(fs::path disk, int depth) {
 // tells.
 std::string deviceNumber(const Mount& mount) {
     struct stat status {};
-    if (::stat(mount.source.c_str(), &status) != 0 || !S_ISBLK(status.st_mode)) return mount.device;
+    if (!mount.source.starts_with("/dev/") || ::stat(mount.source.c_str(), &status) != 0 ||
+        !S_ISBLK(status.st_mode))
+        return mount.device;
     return std::to_string(major(status.st_rdev)) + ':' + std::to_string(minor(status.st_rdev));
 }
 

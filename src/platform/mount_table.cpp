@@ -68,6 +68,11 @@ DriveType typeOf(const Mount& mount, const MountProbe& probe) {
     return type;
 }
 
+bool isOnFolder(const Mount& mount, const MountProbe& probe) {
+    return mount.root == "/" || isOneOf(mount.fileSystem, networkFileSystems) ||
+           probe.isFolder(mount.mountPoint);
+}
+
 // The mounts that deserve a letter, in mount order.
 std::vector<Mount> lettered(const std::vector<Mount>& mounts, const MountProbe& probe) {
     std::map<std::string, std::size_t> last;  // by mount point: what is mounted later hides what was there
@@ -77,7 +82,7 @@ std::vector<Mount> lettered(const std::vector<Mount>& mounts, const MountProbe& 
     std::map<std::string, std::size_t> byDevice;
     for (std::size_t i = 0; i < mounts.size(); ++i) {
         const Mount& mount = mounts[i];
-        if (last[mount.mountPoint] != i || !isStorage(mount) || !probe.isFolder(mount.mountPoint)) continue;
+        if (last[mount.mountPoint] != i || !isStorage(mount) || !isOnFolder(mount, probe)) continue;
         const auto [known, isNew] = byDevice.try_emplace(mount.device, chosen.size());
         if (isNew) {
             chosen.push_back(mount);

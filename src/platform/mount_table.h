@@ -23,6 +23,8 @@ struct Mount {
 
 // What only the machine can tell about a mount.
 struct MountProbe {
+    // Asked for local parts of file systems only; a whole one is mounted on a folder. To look at what the
+    // network has mounted could wait for ever.
     std::function<bool(const std::string& mountPoint)> isFolder;
     std::function<DriveType(const Mount& mount)>
         localType;  // asked for file systems that are not on the network

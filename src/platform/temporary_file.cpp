@@ -26,32 +26,39 @@ namespace {
 
 constexpr std::string_view namePrefix = ".zarquelin-";
 constexpr std::string_view nameTail = "XXXXXX";
+constexpr std::string_view journalEnding = "-journal";  // of a database that is being written
 
 // What a signal handler may read: nothing in it moves or is freed.
 struct Slot {
     std::atomic<bool> used = false;
     std::array<char, PATH_MAX> path{};
+    std::array<char, PATH_MAX> journal{};
 };
-std::array<Slot, 16> slots;
+std::array<Slot, 16> theSlots;
 std::mutex slotsGuard;
 
 // -1 when there is no room: then only a signal leaves the file behind, for the next run to take away.
 int enter(const std::string& path) {
     const std::scoped_lock lock(slotsGuard);
-    const auto free = std::ranges::find_if(slots, [](const Slot& slot) { return !slot.used; });
-    if (free == slots.end() || path.size() >= free->path.size()) return -1;
+    const auto free = std::ranges::find_if(theSlots, [](const Slot& slot) { return !slot.used; });
+    const std::string journal = path + std::string(journalEnding);
+    if (free == theSlots.end() || journal.size() >= free->journal.size()) return -1;
     std::memcpy(free->path.data(), path.c_str(), path.size() + 1);
+    std::memcpy(free->journal.data(), journal.c_str(), journal.size() + 1);
     free->used = true;
-    return static_cast<int>(free - slots.begin());
+    return static_cast<int>(free - theSlots.begin());
 }
 
 void leave(int slot) {
-    if (slot >= 0) slots[static_cast<std::size_t>(slot)].used = false;
+    if (slot >= 0) theSlots[static_cast<std::size_t>(slot)].used = false;
 }
 
 void removeAndEnd(int signal) {
-    for (const Slot& slot : slots)
-        if (slot.used) ::unlink(slot.path.data());
+    for (const Slot& slot : theSlots) {
+        if (!slot.used) continue;
+        ::unlink(slot.path.data());
+        ::unlink(slot.journal.data());
+    }
     std::signal(signal, SIG_DFL);
     ::raise(signal);
 }
@@ -66,7 +73,10 @@ void removeOrphan(const std::string& path) {
     struct stat status {};
     const bool isOurs =
         ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
-    if (isOurs && claimed(file)) ::unlink(path.c_str());
+    if (isOurs && claimed(file)) {
+        ::unlink(path.c_str());
+        ::unlink((path + std::string(journalEnding)).c_str());
+    }
     ::close(file);
 }
 

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <future>
 
+#include "platform/answering.h"
 #include "platform/mount_table.h"
 #include "support/temporary_folder.h"
 
@@ -123,6 +126,37 @@ TEST(MountTable, BlockDevicesAreJudgedByTheirDisk) {
         {"sr0", DriveType::Optical},    {"dm-0", DriveType::Removable},     {"missing", DriveType::Fixed}};
     for (const auto& [device, type] : expected)
         EXPECT_EQ(platform::blockDeviceType(sys / device), type) << device;
+}
+
+// What hangs on the network is not touched to give it a letter, and asked once, for a moment, when it is
+// needed.
+TEST(Drives, ADeadNetworkDriveHangsNobody) {
+    const platform::MountProbe probe{[](const std::string& mountPoint) {
+                                         EXPECT_EQ(mountPoint, "/srv/bind") << "was looked at";
+                                         return true;
+                                     },
+                                     [](const platform::Mount&) { return DriveType::Fixed; }};
+    const auto drives =
+        assignLetters(platform::parseMountInfo("27 1 254:0 / / rw - ext4 /dev/vda1 rw\n"
+                                               "34 27 0:50 /x /mnt/nas rw - nfs4 nas:/e rw\n"
+                                               "35 27 8:1 / /mnt/disk rw - ext4 /dev/sda1 rw\n"
+                                               "31 27 8:2 /srv /srv/bind rw - ext4 /dev/sda2 rw\n"),
+                      probe);
+    EXPECT_EQ(drives.size(), 4U);
+
+    std::promise<void> release;
+    std::shared_future<void> released = release.get_future();
+    int looks = 0;
+    const auto hang = [&looks, released](const std::string&) {
+        ++looks;
+        released.wait();
+    };
+    using namespace std::chrono_literals;
+    EXPECT_FALSE(platform::answersInTime("/dead", 10ms, hang));
+    EXPECT_FALSE(platform::answersInTime("/dead", 10ms, hang));
+    EXPECT_EQ(looks, 1) << "while the first look hangs there is no second";
+    release.set_value();
+    EXPECT_TRUE(platform::answersInTime("/"));
 }
 
 TEST(Drives, ThisMachineHasItsRootUnderC) {
