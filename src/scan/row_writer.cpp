@@ -1,5 +1,6 @@
 #include "scan/row_writer.h"
 
+#include <system_error>
 #include <utility>
 
 #include "core/inserts.h"
@@ -33,9 +34,16 @@ void RowWriter::Batch::clear() {
     ends.clear();
 }
 
-RowWriter::RowWriter(engine::Database& database) : m_thread([this, &database] { work(database); }) {}
+RowWriter::RowWriter(engine::Database& database) {
+    try {
+        m_thread = std::thread([this, &database] { work(database); });
+    } catch (const std::system_error&) {  // no thread is to be had
+        m_alone.emplace(database);
+    }
+}
 
 RowWriter::~RowWriter() {
+    if (m_alone) return;
     {
         const std::scoped_lock lock(m_mutex);
         m_wish = Wish::End;
@@ -45,6 +53,7 @@ RowWriter::~RowWriter() {
 }
 
 void RowWriter::insert(std::string_view statement) {
+    if (m_alone) return m_alone->insert(statement);
     std::unique_lock lock(m_mutex);
     m_taken.wait(lock, [this] { return m_waiting.ends.size() < mostWaiting; });
     m_waiting.add(statement);
@@ -56,6 +65,11 @@ void RowWriter::add(const core::CatalogRow& row) {
 }
 
 void RowWriter::commit() {
+    if (m_alone) {
+        m_alone->commit();
+        m_summary = m_alone->summary();
+        return;
+    }
     std::unique_lock lock(m_mutex);
     m_wish = Wish::Commit;
     m_wake.notify_one();

@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -53,6 +54,7 @@ class RowWriter : public RowSink {
     Wish m_wish = Wish::None;
     WriteSummary m_summary;
     std::thread m_thread;
+    std::optional<TimedTransactions> m_alone;  // what writes where there is no thread
 };
 
 }  // namespace scan

@@ -1,6 +1,7 @@
 #include "scan/timed_transactions.h"
 
 #include <algorithm>
+#include <new>
 
 namespace scan {
 namespace {
@@ -8,6 +9,15 @@ namespace {
 using namespace std::chrono_literals;
 constexpr auto longestTransaction = 250ms;
 constexpr auto longestPatience = 60s;
+
+// Without memory a row is lost like any other that is refused; the thread that writes must not end.
+engine::Result<long long> executed(engine::Database& database, std::string_view statement) {
+    try {
+        return database.Execute(statement);
+    } catch (const std::bad_alloc&) {
+        return std::unexpected(engine::Error{engine::error::general, "out of memory"});
+    }
+}
 
 }  // namespace
 
@@ -34,7 +44,7 @@ void TimedTransactions::insert(std::string_view statement) {
         ++m_summary.lost;
         return;
     }
-    if (const auto inserted = m_database.Execute(statement); inserted) {
+    if (const auto inserted = executed(m_database, statement); inserted) {
         ++m_pending;
     } else {
         lose(1, inserted.error());

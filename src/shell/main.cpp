@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QLocale>
 #include <cstdio>
 #include <cstring>
@@ -7,6 +6,8 @@
 #include "frame/desktop_dialogs.h"
 #include "frame/message_boxes.h"
 #include "platform/command_line.h"
+#include "platform/temporary_file.h"
+#include "shell/application.h"
 #include "shell/headless.h"
 #include "shell/main_window.h"
 #include "shell/startup.h"
@@ -28,7 +29,7 @@ void prepare(QApplication& application) {
 }
 
 int runOnDesktop(int argc, char** argv) {
-    QApplication application(argc, argv);
+    shell::Application application(argc, argv);
     prepare(application);
 
     std::unique_ptr<frame::MessageBoxes> messages;
@@ -52,8 +53,9 @@ int main(int argc, char** argv) {
     const auto asksFor = [&](const char* option) { return argc == 2 && std::strcmp(argv[1], option) == 0; };
     if (asksFor("--help") || asksFor("--version"))
         return std::fputs(asksFor("--help") ? help : version, stdout) < 0 ? 1 : 0;
+    platform::removeTemporariesOnSignals();
     if (argc == 5 && std::strcmp(argv[1], "--headless") == 0) {
-        QApplication application(argc, argv);
+        shell::Application application(argc, argv);
         prepare(application);
         return shell::runHeadless({argv[2], argv[3], argv[4]});
     }
