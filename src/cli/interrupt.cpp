@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "cli/progress.h"
+#include "platform/temporary_file.h"
 
 namespace cli {
 namespace {
@@ -31,6 +32,7 @@ void raiseFlag(int number) {
 }
 
 void endNow(int number) {
+    platform::removeTemporaries();
     if (onTerminal) writeAll(eraseLine);
     writeAll(closing);
     ::_exit(128 + number);

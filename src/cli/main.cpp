@@ -1,5 +1,8 @@
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <new>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,6 +14,7 @@
 #include "cli/output.h"
 #include "cli/progress.h"
 #include "platform/settings.h"
+#include "platform/temporary_file.h"
 
 namespace {
 
@@ -66,9 +70,7 @@ int run(const cli::Arguments& arguments) {
     return arguments.command->run({arguments, language});
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int runProgram(int argc, char** argv) {
     const auto arguments = cli::parse({argv + 1, argv + (argc > 0 ? argc : 1)});
     if (!arguments) {
         const auto& [text, language] = arguments.error();
@@ -78,4 +80,18 @@ int main(int argc, char** argv) {
     const int status = run(*arguments);
     if (!cli::finishOutput()) return cli::fail(cli::UnusableCatalogue, "the output could not be written");
     return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    platform::removeTemporariesOnSignals();
+    try {
+        return runProgram(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("zarquelin-cli: not enough memory\n", stderr);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "zarquelin-cli: %s\n", failure.what());
+    }
+    return cli::UnusableCatalogue;
 }

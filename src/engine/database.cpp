@@ -42,6 +42,7 @@ Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
 
 Result<long long> Database::Execute(std::string_view sql) {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    if (auto current = followReplacement(); !current) return std::unexpected(current.error());
     auto statement = m_impl->reader.read(sql);
     if (!statement) return std::unexpected(statement.error());
     if ((*statement)->kind == Statement::Select) {
@@ -63,14 +64,28 @@ Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     return Recordset(std::move(opened));
 }
 
+// What was written is in the old file; what is still to be written belongs to the new one.
+Result<> Database::followReplacement() {
+    const Connection& connection = *m_impl->connection;
+    if (connection.isInTransaction() || !connection.isReplaced()) return {};
+    if (connection.hasWritten())
+        return std::unexpected(
+            Error{error::replaced, connection.path() + ": another program has replaced it"});
+    auto current = OpenDatabase(connection.path(), connection.use());
+    if (!current) return std::unexpected(current.error());
+    m_impl = std::move(current->m_impl);
+    return {};
+}
+
 Result<> Database::BeginTrans() {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    if (auto current = followReplacement(); !current) return current;
     return m_impl->connection->run("begin immediate");
 }
 
 Result<> Database::CommitTrans() {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    return m_impl->connection->run("commit");
+    return m_impl->connection->commit();
 }
 
 void Database::Rollback() {
@@ -81,11 +96,6 @@ void Database::Rollback() {
 
 void Database::KeepChangesInMemory() {
     if (isOpen()) (void)m_impl->connection->run("pragma cache_spill = off");
-}
-
-Result<> Database::HoldStill() {
-    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    return m_impl->connection->run("begin; select count(*) from sqlite_schema");
 }
 
 Result<long long> Database::Version() {

@@ -24,6 +24,9 @@ enum class Use {
 // first did is done and seen (by a lock or a join), as the writer of a scan's rows does. Handles on the same
 // file may be used at the same time.
 //
+// When another program has put another file under the name, a handle that has written nothing yet goes on
+// with that one; any other refuses to write (error::replaced).
+//
 // Closing (or destroying) the handle ends open recordsets and rolls back an open transaction.
 class Database {
   public:
@@ -46,9 +49,6 @@ class Database {
     // out for as long as the commit takes; otherwise many changes shut them out from early on.
     void KeepChangesInMemory();
 
-    // Until the handle is closed no program can write to the file, which may be copied; others go on reading.
-    [[nodiscard]] Result<> HoldStill();
-
     // Changes whenever rows may have changed since the last call, through this handle or another one.
     [[nodiscard]] Result<long long> Version();
 
@@ -59,6 +59,7 @@ class Database {
     friend Result<Database> OpenDatabase(const std::string& nativePath, Use use);
     struct Impl;
     explicit Database(std::unique_ptr<Impl> impl);
+    [[nodiscard]] Result<> followReplacement();
     std::unique_ptr<Impl> m_impl;
 };
 

@@ -12,6 +12,7 @@ inline constexpr int duplicateValue = 3022;
 inline constexpr int fileNotFound = 3024;
 inline constexpr int diskFull = 3026;
 inline constexpr int readOnly = 3027;
+inline constexpr int replaced = 3197;  // another program has put another file under the name
 inline constexpr int fileExists = 3204;
 inline constexpr int cannotOpenFile = 3051;  // no permission, or not a regular file
 inline constexpr int unknownName = 3061;     // a column that the table lacks

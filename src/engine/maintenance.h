@@ -15,6 +15,15 @@ namespace engine {
 // open (error::locked). `destination` is replaced only by a complete file, and is gone when the call fails.
 [[nodiscard]] Result<> CompactDatabase(const std::string& source, const std::string& destination);
 
+// The same into `between`, and from there back into the catalogue, in one transaction: programs that have it
+// open go on with it. Others cannot write meanwhile; those that write are waited for, a few seconds.
+// `between` is replaced, and is the caller's to delete.
+[[nodiscard]] Result<> CompactInPlace(const std::string& path, const std::string& between);
+
+// Whether a file is a `between` that a killed program left: it is empty or marked as one, and nobody holds
+// it.
+[[nodiscard]] bool IsLeftByCompaction(const std::string& path);
+
 // Makes `destination` a whole copy of the catalogue `source` as it is at one moment, replacing whatever is
 // there. Others may use both meanwhile: a change under way in `source` is not in the copy, one in a catalogue
 // at `destination` is waited for, then refused (error::locked). Whatever fails, `destination` is as before.

@@ -54,11 +54,7 @@ void leave(int slot) {
 }
 
 void removeAndEnd(int signal) {
-    for (const Slot& slot : theSlots) {
-        if (!slot.used) continue;
-        ::unlink(slot.path.data());
-        ::unlink(slot.journal.data());
-    }
+    removeTemporaries();
     std::signal(signal, SIG_DFL);
     ::raise(signal);
 }
@@ -166,6 +162,14 @@ RegisteredName::RegisteredName(const std::string& path) : m_registered(enter(pat
 
 RegisteredName::~RegisteredName() {
     leave(m_registered);
+}
+
+void removeTemporaries() {
+    for (const Slot& slot : theSlots) {
+        if (!slot.used) continue;
+        ::unlink(slot.path.data());
+        ::unlink(slot.journal.data());
+    }
 }
 
 void removeTemporariesOnSignals() {

@@ -49,6 +49,9 @@ class RegisteredName {
 // before it ends it. For the programs' main().
 void removeTemporariesOnSignals();
 
+// The same at once; may be called by a signal handler.
+void removeTemporaries();
+
 // True when no process holds the file that `descriptor` was opened on; from then on this one does.
 [[nodiscard]] bool claimed(int descriptor);
 

@@ -1,6 +1,11 @@
 #include "core/catalogue_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -55,6 +60,39 @@ TEST_F(CatalogueFile, ANewOneIsEmptyWritableAndReplacesWhatWasThere) {
     EXPECT_EQ(rowsIn(path), 0);
     EXPECT_NE(fs::status(path).permissions() & fs::perms::owner_write, fs::perms::none);
     EXPECT_FALSE(core::createCatalogue(folder / "no/my.zrq"));
+}
+
+TEST_F(CatalogueFile, WhatKilledProgramsLeftIsTakenAway) {
+    const std::string place = folder / "place/";
+    fs::create_directory(place);
+    for (const char* name : {".zarquelin-orphan", ".zarquelin-in use", ".zarquelin-longer-name"})
+        writeFile(place + name, "");
+    const int held = ::open((place + ".zarquelin-in use").c_str(), O_RDWR);
+    ASSERT_EQ(::flock(held, LOCK_EX), 0);
+    writeFile(compacted, "");
+    ASSERT_TRUE(core::compactCatalogue(path));
+    EXPECT_TRUE(fs::is_empty(elsewhere.path()));
+    ASSERT_TRUE(core::backUpCatalogue(path, place + "copy.zrq"));
+    ::close(held);
+    EXPECT_FALSE(fs::exists(place + ".zarquelin-orphan"));
+    EXPECT_TRUE(fs::exists(place + ".zarquelin-in use"));
+    EXPECT_TRUE(fs::exists(place + ".zarquelin-longer-name"));
+}
+
+TEST_F(CatalogueFile, CompactionAfterAnInterruptedChangeUndoesItFirst) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        sqlite3* other = nullptr;
+        sqlite3_open(path.c_str(), &other);
+        sqlite3_exec(other, "pragma cache_size = 5; begin; update datos set ruta = hex(zeroblob(9000))",
+                     nullptr, nullptr, nullptr);
+        ::_exit(0);
+    }
+    ::waitpid(child, nullptr, 0);
+    ASSERT_TRUE(fs::exists(path + "-journal"));
+    const auto done = core::compactCatalogue(path);
+    ASSERT_TRUE(done) << done.error().text;
+    EXPECT_EQ(rowsIn(path), 10);
 }
 
 TEST_F(CatalogueFile, CompactionKeepsRowsPermissionsAndLinks) {

@@ -75,6 +75,24 @@ TEST_F(MaintenanceTest, CompactionThatFailsLeavesNoDestinationAndItsSourceAlone)
     EXPECT_EQ(rowsIn(path), 100);
 }
 
+TEST_F(MaintenanceTest, CompactionInPlaceKeepsTheFileForThoseWhoHaveItOpen) {
+    fill(3000);
+    EXPECT_EQ(plainly(path, "delete from datos where rowid > 100; drop index datos_unidad"), "");
+    sqlite3* other = nullptr;
+    sqlite3_open(path.c_str(), &other);
+    const auto before = std::filesystem::file_size(path);
+    const auto done = engine::CompactInPlace(path, folder / "between.zrq");
+    ASSERT_TRUE(done) << done.error().text;
+    EXPECT_LT(std::filesystem::file_size(path), before / 4);
+    EXPECT_EQ(sqlite3_exec(other, "update datos set disco = 'late :'", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(other);
+    EXPECT_EQ(plainly(path, "select count(*) from datos where disco = 'late :'"), "100");
+    EXPECT_EQ(plainly(path, "pragma integrity_check"), "ok");
+    EXPECT_EQ(plainly(path, "drop index datos_unidad"), "") << "the index was there again";
+    EXPECT_TRUE(engine::IsLeftByCompaction(folder / "between.zrq"));
+    EXPECT_FALSE(engine::IsLeftByCompaction(path));
+}
+
 TEST_F(MaintenanceTest, RepairLeavesSoundFilesAndStrangersAlone) {
     fill(100);
     const std::string before = readFile(path);

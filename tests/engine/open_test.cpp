@@ -70,7 +70,6 @@ TEST_F(OpenTest, DisarmsTriggersAndForeignModes) {
         EXPECT_EQ(count(db, "select * from datos"), 1);
     }
     for (const auto& entry : std::filesystem::directory_iterator(folder)) EXPECT_EQ(entry.path(), path);
-    EXPECT_EQ(plainly(path, "drop index datos_unidad"), "");  // it was there again
 }
 
 TEST_F(OpenTest, MarksItsFilesAndCreatesOnlyNewOnes) {
@@ -125,6 +124,21 @@ TEST_F(OpenTest, ASecondHandleLeavesTheFirstOnesTransactionAlone) {
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
     EXPECT_TRUE(db.CommitTrans());
+}
+
+// Another program has put another file under the name, as a restored backup would.
+TEST_F(OpenTest, AReplacedFileIsFollowedUntilSomethingIsWritten) {
+    auto fresh = open();
+    auto used = open();
+    addFile(used, "r", "a");
+    const std::string other = folder / "other.zrq";
+    ASSERT_TRUE(engine::CreateDatabase(other));
+    std::filesystem::rename(other, path);
+    addFile(fresh, "r", "b");
+    EXPECT_EQ(plainly(path, "select archivo from datos"), "b");
+    EXPECT_EQ(errorOf(used, "delete * from datos"), engine::error::replaced);
+    EXPECT_EQ(used.BeginTrans().error().number, engine::error::replaced);
+    EXPECT_EQ(count(used, "select * from datos"), 1) << "what it had is still to be read";
 }
 
 TEST_F(OpenTest, TakesValuesThatAreNoTextsForNoNames) {

@@ -1,56 +1,152 @@
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <string_view>
+
 #include "engine/file/connection.h"
-#include "engine/file/file_header.h"
-#include "engine/file/prepared.h"
+#include "engine/file/page_copy.h"
 #include "engine/file/replacement.h"
 #include "engine/file/sqlite_error.h"
+#include "engine/format.h"
 #include "engine/maintenance.h"
 
 namespace engine {
 
 namespace {
 
+constexpr int patienceMilliseconds = 5000;  // of a compaction with programs that write all the time
+constexpr int mostTries = 3;
+
+// Behind the last page, where SQLite does not look: what a killed compaction left is known by it.
+constexpr std::string_view leftOverMark = "\nzarquelin: left by a compaction, can be deleted\n";
+
 Result<> refuseOpenFile(const std::string& path) {
     if (platform::HeldFile::isHeld(path)) return std::unexpected(Error{error::locked, path + " is open"});
     return {};
 }
 
-Result<> vacuumInto(const std::string& source, const std::string& path) {
-    auto database = openSqlite(source, SQLITE_OPEN_READWRITE);
-    if (!database) return std::unexpected(database.error());
-    StatementPool pool(database->get());
+Result<> vacuumInto(sqlite3* database, const std::string& path) {
+    StatementPool pool(database);
     auto vacuum = pool.lend("vacuum into ?");
     if (!vacuum) return std::unexpected(vacuum.error());
-    const std::string target = path.starts_with('/') ? path : "./" + path;
-    vacuum->bind(0, std::string_view(target));
-    if (vacuum->step() == Prepared::Step::Failed) return std::unexpected(lastError(database->get()));
+    vacuum->bind(0, std::string_view(path));
+    if (vacuum->step() == Prepared::Step::Failed) return std::unexpected(lastError(database));
     return {};
 }
 
-Result<> writeCompacted(const std::string& source, const std::string& destination) {
-    if (auto sound = checkCatalogueFile(source); !sound) return sound;
-    auto compacted = replacementFor(destination);
-    if (!compacted) return std::unexpected(compacted.error());
-    if (auto written = vacuumInto(source, compacted->path()); !written) return written;
-    return putInPlace(*compacted, source);
+Result<long long> rowCount(sqlite3* database) {
+    StatementPool pool(database);
+    auto count = pool.lend("select count(*) from datos");
+    if (!count) return std::unexpected(count.error());
+    if (count->step() != Prepared::Step::Row) return std::unexpected(lastError(database));
+    return count->integer(0);
+}
+
+Result<> sameRows(sqlite3* source, sqlite3* compacted) {
+    const auto expected = rowCount(source);
+    if (!expected) return std::unexpected(expected.error());
+    const auto found = rowCount(compacted);
+    if (!found) return std::unexpected(found.error());
+    if (*expected != *found) return std::unexpected(Error{error::corrupt, "Not all rows were copied"});
+    return {};
+}
+
+// The compacted rows in a file beside `destination`, complete and with its index. `source` must be locked
+// against change by the caller.
+Result<platform::TemporaryFile> compacted(sqlite3* locked, const std::string& source,
+                                          const std::string& destination) {
+    auto made = replacementFor(destination);
+    if (!made) return made;
+    const auto failed = [](const Error& error) { return std::unexpected(error); };
+    {
+        auto reader = openSqlite(source, SQLITE_OPEN_READWRITE);
+        if (!reader) return failed(reader.error());
+        if (auto written = vacuumInto(reader->get(), made->path()); !written) return failed(written.error());
+    }
+    auto written = openSqlite(made->path(), SQLITE_OPEN_READWRITE);
+    if (!written) return failed(written.error());
+    if (auto set = run(written->get(), "pragma journal_mode = memory"); !set) return failed(set.error());
+    if (auto index = run(written->get(), createIndex); !index) return failed(index.error());
+    if (auto same = sameRows(locked, written->get()); !same) return failed(same.error());
+    return made;
+}
+
+Result<std::shared_ptr<Connection>> locked(const std::string& path) {
+    auto opened = Connection::open(path, Use::Catalogue);
+    if (!opened) return opened;
+    sqlite3_busy_timeout((*opened)->handle(), patienceMilliseconds);
+    if (sqlite3_db_readonly((*opened)->handle(), "main") != 0)
+        return std::unexpected(Error{error::readOnly, path + ": the file is read-only"});
+    if (auto begun = (*opened)->run("begin immediate"); !begun) return std::unexpected(begun.error());
+    return opened;
+}
+
+Result<> compactInto(const std::string& source, const std::string& destination) {
+    auto held = locked(source);
+    if (!held) return std::unexpected(held.error());
+    auto written = compacted((*held)->handle(), source, destination);
+    if (!written) return std::unexpected(written.error());
+    return putInPlace(*written, source);
+}
+
+// False when another program was faster between the lock of the copying and that of the copying back.
+Result<bool> compactThrough(const std::string& path, const std::string& between) {
+    auto held = locked(path);
+    if (!held) return std::unexpected(held.error());
+    const unsigned before = fileVersion((*held)->handle());
+    auto written = compacted((*held)->handle(), path, between);
+    if (!written) return std::unexpected(written.error());
+    const off_t end = ::lseek(written->descriptor(), 0, SEEK_END);
+    if (::pwrite(written->descriptor(), leftOverMark.data(), leftOverMark.size(), end) !=
+        static_cast<ssize_t>(leftOverMark.size()))
+        return std::unexpected(errorOf(platform::systemFailure(between).error()));
+    // By the name that nobody else uses: whatever another compaction puts at `between`, these rows go back.
+    auto source = openSqlite(written->path(), SQLITE_OPEN_READONLY);
+    if (!source) return std::unexpected(source.error());
+    if (auto begun = run(source->get(), "begin; select count(*) from sqlite_schema"); !begun)
+        return std::unexpected(begun.error());
+    if (auto put = putInPlace(*written, path); !put) return std::unexpected(put.error());
+    if (auto ended = (*held)->run("rollback"); !ended) return std::unexpected(ended.error());
+    return copyPages(source->get(), (*held)->handle(), before);
 }
 
 }  // namespace
 
 Result<> CompactDatabase(const std::string& source, const std::string& destination) {
-    if (auto free = refuseOpenFile(source); !free) {
-        if (platform::identityOf(source) != platform::identityOf(destination)) ::unlink(destination.c_str());
-        return free;
-    }
-    if (const auto file = platform::identityOf(source); file && file == platform::identityOf(destination)) {
+    if (const auto file = platform::identityOf(source); file && file == platform::identityOf(destination))
         return std::unexpected(Error{error::fileExists, "A catalogue cannot be compacted into itself"});
-    }
     if (auto free = refuseOpenFile(destination); !free) return free;
-    auto written = writeCompacted(source, destination);
+    auto written = refuseOpenFile(source);
+    if (written) written = compactInto(source, destination);
     if (!written) ::unlink(destination.c_str());
     return written;
+}
+
+Result<> CompactInPlace(const std::string& path, const std::string& between) {
+    if (auto free = refuseOpenFile(path); !free) return free;
+    for (int i = 0; i < mostTries; ++i) {
+        const auto done = compactThrough(path, between);
+        if (!done) return std::unexpected(done.error());
+        if (*done) return {};
+    }
+    return std::unexpected(Error{error::locked, path + ": other programs write to it all the time"});
+}
+
+bool IsLeftByCompaction(const std::string& path) {
+    if (platform::HeldFile::isHeld(path)) return false;
+    std::string end(leftOverMark.size(), '\0');
+    const int file = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (file < 0) return false;
+    struct stat status {};
+    const bool isFree = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && platform::claimed(file);
+    const auto at = status.st_size - static_cast<off_t>(end.size());
+    const bool isMarked = isFree && at > 0 &&
+                          ::pread(file, end.data(), end.size(), at) == static_cast<ssize_t>(end.size()) &&
+                          end == leftOverMark;
+    platform::closeKeepingLocks(file);
+    return isFree && (isMarked || status.st_size == 0);
 }
 
 }  // namespace engine

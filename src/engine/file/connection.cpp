@@ -13,6 +13,8 @@ namespace engine {
 namespace {
 
 constexpr int busyMilliseconds = 1000;
+// A commit waits for those who only read (another program's backup) and can wait for nothing else.
+constexpr int commitMilliseconds = 10'000;
 
 // A path that SQLite can take for nothing but a path (it knows "file:" and ":memory:").
 std::string plainPath(const std::string& path) {
@@ -33,7 +35,7 @@ void distrustSchema(sqlite3* database) {
 const char* settingsFor(Use use) {
     switch (use) {
         case Use::Catalogue:
-            return "pragma synchronous = full; pragma secure_delete = on";
+            return "pragma synchronous = extra; pragma secure_delete = on";
         case Use::ReadOnly:
             return "pragma query_only = on";
         case Use::Scratch:
@@ -43,12 +45,14 @@ const char* settingsFor(Use use) {
     return "";
 }
 
-// Another tool may have left the file in a mode that needs a second file beside it, or without its index.
-// Costs nothing when it did not.
-void undoForeignChanges(sqlite3* database) {
-    if (sqlite3_db_readonly(database, "main") != 0) return;
-    (void)run(database, "pragma journal_mode = delete");
-    (void)run(database, createIndex);
+// Another tool may have left the file in a mode that needs a second file beside it. Costs nothing when it did
+// not; a program that has it open in that mode, or a file that cannot be written, leaves it so for now.
+Result<> undoForeignMode(sqlite3* database) {
+    if (sqlite3_db_readonly(database, "main") != 0) return {};
+    auto undone = run(database, "pragma journal_mode = delete");
+    const bool isLater =
+        !undone && (undone.error().number == error::locked || undone.error().number == error::readOnly);
+    return isLater ? Result<>() : undone;
 }
 
 // SQLite's count of its memory would cost a lock and an update for each allocation, several a row. Comes too
@@ -93,8 +97,12 @@ Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
     return handle;
 }
 
-Connection::Connection(SqliteHandle handle, platform::FileIdentity file, Use use)
-    : m_file(file), m_handle(std::move(handle)), m_pool(m_handle.get()), m_use(use) {}
+Connection::Connection(SqliteHandle handle, std::string path, platform::FileIdentity file, Use use)
+    : m_path(std::move(path)),
+      m_file(file),
+      m_handle(std::move(handle)),
+      m_pool(m_handle.get()),
+      m_use(use) {}
 
 Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Use use) {
     if (auto checked = checkCatalogueFile(path); !checked) return std::unexpected(checked.error());
@@ -110,8 +118,10 @@ Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Us
         sound = checkSchema(handle->get());
     }
     if (!sound) return std::unexpected(sound.error());
-    if (use == Use::Catalogue) undoForeignChanges(handle->get());
-    return std::shared_ptr<Connection>(new Connection(std::move(*handle), *file, use));
+    if (use == Use::Catalogue) {
+        if (auto undone = undoForeignMode(handle->get()); !undone) return std::unexpected(undone.error());
+    }
+    return std::shared_ptr<Connection>(new Connection(std::move(*handle), path, *file, use));
 }
 
 Error Connection::lastError() const {
@@ -130,6 +140,23 @@ Result<long long> Connection::version() {
     m_seenData = data;
     m_seenWrites = m_writes;
     return m_version;
+}
+
+bool Connection::isReplaced() const {
+    int moved = 0;
+    return isOpen() && sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
+           moved != 0;
+}
+
+bool Connection::isInTransaction() const {
+    return isOpen() && sqlite3_get_autocommit(handle()) == 0;
+}
+
+Result<> Connection::commit() {
+    if (isOpen()) sqlite3_busy_timeout(handle(), commitMilliseconds);
+    auto committed = run("commit");
+    if (isOpen()) sqlite3_busy_timeout(handle(), busyMilliseconds);
+    return committed;
 }
 
 void Connection::close() {

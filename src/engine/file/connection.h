@@ -29,6 +29,12 @@ class Connection {
     [[nodiscard]] sqlite3* handle() const { return m_handle.get(); }
     [[nodiscard]] bool isOpen() const { return m_handle != nullptr; }
     [[nodiscard]] Use use() const { return m_use; }
+    [[nodiscard]] const std::string& path() const { return m_path; }
+
+    // Whether the path leads to another file by now, which another program has put there.
+    [[nodiscard]] bool isReplaced() const;
+    [[nodiscard]] bool isInTransaction() const;
+    [[nodiscard]] Result<> commit();
 
     [[nodiscard]] Result<Prepared> prepare(const std::string& sql) { return m_pool.lend(sql); }
     [[nodiscard]] Result<> run(const char* sql) { return engine::run(handle(), sql); }
@@ -38,12 +44,14 @@ class Connection {
     // Fails when the file cannot be read now (locked, damaged).
     [[nodiscard]] Result<long long> version();
     void noteWrite() { ++m_writes; }
+    [[nodiscard]] bool hasWritten() const { return m_writes > 0; }
 
     void close();
 
   private:
-    Connection(SqliteHandle handle, platform::FileIdentity file, Use use);
+    Connection(SqliteHandle handle, std::string path, platform::FileIdentity file, Use use);
 
+    std::string m_path;
     platform::HeldFile m_file;
     SqliteHandle m_handle;
     StatementPool m_pool;

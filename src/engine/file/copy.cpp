@@ -2,8 +2,8 @@
 
 #include "engine/file/connection.h"
 #include "engine/file/interrupted_change.h"
+#include "engine/file/page_copy.h"
 #include "engine/file/replacement.h"
-#include "engine/file/sqlite_error.h"
 #include "engine/maintenance.h"
 
 namespace engine {
@@ -28,17 +28,13 @@ Result<std::shared_ptr<Connection>> heldStill(const std::string& path) {
     return there;
 }
 
-Result<> copyPages(sqlite3* from, const std::string& path) {
+Result<> writeCopy(sqlite3* from, const std::string& path) {
     auto to = openSqlite(path, SQLITE_OPEN_READWRITE);
     if (!to) return std::unexpected(to.error());
     // The file is nobody's yet and is flushed as a whole when it is put in place.
     if (auto set = run(to->get(), "pragma journal_mode = memory; pragma synchronous = off"); !set) return set;
-    sqlite3_backup* backup = sqlite3_backup_init(to->get(), "main", from, "main");
-    if (!backup) return std::unexpected(lastError(to->get()));
-    const int copied = sqlite3_backup_step(backup, -1);
-    const int finished = sqlite3_backup_finish(backup);
-    if (copied == SQLITE_DONE && finished == SQLITE_OK) return {};
-    return std::unexpected(errorOfCode(finished != SQLITE_OK ? finished : copied));
+    if (auto copied = copyPages(from, to->get()); !copied) return std::unexpected(copied.error());
+    return {};
 }
 
 }  // namespace
@@ -52,7 +48,7 @@ Result<> CopyDatabase(const std::string& source, const std::string& destination)
     if (!replaced) return std::unexpected(replaced.error());
     auto copy = replacementFor(destination);
     if (!copy) return std::unexpected(copy.error());
-    if (auto copied = copyPages((*from)->handle(), copy->path()); !copied) return copied;
+    if (auto copied = writeCopy((*from)->handle(), copy->path()); !copied) return copied;
     if (!*replaced) forgetInterruptedChange(destination);
     return putInPlace(*copy, source);
 }

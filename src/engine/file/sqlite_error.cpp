@@ -7,7 +7,7 @@ namespace engine {
 namespace {
 
 int numberOfCode(int sqliteCode) {
-    if (sqliteCode == SQLITE_READONLY_DIRECTORY) return error::readOnly;
+    if (sqliteCode == SQLITE_READONLY_DBMOVED) return error::replaced;
     switch (sqliteCode & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
@@ -34,7 +34,9 @@ int numberOfCode(int sqliteCode) {
 }  // namespace
 
 Error errorOfCode(int sqliteCode, const std::string& text) {
-    return {numberOfCode(sqliteCode), text.empty() ? sqlite3_errstr(sqliteCode) : text};
+    const int number = numberOfCode(sqliteCode);
+    if (number == error::replaced) return {number, "another program has replaced the file"};
+    return {number, text.empty() ? sqlite3_errstr(sqliteCode) : text};
 }
 
 Error lastError(sqlite3* database) {

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+
+#include "engine/error.h"
+
+struct sqlite3;
+
+namespace engine {
+
+// Changes when another connection has changed the file; known as of the last lock on it.
+[[nodiscard]] unsigned fileVersion(sqlite3* database);
+
+// Gives `to` all pages of `from`, in one transaction of its own. With a version it must still have, nothing
+// is copied into a file that has changed since, and the result is false.
+[[nodiscard]] Result<bool> copyPages(sqlite3* from, sqlite3* to, std::optional<unsigned> version = {});
+
+}  // namespace engine
