@@ -1,7 +1,5 @@
 #include "engine/file/read_transaction.h"
 
-#include <sqlite3.h>
-
 namespace engine {
 
 namespace {
@@ -14,14 +12,14 @@ bool run(Connection& connection, const char* sql) {
 }  // namespace
 
 ReadTransaction::ReadTransaction(Connection& connection) : m_connection(connection) {
-    if (!connection.isOpen() || sqlite3_get_autocommit(connection.handle()) == 0) return;
-    if (!run(connection, "begin")) return;
-    m_begun = run(connection, "select 1 from datos limit 1");  // beginning alone locks nothing
-    if (!m_begun) (void)run(connection, "rollback");
+    if (!connection.isOpen() || connection.isInTransaction()) return;
+    m_begun = run(connection, "begin");
+    if (m_begun && run(connection, "select 1 from datos limit 1")) return;  // beginning alone locks nothing
+    m_failure = connection.lastError();
 }
 
 ReadTransaction::~ReadTransaction() {
-    if (m_begun) (void)run(m_connection, "commit");
+    if (m_begun) (void)run(m_connection, m_failure ? "rollback" : "commit");
 }
 
 }  // namespace engine

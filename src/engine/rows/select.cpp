@@ -108,6 +108,7 @@ Result<bool> Select::isOrderNeeded() const {
 
 Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
     const ReadTransaction oneState(*m_connection);
+    if (oneState.failure()) return std::unexpected(*oneState.failure());
     const auto sorted = isOrderNeeded();
     if (!sorted) return std::unexpected(sorted.error());
     if (*sorted) {
@@ -136,6 +137,7 @@ Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
 
 Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
     const ReadTransaction oneState(*m_connection);
+    if (oneState.failure()) return std::unexpected(*oneState.failure());
     const auto& [kind, fields, assignments, where, groupBy, orderBy] = statement();
     const auto lying = stretch();
     if (!lying) return std::unexpected(lying.error());
@@ -171,6 +173,7 @@ Result<long long> Select::number(Result<Prepared> rows) const {
 
 Result<long long> Select::count() const {
     const ReadTransaction oneState(*m_connection);
+    if (oneState.failure()) return std::unexpected(*oneState.failure());
     // Without a pattern the index alone may do.
     const bool readsRows = statement().where && triesPattern(*statement().where);
     const auto lying = readsRows ? stretch() : std::optional<Stretch>();
@@ -194,6 +197,7 @@ Result<long long> Select::count() const {
 
 Result<bool> Select::exists() const {
     const ReadTransaction oneState(*m_connection);
+    if (oneState.failure()) return std::unexpected(*oneState.failure());
     const auto found = number(prepared([&](SqlWriter& writer) {
         writer.write("select exists (select 1");
         writeFrom(writer);
