@@ -145,7 +145,10 @@ TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
       m_registered(std::exchange(other.m_registered, -1)) {}
 
 TemporaryFile::~TemporaryFile() {
-    if (!m_path.empty()) ::unlink(m_path.c_str());
+    if (!m_path.empty()) {
+        ::unlink(m_path.c_str());
+        ::unlink((m_path + std::string(journalEnding)).c_str());  // of a database that failed
+    }
     leave(m_registered);
     if (m_descriptor >= 0) ::close(m_descriptor);
 }

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace test {
+
+// Stands between SQLite and the system for the whole process. Counts what is asked of the disk, lets any of
+// it fail, and can keep a record of every change, from which the disk after a power cut is made.
+namespace disk {
+
+// The n-th read, write, flush, truncation, deletion, opening or lock from now on fails; with `always` every
+// later one too. 0: none fails. Counting begins anew.
+void failAt(int n, bool always = false);
+[[nodiscard]] int calls();  // since failAt
+
+struct Write {
+    std::int64_t offset;
+    std::string bytes;
+};
+struct Truncate {
+    std::int64_t size;
+};
+struct Delete {
+    bool flushed;  // with the folder
+};
+struct Flush {};
+struct Reported {
+    int step;  // what the program had told to be done by then
+};
+struct Event {
+    std::string path;
+    std::variant<Write, Truncate, Delete, Flush, Reported> what;
+};
+using Record = std::vector<Event>;
+
+void startRecord();
+void report(int step);
+[[nodiscard]] Record takeRecord();
+
+}  // namespace disk
+}  // namespace test
