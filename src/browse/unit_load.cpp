@@ -4,6 +4,7 @@
 
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
+#include "engine/unit_copy.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "platform/files.h"
@@ -90,17 +91,22 @@ void UnitLoad::removeFolders() {
 LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
     const Turn turn(m_surface, m_unit);
     const std::string copyPath = core::scratchPath(cataloguePath);
-    if (!copyPath.empty() && core::copyToScratch(cataloguePath, copyPath)) {
-        if (auto copy = engine::OpenDatabase(copyPath, engine::Use::Scratch)) {
-            // A copy that could not be cut down is only slower to read.
-            (void)copy->Execute("delete * from datos where disco<>('" + m_disco + "') ");
-            const LoadEnd end = from(*copy, FirstLevel::NoFiles);
+    if (!copyPath.empty()) {
+        TreeFiller untilStopped(m_surface, m_unit, m_disco, m_names);
+        auto copy = engine::CopyUnit(cataloguePath, copyPath, m_disco,
+                                     [&] { return !untilStopped.yieldAndTestStop(); });
+        if (copy) {
+            LoadEnd end = LoadEnd::Stopped;
+            if (*copy) {
+                // On the copy's own handle: what is deleted here cannot be deleted from the catalogue.
+                (void)(*copy)->Execute("delete * from datos where disco<>('" + m_disco + "') ");
+                end = from(**copy, FirstLevel::NoFiles);
+            }
             if (end == LoadEnd::Stopped && m_surface.estado.cargando == m_unit) return end;
-            copy->Close();
+            if (*copy) (*copy)->Close();
             (void)platform::DeleteFile(copyPath);
             return end;
         }
-        (void)platform::DeleteFile(copyPath);
     }
     auto catalogue = engine::OpenDatabase(cataloguePath, engine::Use::ReadOnly);
     return catalogue ? from(*catalogue, FirstLevel::NoFiles) : LoadEnd::Failed;

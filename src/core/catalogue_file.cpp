@@ -39,10 +39,6 @@ engine::Result<> copyCatalogue(const std::string& source, const std::string& des
     return engine::CopyUnreadable(source, destination);
 }
 
-engine::Result<> copyToScratch(const std::string& source, const std::string& scratch) {
-    return copyCatalogue(source, scratch);
-}
-
 std::string scratchPath(const std::string& cataloguePath) {
     const std::string name = cataloguePath.substr(cataloguePath.rfind('/') + 1);
     std::string scratch = replaceAll(cataloguePath, name, scratchName);

@@ -23,9 +23,6 @@ inline constexpr std::string_view compactedName = "compactada.zrq";  // in the c
 // The same, but what is no catalogue, or a damaged one, is copied byte by byte.
 [[nodiscard]] engine::Result<> copyCatalogue(const std::string& source, const std::string& destination);
 
-// The same for the working copy, whose name is the program's own.
-[[nodiscard]] engine::Result<> copyToScratch(const std::string& source, const std::string& scratch);
-
 // The working copy's path: every occurrence of the catalogue's file name in its path replaced by "temp.ejm".
 // Empty when that would be the catalogue itself (a catalogue named temp.ejm): there is no working copy then.
 [[nodiscard]] std::string scratchPath(const std::string& cataloguePath);

@@ -20,7 +20,7 @@ struct Database::Impl {
           changes(*connection, *units) {}
 };
 
-Database::Database(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
+Database::Database(std::shared_ptr<Connection> opened) : m_impl(std::make_unique<Impl>(std::move(opened))) {}
 Database::Database(Database&&) noexcept = default;
 Database& Database::operator=(Database&& other) noexcept {
     if (this != &other) {
@@ -36,8 +36,7 @@ Database::~Database() {
 Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
     auto connection = Connection::open(nativePath, use);
     if (!connection) return std::unexpected(connection.error());
-    auto impl = std::make_unique<Database::Impl>(std::move(*connection));
-    return Database(std::move(impl));
+    return Database(std::move(*connection));
 }
 
 Result<long long> Database::Execute(std::string_view sql) {

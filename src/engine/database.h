@@ -9,6 +9,8 @@
 
 namespace engine {
 
+class Connection;
+
 // What an opened file is used for.
 enum class Use {
     Catalogue,  // durable: a finished Execute, or a committed transaction, survives a crash
@@ -30,6 +32,7 @@ enum class Use {
 // Closing (or destroying) the handle ends open recordsets and rolls back an open transaction.
 class Database {
   public:
+    explicit Database(std::shared_ptr<Connection> opened);  // the engine's own way to one; others open
     Database(Database&&) noexcept;
     Database& operator=(Database&&) noexcept;
     ~Database();
@@ -56,9 +59,7 @@ class Database {
     [[nodiscard]] bool isOpen() const;
 
   private:
-    friend Result<Database> OpenDatabase(const std::string& nativePath, Use use);
     struct Impl;
-    explicit Database(std::unique_ptr<Impl> impl);
     [[nodiscard]] Result<> followReplacement();
     std::unique_ptr<Impl> m_impl;
 };

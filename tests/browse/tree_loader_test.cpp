@@ -5,7 +5,7 @@
 #include <QString>
 #include <random>
 
-#include "platform/files.h"
+#include "engine/unit_copy.h"
 #include "support/catalogue_fixture.h"
 
 namespace {
@@ -108,9 +108,11 @@ TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
     for (unsigned seed = 0; seed < 20; ++seed) {
         Disc disc(seed);
         const std::string copyPath = disc.catalogue.folder / "temp.ejm";
-        ASSERT_TRUE(platform::CopyFile(disc.catalogue.path, copyPath));
-        auto copy = engine::OpenDatabase(copyPath, engine::Use::Scratch).value();
-        ASSERT_TRUE(copy.Execute(std::string("delete * from datos where disco<>('") + disco + "') "));
+        auto copied = engine::CopyUnit(disc.catalogue.path, copyPath, disco, [] { return true; });
+        ASSERT_TRUE(copied) << copied.error().text;
+        engine::Database& copy = **copied;
+        const auto deleted = copy.Execute(std::string("delete * from datos where disco<>('") + disco + "') ");
+        EXPECT_EQ(deleted.value_or(-1), 0);
         Collected loaded;
         browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded);
 

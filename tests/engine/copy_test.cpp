@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "catalogue_fixture.h"
+#include "engine/unit_copy.h"
 #include "platform/files.h"
 
 namespace {
@@ -131,6 +132,29 @@ TEST_F(CopyTest, CopyingAFilesBytesLeavesTheLocksOfThisProcessAlone) {
     EXPECT_TRUE(db.CommitTrans());
     db.Close();
     EXPECT_TRUE(isFreeForOthers(path));
+}
+
+TEST_F(CopyTest, AUnitIsCopiedWhileOthersWriteUntilItIsStopped) {
+    ASSERT_EQ(plainly(path, "insert into datos (disco, archivo) select 'u :', archivo from datos"), "");
+    ASSERT_EQ(plainly(path, "insert into datos (disco, archivo) values ('V :', 'foreign')"), "");
+    const std::string scratch = folder / "temp.ejm";
+    int asked = 0;
+    const auto writing = [&] {
+        EXPECT_EQ(plainly(path, "insert into datos (disco, archivo) values ('U :', 'late')"), "");
+        return ++asked < 100;
+    };
+    auto whole = engine::CopyUnit(path, scratch, "U :", writing);
+    ASSERT_TRUE(whole) << whole.error().text;
+    ASSERT_TRUE(*whole);
+    EXPECT_GT(asked, 0);
+    EXPECT_EQ(count(**whole, "select * from datos"), 6000 + asked);
+    EXPECT_EQ(count(**whole, "select * from datos where archivo = ('late')"), asked);
+
+    auto stopped = engine::CopyUnit(path, scratch, "U :", [] { return false; });
+    ASSERT_TRUE(stopped) << stopped.error().text;
+    EXPECT_FALSE(*stopped);
+    EXPECT_FALSE(engine::CopyUnit(path, path, "U :", writing)) << "never over the catalogue itself";
+    EXPECT_EQ(plainly(path, "pragma integrity_check"), "ok");
 }
 
 }  // namespace
