@@ -35,6 +35,12 @@ std::optional<std::string> pathOfAddress(std::string_view argument) {
     return std::nullopt;
 }
 
+// Some associations put the quotes into the argument.
+std::string_view withoutOwnQuotes(std::string_view argument) {
+    const bool quoted = argument.size() > 2 && argument.starts_with('"') && argument.ends_with('"');
+    return quoted ? argument.substr(1, argument.size() - 2) : argument;
+}
+
 bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
@@ -44,7 +50,8 @@ bool continuesCharacter(char byte) {
 std::string commandLine(int argc, const char* const* argv) {
     if (argc < 2 || !argv[1] || !*argv[1]) return {};
     std::error_code failed;
-    const std::filesystem::path path = pathOfAddress(argv[1]).value_or(argv[1]);
+    const std::string_view argument = withoutOwnQuotes(argv[1]);
+    const std::filesystem::path path = pathOfAddress(argument).value_or(std::string(argument));
     std::filesystem::path absolute = std::filesystem::absolute(path, failed);
     if (failed) absolute = path;  // no current directory
     // Across a link, "a/.." is not always the folder that holds "a".

@@ -14,6 +14,7 @@
 
 namespace {
 
+constexpr int wrongUsage = 2;
 constexpr const char* version = "zarquelin " ZARQUELIN_VERSION "\n";
 constexpr const char* help =
     "zarquelin [CATALOGUE | FOLDER]\n"
@@ -31,6 +32,10 @@ void prepare(QApplication& application) {
 int runOnDesktop(int argc, char** argv) {
     shell::Application application(argc, argv);
     prepare(application);
+    if (argc > 2 || (argc == 2 && argv[1][0] == '-')) {  // the toolkit has taken its own options away
+        std::fputs(help, stderr);
+        return wrongUsage;
+    }
 
     std::unique_ptr<frame::MessageBoxes> messages;
     frame::DesktopDialogs dialogs;

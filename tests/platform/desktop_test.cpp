@@ -26,6 +26,7 @@ TEST(CommandLine, IsTheArgumentBetweenQuotes) {
     EXPECT_EQ(platform::commandLine(1, alone), "");
     EXPECT_EQ(lineOf(""), "");
     EXPECT_EQ(lineOf("/a b/c.zrq"), "\"/a b/c.zrq\"");
+    EXPECT_EQ(lineOf("\"/a b/c.zrq\""), "\"/a b/c.zrq\"") << "quoted once, by whomever";
     EXPECT_EQ(lineOf("c.zrq"), '"' + here + "/c.zrq\"");
     EXPECT_EQ(lineOf("./c.zrq"), '"' + here + "/c.zrq\"");
     EXPECT_EQ(lineOf("/a/../c.zrq"), "\"/a/../c.zrq\"") << "a may be a link";
