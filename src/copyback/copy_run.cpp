@@ -1,6 +1,7 @@
 #include "copyback/copy_run.h"
 
 #include <array>
+#include <optional>
 
 #include "copyback/locate.h"
 #include "core/text.h"
@@ -39,7 +40,7 @@ class CopyRun {
     [[nodiscard]] Turn treatBeside(const core::CataloguedFile& file, int position);
     [[nodiscard]] Turn treatByScan(const core::CataloguedFile& file, const Item& item, int position);
     [[nodiscard]] Turn copy(const std::string& source, std::string_view name, int position, Turn done);
-    [[nodiscard]] RunEnd strayIntoListView2(int position);
+    [[nodiscard]] std::optional<RunEnd> strayIntoListView2(int position);
     void tellFailure(int number, int position);
     void tell(Bilingual text) { m_ports.tell({std::string(text.in(m_request.idioma))}); }
 
@@ -57,7 +58,8 @@ RunEnd CopyRun::run() {
             case Turn::Next:
                 break;
             case Turn::FoundElsewhere:
-                if (!m_request.searchShown) return strayIntoListView2(position);
+                if (m_request.searchShown) break;
+                if (const auto end = strayIntoListView2(position)) return *end;
                 break;
             case Turn::Folder:
                 return RunEnd::Folder;
@@ -69,14 +71,18 @@ RunEnd CopyRun::run() {
     return RunEnd::Complete;
 }
 
-RunEnd CopyRun::strayIntoListView2(int position) {
+std::optional<RunEnd> CopyRun::strayIntoListView2(int position) {
     const ItemReader& list = m_request.listView2;
-    if (position < list.count() && list.isSelected(position)) {
-        const Turn turn = treat(list, position);
-        if (turn == Turn::Folder) return RunEnd::Folder;
-        if (turn == Turn::Failed) return RunEnd::Failed;
+    if (position >= list.count()) return RunEnd::Broken;
+    if (!list.isSelected(position)) return std::nullopt;
+    switch (treat(list, position)) {
+        case Turn::Folder:
+            return RunEnd::Folder;
+        case Turn::Failed:
+            return RunEnd::Failed;
+        default:
+            return std::nullopt;
     }
-    return RunEnd::Broken;
 }
 
 CopyRun::Turn CopyRun::treat(const ItemReader& list, int position) {

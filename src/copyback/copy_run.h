@@ -45,14 +45,15 @@ enum class RunEnd {
     Complete,  // every selected item had its turn; missing files were told one by one
     Folder,    // a folder was among them
     Failed,    // a copy failed
-    Broken,    // a walk of ListView1 strayed into ListView2, see below
+    Broken,    // a walk of ListView1 strayed to where ListView2 has no item, see below
 };
 
 // Copies the selected files to a folder, from the last item to the first. What was copied stays copied,
 // however the run ends.
 //
-// A file of ListView1 that is found in another drive than its own ends the run: the walk goes on in ListView2
-// at the same index and does not move from there, so that its item has one turn if it is selected.
+// After a file of ListView1 that is found in another drive than its own the item of ListView2 at the same
+// index has a turn, if it is selected; then the walk goes on in ListView1. Without such an item the run ends
+// there, in silence.
 RunEnd copyFiles(const CopyRequest& request, const CopyPorts& ports);
 
 }  // namespace copyback

@@ -18,6 +18,7 @@ TEST_P(CopyAction, CopiesTheSelectedFilesOfTheShownList) {
 
     const std::string target = discs.disc("tárget");
     dialogs.answers = {QString::fromStdString(target)};
+    dialogs.onChoose = [] { EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); };
     choose("Copiararchivos");
     EXPECT_EQ(dialogs.titles.back().toStdString(),
               in("Seleccione los archivos a copiar.", "Select the files to copy."));
@@ -33,6 +34,29 @@ TEST_P(CopyAction, CopiesTheSelectedFilesOfTheShownList) {
     choose("Copiararchivos");
     EXPECT_FALSE(std::filesystem::exists(target + "/it's.txt"));
     EXPECT_EQ(messages.shown.size(), 2u);
+}
+
+// What an earlier search has left selected lies at the same places.
+TEST_P(CopyAction, AMediumInAnotherDriveDoesNotEndTheRun) {
+    for (const char* name : {"a.txt", "b.txt"}) discs.write("dvd", name, name);
+    start(GetParam());
+    newCatalogue();
+    import("Docs", discs.disc("dvd"));
+    choose("buscar");
+    search("txt");
+    choose("explorar");
+    click("Docs :");
+    clickRow(surface().lists.listView1, 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+
+    qputenv("ZARQUELIN_DRIVES", ("G=" + discs.disc("dvd") + ",removable").c_str());
+    const std::string target = discs.disc("target");
+    dialogs.answers = {QString::fromStdString(target)};
+    choose("Copiararchivos");
+    EXPECT_EQ(test::readFile(target + "/a.txt") + test::readFile(target + "/b.txt"), "a.txtb.txt");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text.toStdString(),
+              in("El copiado de archivos a finalizado exitosamente.", "The copy has finished successfully."));
 }
 
 INSTANTIATE_TEST_SUITE_P(, CopyAction, testing::Values(Language::Spanish, Language::English));
