@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStandardPaths>
@@ -57,10 +58,12 @@ std::optional<int> DesktopDialogs::print(QPrinter& printer) {
     // On a machine without printers the dialog has only its file printer, which refuses to start without a
     // name.
     if (printer.outputFileName().isEmpty() && printer.printerName().isEmpty()) {
-        const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        if (!QFileInfo(folder).isDir()) folder = QDir::homePath();
         printer.setOutputFileName(QDir(folder).filePath(QStringLiteral("zarquelin.pdf")));
     }
     QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);  // it is always the whole document
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return printer.copyCount();
 }

@@ -22,6 +22,14 @@ bool printOnce(QPrinter& printer, const Document& document) {
     return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
+// Only of the chosen file was the user asked whether it may be replaced.
+QString nextCopyName(const QString& chosen, int& number) {
+    QString name;
+    do name = copyFileName(chosen, ++number);
+    while (number > 1 && QFileInfo::exists(name));
+    return name;
+}
+
 }  // namespace
 
 QString copyFileName(const QString& chosen, int copy) {
@@ -36,8 +44,9 @@ bool printCopies(QPrinter& printer, int copies, const Document& document) {
     printer.setResolution(twipsPerInch);
     printer.setFullPage(true);
     const QString chosen = printer.outputFileName();
+    int number = 0;
     for (int copy = 1; copy <= copies; ++copy) {
-        if (!chosen.isEmpty()) printer.setOutputFileName(copyFileName(chosen, copy));
+        if (!chosen.isEmpty()) printer.setOutputFileName(nextCopyName(chosen, number));
         if (!printOnce(printer, document)) return false;
     }
     return true;

@@ -1,7 +1,10 @@
 #include "print/print_action.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QPrinter>
 
+#include "frame/catalogue.h"
 #include "frame/dialogs.h"
 #include "frame/frame.h"
 #include "frame/pointer.h"
@@ -35,6 +38,8 @@ void Imprimir1(frame::Frame& frame, const lists::Lists& lists) {
     if (rows.count() == 0) return;
 
     QPrinter printer(QPrinter::HighResolution);
+    const QFileInfo catalogue(QFile::decodeName(frame.catalogue.path().c_str()));
+    printer.setDocName(QStringLiteral("Zarquelin - ") + catalogue.fileName());
     const auto copies = frame.dialogs.print(printer);
     if (!copies) return;
     const frame::Hourglass hourglass;

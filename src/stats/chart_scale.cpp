@@ -30,7 +30,9 @@ ChartScale chartScale(std::span<const std::int64_t> values) {
         high = std::max(high, value);
     }
     const std::int64_t step = roundStep(high - low);
-    return {-upTo(-low, step), upTo(high, step), step};
+    // Below a negative bar its count stands, and below that the icon.
+    const std::int64_t lowest = low < 0 ? -upTo(-low, step) - step : 0;
+    return {lowest, upTo(high, step), step};
 }
 
 // Labels that meet are pooled into one block around the mean of what they wanted. Less each one's place in

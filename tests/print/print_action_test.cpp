@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QGlyphRun>
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
+#include <QTextLayout>
 
 #include "print/list_printer.h"
 #include "support/catalogue_fixture.h"
@@ -29,6 +31,7 @@ TEST_F(Imprimir1, PrintsTheShownListOncePerCopy) {
     int asked = 0;
     dialogs.onPrint = [&](QPrinter& printer) {
         ++asked;
+        EXPECT_TRUE(printer.docName().startsWith("Zarquelin - "));
         printer.setOutputFileName(QString::fromStdString(folder / "list.pdf"));
     };
     dialogs.copies = 3;
@@ -45,6 +48,12 @@ TEST_F(Imprimir1, PrintsTheShownListOncePerCopy) {
         EXPECT_EQ(pagesOf(folder / name), 2) << name;
     EXPECT_FALSE(QFile::exists(QString::fromStdString(folder / "list (4).pdf")));
 
+    dialogs.copies = 2;
+    test::writeFile(folder / "list (2).pdf", "mine");
+    choose("Imprimir");
+    EXPECT_EQ(test::readFile(folder / "list (2).pdf"), "mine") << "nobody was asked about it";
+    EXPECT_EQ(pagesOf(folder / "list (4).pdf"), 2);
+
     choose("buscar");  // the search list lies over the other
     search("item");
     dialogs.copies = 1;
@@ -57,6 +66,16 @@ TEST_F(Imprimir1, PrintsTheShownListOncePerCopy) {
     EXPECT_EQ(pagesOf(folder / "list.pdf"), -1) << "cancelled";
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(ListPrinter, WordsCanBeFoundInAPdf) {
+    QTextLayout layout(QStringLiteral("Modified"), print::reportFont());
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    qsizetype glyphs = 0;
+    for (const QGlyphRun& run : layout.glyphRuns()) glyphs += run.glyphIndexes().size();
+    EXPECT_EQ(glyphs, 8) << "no ligature";
 }
 
 TEST(ListPrinter, WideTextsStayInTheirColumn) {

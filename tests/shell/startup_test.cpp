@@ -11,7 +11,9 @@
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QSettings>
+#include <QTimer>
 
+#include "frame/desktop_dialogs.h"
 #include "platform/settings.h"
 #include "shell/language_chooser.h"
 #include "shell/links.h"
@@ -176,15 +178,25 @@ TEST_F(Start, TheSplashComesBackAsAboutBoxAndAllWindowsEnd) {
     EXPECT_FALSE(about.isVisible() || main.isVisible());
 }
 
-TEST_F(Start, ThePrintDialogIsSpanishThroughout) {
+TEST_F(Start, ThePrintDialogIsSpanishAndOffersWhatCanBeDone) {
     shell::translateToolkit(Language::Spanish);
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", folder.path().c_str());  // which has no folder for documents
     QPrinter printer;
-    printer.setOutputFileName(QString::fromStdString(folder / "a.pdf"));
-    QPrintDialog dialog(&printer);
     QStringList texts;
-    for (const auto* label : dialog.findChildren<QLabel*>()) texts << label->text();
-    for (const auto* button : dialog.findChildren<QAbstractButton*>()) texts << button->text();
-    for (const auto* group : dialog.findChildren<QGroupBox*>()) texts << group->title();
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        for (const auto* label : dialog->findChildren<QLabel*>()) texts << label->text();
+        for (const auto* button : dialog->findChildren<QAbstractButton*>()) texts << button->text();
+        for (const auto* group : dialog->findChildren<QGroupBox*>()) texts << group->title();
+        EXPECT_FALSE(dialog->findChild<QWidget*>("from")->isVisible()) << "it prints every page";
+        dialog->reject();
+    });
+    EXPECT_EQ(frame::DesktopDialogs().print(printer), std::nullopt);
+    qputenv("HOME", home);
+    if (printer.printerName().isEmpty()) {
+        EXPECT_EQ(printer.outputFileName().toStdString(), folder / "zarquelin.pdf");
+    }
     EXPECT_GT(texts.filter(QRegularExpression("[óñáé]")).size(), 3);
     const QRegularExpression english("\\b(the|some|in|Pages|Off|binding|Printing|Advanced|Please|Copies)\\b");
     EXPECT_EQ(texts.filter(english).join('|').toStdString(), "");
