@@ -36,7 +36,7 @@ Form1::Form1(core::Language idioma, frame::Messages& messages, frame::Dialogs& d
     connectControls();
     setFontSize(8);
     m_parts->views.setFullRow(false);
-    m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"), isQuickStartOn());
+    showQuickStart();
     m_parts->showCatalogueOpen(false);
     m_parts->switching.hidePanels();
     m_parts->frame.catalogue.readLast();
@@ -64,14 +64,17 @@ void Form1::importFolder(const std::string& folder) {
 }
 
 void Form1::nuevo1() {
+    showQuickStart();
     m_parts->catalogueActions.nuevo1();
 }
 
 void Form1::abrir1() {
+    showQuickStart();
     m_parts->catalogueActions.abrir1();
 }
 
 void Form1::reciente1() {
+    showQuickStart();
     m_parts->catalogueActions.reciente1();
 }
 
@@ -286,6 +289,11 @@ void Form1::setFontSize(int points) {
 void Form1::showToolbarTexts(bool shown) {
     m_parts->views.showToolbarTexts(shown);
     layOut();
+}
+
+// The quick start saves it too, before it calls one of the entries.
+void Form1::showQuickStart() {
+    m_parts->frame.menus.setChecked(QStringLiteral("iniciomenu"), isQuickStartOn());
 }
 
 void Form1::toggleQuickStart() {

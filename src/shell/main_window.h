@@ -59,6 +59,7 @@ class Form1 : public QMainWindow, public MainEntry {
     void setFontSize(int points);
     void showToolbarTexts(bool shown);
     void toggleQuickStart();
+    void showQuickStart();
     void toggleNode();
     void renameUnit(browse::Node unit, const QString& text);
     void showProperties();

@@ -86,6 +86,7 @@ Form4::Form4(core::Language idioma, frame::Dialogs& dialogs, QWidget* parent)
     layout->addLayout(body, 1);
     layout->addWidget(buildButtons());
 
+    m_close->setFocus();
     setTabOrder(m_close, m_print);
     setTabOrder(m_print, m_tabs);
     m_tabs->setCurrentIndex(0);
@@ -237,6 +238,7 @@ void Form4::setStatistics(const Statistics& statistics, const Scope& scope) {
 
 void Form4::print() {
     QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(windowTitle().trimmed());
     const auto copies = m_dialogs.print(printer);
     if (!copies) return;
     m_scopeTitle->show();

@@ -215,6 +215,9 @@ TEST_F(Looks, ViewsFontsAndTexts) {
         EXPECT_EQ(platform::GetSetting("iniciorapido"), kept);
         EXPECT_EQ(isChecked("iniciomenu"), *kept == 's');
     }
+    platform::SaveSetting("iniciorapido", "si");  // by the quick start, which then calls an entry
+    form->abrir1();
+    EXPECT_TRUE(isChecked("iniciomenu"));
 }
 
 TEST_F(Looks, TheDividerStaysWithinItsBounds) {

@@ -119,6 +119,16 @@ TEST_F(Statistics, WithoutANodeOnlyTheTotalsOfAnEmptyTreeAreRewritten) {
     EXPECT_EQ(form->findChild<stats::Form4*>(), nullptr);
 }
 
+TEST_F(Statistics, TheTabKeyGoesFromCloseToPrint) {
+    addFiles("C:\\a", "a.txt");
+    start(Language::English, sample.path);
+    click("U :");
+    choose("graficos");
+    ASSERT_EQ(window().focusWidget()->objectName(), "Command1");
+    QTest::keyClick(window().focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window().focusWidget()->objectName(), "Command2");
+}
+
 // The colour at a point of a chart's picture tells the bar or slice that stands there.
 TEST(StatisticsWindow, ChartsPaintEachCategoryInItsColour) {
     stats::Statistics statistics;
