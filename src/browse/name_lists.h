@@ -9,8 +9,8 @@ namespace browse {
 
 // `listanivel1` to `listanivel12`: the names of all units and, for each depth, of the folders put into the
 // tree, as texts. What a node is (a unit, or a folder of which depth) is rebuilt from its name and its
-// ancestors' names alone, by pattern tests on these texts: a name that repeats at several depths may give a
-// depth too low, and a folder that bears a unit's name counts as the unit.
+// ancestors' names alone, by looking for them in these texts: a name that repeats at several depths may give
+// a depth too low, and a folder that bears a unit's name counts as the unit.
 class NameLists {
   public:
     static constexpr int deepestListed = 11;
@@ -31,7 +31,7 @@ class NameLists {
     [[nodiscard]] const std::string& listanivel(int level) const { return m_lists.at(level); }
 
   private:
-    [[nodiscard]] bool holds(int level, std::string_view pattern) const;
+    [[nodiscard]] bool holds(int level, std::string_view name) const;
 
     std::array<std::string, 13> m_lists;  // [1] to [12]
 };

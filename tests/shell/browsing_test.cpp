@@ -130,6 +130,45 @@ TEST_P(Browsing, FromANewCatalogueToTheSearchAndBack) {
     EXPECT_TRUE(messages.shown.empty());
 }
 
+// Names that read as patterns, in every place that joins them into one.
+TEST_P(Browsing, OddNamesListCountAndStepLikeAnyOther) {
+    for (const char* file : {"Music [2003]/C# #1/what?/a [1].mp3", "Music [2003]/C# #1/b.txt", "*/star.txt"})
+        discs.write("dvd", file, std::string(2048, 'x'));
+    start(GetParam());
+    newCatalogue();
+    import("Fotos", discs.disc("dvd"));
+    click("Fotos :");
+    const QString music("Fotos :\\Music [2003]"), sharp(music + "\\C# #1");
+
+    click("Fotos :\\*");
+    EXPECT_EQ(listed().back(), "star.txt") << "no unit, although the star would match one";
+    click(music);
+    EXPECT_EQ(listed(), (Names{"C# #1"}));
+    EXPECT_EQ(status(), in("  Carpetas: 1  Archivos: 2", "  Folders: 1  Files: 2"));
+    EXPECT_EQ(size(), in("Tamaño: 4 KB", "Size: 4 KB"));
+    doubleClickRow(surface().lists.listView1, 0);
+    EXPECT_EQ(listed(), (Names{"what?", "b.txt"}));
+    EXPECT_EQ(status(), in("  Carpetas: 0  Archivos: 1", "  Folders: 0  Files: 1"));
+    EXPECT_EQ(tree().selected(), node(sharp));
+    doubleClickRow(surface().lists.listView1, 0);
+    EXPECT_EQ(listed(), (Names{"a [1].mp3"}));
+    EXPECT_EQ(combo().text(), sharp + "\\what?");
+    choose("arriba");
+    EXPECT_EQ(listed(), (Names{"what?", "b.txt"}));
+    EXPECT_EQ(combo().text(), sharp);
+
+    click(sharp);
+    choose("graficos");
+    EXPECT_EQ(control("Form4").findChild<QLabel*>("Label10(4)")->text(), "2");
+    choose("buscar");
+    search("music");
+    EXPECT_EQ(listed(), (Names{"Music [2003]"}));
+    for (const Names& step : {Names{"C# #1"}, {"what?", "b.txt"}, {"a [1].mp3"}}) {
+        doubleClickRow(surface().lists.listView2, 0);
+        EXPECT_EQ(listed(), step);
+    }
+}
+
 // The tree follows to the folder that is listed, whatever the list is sorted by.
 TEST_F(Looks, SteppingIntoAFolderOfASortedList) {
     writeFotos();
