@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 #include "controls/divider.h"
 #include "controls/link_label.h"
@@ -52,6 +53,13 @@ class AccessibleButton : public ToldOnce {
         state.pressed = button().isDown() || (valued && valued->isPressed());
         state.hasPopup = menuButton() != nullptr;
         return state;
+    }
+    // A button without a name of its own is called by what is written on it.
+    [[nodiscard]] QString text(QAccessible::Text which) const override {
+        const QString told = ToldOnce::text(which);
+        if (which != QAccessible::Name || !told.isEmpty()) return told;
+        static const QRegularExpression mnemonic(QStringLiteral("&(.)"));
+        return button().text().replace(mnemonic, QStringLiteral("\\1"));
     }
     [[nodiscard]] QStringList actionNames() const override {
         QStringList names = ToldOnce::actionNames();

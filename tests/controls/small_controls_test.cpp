@@ -115,7 +115,7 @@ TEST(Filter, HoldsBackCharactersAndNothingElse) {
 }
 
 TEST(Label, IsAButtonToMouseKeyboardAndScreenReader) {
-    ClickableLabel label("Buscar");
+    ClickableLabel label("&Buscar");
     label.show();
     QSignalSpy clicks(&label, &ClickableLabel::clicked);
     QTest::mouseClick(&label, Qt::LeftButton);
