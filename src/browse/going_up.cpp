@@ -23,12 +23,13 @@ void GoingUp::volveratras() {
     if (node == noNode) return;
     const frame::Hourglass hourglass;
     m_surface.lists.listView1.clear();
-    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path())) {
-        if (m_surface.isUnit(node))
-            listUnit(*database, node);
-        else
-            listFolder(*database, node);
-    }
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
+    if (!database)
+        showFailure(m_surface, database.error());
+    else if (m_surface.isUnit(node))
+        listUnit(*database, node);
+    else
+        listFolder(*database, node);
     showPicture(m_surface);
     showKind(m_surface);
 }
@@ -40,20 +41,20 @@ void GoingUp::listUnit(engine::Database& database, Node node) {
         combo.setSelected(number);
         if (combo.itemText(number).toStdString() == names.fullPath) break;
     }
-    fillList(m_surface, database, unitListing(names.text), true);
-    showUnitTotals(m_surface, names.text, raisedUnitTotals(database, names.text));
+    if (fillList(m_surface, database, unitListing(names.text), true))
+        showUnitTotals(m_surface, names.text, raisedUnitTotals(database, names.text));
 }
 
 void GoingUp::listFolder(engine::Database& database, Node node) {
     const NodeNames names = namesOf(m_surface.treeView1.nodes(), node);
     showPathItem(m_surface, names.fullPath);
     const int level = m_surface.nombres.levelOf(names.unit(), names.text, names.ancestors);
-    if (level > 0)
-        fillList(m_surface, database,
-                 raisedFolderListing(level, names.unit(), names.chain(level), names.text));
+    const bool whole =
+        level == 0 || fillList(m_surface, database,
+                               raisedFolderListing(level, names.unit(), names.chain(level), names.text));
     // Not set from the level found: it stays one below wherever the last listing left it.
     --m_surface.estado.nivelactual;
-    cantidadytamaños(m_surface, database);
+    if (whole) cantidadytamaños(m_surface, database);
 }
 
 }  // namespace browse

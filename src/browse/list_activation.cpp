@@ -18,10 +18,13 @@ constexpr int rutaColumn = 9;
 constexpr int notesKey = 1;
 constexpr int deepestLookedUp = 10;  // a folder deeper than that lists nothing
 
-// The level of what lies in the folder that the statement finds.
-std::optional<int> levelInside(engine::Database& database, const std::string& lookup) {
+// The level of what lies in the folder that the statement finds, if it finds one that lists anything.
+engine::Result<std::optional<int>> levelInside(engine::Database& database, const std::string& lookup) {
     const auto rows = database.OpenRecordset(lookup);
-    if (!rows || rows->Eof()) return std::nullopt;
+    if (!rows) return std::unexpected(rows.error());
+    const bool none = rows->Eof();
+    if (rows->error()) return std::unexpected(*rows->error());
+    if (none) return std::nullopt;
     const std::string_view nivel = rows->Field("nivel").text();
     int level = 0;
     std::from_chars(nivel.data(), nivel.data() + nivel.size(), level);
@@ -79,14 +82,19 @@ void ListActivation::stepFromBrowsing(const Row& row) {
     showPathItem(m_surface, m_surface.imageCombo1.text().toStdString() + '\\' + m_surface.clic.nodoactual);
 
     list.clear();
-    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path())) {
-        const std::string lookup = steppedFolderLookup(row.name, row.disco, row.ruta);
-        const auto level = levelInside(*database, lookup);
-        if (level) fillList(m_surface, *database, steppedFolderListing(*level, row.disco, row.ruta));
-        cantidadytamaños(m_surface, *database);
-    }
+    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
+        listSteppedInto(*database, row);
+    else
+        showFailure(m_surface, database.error());
     showPicture(m_surface);
     showKind(m_surface);
+}
+
+void ListActivation::listSteppedInto(engine::Database& database, const Row& row) {
+    const auto level = levelInside(database, steppedFolderLookup(row.name, row.disco, row.ruta));
+    if (!level) return showFailure(m_surface, level.error());
+    if (*level && !fillList(m_surface, database, steppedFolderListing(**level, row.disco, row.ruta))) return;
+    cantidadytamaños(m_surface, database);
 }
 
 // The tree's children stand for the list's rows as they were read, whatever the list is sorted by.
@@ -109,15 +117,18 @@ void ListActivation::stepFromResults(const Row& row) {
     lists::ItemList& results = m_surface.lists.listView2;
     results.clear();
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-    if (!database) return;
+    if (!database) return showFailure(m_surface, database.error());
     const auto level = levelInside(*database, steppedResultLookup(row.name, row.disco, row.ruta));
-    if (!level) return;
+    if (!level) return showFailure(m_surface, level.error());
+    if (!*level) return;
     results.beginFill();
     const auto whole =
-        list(*database, steppedResultListing(*level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
+        list(*database, steppedResultListing(**level, row.disco, row.ruta, row.name), m_surface.frame.idioma,
              m_surface.memoria, [&](const lists::ListItem& item) { results.add(item); });
     results.endFill();
-    if (!whole) results.clear();
+    if (whole) return;
+    results.clear();
+    showFailure(m_surface, whole.error());
 }
 
 bool ListActivation::popupAllowed() const {

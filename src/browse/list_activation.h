@@ -31,6 +31,7 @@ class ListActivation {
     [[nodiscard]] bool isFolderCaption(const std::string& type) const;
     void openRow(const Row& row);
     void stepFromBrowsing(const Row& row);
+    void listSteppedInto(engine::Database& database, const Row& row);
     void stepFromResults(const Row& row);
     void selectChildNode(std::size_t number);
 

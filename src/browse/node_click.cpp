@@ -35,9 +35,11 @@ void NodeClick::click(Node node) {
     const frame::Running running(m_surface.frame);
     begin(node);
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-    if (database && m_surface.isUnit(node)) {
+    if (!database) {
+        showFailure(m_surface, database.error());
+    } else if (m_surface.isUnit(node)) {
         listUnit(*database, node);
-    } else if (database) {
+    } else {
         listFolder(*database, node);
     }
     end();
@@ -54,8 +56,9 @@ void NodeClick::pointComboAtUnit(Node node) {
     if (number > 0) combo.setSelected(number);
 }
 
-// True when the unit is still to be listed. A load that another one waits for is not cut short: units that
-// the arrow keys pass meanwhile are only listed, and the last of them is loaded after it.
+// True when the unit is still to be listed; a load that failed has said so. A load that another one waits for
+// is not cut short: units that the arrow keys pass meanwhile are only listed, and the last of them is loaded
+// after it.
 bool NodeClick::loadFirst(Node node) {
     BrowseState& estado = m_surface.estado;
     if (estado.cargando != noNode) {
@@ -86,9 +89,8 @@ void NodeClick::listUnit(engine::Database& database, Node node) {
     const bool loaded = estado.hijosnodo;
     const bool expanded = m_surface.treeView1.isExpanded(node);
     if (!loaded && !loadFirst(node)) return;
-    fillList(m_surface, database, unitListing(disco, loaded && !expanded), loaded && expanded);
-
-    showUnitTotals(m_surface, disco, clickedUnitTotals(database, disco));
+    if (fillList(m_surface, database, unitListing(disco, loaded && !expanded), loaded && expanded))
+        showUnitTotals(m_surface, disco, clickedUnitTotals(database, disco));
 }
 
 void NodeClick::listFolder(engine::Database& database, Node node) {
@@ -100,7 +102,7 @@ void NodeClick::listFolder(engine::Database& database, Node node) {
 
     if (const auto clicked = clickedListing(m_surface.nombres, names)) {
         estado.nivelactual = clicked->nivel;
-        fillList(m_surface, database, clicked->listing);
+        if (!fillList(m_surface, database, clicked->listing)) return;
     }
     cantidadytamaños(m_surface, database);
 }

@@ -31,12 +31,22 @@ constexpr ColumnSpec hiddenColumn{{"", ""}, 0};
 constexpr ColumnSpec diskColumn{{"Disco", "Disk"}, 1.0 / 5};
 constexpr ColumnSpec pathColumn{{"Ruta", "Path"}, 1.0 / 2};
 
-using Names = std::vector<std::string>;
 using Units = std::vector<core::UnitItem>;
 
-// 0 for a unit whose first row bears an unknown word.
-int pictureOf(engine::Database& database, const std::string& disco) {
-    return core::unitPicture(core::unitTipo(database, disco).value_or(std::string()));
+// Hands over each unit and its picture, which is 0 where its first row bears an unknown word. A unit that
+// cannot be read is left out; the result is why.
+template <class Take>
+engine::Result<> eachUnit(engine::Database& database, Take take) {
+    const auto names = core::unitNames(database);
+    if (!names) return std::unexpected(names.error());
+    engine::Result<> whole;
+    for (const std::string& disco : *names) {
+        if (const auto tipo = core::unitTipo(database, disco))
+            take(disco, core::unitPicture(*tipo));
+        else
+            whole = std::unexpected(tipo.error());
+    }
+    return whole;
 }
 
 enum class Whereabouts { Hidden, Shown };
@@ -73,14 +83,24 @@ void Opening::inicio() {
     frame::yieldToQueue();
 
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-    if (database) {
-        agregarcombos(*database);
-        m_surface.contadores = core::countAll(*database).value_or(core::Counters{});
-    } else {
-        m_surface.imageCombo1.clear();
+    m_surface.imageCombo1.clear();
+    const auto listed = database ? agregarcombos(*database) : std::unexpected(database.error());
+    if (!database) {
         m_surface.estado.indicecombo = 0;
         m_events.unitsListed({});
     }
+    m_surface.contadores = {};
+    if (listed)
+        count(*database);
+    else
+        showFailure(m_surface, listed.error());
+}
+
+// What could not be counted is not shown as nothing.
+void Opening::count(engine::Database& database) {
+    const auto counted = core::countAll(database);
+    if (!counted) return showFailure(m_surface, counted.error());
+    m_surface.contadores = *counted;
     writeCounters();
 }
 
@@ -103,27 +123,31 @@ void Opening::addUnit(const core::UnitItem& unit) {
     m_events.unitAdded(unit);
 }
 
-void Opening::agregarcombos(engine::Database& database) {
-    m_surface.imageCombo1.clear();
+engine::Result<> Opening::agregarcombos(engine::Database& database) {
     Units units;
-    for (const std::string& disco : core::unitNames(database).value_or(Names{})) {
+    const auto whole = eachUnit(database, [&](const std::string& disco, int picture) {
         m_surface.nombres.addUnit(disco);
         // A unit whose first row bears an unknown word has no node and no items.
-        if (const int picture = pictureOf(database, disco)) showUnit(units.emplace_back(disco, picture));
+        if (picture != 0) showUnit(units.emplace_back(disco, picture));
         m_surface.frame.status.setText(std::string(loadingUnit.in(m_surface.frame.idioma)) + disco);
-    }
+    });
     m_events.unitsListed(units);
     m_surface.treeView1.repaintNow();
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
     if (m_surface.estado.indicecombo > 0) m_surface.imageCombo1.setSelected(1);
     frame::yieldToQueue();
+    return whole;
 }
 
 void Opening::agregarcombo3() {
     Units units;
-    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
-        for (const std::string& disco : core::unitNames(*database).value_or(Names{}))
-            if (const int picture = pictureOf(*database, disco)) units.emplace_back(disco, picture);
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
+    const auto whole = database ? eachUnit(*database,
+                                           [&](const std::string& disco, int picture) {
+                                               if (picture != 0) units.emplace_back(disco, picture);
+                                           })
+                                : std::unexpected(database.error());
+    if (!whole) return showFailure(m_surface, whole.error());
     m_events.unitsListed(units);
 }
 
@@ -136,8 +160,9 @@ void Opening::actualizar() {
     m_surface.treeView1.update();
     m_surface.lists.listView1.update();
     if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
-        m_surface.contadores = core::countAll(*database).value_or(core::Counters{});
-    writeCounters();
+        count(*database);
+    else
+        showFailure(m_surface, database.error());
     m_events.totalsCounted();
     m_surface.frame.status.hideProgress();
 }

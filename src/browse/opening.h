@@ -33,7 +33,8 @@ class Opening {
     void writeCounters();
 
   private:
-    void agregarcombos(engine::Database& database);
+    [[nodiscard]] engine::Result<> agregarcombos(engine::Database& database);
+    void count(engine::Database& database);
     void showUnit(const core::UnitItem& unit);
     void setColumns();
 

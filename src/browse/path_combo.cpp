@@ -32,8 +32,10 @@ void PathCombo::choose(int number) {
     const Node selected = m_surface.treeView1.selected();
     const bool hasChildren = selected != noNode && m_surface.treeView1.nodes().childCount(selected) > 0;
     m_surface.estado.hijosnodo = hasChildren;
-    if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path())) {
-        fillList(m_surface, *database, unitListing(m_surface.clic.nodoactual));
+    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
+    if (!database) {
+        showFailure(m_surface, database.error());
+    } else if (fillList(m_surface, *database, unitListing(m_surface.clic.nodoactual))) {
         const Node unit = unitNode(chosen);
         if (!hasChildren && unit != noNode && m_surface.treeView1.nodes().childCount(unit) == 0)
             loadUnit(*database, unit);

@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "core/failure.h"
 #include "core/kilobytes.h"
 #include "frame/menus.h"
 #include "frame/status_band.h"
@@ -20,7 +21,14 @@ void showPathItem(Surface& surface, const std::string& fullPath) {
     surface.imageCombo1.setSelected(number);
 }
 
-void fillList(Surface& surface, engine::Database& database, const Listing& listing, bool lowerCaseKeys) {
+void showFailure(Surface& surface, const engine::Error& error) {
+    surface.frame.status.setSize({});
+    const bool silent = core::isRefusedStatement(error);
+    surface.frame.status.setText(silent ? std::string_view()
+                                        : core::failureSentence(error, surface.frame.idioma));
+}
+
+bool fillList(Surface& surface, engine::Database& database, const Listing& listing, bool lowerCaseKeys) {
     lists::ItemList& shown = surface.lists.listView1;
     ++surface.estado.listados;
     shown.clear();
@@ -29,7 +37,10 @@ void fillList(Surface& surface, engine::Database& database, const Listing& listi
         database, listing, surface.frame.idioma, surface.memoria,
         [&](const lists::ListItem& item) { shown.add(item); }, lowerCaseKeys);
     shown.endFill();
-    if (!whole) shown.clear();
+    if (whole) return true;
+    shown.clear();
+    showFailure(surface, whole.error());
+    return false;
 }
 
 void cantidadytamaños(Surface& surface, engine::Database& database) {
@@ -37,17 +48,16 @@ void cantidadytamaños(Surface& surface, engine::Database& database) {
     const std::string path = surface.imageCombo1.text().toStdString();
     estado.rutaactual = path.substr(std::min(estado.largodisco, path.size()));
     const auto totals = folderTotals(database, estado.discoactual, estado.rutaactual, estado.nivelactual);
-    surface.frame.status.setSize(totals ? core::sizeCaption(totals->kilobytes, surface.frame.idioma)
-                                        : std::string());
-    surface.frame.status.setText(totals ? folderStatus(*totals, surface.frame.rotulos()) : std::string());
     showPicture(surface);
+    if (!totals) return showFailure(surface, totals.error());
+    surface.frame.status.setSize(core::sizeCaption(totals->kilobytes, surface.frame.idioma));
+    surface.frame.status.setText(folderStatus(*totals, surface.frame.rotulos()));
 }
 
 void showUnitTotals(Surface& surface, const std::string& disco, const engine::Result<Totals>& totals) {
-    surface.frame.status.setText(totals ? unitStatus(disco, *totals, surface.frame.rotulos())
-                                        : std::string());
-    surface.frame.status.setSize(totals ? core::sizeCaption(totals->kilobytes, surface.frame.idioma)
-                                        : std::string());
+    if (!totals) return showFailure(surface, totals.error());
+    surface.frame.status.setText(unitStatus(disco, *totals, surface.frame.rotulos()));
+    surface.frame.status.setSize(core::sizeCaption(totals->kilobytes, surface.frame.idioma));
 }
 
 void captionOpenNode(Surface& surface, Node node) {

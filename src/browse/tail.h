@@ -12,15 +12,20 @@ namespace browse {
 void showPathItem(Surface& surface, const std::string& fullPath);
 void dropPathItem(Surface& surface);
 
-// Empties ListView1 and fills it with a listing. Where not all of it can be read the list stays empty.
-void fillList(Surface& surface, engine::Database& database, const Listing& listing,
-              bool lowerCaseKeys = false);
+// The status band says why the catalogue could not be read, in place of what was to be shown. Of a statement
+// that the engine refuses for its words it says nothing.
+void showFailure(Surface& surface, const engine::Error& error);
+
+// Empties ListView1 and fills it with a listing. Where not all of it can be read the list stays empty, the
+// status band says why, and the result is false.
+[[nodiscard]] bool fillList(Surface& surface, engine::Database& database, const Listing& listing,
+                            bool lowerCaseKeys = false);
 
 // `cantidadytamaños`: the summary of the folder that ImageCombo1 shows, written to Label3, Text9 and
 // Picture16.
 void cantidadytamaños(Surface& surface, engine::Database& database);
 
-// Totals that could not be read leave the summary empty, here as above.
+// In place of totals that could not be read stands why, here as above.
 void showUnitTotals(Surface& surface, const std::string& disco, const engine::Result<Totals>& totals);
 
 // The tree menu's `abrirnodo` says what it would do to the node.

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "browse/tail.h"
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "engine/unit_copy.h"
@@ -77,7 +78,10 @@ LoadEnd UnitLoad::from(engine::Database& database, FirstLevel first) {
     const controls::TreeView::Filling filling(m_surface.treeView1);
     TreeFiller filler(m_surface, m_unit, m_disco, m_names);
     const LoadEnd end = loadFolders(database, m_disco, first, filler);
-    if (end == LoadEnd::Failed) removeFolders();
+    if (end == LoadEnd::Failed) {
+        removeFolders();
+        showFailure(m_surface, {engine::error::general, "the unit's folders could not be read"});
+    }
     return end;
 }
 
@@ -109,7 +113,9 @@ LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
         }
     }
     auto catalogue = engine::OpenDatabase(cataloguePath, engine::Use::ReadOnly);
-    return catalogue ? from(*catalogue, FirstLevel::NoFiles) : LoadEnd::Failed;
+    if (catalogue) return from(*catalogue, FirstLevel::NoFiles);
+    showFailure(m_surface, catalogue.error());
+    return LoadEnd::Failed;
 }
 
 }  // namespace browse

@@ -66,14 +66,18 @@ engine::Result<> storeNoteOf(engine::Database& database, const core::CatalogRow&
     return {};
 }
 
-ReadNote readNote(engine::Database& database, const NoteTarget& target, core::Language language) {
-    if (target.indicefila < 0 || target.type == core::rotulos(language).rotulocarpeta) return {};
-    if (!keyStaysInQuotes(target)) return {};
+engine::Result<ReadNote> readNote(engine::Database& database, const NoteTarget& target,
+                                  core::Language language) {
+    if (target.indicefila < 0 || target.type == core::rotulos(language).rotulocarpeta) return ReadNote{};
+    if (!keyStaysInQuotes(target)) return ReadNote{};
     const auto rows = database.OpenRecordset(selectForReading(target));
-    if (!rows || rows->Eof()) return {};
+    if (!rows) return std::unexpected(rows.error());
+    const bool none = rows->Eof();
+    if (rows->error()) return std::unexpected(*rows->error());
+    if (none) return ReadNote{};
     std::string note(rows->Field("comentario").text());
     const ReadEnd end = note.empty() ? ReadEnd::NoNote : ReadEnd::Note;
-    return {end, std::move(note)};
+    return ReadNote{end, std::move(note)};
 }
 
 engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget& target,

@@ -35,8 +35,8 @@ struct ReadNote {
 };
 
 // NoRow too for a folder, and when no row was clicked.
-[[nodiscard]] ReadNote readNote(engine::Database& database, const NoteTarget& target,
-                                core::Language language);
+[[nodiscard]] engine::Result<ReadNote> readNote(engine::Database& database, const NoteTarget& target,
+                                                core::Language language);
 
 enum class StoreEnd { Stored, NoRow };
 

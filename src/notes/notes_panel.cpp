@@ -9,8 +9,10 @@
 #include "controls/named.h"
 #include "controls/qtext.h"
 #include "controls/twips.h"
+#include "core/failure.h"
 #include "frame/captions.h"
 #include "frame/catalogue.h"
+#include "frame/status_band.h"
 
 namespace notes {
 namespace {
@@ -86,11 +88,11 @@ void NotesPanel::vercomentarios() {
     m_buttons = Buttons::CloseOnly;
     layOut();
     auto database = engine::OpenDatabase(m_frame.catalogue.path());
-    if (!database) return;
     const core::Language idioma = m_frame.idioma;
-    const ReadNote read = readNote(*database, target(), idioma);
-    if (read.end == ReadEnd::NoRow) return;
-    m_Text10->setPlainText(controls::qtext(read.end == ReadEnd::Note ? read.note : noNote.in(idioma)));
+    const auto read = database ? readNote(*database, target(), idioma) : std::unexpected(database.error());
+    if (!read) return tell(read.error());
+    if (read->end == ReadEnd::NoRow) return;
+    m_Text10->setPlainText(controls::qtext(read->end == ReadEnd::Note ? read->note : noNote.in(idioma)));
     begin(*m_Timer1);
 }
 
@@ -103,8 +105,15 @@ void NotesPanel::storeNote() {
     }();
     begin(*m_Timer2);
     if (stored && *stored == StoreEnd::Stored) showInList(text);
-    if (!stored && stored.error().number == engine::error::syntaxInExpression)
+    if (stored) return;
+    if (stored.error().number == engine::error::syntaxInExpression)
         m_frame.messages.show(controls::qtext(restricted.in(m_frame.idioma)));
+    else
+        tell(stored.error());
+}
+
+void NotesPanel::tell(const engine::Error& error) {
+    m_frame.status.setText(core::failureSentence(error, m_frame.idioma));
 }
 
 // The text as it stands: toPlainText() would turn hard blanks into ordinary ones.

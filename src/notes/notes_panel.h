@@ -42,6 +42,7 @@ class NotesPanel : public QWidget {
   private:
     void layOut();
     void storeNote();
+    void tell(const engine::Error& error);
     void showInList(const QString& note);
     [[nodiscard]] NoteTarget target() const;
     [[nodiscard]] QString noteText() const;

@@ -91,7 +91,9 @@ void MaintenanceActions::borrarunidad() {
     {
         const frame::Hourglass hourglass;
         auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-        if (!database || !core::deleteUnit(*database, m_surface.nodeText(node))) return;
+        const auto erased = database ? core::deleteUnit(*database, m_surface.nodeText(node))
+                                     : std::unexpected(database.error());
+        if (!erased) return browse::showFailure(m_surface, erased.error());
     }
     removeSelectedUnit(node);
     m_opening.actualizar();

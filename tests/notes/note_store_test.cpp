@@ -51,12 +51,12 @@ TEST_F(NoteStore, RowsThatAgreeInUnitPathAndNameShareTheirNote) {
     const NoteTarget found = file("mapa.txt", ListKind::Results);
     const std::string longNote = std::string(65536, 'x') + "\n\"línea\" ; -- *?[#] %\r\nñ";
     EXPECT_EQ(storeNote(database, found, longNote), StoreEnd::Stored);
-    EXPECT_EQ(readNote(database, found, Language::English).note, longNote);
+    EXPECT_EQ(readNote(database, found, Language::English)->note, longNote);
 
     NoteTarget unclicked = found;
     unclicked.indicefila = -1;
     EXPECT_EQ(storeNote(database, unclicked, "n"), StoreEnd::NoRow);
-    EXPECT_EQ(readNote(database, unclicked, Language::English).end, ReadEnd::NoRow);
+    EXPECT_EQ(readNote(database, unclicked, Language::English)->end, ReadEnd::NoRow);
     catalogue.add(test::fileRow("Fotos :", "E:\\Viajes", "Viajes"));
     EXPECT_EQ(storeNote(database, file("Viajes", ListKind::Results), "n"), StoreEnd::Stored);
     EXPECT_EQ(notes().front() + ' ' + notes().back(), "Viajes=null Viajes=n") << "the folder keeps its own";
@@ -70,9 +70,9 @@ TEST_F(NoteStore, FoldersAreGuardedByCaption) {
     // The second alternative takes every row of that folder.
     EXPECT_EQ(notes(), (std::vector<std::string>{"Viajes=n", "mapa.txt=n", "mapa.txt=n", "otro.txt=n"}));
 
-    EXPECT_EQ(readNote(database, folder("Files folder"), Language::English).end, ReadEnd::NoRow);
-    EXPECT_EQ(readNote(database, folder("Carpeta de archivos"), Language::Spanish).end, ReadEnd::NoRow);
-    EXPECT_EQ(readNote(database, folder("Carpeta de archivos"), Language::English).end, ReadEnd::Note);
+    EXPECT_EQ(readNote(database, folder("Files folder"), Language::English)->end, ReadEnd::NoRow);
+    EXPECT_EQ(readNote(database, folder("Carpeta de archivos"), Language::Spanish)->end, ReadEnd::NoRow);
+    EXPECT_EQ(readNote(database, folder("Carpeta de archivos"), Language::English)->end, ReadEnd::Note);
 }
 
 TEST_F(NoteStore, AnApostropheIsASyntaxErrorAndChangesNothing) {
@@ -90,7 +90,7 @@ TEST_F(NoteStore, AnApostropheIsASyntaxErrorAndChangesNothing) {
     oddPath.ruta = "E:\\Viajes') or ('1'='1";
     for (const NoteTarget& target : {file("x') or ('a'='a"), oddPath}) {
         EXPECT_FALSE(storeNote(database, target, "n"));
-        EXPECT_EQ(readNote(database, target, Language::Spanish).end, ReadEnd::NoRow);
+        EXPECT_EQ(readNote(database, target, Language::Spanish)->end, ReadEnd::NoRow);
     }
     EXPECT_EQ(notes(), before);
 }

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QMenu>
+#include <functional>
 
 #include "support/main_window.h"
 
@@ -204,10 +205,19 @@ TEST_F(Bad, FoldersAndLockedAndReadOnlyFilesDoNoHarm) {
     ASSERT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
     open(locked);
     EXPECT_EQ(roots(), Names{});
+    EXPECT_EQ(status(), "Another program is using it.");
     sqlite3_exec(other, "commit", nullptr, nullptr, nullptr);
-    sqlite3_close(other);
     open(locked);
     EXPECT_EQ(roots(), (Names{"Fotos :"}));
+    sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr);
+    for (const auto& ask : std::initializer_list<std::function<void()>>{
+             [this] { click("Fotos :"); }, [this] { choose("arriba"); }, [this] { choose("actualizar1"); }}) {
+        ask();
+        EXPECT_EQ(listed(), Names{});
+        EXPECT_EQ(status(), "Another program is using it.");
+        frame().status.setText("");
+    }
+    sqlite3_close(other);
 
     const std::string readOnly = folder / "readonly.zrq";
     fs::copy_file(good, readOnly);
