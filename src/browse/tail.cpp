@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "controls/qtext.h"
 #include "core/failure.h"
 #include "core/kilobytes.h"
 #include "frame/menus.h"
@@ -17,7 +18,7 @@ void dropPathItem(Surface& surface) {
 void showPathItem(Surface& surface, const std::string& fullPath) {
     dropPathItem(surface);
     const int number = surface.estado.indicecombo + 1;
-    surface.imageCombo1.addItem(number, QString::fromStdString(fullPath), 2);
+    surface.imageCombo1.addItem(number, controls::qtext(fullPath), 2);
     surface.imageCombo1.setSelected(number);
 }
 

@@ -1,13 +1,13 @@
 #include "cli/console.h"
 
 #include <QList>
-#include <QString>
 #include <algorithm>
 #include <cstdio>
 
 #include "cli/output.h"
 #include "cli/progress.h"
 #include "core/text.h"
+#include "platform/qtext.h"
 
 namespace cli {
 int fail(ExitStatus status, std::string_view reason) {
@@ -31,7 +31,7 @@ std::optional<engine::Database> openCatalogue(const std::string& path, engine::U
 }
 
 bool canBeTyped(std::string_view text, std::string_view allowed) {
-    const auto characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toUcs4();
+    const auto characters = platform::qtext(text).toUcs4();
     return std::ranges::all_of(characters, [allowed](char32_t c) { return core::isAllowed(c, allowed); });
 }
 

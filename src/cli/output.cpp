@@ -1,8 +1,8 @@
 #include "cli/output.h"
 
 #include <unistd.h>
-#include <QString>
 
+#include <QUtf8StringView>
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -15,13 +15,10 @@
 #include "core/text.h"
 #include "engine/text/utf8.h"
 #include "platform/files.h"
+#include "platform/qtext.h"
 
 namespace cli {
 namespace {
-
-std::string validUtf8(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdString();
-}
 
 // What a terminal, or a reader of lines, might obey: the control characters of both sets, line and paragraph
 // separators, and what turns the reading direction.
@@ -182,7 +179,7 @@ void JsonLine::key(std::string_view name) {
 void JsonLine::quoted(std::string_view value) {
     std::string mended;
     if (!QUtf8StringView(value.data(), static_cast<qsizetype>(value.size())).isValidUtf8())
-        value = mended = validUtf8(value);
+        value = mended = platform::qtext(value).toStdString();
     m_line.push_back('"');
     for (std::size_t at = 0; at < value.size();) appendEscaped(m_line, engine::nextCharacter(value, at));
     m_line.push_back('"');

@@ -4,6 +4,8 @@
 #include <QString>
 #include <algorithm>
 
+#include "platform/qtext.h"
+
 namespace core {
 namespace {
 
@@ -12,10 +14,6 @@ constexpr std::string_view acuteAccent = "´";
 
 bool isPlain(std::string_view text) {
     return std::ranges::all_of(text, [](unsigned char byte) { return byte < 0x80; });
-}
-
-QString decoded(std::string_view text) {
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
 }
 
 }  // namespace
@@ -83,7 +81,7 @@ bool like(std::string_view text, std::string_view pattern) {
 }
 
 std::string lowerCase(std::string_view text) {
-    if (!isPlain(text)) return decoded(text).toLower().toStdString();
+    if (!isPlain(text)) return platform::qtext(text).toLower().toStdString();
     std::string lower(text);
     for (char& c : lower)
         if (c >= 'A' && c <= 'Z') c = char(c - 'A' + 'a');
@@ -91,7 +89,7 @@ std::string lowerCase(std::string_view text) {
 }
 
 std::string upperCase(std::string_view text) {
-    if (!isPlain(text)) return decoded(text).toUpper().toStdString();
+    if (!isPlain(text)) return platform::qtext(text).toUpper().toStdString();
     std::string upper(text);
     for (char& c : upper)
         if (c >= 'a' && c <= 'z') c = char(c - 'a' + 'A');

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/serial_date.h"
+#include "core/text.h"
 #include "exchange/source.h"
 
 namespace exchange {
@@ -17,6 +18,12 @@ bool isDerived(const QString& key) {
     return key == QLatin1String("path") || key == QLatin1String("modified");
 }
 
+// A byte order mark at the beginning of a text, which the toolkit's reader takes away, as an escape that it
+// keeps.
+std::string withKeptMarks(const std::string& line) {
+    return core::replaceAll(line, "\"\xEF\xBB\xBF", R"("\ufeff)");
+}
+
 // Nothing when the value does not suit the column.
 std::optional<std::string> textOf(const QJsonValue& value, engine::Type type) {
     if (type == engine::Type::Text) {
@@ -26,7 +33,7 @@ std::optional<std::string> textOf(const QJsonValue& value, engine::Type type) {
     }
     if (!value.isDouble()) return std::nullopt;
     if (type == engine::Type::Real) return core::pointedDecimalText(value.toDouble());
-    constexpr double limit = 9e15;
+    constexpr double limit = 0x1p53;  // beyond it a number of JSON may be another
     const double number = value.toDouble();
     if (number != std::trunc(number) || std::abs(number) > limit) return std::nullopt;
     return std::to_string(value.toInteger());
@@ -51,8 +58,7 @@ std::expected<std::optional<core::CatalogRow>, Damage> JsonReader::next() {
 }
 
 std::expected<Fields, Damage> JsonReader::fieldsOf(const std::string& line) const {
-    const auto bytes = QByteArray::fromRawData(line.data(), static_cast<qsizetype>(line.size()));
-    const QJsonDocument document = QJsonDocument::fromJson(bytes);
+    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(withKeptMarks(line)));
     if (!document.isObject()) return m_source.damage(noObject);
     const QJsonObject object = document.object();
     Fields fields;

@@ -27,6 +27,7 @@ inline std::vector<std::string> hostileNames() {
                              "\xc2\xb4 alone",
                              "\xc3\xb1\xc3",
                              "\xed\xa0\x80",
+                             "\xef\xbb\xbf begins with a mark",
                              "\xf0\x9f\x98\x80'\x7f\"%",
                              "\xf4\x90\x80\x80",
                              "\xe2\x80\xae"
