@@ -1,8 +1,8 @@
 #include <cstdio>
 
 #include "engine/text/like_pattern.h"
-#include "fuzz_rounds.h"
 #include "like_reference.h"
+#include "support/fuzz_rounds.h"
 
 // Patterns against a plain reading of their meaning; and any bytes at all, which must only end well.
 int main(int argc, char** argv) {

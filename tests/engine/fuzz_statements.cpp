@@ -2,7 +2,7 @@
 
 #include "engine/database.h"
 #include "engine/maintenance.h"
-#include "fuzz_rounds.h"
+#include "support/fuzz_rounds.h"
 #include "support/temporary_folder.h"
 
 namespace {

@@ -1,10 +1,19 @@
+#include <QString>
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
 #include <cstdio>
+#include <optional>
+#include <vector>
 
 #include "cli/output.h"
-#include "engine/fuzz_rounds.h"
 #include "exchange/row_reader.h"
+#include "platform/qtext.h"
+#include "support/fuzz_rounds.h"
 
-// Any bytes end well, and what is read is written and read again as the same rows.
+// Any bytes end well, what is read or made up is written and read again as the same rows, and what is shown
+// commands no terminal.
 
 namespace {
 
@@ -49,21 +58,70 @@ constexpr const char* jsonPieces[] = {
     "ñ",
     R"("largo":)"};
 
-// False when damaged.
-bool readAll(std::string text, Format format, std::string& written) {
-    text += '\0';  // a file of no bytes cannot be made
-    std::FILE* file = fmemopen(text.data(), text.size() - 1 > 0 ? text.size() - 1 : 1, "rb");
+// What names and notes may hold; an apostrophe never comes as far as a row.
+constexpr const char* textPieces[] = {
+    "a", " ", ",", "\"", "\"\"",   "\r",     "\n",     "\r\n",   "\t",     "\x1b[31m", "\x7f", "\\",
+    "{", "}", "´", "ñ",  "\u0085", "\u202e", "\u2028", "\ufeff", "\uF0FF", "😀",        "=1+1", "null"};
+
+using Rows = std::vector<core::CatalogRow>;
+
+// Nothing when damaged.
+std::optional<Rows> readAll(std::string text, Format format) {
+    // A file of no bytes cannot be made.
+    std::FILE* file = text.empty() ? std::fopen("/dev/null", "rb") : fmemopen(text.data(), text.size(), "rb");
     const auto reader = exchange::makeReader(file, format);
-    written = cli::csvHeader();
-    bool whole = true;
+    std::optional<Rows> rows(std::in_place);
     for (;;) {
-        const auto row = reader->next();
-        whole = row.has_value();
+        auto row = reader->next();
+        if (!row) rows.reset();
         if (!row || !*row) break;
-        written += cli::csvRow(**row);
+        rows->push_back(std::move(**row));
     }
     std::fclose(file);
-    return whole;
+    return rows;
+}
+
+std::string written(const Rows& rows, Format format) {
+    std::string text = format == Format::Csv ? cli::csvHeader() : "";
+    for (const auto& row : rows)
+        text += format == Format::Csv ? cli::csvRow(row) : cli::jsonRow(row, platform::Drives());
+    return text;
+}
+
+core::CatalogRow hostileRow(std::mt19937& random) {
+    const auto text = [&] { return 'x' + randomText(random, textPieces, 6); };
+    core::CatalogRow row;
+    row.numero = static_cast<int>(random());
+    row.ruta = text();
+    row.carpeta = text();
+    row.nivel = std::to_string(1 + random() % 12);
+    const auto bits = std::uint64_t{random()} << 32 | random();
+    row.fecha = std::isfinite(std::bit_cast<double>(bits)) ? std::bit_cast<double>(bits) : 37'000;
+    row.tipo = "Carpeta de archivos";
+    row.disco = text() + " :";
+    if (random() % 2) {
+        row.tipo = "Archivo";
+        row.archivo = text();
+        row.largo = static_cast<std::int64_t>(bits & ((std::uint64_t{1} << 53) - 1));
+    }
+    if (random() % 2) row.comentario = text().substr(random() % 2);
+    return row;
+}
+
+bool isWrittenAndReadAgain(const Rows& rows) {
+    return std::ranges::all_of(std::array{Format::Csv, Format::Json}, [&](Format format) {
+        const auto again = readAll(written(rows, format), format);
+        return again && written(*again, Format::Csv) == written(rows, Format::Csv);
+    });
+}
+
+// Any bytes at all, as a terminal may be given them: one line, that commands nothing.
+bool isShownSafely(const std::string& bytes) {
+    const std::string shown = cli::shown(bytes);
+    const QString text = platform::qtext(shown);
+    return text.toStdString() == shown && std::ranges::none_of(text, [](QChar c) {
+               return c.category() == QChar::Other_Control || (c >= u'\u2028' && c <= u'\u202e');
+           });
 }
 
 }  // namespace
@@ -76,11 +134,16 @@ int main(int argc, char** argv) {
         std::string text =
             csv ? cli::csvHeader() + randomText(random, csvPieces, 6) : randomText(random, jsonPieces, 9);
         if (random() % 4 == 0 && !text.empty()) text[random() % text.size()] = static_cast<char>(random());
-        std::string written, again;
-        if (!readAll(text, csv ? Format::Csv : Format::Json, written)) continue;
-        ++good;
-        if (!readAll(written, Format::Csv, again) || written != again) {
+        const auto rows = readAll(text, csv ? Format::Csv : Format::Json);
+        if (rows) ++good;
+        if (rows && !isWrittenAndReadAgain(*rows)) {
             std::printf("read again as something else:\n%s\n", text.c_str());
+            return 1;
+        }
+        const Rows hostile{hostileRow(random), hostileRow(random)};
+        if (!isWrittenAndReadAgain(hostile) || !isShownSafely(text) || !isShownSafely(hostile[0].ruta)) {
+            std::printf("written or shown wrongly:\n%s%s\n", written(hostile, Format::Csv).c_str(),
+                        text.c_str());
             return 1;
         }
     }
