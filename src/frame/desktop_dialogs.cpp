@@ -1,12 +1,13 @@
 #include "frame/desktop_dialogs.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStandardPaths>
+
+#include "frame/dialog_owner.h"
 
 namespace frame {
 
@@ -32,7 +33,7 @@ QString DesktopDialogs::run(QFileDialog& dialog, QString& folder) {
 }
 
 QString DesktopDialogs::openCatalogue(const QString& title, const QString& filter) {
-    QFileDialog dialog(QApplication::activeWindow(), title, {}, toolkitFilter(filter));
+    QFileDialog dialog(dialogOwner(), title, {}, toolkitFilter(filter));
     dialog.setFileMode(QFileDialog::ExistingFile);
     return run(dialog, m_catalogueFolder);
 }
@@ -40,7 +41,7 @@ QString DesktopDialogs::openCatalogue(const QString& title, const QString& filte
 // The dialog adds the extension that was not typed before it asks whether to overwrite, so the question is
 // always about the file that will be written.
 QString DesktopDialogs::saveCatalogue(const QString& title, const QString& filter) {
-    QFileDialog dialog(QApplication::activeWindow(), title, {}, toolkitFilter(filter));
+    QFileDialog dialog(dialogOwner(), title, {}, toolkitFilter(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QStringLiteral("zrq"));
@@ -48,7 +49,7 @@ QString DesktopDialogs::saveCatalogue(const QString& title, const QString& filte
 }
 
 QString DesktopDialogs::chooseFolder(const QString& title) {
-    QFileDialog dialog(QApplication::activeWindow(), title);
+    QFileDialog dialog(dialogOwner(), title);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return run(dialog, m_chosenFolder);
@@ -62,7 +63,7 @@ std::optional<int> DesktopDialogs::print(QPrinter& printer) {
         if (!QFileInfo(folder).isDir()) folder = QDir::homePath();
         printer.setOutputFileName(QDir(folder).filePath(QStringLiteral("zarquelin.pdf")));
     }
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    QPrintDialog dialog(&printer, dialogOwner());
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);  // it is always the whole document
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return printer.copyCount();

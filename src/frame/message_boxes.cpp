@@ -1,9 +1,11 @@
 #include "frame/message_boxes.h"
 
-#include <QApplication>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
+
+#include "frame/dialog_owner.h"
 
 namespace frame {
 
@@ -28,15 +30,14 @@ QMessageBox::StandardButton run(QMessageBox& box) {
 
 void MessageBoxes::show(const QString& text, const QString& title, MessageStyle style) {
     const auto icon = style == MessageStyle::Information ? QMessageBox::Information : QMessageBox::Warning;
-    QMessageBox box(icon, title, text, QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(icon, title, text, QMessageBox::Ok, dialogOwner());
     if (m_idioma == core::Language::Spanish) box.button(QMessageBox::Ok)->setText(QStringLiteral("Aceptar"));
     run(box);
 }
 
 // Every question asks leave to delete, so the key that is hit without reading answers No.
 bool MessageBoxes::askYesNo(const QString& text, const QString& title) {
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
-                    QApplication::activeWindow());
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, dialogOwner());
     const bool spanish = m_idioma == core::Language::Spanish;
     box.button(QMessageBox::Yes)->setText(spanish ? QStringLiteral("Sí") : QStringLiteral("Yes"));
     box.button(QMessageBox::No)->setText(QStringLiteral("No"));

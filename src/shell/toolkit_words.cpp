@@ -14,7 +14,7 @@ struct Words {
     const char* spanish;
 };
 
-// What the print dialog says and the toolkit's own translation lacks.
+// What the dialogs for printing and for files say and the toolkit's own translation lacks.
 constexpr Words missing[] = {
     {"Pages", "Páginas"},
     {"Advanced", "Avanzado"},
@@ -47,6 +47,9 @@ constexpr Words missing[] = {
      "off.",
      "Las opciones «Páginas por hoja» y «Set de páginas» no pueden usarse a la vez.\nDesactive una de "
      "ellas."},
+    {"Folder", "Carpeta"},
+    {"File", "Archivo"},
+    {"Drive", "Unidad"},
     {"Authentication Needed", "Hace falta identificarse"},
     {"Authentication needed to use %1.", "Para usar %1 hace falta identificarse."},
     {"Authentication needed to use %1 on %2.", "Para usar %1 en %2 hace falta identificarse."},

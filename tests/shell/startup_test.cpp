@@ -4,8 +4,10 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileIconProvider>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMainWindow>
 #include <QMouseEvent>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -14,6 +16,7 @@
 #include <QTimer>
 
 #include "frame/desktop_dialogs.h"
+#include "frame/dialog_owner.h"
 #include "platform/settings.h"
 #include "shell/language_chooser.h"
 #include "shell/links.h"
@@ -198,8 +201,21 @@ TEST_F(Start, ThePrintDialogIsSpanishAndOffersWhatCanBeDone) {
         EXPECT_EQ(printer.outputFileName().toStdString(), folder / "zarquelin.pdf");
     }
     EXPECT_GT(texts.filter(QRegularExpression("[óñáé]")).size(), 3);
+    EXPECT_EQ(QFileIconProvider().type(QFileInfo(folder.path().c_str())), "Carpeta");
     const QRegularExpression english("\\b(the|some|in|Pages|Off|binding|Printing|Advanced|Please|Copies)\\b");
     EXPECT_EQ(texts.filter(english).join('|').toStdString(), "");
+}
+
+TEST_F(Start, ADialogNeverBelongsToAHiddenWindow) {
+    EXPECT_EQ(frame::dialogOwner(), nullptr);
+    QMainWindow main;
+    main.show();
+    QWidget quickStart;
+    quickStart.show();
+    QApplication::setActiveWindow(&quickStart);
+    EXPECT_EQ(frame::dialogOwner(), &quickStart);
+    quickStart.hide();
+    EXPECT_EQ(frame::dialogOwner(), &main);
 }
 
 TEST_F(Start, LinksOpenTheFilesBesideTheProgram) {
