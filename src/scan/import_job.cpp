@@ -82,6 +82,7 @@ void ImportJob::catalogueDirectory() {
     finish(result.counts);
     emptyFields();
     close(database);
+    m_events.walkEnds();
 }
 
 bool ImportJob::isRefused(const Refusal* refusal) {

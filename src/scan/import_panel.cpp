@@ -246,6 +246,7 @@ void ImportPanel::setDirectory(const std::string& directory) {
     m_directory = directory;
     m_Text4->setText(QFile::decodeName(QByteArray::fromStdString(m_directory)));
     m_Text3->setFocus();
+    m_Text3->selectAll();  // a name that was meant for another directory
 }
 
 }  // namespace scan

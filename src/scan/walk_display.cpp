@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QProgressBar>
 #include <algorithm>
 #include <limits>
 
@@ -41,7 +42,8 @@ class CommitBeforeHandlers : public QObject {
 
 void WalkDisplay::started(std::int64_t topLevelFolders) {
     constexpr std::int64_t most = std::numeric_limits<int>::max();
-    m_frame.status.showProgress(static_cast<int>(std::clamp<std::int64_t>(topLevelFolders, 1, most)));
+    m_topLevelFolders = static_cast<int>(std::clamp<std::int64_t>(topLevelFolders, 1, most));
+    m_frame.status.showProgress(m_topLevelFolders);
 }
 
 void WalkDisplay::status(const Counts& counts) {
@@ -52,12 +54,16 @@ void WalkDisplay::status(const Counts& counts) {
 }
 
 void WalkDisplay::topLevelDone() {
-    m_frame.status.advanceProgress();
+    m_frame.status.setProgress(++m_topLevelDone);
 }
 
 bool WalkDisplay::yield(RowSink& rows) {
     const CommitBeforeHandlers guard(rows);
     frame::yieldToQueue();
+    if (!m_stop && m_frame.status.progress().isHidden()) {  // other work has used the bar meanwhile
+        m_frame.status.showProgress(m_topLevelFolders);
+        m_frame.status.setProgress(m_topLevelDone);
+    }
     return m_stop;
 }
 

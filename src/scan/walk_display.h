@@ -22,6 +22,8 @@ class WalkDisplay : public WalkObserver {
   private:
     frame::Frame& m_frame;
     const bool& m_stop;
+    int m_topLevelFolders = 1;
+    int m_topLevelDone = 0;
     std::chrono::steady_clock::time_point m_nextShow{};
 };
 

@@ -124,6 +124,7 @@ scan::ImportEvents MainWindowParts::importEvents() {
                     opening.addUnit(unit);
                     switching.explorar1();
                 },
+            .walkEnds = [this] { switching.pressWhatIsSeen(); },
             .stopped = [this] { reopenAfterStop(); },
             .ended = [this] { opening.actualizar(); }};
 }

@@ -48,6 +48,13 @@ void Switching::showSearchPanel() {
     m_picture1.raise();
 }
 
+void Switching::pressWhatIsSeen() {
+    const auto button = m_picture1.isVisible()   ? frame::Toolbar::Search
+                        : m_picture2.isVisible() ? frame::Toolbar::Import
+                                                 : frame::Toolbar::Explore;
+    m_surface.frame.toolbar.setPressed(button, true);
+}
+
 void Switching::endScan() {
     m_picture2.abandon();
 }

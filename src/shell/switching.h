@@ -37,6 +37,7 @@ class Switching {
     void importar1();
     void importFromMenu();
     void showSearchPanel();  // without its list and the focus
+    void pressWhatIsSeen();  // the button of the panel in front, or of browsing
     void endScan();          // of this catalogue, in silence; its rows stay
     void hidePanels();       // search, import and notes panels, search list
     // After the counters were refreshed: the browse surface uncovered.

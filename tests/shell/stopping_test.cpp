@@ -1,5 +1,7 @@
 // The stop, and what else a user may do while a scan or the load of a unit gives way.
 
+#include <QProgressBar>
+
 #include "support/main_window.h"
 
 namespace {
@@ -200,6 +202,27 @@ TEST_P(Stopping, NothingElseIsCataloguedDuringAScan) {
     EXPECT_EQ(roots(), (Names{"Fotos :"}));
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(name.text(), "Otra") << "what was typed for the next unit stays";
+    expectIdle();
+}
+
+// Others use the bar meanwhile, and another panel may stand in front when the scan ends.
+TEST_P(Stopping, AScanShowsItsProgressAndLeavesWhatIsLookedAt) {
+    import("Fotos", discs.disc("dvd"));
+    int shown = 0;
+    whenItYields([&] {
+        click("Fotos :");  // a load has the bar, too
+        choose("buscar");
+        search("map");
+        EXPECT_TRUE(control("ProgressBar1").isHidden());
+        whenItYields([&] {
+            const auto& bar = control<QProgressBar>("ProgressBar1");
+            shown = bar.isVisible() ? bar.value() : 0;
+        });
+    });
+    import("Lenta", discs.disc("dvd"));
+    EXPECT_EQ(shown, 2) << "folders of the first level";
+    EXPECT_EQ(pressed(), (std::vector<int>{Toolbar::Search}));
+    EXPECT_EQ(listed(), (Names{"mapa.txt"}));
     expectIdle();
 }
 
