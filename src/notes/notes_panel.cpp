@@ -65,6 +65,7 @@ NotesPanel::NotesPanel(frame::Frame& frame, lists::Lists& lists, const lists::Cl
     for (QPushButton* button : {m_Command4, m_Command6}) {
         button->setText(frame::caption(button->objectName(), frame.idioma));
         button->setAccessibleName(button->text());
+        button->setAutoDefault(true);  // Enter clicks it
     }
     connect(m_Command4, &QPushButton::clicked, this, [this] { begin(*m_Timer2); });
     connect(m_Command6, &QPushButton::clicked, this, &NotesPanel::storeNote);

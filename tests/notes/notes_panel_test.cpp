@@ -70,7 +70,7 @@ TEST_P(Notes, SlidesBetweenItsStops) {
     EXPECT_EQ(text().geometry(),
               QRect(0, close().height(), panel().width(), pixels(1580) - close().height()));
 
-    close().click();
+    QTest::keyClick(&close(), Qt::Key_Return);
     EXPECT_EQ(tickToTheEnd(), 17);
     EXPECT_EQ(panel().topInTwips(), -400);
     EXPECT_EQ(list().geometry(), uncovered);
