@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/language.h"
+#include "scan/left_out.h"
 #include "scan/walk_observer.h"
 
 namespace cli {
@@ -19,21 +20,19 @@ class ScanProgress : public scan::WalkObserver {
     void status(const scan::Counts& counts) override;
     void topLevelDone() override {}
     [[nodiscard]] bool yield(scan::RowSink&) override;  // runs nothing, so it commits nothing
-    void gap(scan::Gap gap, std::string_view drivePath) override;
+    void gap(scan::Gap gap, std::string_view drivePath) override { m_leftOut.add(gap, drivePath); }
     void finish(const scan::Counts& counts);
 
     // One line on the standard error for all that the walk left out, if anything.
     void tellLeftOut() const;
     // The folders that could not be read, in drive form.
-    [[nodiscard]] const std::vector<std::string>& unread() const { return m_unread; }
+    [[nodiscard]] const std::vector<std::string>& unread() const { return m_leftOut.unread(); }
 
   private:
     core::Language m_language;
     bool m_onTerminal;
     std::chrono::steady_clock::time_point m_nextShow{};
-    std::vector<std::string> m_unread;
-    std::int64_t m_tooDeep = 0;
-    std::int64_t m_withoutFacts = 0;
+    scan::LeftOut m_leftOut;
 };
 
 }  // namespace cli

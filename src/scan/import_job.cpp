@@ -44,6 +44,7 @@ void ImportJob::run() {
         const frame::Running running(m_frame);
         m_running = true;
         m_parar = m_abandoned = false;
+        m_missing.clear();
         if (m_fields.directoryPane.isHidden())
             generarunidad();
         else
@@ -51,7 +52,9 @@ void ImportJob::run() {
         m_parar = true;
         m_running = false;
     }
-    if (!m_abandoned) m_events.ended();
+    if (m_abandoned) return;
+    m_events.ended();
+    if (!m_missing.empty()) m_frame.status.setText(m_frame.status.text().toStdString() + m_missing);
 }
 
 void ImportJob::catalogueDirectory() {
@@ -78,6 +81,7 @@ void ImportJob::catalogueDirectory() {
     WalkDisplay display(m_frame, m_parar);
     RowWriter rows(*database);
     const WalkResult result = Walker(rows, display, *start).run();
+    m_missing = missingText(display.leftOut(), result.writes, m_frame.idioma);
     if (result.stopped) return;  // what the stop has shown stays as it is
     finish(result.counts);
     emptyFields();
@@ -120,7 +124,10 @@ void ImportJob::generarunidad() {
     const ManualUnit unit{name.toStdString(), m_fields.Text11.text().toStdString(), kind};
     const engine::Result<const Refusal*> refusal = database ? refusalOf(unit, *database) : refusalOf(unit);
     if (!refusal || isRefused(*refusal) || !database) return;
-    if (!insertManualUnit(unit, m_tipo, *database)) return;
+    if (const auto inserted = insertManualUnit(unit, m_tipo, *database); !inserted) {
+        m_missing = missingText({}, {.lost = 1, .firstError = inserted.error()}, m_frame.idioma);
+        return;
+    }
 
     m_fields.Text3.setText(name + qtext(core::unitSuffix));
     const core::UnitItem made{m_fields.Text3.text().toStdString(), m_fields.ImageCombo4.itemPicture(kind)};

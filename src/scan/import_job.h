@@ -42,7 +42,8 @@ class ImportJob {
     bool m_abandoned = false;  // it has to end in silence
     QString m_name;            // Text3 and Text4 as the job has left them
     QString m_shownDirectory;
-    std::string m_tipo;  // of the last hand-made unit
+    std::string m_missing;  // from the unit, told behind the totals
+    std::string m_tipo;     // of the last hand-made unit
 };
 
 }  // namespace scan

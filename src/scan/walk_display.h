@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "frame/frame.h"
+#include "scan/left_out.h"
 #include "scan/walk_observer.h"
 
 namespace scan {
@@ -17,11 +18,15 @@ class WalkDisplay : public WalkObserver {
     void started(std::int64_t topLevelFolders) override;
     void status(const Counts& counts) override;
     void topLevelDone() override;
+    void gap(Gap gap, std::string_view drivePath) override { m_leftOut.add(gap, drivePath); }
     [[nodiscard]] bool yield(RowSink& rows) override;
+
+    [[nodiscard]] const LeftOut& leftOut() const { return m_leftOut; }
 
   private:
     frame::Frame& m_frame;
     const bool& m_stop;
+    LeftOut m_leftOut;
     int m_topLevelFolders = 1;
     int m_topLevelDone = 0;
     std::chrono::steady_clock::time_point m_nextShow{};

@@ -226,6 +226,26 @@ TEST_P(Stopping, AScanShowsItsProgressAndLeavesWhatIsLookedAt) {
     expectIdle();
 }
 
+TEST_P(Stopping, WhatIsMissingFromAUnitIsTold) {
+    const std::string disc = discs.disc("dvd");
+    whenItYields([&] { whenItYields([&] { fs::remove_all(disc + "/viaje"); }); });
+    import("Fotos", disc);
+    EXPECT_EQ(status(), in("  Unidades: 1  Carpetas: 2  Archivos: 1"
+                           "  Sin catalogar: 1 carpeta que no se pudo leer (E:\\viaje)",
+                           "  Units: 1  Folders: 2  Files: 1"
+                           "  Not catalogued: 1 folder that could not be read (E:\\viaje)"));
+    const std::string lost = in("  Filas sin guardar: 1. Otro programa lo está usando.",
+                                "  Rows not stored: 1. Another program is using it.");
+    auto other = engine::OpenDatabase(path).value();
+    engine::Transaction held(other);
+    whenItYields([&] { ASSERT_TRUE(held.begin()); });
+    import("Otra", disc);
+    EXPECT_TRUE(status().ends_with(lost)) << status();
+    addByHand("Cds", "x");
+    EXPECT_TRUE(status().ends_with(lost)) << status();
+    EXPECT_TRUE(messages.shown.empty());
+}
+
 TEST_P(Stopping, ClosingTheWindowEndsAScanAndALoad) {
     import("Fotos", discs.disc("dvd"));
     whenItYields([this] { form->close(); });

@@ -1,0 +1,48 @@
+#include "scan/left_out.h"
+
+namespace scan {
+namespace {
+
+// For one and for many.
+struct Wording {
+    core::Bilingual one, many;
+};
+constexpr Wording unreadFolders{{"1 carpeta que no se pudo leer", "1 folder that could not be read"},
+                                {"# carpetas que no se pudieron leer", "# folders that could not be read"}};
+constexpr Wording deepFolders{
+    {"lo que hay en 1 carpeta del último nivel", "what is in 1 folder at the depth limit"},
+    {"lo que hay en # carpetas del último nivel", "what is in # folders at the depth limit"}};
+constexpr Wording itemsWithoutFacts{{"la fecha y el tamaño de 1 elemento", "the date and size of 1 item"},
+                                    {"la fecha y el tamaño de # elementos", "the date and size of # items"}};
+
+std::string counted(std::int64_t number, const Wording& wording, core::Language language) {
+    if (number == 0) return {};
+    std::string text((number == 1 ? wording.one : wording.many).in(language));
+    if (const std::size_t at = text.find('#'); at != text.npos) text.replace(at, 1, std::to_string(number));
+    return text;
+}
+
+}  // namespace
+
+void LeftOut::add(Gap gap, std::string_view drivePath) {
+    if (gap == Gap::Content)
+        m_unread.emplace_back(drivePath);
+    else
+        ++(gap == Gap::Depth ? m_tooDeep : m_withoutFacts);
+}
+
+std::string LeftOut::unreadText(core::Language language) const {
+    if (m_unread.empty()) return {};
+    return counted(std::ssize(m_unread), unreadFolders, language) + " (" + m_unread.front() +
+           (m_unread.size() > 1 ? ", ...)" : ")");
+}
+
+std::string LeftOut::text(core::Language language) const {
+    std::string all;
+    for (const std::string& part : {unreadText(language), counted(m_tooDeep, deepFolders, language),
+                                    counted(m_withoutFacts, itemsWithoutFacts, language)})
+        if (!part.empty()) all.append(all.empty() ? "" : ", ").append(part);
+    return all;
+}
+
+}  // namespace scan

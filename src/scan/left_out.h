@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/language.h"
+#include "scan/walk_observer.h"
+
+namespace scan {
+
+// Remembers what a walk left out, and puts it into words.
+class LeftOut {
+  public:
+    void add(Gap gap, std::string_view drivePath);
+
+    // The folders that could not be read, in drive form.
+    [[nodiscard]] const std::vector<std::string>& unread() const { return m_unread; }
+
+    // "2 folders that could not be read (E:\a, ...)"; empty without any.
+    [[nodiscard]] std::string unreadText(core::Language language) const;
+    // That and the rest: folders at the depth limit, items that may not be looked at.
+    [[nodiscard]] std::string text(core::Language language) const;
+
+  private:
+    std::vector<std::string> m_unread;
+    std::int64_t m_tooDeep = 0;
+    std::int64_t m_withoutFacts = 0;
+};
+
+}  // namespace scan
