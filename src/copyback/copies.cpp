@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "copyback/locate.h"
+#include "core/locate.h"
 #include "core/text.h"
 #include "platform/names.h"
 
@@ -59,11 +59,11 @@ Copies::End Copies::copy(const CopyItem& item) {
 // Two names that differ in an apostrophe only have the same row twice: the second is the other spelling.
 std::optional<core::FoundFile> Copies::locateAnew(const CopyItem& item) const {
     const core::CataloguedFile file{item.row.ruta, *item.row.archivo};
-    auto found = locate(m_drives, file, item.first);
+    auto found = core::locate(m_drives, file, item.first);
     if (!found || !m_sources.contains(found->path)) return found;
     const auto other =
         item.first == core::Spelling::Stored ? core::Spelling::Restored : core::Spelling::Stored;
-    auto twin = locate(m_drives, file, other);
+    auto twin = core::locate(m_drives, file, other);
     return twin && !m_sources.contains(twin->path) ? twin : found;
 }
 
@@ -72,7 +72,7 @@ Copies::End Copies::copyFile(const CopyItem& item) {
     if (!found) return End::NoMedium;
     const auto folder = folderFor(found->base, item.folders);
     if (!folder) return End::Failed;
-    const std::string target = destinationIn(*folder, found->name);
+    const std::string target = core::destinationIn(*folder, found->name);
     if (m_sources.contains(found->path) && m_written.contains(target))
         return End::Done;  // the same row twice
     if (m_written.contains(target)) return failed(target + ": another file of this name was just copied");
@@ -88,7 +88,7 @@ Copies::End Copies::copyFile(const CopyItem& item) {
 Copies::End Copies::makeFolder(const CopyItem& item) {
     const core::CataloguedFile file{item.row.ruta, {}};
     std::vector<std::string> places{item.row.ruta};
-    if (!isOnFixedDisk(m_drives, file) && !file.letraunidad().empty())
+    if (!core::isOnFixedDisk(m_drives, file) && !file.letraunidad().empty())
         for (const platform::Drive& drive : m_drives.list())
             places.push_back(file.rutaotraunidad(drive.name()));
     std::error_code ignored;

@@ -3,7 +3,7 @@
 #include <array>
 #include <optional>
 
-#include "copyback/locate.h"
+#include "core/locate.h"
 #include "core/text.h"
 
 namespace copyback {
@@ -92,9 +92,9 @@ CopyRun::Turn CopyRun::treat(const ItemReader& list, int position) {
         return Turn::Folder;
     }
     const core::CataloguedFile file{item.ruta, item.text};
-    if (const auto found = findWhereScanned(m_drives, file))
+    if (const auto found = core::findWhereScanned(m_drives, file))
         return copy(found->path, found->name, position, Turn::Next);
-    if (isOnFixedDisk(m_drives, file)) {
+    if (core::isOnFixedDisk(m_drives, file)) {
         m_ports.tell(core::noSuchFile(item.text, m_request.idioma));
         return Turn::Next;
     }
@@ -109,7 +109,7 @@ CopyRun::Turn CopyRun::treatBeside(const core::CataloguedFile& file, int positio
 
 CopyRun::Turn CopyRun::treatByScan(const core::CataloguedFile& file, const Item& item, int position) {
     const auto found =
-        core::scanDrivesAsking([this] { return m_drives = m_ports.drives(); }, file, scanCandidates,
+        core::scanDrivesAsking([this] { return m_drives = m_ports.drives(); }, file, core::scanCandidates,
                                [&] { m_ports.tell(core::introduceUnit(item.disco, m_request.idioma)); });
     if (!found) {
         m_ports.tell(core::noSuchFile(item.text, m_request.idioma));
@@ -126,7 +126,7 @@ CopyRun::Turn CopyRun::treatByScan(const core::CataloguedFile& file, const Item&
 }
 
 CopyRun::Turn CopyRun::copy(const std::string& source, std::string_view name, int position, Turn done) {
-    const auto copied = m_ports.copy(source, destinationIn(m_request.carpetadestino, name));
+    const auto copied = m_ports.copy(source, core::destinationIn(m_request.carpetadestino, name));
     if (copied) return done;
     tellFailure(copied.error().number, position);
     return Turn::Failed;

@@ -6,7 +6,7 @@
 
 #include <cerrno>
 
-#include "copyback/locate.h"
+#include "core/locate.h"
 
 namespace mount {
 namespace {
@@ -26,7 +26,7 @@ std::expected<int, int> openForReading(const std::string& path) {
 std::expected<int, int> MediumFiles::open(const core::CataloguedFile& file) {
     const std::string key = file.ruta + '\0' + file.name;
     if (wasMissedLately(key)) return std::unexpected(ENOMEDIUM);
-    const auto found = copyback::locate(m_drives(), file, core::Spelling::Stored);
+    const auto found = core::locate(m_drives(), file, core::Spelling::Stored);
     struct stat status {};
     // Asked before it is opened: opening a file of our own would wait for ourselves.
     if (!found || ::stat(found->path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) ||

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "copyback/copy_run.h"
-#include "copyback/locate.h"
+#include "core/locate.h"
 #include "support/catalogue_fixture.h"
 #include "support/hostile_names.h"
 #include "support/mounted_discs.h"
