@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "platform/files.h"
 #include "platform/shell_open.h"
 
 namespace shell {
@@ -25,8 +24,7 @@ constexpr core::Language other(core::Language language) {
 
 }  // namespace
 
-void openLink(Link link, core::Language idioma) {
-    const std::string folder = platform::programFolder();
+void openLink(Link link, core::Language idioma, const std::string& folder) {
     for (const core::Language language : {idioma, other(idioma)}) {
         const std::string file = folder + "/" + std::string(fileOf(link).in(language));
         if (!platform::FileExists(file)) continue;
@@ -36,11 +34,11 @@ void openLink(Link link, core::Language idioma) {
 }
 
 void openFeedback(core::Language idioma) {
-    (void)platform::ShellExecute(std::string(feedbackAddress.in(idioma)), "c:\\");
+    (void)platform::ShellExecute(std::string(feedbackAddress.in(idioma)), {});
 }
 
 void openAuthorMail() {
-    (void)platform::ShellExecute(std::string(authorAddress), "c:\\");
+    (void)platform::ShellExecute(std::string(authorAddress), {});
 }
 
 }  // namespace shell

@@ -25,15 +25,19 @@ QPixmap imageOf(QWidget& window) {
 
 }  // namespace
 
+QRectF placeOnPaper(const QSizeF& window, const QSizeF& paper) {
+    const QSizeF wanted = window * twipsPerPixel;
+    const double fit = std::min({1.0, (paper.width() - 2 * margin) / wanted.width(),
+                                 (paper.height() - 2 * margin) / wanted.height()});
+    return {QPointF(margin, margin), wanted * fit};
+}
+
 bool printImage(QWidget& window, QPrinter& printer, int copies) {
     const QPixmap image = imageOf(window);
     return frame::printCopies(printer, copies, [&](QPainter& painter, QPrinter& target) {
         const QSizeF paper = target.pageLayout().fullRect(QPageLayout::Point).size() * 20;
-        const QSizeF wanted = QSizeF(window.size()) * twipsPerPixel;
-        const double fit = std::min({1.0, (paper.width() - 2 * margin) / wanted.width(),
-                                     (paper.height() - 2 * margin) / wanted.height()});
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawPixmap(QRectF(QPointF(margin, margin), wanted * fit), image, image.rect());
+        painter.drawPixmap(placeOnPaper(window.size(), paper), image, image.rect());
         return true;
     });
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <thread>
 
 #include "engine/database.h"
 #include "reliability/program.h"
@@ -190,19 +191,27 @@ TEST_F(Program, RenamesDeletesAndCompacts) {
 TEST_F(Program, SaysThatItWasInterrupted) {
     test::addRows(cat,
                   std::vector(2000, test::fileRow("Big :", "E:\\", "a name")));  // more than a pipe takes
-    const std::string pipe = work / "pipe";
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    const int reader = ::open(pipe.c_str(), O_RDWR);
-    const std::string line = "exec " ZARQUELIN_CLI " export '" + cat + "' --json > '" + pipe + "'";
-    {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        const std::string pipe = work / std::to_string(signal);
+        ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+        const int reader = ::open(pipe.c_str(), O_RDWR);
+        const std::string line = "exec " ZARQUELIN_CLI " export '" + cat + "' --json > '" + pipe + "'";
         test::Program program({"/bin/sh", "-c", line}, {.output = work / "told"});
         pollfd output{reader, POLLIN, 0};
         ASSERT_EQ(::poll(&output, 1, 60'000), 1);
-        program.send(SIGINT);
-        EXPECT_EQ(program.wait(), 130);
+        program.send(signal);
+        EXPECT_EQ(program.wait(), 128 + signal);
+        EXPECT_EQ(test::readFile(work / "told"), "zarquelin-cli: interrupted\n");
+        ::close(reader);
     }
-    ::close(reader);
-    EXPECT_EQ(test::readFile(work / "told"), "zarquelin-cli: interrupted\n");
+}
+
+TEST_F(Program, AnEmptyExportAndAFolderThatCannotBeReadHaveTheirStatus) {
+    EXPECT_EQ(statusOf({"export", cat}), 1);
+    EXPECT_EQ(run({"export", cat, "--format", "json"}).told, "");
+    fs::create_symlink("loop", work / "loop");
+    for (const char* folder : {"loop", "disc/Año/uno.txt"})
+        EXPECT_EQ(statusOf({"scan", cat, "Nada", work / folder}), 2) << folder;
 }
 
 TEST_F(Program, TellsWrongUsageByItsStatus) {

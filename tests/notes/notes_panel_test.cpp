@@ -16,7 +16,7 @@ using core::Language;
 class Notes : public test::BilingualWindow {
   protected:
     void SetUp() override {
-        discs.write("dvd", "sub/b.txt", "");
+        for (const char* name : {"sub/0.txt", "sub/a.txt"}) discs.write("dvd", name, "");
         discs.write("dvd", "a.txt", "");
         start(GetParam());
         newCatalogue();
@@ -86,9 +86,11 @@ TEST_P(Notes, SlidesAgainstEachOtherComeToAnEnd) {
     EXPECT_LT(tickToTheEnd(), 100);
     EXPECT_EQ(panel().topInTwips(), -400);
 
+    const QRect uncovered = list().geometry();
     panel().insertarcomentario();
     tickToTheEnd();
     panel().closeAtOnce();
+    EXPECT_EQ(list().geometry(), uncovered) << "no gap is left";
     EXPECT_FALSE(panel().isVisible());
     panel().insertarcomentario();
     EXPECT_EQ(panel().topInTwips(), -400);
@@ -109,6 +111,21 @@ TEST_P(Notes, ANoteIsStoredShownAndRemoved) {
     click("Docs :");
     EXPECT_EQ(list().subItem(1, 1), "") << "the sentence was not written";
     EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_P(Notes, ANoteIsNotShownOnANamesakesRow) {
+    click("Docs :\\sub");
+    clickRow(list(), 1);
+    panel().insertarcomentario();
+    tickToTheEnd();
+    text().setPlainText("of the inner one");
+    choose("arriba");
+    ASSERT_EQ(listed(), (test::Names{"sub", "a.txt"}));
+    accept().click();
+    tickToTheEnd();
+    EXPECT_EQ(list().subItem(1, 1), "");
+    click("Docs :\\sub");
+    EXPECT_EQ(list().subItem(1, 1), "of the inner one");
 }
 
 TEST_P(Notes, AnApostropheIsRefusedWithAMessage) {

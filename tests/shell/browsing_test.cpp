@@ -1,5 +1,6 @@
 // A catalogue filled, browsed, searched and looked at in every way, in the real window.
 
+#include "support/catalogue_fixture.h"
 #include "support/main_window.h"
 
 namespace {
@@ -213,6 +214,14 @@ TEST_F(Looks, ThePointerTellsWhatCanBeStopped) {
     for (const char* entry : {"abrir", "Copiararchivos"}) choose(entry);
     EXPECT_EQ(shapes, (std::vector<int>{Qt::ArrowCursor, Qt::ArrowCursor, Qt::WaitCursor}))
         << "over both choosers, and a copy that ended";
+}
+
+TEST_F(Looks, RefreshCountsWhatAnotherProgramHasAdded) {
+    const std::string path = startWithFotos();
+    test::addRows(path, {test::fileRow("Fotos :", "E:\\viaje", "c.jpg")});
+    EXPECT_EQ(status(), "  Units: 1  Folders: 4  Files: 4");
+    choose("actualizar1");
+    EXPECT_EQ(status(), "  Units: 1  Folders: 4  Files: 5");
 }
 
 TEST_F(Looks, ViewsFontsAndTexts) {

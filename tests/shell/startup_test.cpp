@@ -15,9 +15,11 @@
 #include <QSettings>
 #include <QTimer>
 
+#include "engine/database.h"
 #include "frame/desktop_dialogs.h"
 #include "frame/dialog_owner.h"
 #include "platform/settings.h"
+#include "shell/headless.h"
 #include "shell/language_chooser.h"
 #include "shell/links.h"
 #include "shell/quick_start.h"
@@ -227,6 +229,27 @@ TEST_F(Start, LinksOpenTheFilesBesideTheProgram) {
     EXPECT_TRUE(opened.targets[0].contains("/es")) << opened.targets[0];
     EXPECT_TRUE(opened.targets[1].contains("/support")) << opened.targets[1];
     EXPECT_TRUE(opened.targets[2].starts_with("mailto:"));
+
+    test::writeFile(folder / "zarquelin.url", "[InternetShortcut]\nURL=https://zarquelin.example/other\n");
+    shell::openLink(shell::Link::Website, Language::Spanish, folder.path());
+    shell::openLink(shell::Link::Support, Language::Spanish, folder.path());  // in neither language
+    ASSERT_EQ(opened.targets.size(), 4u);
+    EXPECT_TRUE(opened.targets[3].contains("/other")) << opened.targets[3];
+}
+
+TEST_F(Start, HeadlessAFolderBecomesAUnitAndAPicture) {
+    test::writeFile(folder / "disc/a.txt", "x");
+    const shell::HeadlessJob job{folder / "new.zrq", folder / "disc", folder / "window.png"};
+    for (int run = 0; run < 2; ++run) {  // the second finds the unit there
+        EXPECT_EQ(shell::runHeadless(job), 0);
+        EXPECT_GE(QImage(QString::fromStdString(job.picture)).width(), 700);
+        std::filesystem::remove(job.picture);
+        auto database = engine::OpenDatabase(job.catalogue, engine::Use::ReadOnly).value();
+        EXPECT_EQ(database.OpenRecordset("select * from datos where disco=('disc :')").value().RecordCount(),
+                  1);
+    }
+    EXPECT_EQ(shell::runHeadless({job.catalogue, {}, folder / "missing/window.png"}), 1);
+    EXPECT_EQ(shell::runHeadless({folder / "missing/new.zrq", {}, job.picture}), 1);
 }
 
 }  // namespace

@@ -52,7 +52,10 @@ TEST_P(Stopping, AStoppedScanLeavesAPartialUnit) {
 
 TEST_P(Stopping, AStoppedLoadLeavesHalfTheTreeUntilTheCatalogueIsReopened) {
     import("Fotos", discs.disc("dvd"));
-    whenItYields([this] { choose("Parar1"); });
+    whenItYields([this] {
+        EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+        choose("Parar1");
+    });
     click("Fotos :");
     EXPECT_EQ(status(), in(" Accediendo a la información...", " Acceding to the information..."));
     EXPECT_EQ(listed(), Names{});
@@ -150,6 +153,19 @@ TEST_P(Stopping, AnythingMayHappenToTheUnitDuringItsLoad) {
             EXPECT_TRUE(tree().nodes().isConsistent());
             if (isOn("cerrar")) expectIdle();
         }
+}
+
+TEST_P(Stopping, AJobThatEndsLeavesTheOtherItsStop) {
+    import("Uno", discs.disc("dvd"));
+    choose("reciente");
+    whenItYields([this] {
+        click("Uno :");
+        EXPECT_EQ(tree().nodes().childCount(node("Uno :")), 2) << "its load has ended";
+        EXPECT_TRUE(isOn("Parar1") && frame().toolbar.isEnabled(frame::Toolbar::Stop)) << "the scan goes on";
+    });
+    import("Dos", discs.disc("dvd"));
+    EXPECT_EQ(roots(), (Names{"Uno :", "Dos :"}));
+    expectIdle();
 }
 
 // The rows read so far stay, and the unit is shown once.

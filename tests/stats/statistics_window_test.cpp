@@ -7,6 +7,7 @@
 #include "stats/bar_chart_2d.h"
 #include "stats/bar_chart_3d.h"
 #include "stats/pie_chart.h"
+#include "stats/window_printing.h"
 #include "support/catalogue_fixture.h"
 #include "support/main_window.h"
 
@@ -150,6 +151,21 @@ TEST(StatisticsWindow, ChartsPaintEachCategoryInItsColour) {
     expectTwoColours(stats::PieChart{{}});
     expectTwoColours(stats::BarChart3D{{}});
     expectTwoColours(stats::BarChart2D{{}});
+}
+
+TEST(StatisticsWindow, ItsImageStaysHalfAnInchFromTheEdgesOfThePaper) {
+    EXPECT_EQ(stats::placeOnPaper({400, 300}, {11906, 16838}), QRectF(720, 720, 6000, 4500));
+    EXPECT_EQ(stats::placeOnPaper({1600, 800}, {11440, 16838}), QRectF(720, 720, 10000, 5000));
+    EXPECT_EQ(stats::placeOnPaper({800, 1600}, {11440, 11440}), QRectF(720, 720, 5000, 10000));
+}
+
+TEST_F(Statistics, MoreFilesThanAWindowCountsShowNone) {
+    addFiles("C:\\a", "a.txt", 32768);
+    start(Language::English, sample.path);
+    click("U :");
+    choose("graficos");
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(Statistics, PrintsEachCopyTurnsItsPagesAndCloses) {
