@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <cstdio>
+#include <utility>
 
 #include "controls/link_label.h"
 #include "core/catalogue_file.h"
@@ -29,13 +30,13 @@ class PrintedMessages : public frame::Messages {
     bool askYesNo(const QString&, const QString&) override { return false; }
 };
 
-// The folder chooser's answer is known; nothing else is asked.
+// The folder chooser's answer is known, and given once; nothing else is asked.
 class KnownFolder : public frame::Dialogs {
   public:
     explicit KnownFolder(QString folder) : m_folder(std::move(folder)) {}
     QString openCatalogue(const QString&, const QString&) override { return {}; }
     QString saveCatalogue(const QString&, const QString&) override { return {}; }
-    QString chooseFolder(const QString&) override { return m_folder; }
+    QString chooseFolder(const QString&) override { return std::exchange(m_folder, {}); }
     std::optional<int> print(QPrinter&) override { return std::nullopt; }
 
   private:
@@ -79,13 +80,18 @@ int runHeadless(const HeadlessJob& job) {
         }
     }
     PrintedMessages messages;
-    KnownFolder dialogs(QFile::decodeName(job.folder.c_str()));
+    const QString folder = QFile::decodeName(job.folder.c_str());
+    KnownFolder dialogs(folder);
     Form1 window(chosenLanguage(), messages, dialogs);
     window.begin(job.catalogue);
 
-    const QString name = unitName(dialogs.chooseFolder({}));
+    const QString name = unitName(folder);
     const std::string disco = name.toStdString() + std::string(core::unitSuffix);
-    if (!job.folder.empty() && !window.surface().nombres.isUnit(disco)) importFolder(window, name);
+    const auto isThere = [&] { return window.surface().nombres.isUnit(disco); };
+    if (!job.folder.empty() && !isThere()) {
+        importFolder(window, name);
+        if (!isThere()) return 1;  // the window has told why
+    }
     showUnit(window, QString::fromStdString(disco));
     frame::yieldToQueue();
     if (!window.grab().save(QFile::decodeName(job.picture.c_str()), "PNG")) {

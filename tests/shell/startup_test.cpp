@@ -238,6 +238,7 @@ TEST_F(Start, LinksOpenTheFilesBesideTheProgram) {
 }
 
 TEST_F(Start, HeadlessAFolderBecomesAUnitAndAPicture) {
+    std::filesystem::create_directory(folder / "disc");
     test::writeFile(folder / "disc/a.txt", "x");
     const shell::HeadlessJob job{folder / "new.zrq", folder / "disc", folder / "window.png"};
     for (int run = 0; run < 2; ++run) {  // the second finds the unit there
@@ -248,6 +249,7 @@ TEST_F(Start, HeadlessAFolderBecomesAUnitAndAPicture) {
         EXPECT_EQ(database.OpenRecordset("select * from datos where disco=('disc :')").value().RecordCount(),
                   1);
     }
+    EXPECT_EQ(shell::runHeadless({job.catalogue, folder / "missing", job.picture}), 1);
     EXPECT_EQ(shell::runHeadless({job.catalogue, {}, folder / "missing/window.png"}), 1);
     EXPECT_EQ(shell::runHeadless({folder / "missing/new.zrq", {}, job.picture}), 1);
 }
