@@ -25,11 +25,12 @@ std::string catalogueBytes() {
 // The rows as they lie in the table.
 std::string rowsOf(const std::string& path) {
     auto database = engine::OpenDatabase(path, engine::Use::ReadOnly).value();
-    auto rows = database.OpenRecordset("select disco, archivo from datos").value();
+    auto rows = database.OpenRecordset("select disco, archivo from datos");
+    if (!rows) return rows.error().text;
     std::string all;
-    for (; !rows.Eof(); rows.MoveNext())
-        all.append(rows.Field("disco").text()).append(rows.Field("archivo").text()).append("\n");
-    EXPECT_EQ(rows.error(), nullptr);
+    for (; !rows->Eof(); rows->MoveNext())
+        all.append(rows->Field("disco").text()).append(rows->Field("archivo").text()).append("\n");
+    EXPECT_EQ(rows->error(), nullptr);
     return all;
 }
 
