@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Outcome {
+struct Told {
     int status;
     std::string told;  // on both streams
 };
@@ -34,7 +34,7 @@ class Program : public testing::Test {
         ASSERT_EQ(run({"new", cat}).status, 0);
     }
 
-    [[nodiscard]] Outcome run(std::vector<std::string> words) const {
+    [[nodiscard]] Told run(std::vector<std::string> words) const {
         words.insert(words.begin(), ZARQUELIN_CLI);
         const int status = test::statusOf(words, {.output = work / "told"});
         return {status, test::readFile(work / "told")};
@@ -42,7 +42,7 @@ class Program : public testing::Test {
 
     // The status, and that nothing but one line of complaint comes with a failure.
     [[nodiscard]] int statusOf(const std::vector<std::string>& words) const {
-        const Outcome outcome = run(words);
+        const Told outcome = run(words);
         if (outcome.status != 0) {
             EXPECT_TRUE(outcome.told.starts_with("zarquelin-cli: ") || outcome.status == 1) << outcome.told;
             EXPECT_LE(std::ranges::count(outcome.told, '\n'), 1) << outcome.told;
@@ -56,7 +56,7 @@ class Program : public testing::Test {
 };
 
 TEST_F(Program, ScansListsAndExports) {
-    const Outcome scanned = run({"scan", cat, "Fotos", disc});
+    const Told scanned = run({"scan", cat, "Fotos", disc});
     EXPECT_EQ(scanned.status, 0);
     EXPECT_EQ(scanned.told, "");  // no progress where there is no terminal
     EXPECT_EQ(run({"add", cat, "Cds", "Pelis", "--kind", "video"}).status, 0);
@@ -83,7 +83,7 @@ TEST_F(Program, LeavesOutWhatItIsToldToAndTellsOfTheRest) {
     test::writeFile(work / "disc/.hidden", "");
     EXPECT_EQ(run({"scan", cat, "All", disc, "--lang", "en"}).told,
               "zarquelin-cli: left out: what is in 1 folder at the depth limit\n");
-    const Outcome some = run({"scan", cat, "Some", disc, "--exclude", "a*", "--exclude=1", "--no-hidden"});
+    const Told some = run({"scan", cat, "Some", disc, "--exclude", "a*", "--exclude=1", "--no-hidden"});
     EXPECT_EQ(some.status, 0);
     EXPECT_EQ(some.told, "");
     EXPECT_TRUE(
@@ -98,12 +98,12 @@ TEST_F(Program, TellsWhatAnUpdateChanges) {
     test::writeFile(work / "disc/Año/uno.txt", "");
     test::writeFile(work / "disc/\x1b[31mred\n", "");
     const std::string told = "~ Año/uno.txt\n+ \\x1b[31mred\\n\n- it´s \"odd\", \uF0FF\n";
-    const Outcome compared = run({"compare", cat, "Fotos"});
+    const Told compared = run({"compare", cat, "Fotos"});
     EXPECT_EQ(compared.status, 1);
     EXPECT_EQ(compared.told, told);
     const std::string json = run({"compare", cat, "fotos", disc, "--json"}).told;
     EXPECT_TRUE(json.starts_with(R"({"change":"changed","numero":3,"ruta":"E:\\Año",)")) << json;
-    const Outcome updated = run({"update", cat, "Fotos"});
+    const Told updated = run({"update", cat, "Fotos"});
     EXPECT_EQ(updated.status, 0);
     EXPECT_EQ(updated.told, told);
     EXPECT_EQ(statusOf({"compare", cat, "Fotos"}), 0);
@@ -122,7 +122,7 @@ TEST_F(Program, MergesCataloguesThroughAFile) {
     test::writeFile(work / "rows.csv", rows);
     EXPECT_EQ(statusOf({"import", work / "all.zrq", work / "rows.csv"}), 0);
     EXPECT_EQ(std::ranges::count(run({"export", work / "all.zrq"}).told, '\n'), 6);
-    const Outcome again = run({"import", work / "all.zrq", work / "rows.csv", "--lang", "en"});
+    const Told again = run({"import", work / "all.zrq", work / "rows.csv", "--lang", "en"});
     EXPECT_EQ(again.status, 2);
     EXPECT_TRUE(again.told.ends_with("rows.csv: line 2: there is such a unit already: Fotos :\n"))
         << again.told;

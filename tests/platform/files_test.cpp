@@ -130,7 +130,7 @@ TEST_F(Files, ExistenceAndDeletion) {
     EXPECT_EQ(numberOf(platform::DeleteFile(folder / "link")), FileError::fileNotFound);
     EXPECT_EQ(numberOf(platform::DeleteFile(folder / "no/x")), FileError::pathNotFound);
     EXPECT_EQ(numberOf(platform::DeleteFile(folder.path())), FileError::permissionDenied);
-    EXPECT_TRUE(platform::FileExists(platform::programFolder() + "/platform_files_test"));
+    EXPECT_TRUE(platform::FileExists(platform::programFolder() + "/platform_test"));
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ using Lines = std::vector<std::string>;
 using Kind = scan::RescanFailure::Kind;
 
 // Does what the test wants where the walk gives way: between the row of a folder and the look into it.
-struct Watcher : scan::WalkObserver {
+struct UpdateWatcher : scan::WalkObserver {
     std::function<bool()> onYield;
     Lines unread;
 
@@ -84,7 +84,7 @@ class Rescan : public testing::Test {
 
     test::MountedDiscs discs;
     test::CatalogueFixture catalogue;
-    Watcher watcher;
+    UpdateWatcher watcher;
     std::function<bool()> stopped = [] { return false; };
 };
 

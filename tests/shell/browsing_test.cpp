@@ -23,7 +23,7 @@ class Browsing : public test::BilingualWindow {
             EXPECT_EQ(control(pane).isVisible(), open) << pane;
     }
 };
-using Looks = test::MainWindow;
+using TheWindow = test::MainWindow;
 
 INSTANTIATE_TEST_SUITE_P(, Browsing, testing::Values(Language::Spanish, Language::English));
 
@@ -171,7 +171,7 @@ TEST_P(Browsing, OddNamesListCountAndStepLikeAnyOther) {
 }
 
 // The tree follows to the folder that is listed, whatever the list is sorted by.
-TEST_F(Looks, SteppingIntoAFolderOfASortedList) {
+TEST_F(TheWindow, SteppingIntoAFolderOfASortedList) {
     writeFotos();
     start();
     const std::string path = newCatalogue();
@@ -188,7 +188,7 @@ TEST_F(Looks, SteppingIntoAFolderOfASortedList) {
     EXPECT_EQ(tree().selected(), node("Fotos :\\viaje"));
 }
 
-TEST_F(Looks, ThePointerTellsWhatCanBeStopped) {
+TEST_F(TheWindow, ThePointerTellsWhatCanBeStopped) {
     writeFotos();
     start();
     std::vector<int> shapes;
@@ -216,7 +216,7 @@ TEST_F(Looks, ThePointerTellsWhatCanBeStopped) {
         << "over both choosers, and a copy that ended";
 }
 
-TEST_F(Looks, RefreshCountsWhatAnotherProgramHasAdded) {
+TEST_F(TheWindow, RefreshCountsWhatAnotherProgramHasAdded) {
     const std::string path = startWithFotos();
     test::addRows(path, {test::fileRow("Fotos :", "E:\\viaje", "c.jpg")});
     EXPECT_EQ(status(), "  Units: 1  Folders: 4  Files: 4");
@@ -224,7 +224,7 @@ TEST_F(Looks, RefreshCountsWhatAnotherProgramHasAdded) {
     EXPECT_EQ(status(), "  Units: 1  Folders: 4  Files: 5");
 }
 
-TEST_F(Looks, ViewsFontsAndTexts) {
+TEST_F(TheWindow, ViewsFontsAndTexts) {
     start();
     newCatalogue();
     using View = controls::ListView::View;
@@ -268,7 +268,7 @@ TEST_F(Looks, ViewsFontsAndTexts) {
     EXPECT_TRUE(isChecked("iniciomenu"));
 }
 
-TEST_F(Looks, TheDividerStaysWithinItsBounds) {
+TEST_F(TheWindow, TheDividerStaysWithinItsBounds) {
     start();
     newCatalogue();
     QWidget& divider = control("imgSplitter");
@@ -293,7 +293,7 @@ TEST_F(Looks, TheDividerStaysWithinItsBounds) {
     EXPECT_GT(tree().height(), 0);
 }
 
-TEST_F(Looks, EverythingByKeyboardAlone) {
+TEST_F(TheWindow, EverythingByKeyboardAlone) {
     writeFotos();
     start();
     const auto key = [&](int code, Qt::KeyboardModifiers with = {}) {

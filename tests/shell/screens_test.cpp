@@ -1,4 +1,4 @@
-// Every window on screens of several sizes: this program runs once for each, see CMakeLists.txt.
+// Every window on screens of several sizes: runs once for each, see CMakeLists.txt.
 
 #include <QScreen>
 
