@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 
+#include "controls/accessible.h"
 #include "controls/closed_combo.h"
 #include "controls/key_filter.h"
 #include "core/text.h"
