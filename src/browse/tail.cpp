@@ -5,6 +5,7 @@
 #include "controls/qtext.h"
 #include "core/failure.h"
 #include "core/kilobytes.h"
+#include "frame/catalogue.h"
 #include "frame/menus.h"
 #include "frame/status_band.h"
 
@@ -25,8 +26,9 @@ void showPathItem(Surface& surface, const std::string& fullPath) {
 void showFailure(Surface& surface, const engine::Error& error) {
     surface.frame.status.setSize({});
     const bool silent = core::isRefusedStatement(error);
-    surface.frame.status.setText(silent ? std::string_view()
-                                        : core::failureSentence(error, surface.frame.idioma));
+    const frame::Frame& frame = surface.frame;
+    surface.frame.status.setText(silent ? std::string()
+                                        : core::failureLine(frame.catalogue.path(), error, frame.idioma));
 }
 
 bool fillList(Surface& surface, engine::Database& database, const Listing& listing, bool lowerCaseKeys) {

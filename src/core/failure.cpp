@@ -1,6 +1,7 @@
 #include "core/failure.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace core {
 namespace {
@@ -32,6 +33,16 @@ constexpr Sentence sentences[] = {
 std::string_view failureSentence(const engine::Error& failed, Language idioma) {
     const auto* found = std::ranges::find(sentences, failed.number, &Sentence::number);
     return (found == std::end(sentences) ? anyOther : found->text).in(idioma);
+}
+
+std::string failureLine(const std::string& catalogue, const engine::Error& error, Language idioma) {
+    return "  " + std::filesystem::path(catalogue).filename().native() + ": " +
+           std::string(failureSentence(error, idioma));
+}
+
+std::string failureMessage(const std::string& catalogue, const engine::Error& error, Language idioma) {
+    const std::string sentence(failureSentence(error, idioma));
+    return isRefusedStatement(error) ? sentence : catalogue + '\n' + sentence;
 }
 
 bool isRefusedStatement(const engine::Error& failed) {

@@ -114,7 +114,7 @@ void NotesPanel::storeNote() {
 }
 
 void NotesPanel::tell(const engine::Error& error) {
-    m_frame.status.setText(core::failureSentence(error, m_frame.idioma));
+    m_frame.status.setText(core::failureLine(m_frame.catalogue.path(), error, m_frame.idioma));
 }
 
 // The text as it stands: toPlainText() would turn hard blanks into ordinary ones.

@@ -1,7 +1,6 @@
 #include "search/search_panel.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -226,8 +225,8 @@ void SearchPanel::fail(const engine::Error& error) {
     m_listView2.clear();
     m_counters = {};
     showCounters();
-    m_frame.messages.show(QFile::decodeName(m_frame.catalogue.path().c_str()) + u'\n' +
-                          controls::qtext(core::failureSentence(error, m_frame.idioma)));
+    m_frame.messages.show(
+        controls::qtext(core::failureMessage(m_frame.catalogue.path(), error, m_frame.idioma)));
 }
 
 void SearchPanel::showCounters() {

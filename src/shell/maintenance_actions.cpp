@@ -43,6 +43,11 @@ void MaintenanceActions::reparar() {
     (void)core::repairCatalogue(m_surface.frame.catalogue.path());
 }
 
+void MaintenanceActions::tell(const engine::Error& error) {
+    const frame::Frame& frame = m_surface.frame;
+    m_surface.frame.messages.show(qtext(core::failureMessage(frame.catalogue.path(), error, frame.idioma)));
+}
+
 bool MaintenanceActions::confirmed(const core::Bilingual& question) {
     return m_surface.frame.messages.askYesNo(qtext(question.in(m_surface.frame.idioma)));
 }
@@ -55,7 +60,7 @@ void MaintenanceActions::eliminar() {
     const auto erased =
         database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));
     if (!erased) {
-        m_surface.frame.messages.show(qtext(core::failureSentence(erased.error(), m_surface.frame.idioma)));
+        tell(erased.error());
         return;
     }
     database->Close();
@@ -146,7 +151,7 @@ bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const auto done = database ? core::renameUnit(*database, disco.toStdString(), typed)
                                : engine::Result<std::string>(std::unexpected(database.error()));
     if (!done) {
-        m_surface.frame.messages.show(qtext(core::failureSentence(done.error(), m_surface.frame.idioma)));
+        tell(done.error());
         return false;
     }
     database->Close();

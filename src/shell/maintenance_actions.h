@@ -28,6 +28,7 @@ class MaintenanceActions {
 
   private:
     [[nodiscard]] bool confirmed(const core::Bilingual& question);
+    void tell(const engine::Error& error);
     void removeSelectedUnit(browse::Node unit);
     // Roots and items of units that are no more, but for the one to keep.
     void forgetUnits(const lists::ItemStore::Units& gone, browse::Node kept = browse::noNode);
