@@ -1,12 +1,15 @@
 #include "duplicates/duplicates.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <tuple>
+#include <utility>
 
 #include "core/inserts.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
+#include "core/units.h"
 
 namespace duplicates {
 namespace {
@@ -26,6 +29,44 @@ std::string selectFiles(const Request& request) {
     return sql;
 }
 
+// What of a row decides which files agree. The views hold until the row is left.
+struct Facts {
+    std::string_view disco, archivo;
+    std::string lower;
+    std::int64_t largo = 0;
+    std::int64_t second = 0;
+};
+
+Facts factsOf(const engine::Recordset& row) {
+    Facts facts;
+    facts.disco = row.Field("disco").text();
+    facts.archivo = row.Field("archivo").text();
+    facts.lower = core::lowerCase(facts.archivo);
+    facts.largo = row.Field("largo").integer();
+    const double fecha = row.Field("fecha").number();
+    if (std::abs(fecha) < greatestSerial) facts.second = std::llround(fecha * secondsInDay);
+    return facts;
+}
+
+// Which keys were met more than once, with two bits for each of many places. It takes one of sixteen single
+// keys for a twin, but no twin for a single one.
+class Twins {
+  public:
+    explicit Twins(long long keys)
+        : m_met(std::bit_ceil(16 * static_cast<std::size_t>(keys) + 1)), m_metAgain(m_met.size()) {}
+
+    void meet(std::size_t key) {
+        const std::size_t place = key % m_met.size();
+        if (m_met[place]) m_metAgain[place] = true;
+        m_met[place] = true;
+    }
+    [[nodiscard]] bool maybeTwin(std::size_t key) const { return m_metAgain[key % m_met.size()]; }
+
+  private:
+    std::vector<bool> m_met, m_metAgain;
+};
+
+// A catalogue's files that may have a twin.
 class Files {
   public:
     explicit Files(const Request& request) : m_request(request) {}
@@ -50,11 +91,14 @@ class Files {
         std::int64_t largo = 0, waste = 0;
     };
 
-    void add(const engine::Recordset& rows);
+    template <class Use>
+    [[nodiscard]] engine::Result<> forEach(engine::Recordset& rows, Use use) const;
+    void add(const Facts& facts, std::string_view ruta);
     [[nodiscard]] std::uint32_t placeOf(std::string_view disco, std::string_view ruta);
-    [[nodiscard]] bool isAskedFor(std::string_view disco) const {
-        return m_request.discos.empty() ||
-               std::ranges::find(m_request.discos, disco) != m_request.discos.end();
+    [[nodiscard]] bool isAskedFor(const Facts& facts) const {
+        const auto& discos = m_request.discos;
+        return facts.largo >= m_request.leastKilobytes &&
+               (discos.empty() || std::ranges::find(discos, facts.disco) != discos.end());
     }
     [[nodiscard]] std::string_view name(const File& file) const {
         return std::string_view(m_text).substr(file.name, file.nameLength);
@@ -64,10 +108,12 @@ class Files {
         return std::string_view(m_text).substr(file.name + file.nameLength, file.lowerLength);
     }
     // What files are told apart by; what does not count is the same for all.
-    [[nodiscard]] auto key(const File& file) const {
-        return std::tuple(m_request.bySize ? file.largo : 0, m_request.byDate ? file.second : 0,
-                          m_request.byName ? lower(file) : std::string_view());
+    [[nodiscard]] auto key(std::int64_t largo, std::int64_t second, std::string_view lower) const {
+        return std::tuple(m_request.bySize ? largo : 0, m_request.byDate ? second : 0,
+                          m_request.byName ? lower : std::string_view());
     }
+    [[nodiscard]] auto key(const File& file) const { return key(file.largo, file.second, lower(file)); }
+    [[nodiscard]] std::size_t hash(const Facts& facts) const;
     [[nodiscard]] std::vector<Run> runs() const;
 
     const Request& m_request;
@@ -76,32 +122,54 @@ class Files {
     std::string m_text;
 };
 
+// Two passes, since most files have no twin and need not be kept: of 10,000,000 files 100 MB instead of
+// 1.2 GB.
 engine::Result<> Files::read(engine::Database& database) {
-    auto rows = database.OpenRecordset(selectFiles(m_request));
-    if (!rows) return std::unexpected(rows.error());
-    for (; !rows->Eof(); rows->MoveNext()) add(*rows);
-    if (rows->error()) return std::unexpected(*rows->error());
+    const auto total = core::totalRows(database);
+    if (!total) return std::unexpected(total.error());
+    auto first = database.OpenRecordset(selectFiles(m_request));
+    if (!first) return std::unexpected(first.error());
+    auto second = database.OpenRecordset(selectFiles(m_request));
+    if (!second) return std::unexpected(second.error());
+    (void)second->Field("archivo");  // from its first row on it holds the state that the first pass reads
+
+    Twins twins(*total);
+    if (auto read = forEach(*first, [&](const Facts& facts) { twins.meet(hash(facts)); }); !read) return read;
+    return forEach(*second, [&](const Facts& facts) {
+        if (twins.maybeTwin(hash(facts))) add(facts, second->Field("ruta").text());
+    });
+}
+
+template <class Use>
+engine::Result<> Files::forEach(engine::Recordset& rows, Use use) const {
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const Facts facts = factsOf(rows);
+        if (isAskedFor(facts)) use(facts);
+    }
+    if (rows.error()) return std::unexpected(*rows.error());
     return {};
 }
 
-void Files::add(const engine::Recordset& rows) {
-    const std::int64_t largo = rows.Field("largo").integer();
-    const std::string_view disco = rows.Field("disco").text();
-    if (largo < m_request.leastKilobytes || !isAskedFor(disco)) return;
+std::size_t Files::hash(const Facts& facts) const {
+    const auto [largo, second, lower] = key(facts.largo, facts.second, facts.lower);
+    constexpr std::size_t odd = 0x9E37'79B9'7F4A'7C15;  // spreads numbers that lie close together
+    return ((std::hash<std::string_view>()(lower) ^ static_cast<std::size_t>(largo)) * odd ^
+            static_cast<std::size_t>(second)) *
+               odd >>
+           20;
+}
 
-    const std::string_view archivo = rows.Field("archivo").text();
-    const double fecha = rows.Field("fecha").number();
+void Files::add(const Facts& facts, std::string_view ruta) {
     File& file = m_files.emplace_back();
-    file.place = placeOf(disco, rows.Field("ruta").text());
-    file.largo = largo;
-    if (std::abs(fecha) < greatestSerial) file.second = std::llround(fecha * secondsInDay);
+    file.place = placeOf(facts.disco, ruta);
+    file.largo = facts.largo;
+    file.second = facts.second;
     file.name = m_text.size();
-    file.nameLength = static_cast<std::uint32_t>(archivo.size());
-    m_text += archivo;
-    if (const std::string lower = core::lowerCase(archivo); lower != archivo) {
-        file.lowerLength = static_cast<std::uint32_t>(lower.size());
-        m_text += lower;
-    }
+    file.nameLength = static_cast<std::uint32_t>(facts.archivo.size());
+    m_text += facts.archivo;
+    if (facts.lower == facts.archivo) return;
+    file.lowerLength = static_cast<std::uint32_t>(facts.lower.size());
+    m_text += facts.lower;
 }
 
 // Files of one folder follow each other.
@@ -128,7 +196,10 @@ std::vector<Files::Run> Files::runs() const {
 }
 
 void Files::group(const std::function<void(const Group&)>& take) {
-    std::ranges::stable_sort(m_files, [this](const File& a, const File& b) { return key(a) < key(b); });
+    // Names lie in the catalogue's order, so that a stable sort with its buffer is not needed.
+    std::ranges::sort(m_files, [this](const File& a, const File& b) {
+        return std::pair(key(a), a.name) < std::pair(key(b), b.name);
+    });
     std::vector<Run> found = runs();
     std::ranges::stable_sort(found, std::greater(), &Run::waste);
     std::vector<Copy> copies;

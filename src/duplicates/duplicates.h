@@ -35,8 +35,8 @@ struct Group {
 };
 
 // Finds the files of which a catalogue has more than one and hands them over group by group, the largest
-// waste first. One pass over the rows; memory grows with the number of files, some sixty bytes and the name
-// of each.
+// waste first. Two passes over the rows; memory grows with the number of rows by four to eight bytes, and
+// with the files that have a twin by some sixty and the name of each.
 [[nodiscard]] engine::Result<> find(engine::Database& database, const Request& request,
                                     const std::function<void(const Group&)>& take);
 
