@@ -38,11 +38,12 @@ std::string bashOperands(const Command& command) {
     return all;
 }
 
-// Where a file of any sort, a folder, a catalogue or a unit is wanted.
+// Where a file of any sort, a folder, a catalogue, a unit or what is in one is wanted.
 std::string zshAction(std::string_view word) {
     if (word == "CAT") return R"(_files -g "*.zrq")";
     if (word == "DIR") return "_files -/";
-    if (word == "FILE" || word == "PATH" || word == "DEST") return "_files";
+    if (word == "FILE" || word == "DEST") return "_files";
+    if (word == "PATH") return "_zarquelin_paths";
     if (word == "UNIT") return "_zarquelin_units";
     return word.contains('|') ? "(" + words(std::string(word)) + ")" : " ";
 }
@@ -116,10 +117,13 @@ std::string fishLines() {
         const std::string seen = "__fish_seen_subcommand_from " + name;
         for (const Option& option : command.options) lines += fishOption(option, " -n '" + seen + "'");
         const auto operands = operandWords(command);
-        for (std::size_t i = 0; i < operands.size(); ++i)
-            if (operands[i].name == "UNIT")
-                lines += "complete -c zarquelin-cli -n '" + seen + "; and __zarquelin_at " +
-                         std::to_string(i) + "' -f -a '(__zarquelin_units)'\n";
+        for (std::size_t i = 0; i < operands.size(); ++i) {
+            const std::string place = (operands[i].repeats ? "_from " : "_at ") + std::to_string(i);
+            const std::string there =
+                "complete -c zarquelin-cli -n '" + seen + "; and __zarquelin" + place + "' ";
+            if (operands[i].name == "UNIT") lines += there + "-f -a '(__zarquelin_units)'\n";
+            if (operands[i].name == "PATH") lines += there + "-a '(__zarquelin_paths)'\n";
+        }
     }
     return lines;
 }

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "reliability/program.h"
+#include "support/catalogue_fixture.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -77,6 +78,31 @@ TEST_F(Help, CompletionsAreSoundForTheirShells) {
             std::string("! command -v ") + shell + " || " + shell + " -n " SHELL_FILES "/" + name;
         EXPECT_EQ(test::statusOf({"/bin/sh", "-c", check}, {}), 0) << shell;
     }
+}
+
+TEST_F(Help, BashCompletesWhatACatalogueHolds) {
+    const test::CatalogueFixture catalogue;
+    catalogue.add({test::folderRow("My disc :", "E:\\letters [2004]"),
+                   test::fileRow("My disc :", "E:\\letters [2004]", "it´s.txt"),
+                   test::fileRow("My disc :", "E:\\", "let it be.mp3")});
+    const test::TemporaryFolder folder;
+    const auto completed = [&](const std::string& line) {
+        const std::string script =
+            "_init_completion() { words=(\"${COMP_WORDS[@]}\") cword=$((${#words[@]} - 1))\n"
+            "cur=${words[cword]} prev=${words[cword - 1]}; }; _filedir() { COMPREPLY+=(a-file); }\n"
+            "compopt() { :; }; zarquelin-cli() { " ZARQUELIN_CLI " \"$@\"; }; source " SHELL_FILES
+            "/zarquelin-cli.bash\n"
+            "COMP_WORDS=(zarquelin-cli " +
+            line + "); _zarquelin_cli; printf '%s\\n' \"${COMPREPLY[@]}\"";
+        EXPECT_EQ(test::statusOf({"/bin/bash", "-c", script}, {.output = folder / "told"}), 0);
+        return test::readFile(folder / "told");
+    };
+    const std::string unit = catalogue.path + R"( '"My disc"' )";
+    EXPECT_EQ(completed("list " + catalogue.path + " '\"My'"), "My\\ disc\n");
+    EXPECT_EQ(completed("list " + unit + "'let'"), "letters\\ \\[2004\\]/\nlet\\ it\\ be.mp3\n");
+    EXPECT_EQ(completed("note " + unit + R"('letters\ \[2004\]/')"), "letters\\ \\[2004\\]/it´s.txt\n");
+    EXPECT_EQ(completed("note " + unit + "'gone'"), "a-file\n");
+    EXPECT_EQ(completed("copy " + unit + "'letters' 'let i'"), "let\\ it\\ be.mp3\na-file\n");
 }
 
 }  // namespace
