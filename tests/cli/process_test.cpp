@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include "engine/database.h"
@@ -212,6 +213,30 @@ TEST_F(Program, AnEmptyExportAndAFolderThatCannotBeReadHaveTheirStatus) {
     fs::create_symlink("loop", work / "loop");
     for (const char* folder : {"loop", "disc/Año/uno.txt"})
         EXPECT_EQ(statusOf({"scan", cat, "Nada", work / folder}), 2) << folder;
+}
+
+TEST_F(Program, TellsATerminalOfLongWork) {
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_EQ(::grantpt(terminal) | ::unlockpt(terminal), 0);
+    const std::string pipe = work / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    std::string told;
+    const auto hears = [&](const char* wanted) {
+        char bytes[256];
+        while (!told.contains(wanted)) {
+            const ssize_t length = ::read(terminal, bytes, sizeof bytes);
+            if (length <= 0) return false;
+            told.append(bytes, static_cast<std::size_t>(length));
+        }
+        return true;
+    };
+    test::Program program({ZARQUELIN_CLI, "import", cat, pipe}, {.output = ::ptsname(terminal)});
+    ASSERT_TRUE(hears("\rzarquelin-cli import: 1 s\x1b[K"));
+    std::ofstream(pipe) << run({"export", cat}).told;
+    EXPECT_EQ(program.wait(), 1);
+    EXPECT_FALSE(hears("to the end"));
+    EXPECT_TRUE(told.ends_with("\r\x1b[K")) << "the line stays";
+    ::close(terminal);
 }
 
 TEST_F(Program, TellsWrongUsageByItsStatus) {
