@@ -20,6 +20,7 @@
 #include "controls/link_label.h"
 #include "controls/pictures.h"
 #include "frame/menus.h"
+#include "search/search_panel.h"
 #include "shell/main_window.h"
 
 namespace {
@@ -77,11 +78,16 @@ int scan(shell::Form1& window, const char* name) {
     return 0;
 }
 
-int search(shell::Form1& window, const char* text) {
+int searchFor(shell::Form1& window, const char* text) {
     window.surface().frame.menus.action(QStringLiteral("buscar"))->trigger();
     control<QComboBox>(window, "Combo2").setEditText(QString::fromUtf8(text));
-    for (const char* name : {"search", "again", "third"})
-        timed(window, name, [&] { control<QPushButton>(window, "Label5").click(); });
+    const auto click = [&] { control<QPushButton>(window, "Label5").click(); };
+    timed(window, "search", click);
+    const auto& panel = control<search::SearchPanel>(window, "Picture1");
+    timed(window, "idle", [&] {
+        while (panel.isFillingMemory()) QCoreApplication::processEvents();
+    });
+    for (const char* name : {"again", "third"}) timed(window, name, click);
     std::printf("rows %d\n", window.surface().lists.listView2.count());
     return 0;
 }
@@ -130,6 +136,6 @@ int main(int argc, char** argv) {
     shell::Form1 window(core::Language::English, messages, dialogs);
     open(window, argv[2]);
     if (scans) return scan(window, argv[3]);
-    if (std::strcmp(argv[1], "search") == 0) return search(window, argv[3]);
+    if (std::strcmp(argv[1], "search") == 0) return searchFor(window, argv[3]);
     return asksForMore ? click(window, argv[3]) : 0;
 }

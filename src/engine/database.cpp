@@ -12,6 +12,7 @@ struct Database::Impl {
     std::shared_ptr<UnitList> units;
     StatementReader reader;
     PathLookup paths;
+    std::shared_ptr<KnownNames> names;
     Changes changes;
 
     explicit Impl(std::shared_ptr<Connection> opened)
@@ -55,7 +56,8 @@ Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     auto statement = m_impl->reader.read(sql);
     if (!statement) return std::unexpected(statement.error());
     if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(sql));
-    Select select(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()));
+    Select select(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()),
+                  m_impl->names);
     auto known = m_impl->paths.rows(select);
     if (!known) return std::unexpected(known.error());
     auto opened = std::make_unique<Recordset::Impl>(std::move(select), std::move(*known));
@@ -97,6 +99,17 @@ void Database::KeepChangesInMemory() {
     if (isOpen()) (void)m_impl->connection->run("pragma cache_spill = off");
 }
 
+void Database::SearchWith(SearchMemory& memory) {
+    if (!isOpen()) return;
+    m_impl->names = memory.m_names;
+    m_impl->names->beginSearch();
+}
+
+bool Database::FillMemory() {
+    constexpr long long rowsInAShare = 20'000;
+    return isOpen() && m_impl->names && m_impl->names->readOn(*m_impl->connection, rowsInAShare);
+}
+
 Result<long long> Database::Version() {
     if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
     return m_impl->connection->version();
@@ -108,6 +121,12 @@ void Database::Close() {
 
 bool Database::isOpen() const {
     return m_impl && m_impl->connection->isOpen();
+}
+
+SearchMemory::SearchMemory() : m_names(std::make_shared<KnownNames>()) {}
+SearchMemory::~SearchMemory() = default;
+void SearchMemory::clear() {
+    m_names->drop();
 }
 
 Transaction::Transaction(Database& database) : m_database(database) {}

@@ -6,6 +6,7 @@
 
 #include "engine/error.h"
 #include "engine/recordset.h"
+#include "engine/search_memory.h"
 
 namespace engine {
 
@@ -51,6 +52,13 @@ class Database {
     // From here on the changes of a transaction stay in memory until it is committed, and shut other readers
     // out for as long as the commit takes; otherwise many changes shut them out from early on.
     void KeepChangesInMemory();
+
+    // From here on the handle is one search that this memory may answer, and fills.
+    void SearchWith(SearchMemory& memory);
+
+    // Reads a share of the names of a catalogue in which something was searched for, so that the next search
+    // need not. True when more are left to read. A change of the file ends it.
+    [[nodiscard]] bool FillMemory();
 
     // Changes whenever rows may have changed since the last call, through this handle or another one.
     [[nodiscard]] Result<long long> Version();

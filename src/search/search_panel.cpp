@@ -82,6 +82,7 @@ SearchPanel::SearchPanel(const frame::Frame& frame, lists::ItemList& listView2, 
     setAccessibleName(frame::caption(u"Label1", frame.idioma));
     m_label5->setAccessibleName(m_label5->text());
     setAutoFillBackground(true);  // it lies over the tree
+    connect(&m_idle, &QTimer::timeout, this, &SearchPanel::fillMemory);
     setUnits({});
     hide();
 }
@@ -142,6 +143,8 @@ void SearchPanel::fillTypes() {
 }
 
 void SearchPanel::setUnits(std::span<const core::UnitItem> units) {
+    m_idle.stop();
+    m_searchMemory.clear();  // perhaps of another catalogue
     imageCombo3().clear();
     addUnit({m_frame.rotulos().rotulocatalogo, pictureOfCatalogue});
     imageCombo3().setSelected(1);
@@ -213,12 +216,22 @@ void SearchPanel::run(const SearchRequest& request) {
     auto database = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
     if (!database) return fail(database.error());
     if (familyOf(request) == Family::Name) rememberText(*m_combo2);
+    database->SearchWith(m_searchMemory);
     const auto done = [&] {
         ListSink sink(m_listView2, m_frame.idioma, m_memory, [this] { showCounters(); });
         return runPasses(*database, passesOf(request, m_frame.rotulos()), m_counters, sink);
     }();
     if (!done && !core::isRefusedStatement(done.error())) return fail(done.error());
     showCounters();
+    m_idle.start();
+}
+
+// While nothing else is to be done, in shares of a few milliseconds, each with a handle of its own: meanwhile
+// the catalogue can be written to, compacted and replaced.
+void SearchPanel::fillMemory() {
+    auto database = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
+    if (database) database->SearchWith(m_searchMemory);
+    if (!database || !database->FillMemory()) m_idle.stop();
 }
 
 void SearchPanel::fail(const engine::Error& error) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <span>
 
 #include "core/units.h"
 #include "engine/error.h"
+#include "engine/search_memory.h"
 #include "frame/frame.h"
 #include "search/refusal.h"
 #include "search/result_row.h"
@@ -47,6 +49,9 @@ class SearchPanel : public QWidget {
     [[nodiscard]] SearchRequest request() const;
     [[nodiscard]] const Counters& counters() const { return m_counters; }
 
+    // True from the first search on until the names are in memory that later ones look in.
+    [[nodiscard]] bool isFillingMemory() const { return m_idle.isActive(); }
+
     void clickLabel5();
     void busquedaconfecha();
 
@@ -58,6 +63,7 @@ class SearchPanel : public QWidget {
     void enterInNote();
     void search(Road road);
     void run(const SearchRequest& request);
+    void fillMemory();
     void fail(const engine::Error& error);
     void showCounters();
     void warn(core::Bilingual message);
@@ -66,6 +72,8 @@ class SearchPanel : public QWidget {
     lists::ItemList& m_listView2;
     lists::RowMemory& m_memory;
     Counters m_counters;
+    engine::SearchMemory m_searchMemory;
+    QTimer m_idle;  // runs while there is more to remember
     QComboBox* m_combo2;
     QPushButton* m_label5;
     controls::TabStrip* m_tabStrip1;

@@ -175,6 +175,18 @@ TEST_F(Searching, EachProcedureWarnsInItsOwnWords) {
     EXPECT_EQ(warning(true, false, "", straight), "Introduce a item to search.");
 }
 
+TEST_F(Searching, LaterSearchesSeeWhatHasChanged) {
+    combo("Combo2").setEditText("a.");
+    const auto found = [&] {
+        panel().clickLabel5();
+        while (panel().isFillingMemory()) QCoreApplication::processEvents();
+        return panel().counters().archivosencontrados;
+    };
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(found(), 6);
+    sample.add(test::fileRow("Discos :", "E:\\sonidos", "a.ogg"));
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(found(), 7);
+}
+
 TEST_F(Searching, NothingIsCutOffInANarrowPanel) {
     for (const Language idioma : {Language::Spanish, Language::English}) {
         begin(idioma);

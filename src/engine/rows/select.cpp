@@ -135,30 +135,75 @@ Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
     return Cursor::open(m_connection, std::move(*found), statement().fields);
 }
 
+// The fields of a row that is to be sorted: those asked for, what sorts it, and its number.
+void Select::writeSorted(SqlWriter& writer) const {
+    writer.write("select ");
+    writer.writeFields(statement().fields);
+    for (const Ordering& ordering : statement().orderBy) writer.write(", ").write(info(ordering.column).name);
+    writer.write(", rowid");
+}
+
+// False, with the row left out, when the table is full.
+Result<bool> Select::addTo(RowTable& table, const Prepared& row) const {
+    const auto& orderBy = statement().orderBy;
+    const int firstOrdered = static_cast<int>(statement().fields.size());
+    thread_local std::string key;  // keeps its room from row to row
+    key.clear();
+    if (auto appended = appendOrderKey(key, orderBy, row, firstOrdered); !appended)
+        return std::unexpected(appended.error());
+    return table.add(row, key, row.integer(firstOrdered + static_cast<int>(orderBy.size())));
+}
+
+// Asks one by one for the rows that the known names leave. Nothing where no names are known, and where a row
+// cannot be read or is not there.
+std::optional<RowTable> Select::tableOfKnown(std::size_t bound) const {
+    if (!m_names || !statement().where) return std::nullopt;
+    const auto known = m_names->rowsFor(*m_connection, *statement().where, m_query.literals());
+    if (!known) return std::nullopt;
+    auto table = tableOf(*known, bound);
+    if (!table) m_names->drop();
+    return table;
+}
+
+std::optional<RowTable> Select::tableOf(const KnownNames::Found& rowids, std::size_t bound) const {
+    std::size_t conditionValues = 0;
+    auto row = prepared([&](SqlWriter& writer) {
+        writeSorted(writer);
+        writer.write(", ").writeCondition(*statement().where);
+        writer.write(" from datos where rowid = ?");
+        conditionValues = writer.values().size();
+    });
+    if (!row) return std::nullopt;
+    const int meets = static_cast<int>(statement().fields.size() + statement().orderBy.size()) + 1;
+    RowTable table(statement().fields, bound);
+    for (const std::int64_t rowid : rowids) {
+        row->reset();
+        row->bind(static_cast<int>(conditionValues), rowid);
+        if (row->step() != Prepared::Step::Row) return std::nullopt;
+        if (row->integer(meets) == 0) continue;
+        if (const auto added = addTo(table, *row); !added || !*added) return std::nullopt;
+    }
+    table.sort();
+    return table;
+}
+
 Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
     const ReadTransaction oneState(*m_connection);
     if (oneState.failure()) return std::unexpected(*oneState.failure());
-    const auto& [kind, fields, assignments, where, groupBy, orderBy] = statement();
+    if (auto known = tableOfKnown(bound)) return known;
     const auto lying = stretch();
     if (!lying) return std::unexpected(lying.error());
     auto rows = prepared([&](SqlWriter& writer) {
-        writer.write("select ");
-        writer.writeFields(fields);
-        for (const Ordering& ordering : orderBy) writer.write(", ").write(info(ordering.column).name);
-        writer.write(", rowid");
+        writeSorted(writer);
         writeFrom(writer, *lying);
     });
     if (!rows) return std::unexpected(rows.error());
-    const int firstOrdered = static_cast<int>(fields.size());
-    const int rowid = firstOrdered + static_cast<int>(orderBy.size());
-    RowTable table(fields, bound);
-    std::string key;
+    RowTable table(statement().fields, bound);
     auto step = rows->step();
     for (; step == Prepared::Step::Row; step = rows->step()) {
-        key.clear();
-        if (auto appended = appendOrderKey(key, orderBy, *rows, firstOrdered); !appended)
-            return std::unexpected(appended.error());
-        if (!table.add(*rows, key, rows->integer(rowid))) return std::nullopt;
+        const auto added = addTo(table, *rows);
+        if (!added) return std::unexpected(added.error());
+        if (!*added) return std::nullopt;
     }
     if (step == Prepared::Step::Failed) return std::unexpected(m_connection->lastError());
     table.sort();

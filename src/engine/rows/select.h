@@ -6,6 +6,7 @@
 
 #include "engine/dialect/query.h"
 #include "engine/dialect/sql_writer.h"
+#include "engine/rows/known_names.h"
 #include "engine/rows/row_table.h"
 #include "engine/rows/rows.h"
 #include "engine/rows/unit_list.h"
@@ -16,8 +17,12 @@ namespace engine {
 // gives the whole answer or an error.
 class Select {
   public:
-    Select(std::shared_ptr<Connection> connection, std::shared_ptr<UnitList> units, Query query)
-        : m_connection(std::move(connection)), m_units(std::move(units)), m_query(std::move(query)) {}
+    Select(std::shared_ptr<Connection> connection, std::shared_ptr<UnitList> units, Query query,
+           std::shared_ptr<KnownNames> names = nullptr)
+        : m_connection(std::move(connection)),
+          m_units(std::move(units)),
+          m_query(std::move(query)),
+          m_names(std::move(names)) {}
 
     [[nodiscard]] const Query& query() const { return m_query; }
     [[nodiscard]] const Statement& statement() const { return m_query.statement(); }
@@ -50,10 +55,15 @@ class Select {
     void writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch = {}) const;
     [[nodiscard]] Result<std::optional<Stretch>> stretch() const;
     [[nodiscard]] Result<long long> number(Result<Prepared> rows) const;
+    void writeSorted(SqlWriter& writer) const;
+    [[nodiscard]] Result<bool> addTo(RowTable& table, const Prepared& row) const;
+    [[nodiscard]] std::optional<RowTable> tableOfKnown(std::size_t bound) const;
+    [[nodiscard]] std::optional<RowTable> tableOf(const KnownNames::Found& rowids, std::size_t bound) const;
 
     std::shared_ptr<Connection> m_connection;
     std::shared_ptr<UnitList> m_units;
     Query m_query;
+    std::shared_ptr<KnownNames> m_names;  // may be none
 };
 
 // True when a condition tries a pattern on row after row, so that a second pass would be dear.

@@ -95,6 +95,20 @@ bool LikePattern::hasWildcardFor(char32_t character) const {
     });
 }
 
+std::vector<std::string> LikePattern::heldTexts() const {
+    if (m_asName) return {};
+    std::vector<std::string> texts(1);
+    for (const Step& step : m_steps) {
+        if (step.kind == Step::Character)
+            appendCharacter(texts.back(), step.character);
+        else if (!texts.back().empty())
+            texts.emplace_back();
+    }
+    if (texts.back().empty()) texts.pop_back();
+    std::ranges::stable_sort(texts, std::ranges::greater(), &std::string::size);
+    return texts;
+}
+
 LikePattern::Set LikePattern::parseSet(std::string_view inside) {
     Set set;
     if (inside.size() > 1 && inside.front() == '!') {

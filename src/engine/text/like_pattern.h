@@ -20,6 +20,10 @@ class LikePattern {
 
     [[nodiscard]] bool matches(std::string_view text) const;
 
+    // Folded texts that every matching text holds once it is folded, the longest first. None where the
+    // pattern can be read in two ways.
+    [[nodiscard]] std::vector<std::string> heldTexts() const;
+
     // True when a wildcard other than `*` stands for this character, among others.
     [[nodiscard]] bool hasWildcardFor(char32_t character) const;
 
