@@ -1,15 +1,22 @@
 #include "copyback/copy_action.h"
 
 #include <QFile>
+#include <optional>
 
 #include "copyback/copy_run.h"
+#include "core/failure.h"
 #include "frame/pointer.h"
+#include "frame/status_band.h"
 #include "frame/tell.h"
 
 namespace copyback {
 namespace {
 
+using platform::FileError;
+
 constexpr core::Bilingual chooserTitle{"Seleccione los archivos a copiar.", "Select the files to copy."};
+constexpr core::Bilingual unfinished{"  Copia sin terminar. Archivos copiados: ",
+                                     "  Copying not finished. Files copied: "};
 
 class ListReader : public ItemReader {
   public:
@@ -31,8 +38,30 @@ std::string chosenFolder(frame::Frame& frame) {
     return QFile::encodeName(chosen).toStdString();
 }
 
-platform::FileResult<> copy(const std::string& source, const std::string& destination) {
-    return platform::CopyFile(source, destination);
+// Remembers what became of the copies.
+struct Copies {
+    int done = 0;
+    std::optional<FileError> failure;
+
+    platform::FileResult<> make(const std::string& source, const std::string& destination) {
+        auto copied = platform::CopyFile(source, destination);
+        if (copied)
+            ++done;
+        else
+            failure = copied.error();
+        return copied;
+    }
+};
+
+// A run that ends early has told some reasons in a box, and never how far it came.
+std::string unfinishedText(const Copies& copies, core::Language idioma) {
+    std::string text(unfinished.in(idioma));
+    text += std::to_string(copies.done);
+    const int number = copies.failure ? copies.failure->number : FileError::pathNotFound;
+    if (number == FileError::pathNotFound || number == FileError::permissionDenied) return text;
+    const bool isFull = number == FileError::diskFull;
+    const engine::Error failure{isFull ? engine::error::diskFull : engine::error::general, {}};
+    return text.append(". ").append(core::failureSentence(failure, idioma));
 }
 
 }  // namespace
@@ -49,8 +78,14 @@ bool Copiararchivos(frame::Frame& frame, const lists::Lists& lists, const lists:
                               .indicefila = clic.indicefila,
                               .carpetadestino = folder,
                               .idioma = frame.idioma};
-    const CopyPorts ports{drives, frame::tellThrough(frame.messages), copy};
-    return copyFiles(request, ports) == RunEnd::Complete;
+    Copies copies;
+    const CopyPorts ports{drives, frame::tellThrough(frame.messages),
+                          [&](const std::string& source, const std::string& destination) {
+                              return copies.make(source, destination);
+                          }};
+    if (copyFiles(request, ports) == RunEnd::Complete) return true;
+    frame.status.setText(unfinishedText(copies, frame.idioma));
+    return false;
 }
 
 }  // namespace copyback

@@ -1,5 +1,6 @@
 #include "copyback/copy_action.h"
 
+#include "support/file_size_limit.h"
 #include "support/main_window.h"
 
 namespace {
@@ -42,17 +43,30 @@ TEST_P(CopyAction, AMediumInAnotherDriveDoesNotEndTheRun) {
     start(GetParam());
     newCatalogue();
     import("Docs", discs.disc("dvd"));
+    click("Docs :");
+    qputenv("ZARQUELIN_DRIVES", ("G=" + discs.disc("dvd") + ",removable").c_str());
+    const std::string target = discs.disc("target");
+    const auto copyAll = [&] {
+        clickRow(surface().lists.listView1, 0);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        dialogs.answers = {QString::fromStdString(target)};
+        choose("Copiararchivos");
+    };
+    const std::string unfinished =
+        in("  Copia sin terminar. Archivos copiados: ", "  Copying not finished. Files copied: ");
+    copyAll();
+    EXPECT_EQ(status(), unfinished + "1") << "nothing lies at the same place";
+
     choose("buscar");
     search("txt");
     choose("explorar");
-    click("Docs :");
-    clickRow(surface().lists.listView1, 0);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
-
-    qputenv("ZARQUELIN_DRIVES", ("G=" + discs.disc("dvd") + ",removable").c_str());
-    const std::string target = discs.disc("target");
-    dialogs.answers = {QString::fromStdString(target)};
-    choose("Copiararchivos");
+    {
+        const test::FileSizeLimit limit(1);
+        copyAll();
+        EXPECT_EQ(status(), unfinished + in("0. El disco está lleno.", "0. The disk is full."));
+    }
+    EXPECT_TRUE(messages.shown.empty());
+    copyAll();
     EXPECT_EQ(test::readFile(target + "/a.txt") + test::readFile(target + "/b.txt"), "a.txtb.txt");
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].text.toStdString(),

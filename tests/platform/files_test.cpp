@@ -2,13 +2,12 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
-#include <csignal>
 #include <filesystem>
 
+#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -100,15 +99,10 @@ TEST_F(Files, EveryRefusalHasItsNumberAndLeavesTheDestination) {
 TEST_F(Files, ADiskThatFillsUpCostsNothing) {
     writeFile(source, std::string(300'000, 'n'));
     writeFile(destination, "old");
-    // A limit on file size fails a write in the middle just as a full disk does.
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit small{100'000, before.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const auto copied = CopyFile(source, destination);
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
-    std::signal(SIGXFSZ, handler);
+    const auto copied = [&] {
+        const test::FileSizeLimit limit(100'000);
+        return CopyFile(source, destination);
+    }();
 
     EXPECT_EQ(numberOf(copied), FileError::diskFull);
     EXPECT_EQ(readFile(destination), "old");
