@@ -13,26 +13,15 @@
 
 namespace {
 
-constexpr const char* pieces[] = {
-    "/",    "/",      "\\",     "\\",     ".",      "..",     "C:",           "d:", ":",       "E",
-    "mnt",  "a",      "a b",    "ñ",      "'",      "´",      "\n",           "*",  "\xff",    "\xc3",
-    "\xef", "\uF02F", "\uF02E", "\uF05C", "\uF0C3", "\uF000", "\xed\xa0\x80", "😀",  "\xf4\x90"};
-constexpr const char* drivePieces[] = {
-    "C=/;", "D=/mnt;", "E=/mnt/a,optical;", "=", ";", ",", "/", ",absent;", "e", "Z", "mnt", "G=/mnt//"};
-constexpr const char* mountPieces[] = {"22 27 8:1 / /mnt rw",
-                                       "23 27 8:2 / / rw shared:1",
-                                       " - ext4 /dev/x rw\n",
-                                       " - nfs4 nas:/ rw\n",
-                                       "9 9 8:3 /part /odd\\040name rw",
-                                       "\\",
-                                       "\\13",
-                                       "\\000",
-                                       " ",
-                                       " - ",
-                                       "\n",
-                                       ":",
-                                       "1",
-                                       "/"};
+const test::Parts pieces = test::parts(
+    "/|/|\\|\\|.|..|C:|d:|:|E|mnt|a|a "
+    "b|ñ|'|´|\n|*|\xff|\xc3|\xef|\uF02F|\uF02E|\uF05C|\uF0C3|\uF000|\xed\xa0\x80|😀|"
+    "\xf4\x90");
+const test::Parts drivePieces =
+    test::parts("C=/;|D=/mnt;|E=/mnt/a,optical;|=|;|,|/|,absent;|e|Z|mnt|G=/mnt//");
+const test::Parts mountPieces = test::parts(
+    "22 27 8:1 / /mnt rw|23 27 8:2 / / rw shared:1| - ext4 /dev/x rw\n| - nfs4 nas:/ rw\n|"
+    "9 9 8:3 /part /odd\\040name rw|\\|\\13|\\000| | - |\n|:|1|/");
 
 std::vector<std::string> componentsOf(std::string_view path, char separator) {
     std::vector<std::string> components;

@@ -7,77 +7,31 @@
 
 namespace {
 
-constexpr const char* pieces[] = {"select ",
-                                  "* ",
-                                  "from ",
-                                  "datos ",
-                                  "where ",
-                                  "disco",
-                                  "ruta ",
-                                  "archivo ",
-                                  "nivel",
-                                  "largo ",
-                                  "fecha ",
-                                  "=",
-                                  "<>",
-                                  " like ",
-                                  "(",
-                                  ")",
-                                  "('*a*')",
-                                  "'a'",
-                                  "\"b\"",
-                                  "'",
-                                  "1",
-                                  "-2.5",
-                                  " and ",
-                                  " or ",
-                                  " not ",
-                                  " in ",
-                                  "('x','y')",
-                                  " between ",
-                                  "(1)and (2)",
-                                  " is null ",
-                                  "order by ",
-                                  "group by ",
-                                  "carpeta",
-                                  ",",
-                                  ";",
-                                  "insert into datos ",
-                                  "(disco,largo) ",
-                                  "values ",
-                                  "('z','3') ",
-                                  "update datos set ",
-                                  "comentario=",
-                                  "numero",
-                                  " desc",
-                                  "\xff",
-                                  "\\",
-                                  "#",
-                                  "--",
-                                  "pragma ",
-                                  "attach ",
-                                  "null"};
-constexpr const char* starts[] = {"", "select * from datos where ", "select disco from datos where disco=",
-                                  "update datos set comentario='x' where ",
-                                  "insert into datos (disco,largo) values ("};
-constexpr const char* valid[] = {
-    "select * from datos where disco=('U :') and nivel=('2') and ruta like ('*\\A\\*') order by carpeta ",
-    "select largo from datos where largo > (1) and disco=('U :')",
-    "select disco from datos where (archivo like ('*a[!b-d]#?*')) or not carpeta in ('x','y') group by disco",
-    "select * from datos where fecha between (1)and (2.5) and comentario is null order by archivo, numero "
-    "desc",
-    "update datos set disco=('V :'), comentario='n' where disco=('U :')",
-    "insert into datos (disco,largo) values ('z','3') "};
+const test::Parts pieces = test::parts(
+    "select |* |from |datos |where |disco|ruta |archivo |nivel|largo |fecha |=|<>| like |(|)|('*a*')|'a'|"
+    "\"b\"|'|1|-2.5| and | or | not | in |('x','y')| between |(1)and (2)| is null |order by |"
+    "group by |carpeta|,|;|insert into datos |(disco,largo) |values |('z','3') |"
+    "update datos set |comentario=|numero| desc|\xff|\\|#|--|pragma |attach |null");
+const test::Parts starts = test::parts(
+    "|select * from datos where |select disco from datos where disco=|update datos set comentario='x' where |"
+    "insert into datos (disco,largo) values (");
+const test::Parts valid = test::parts(
+    "select * from datos where disco=('U :') and nivel=('2') and ruta like ('*\\A\\*') order by carpeta |"
+    "select largo from datos where largo > (1) and disco=('U :')|"
+    "select disco from datos where (archivo like ('*a[!b-d]#?*')) or not carpeta in ('x','y') group by disco|"
+    "select * from datos where fecha between (1)and (2) and comentario is null order by archivo desc, largo|"
+    "update datos set disco=('V :'), comentario='n' where disco=('U :')|"
+    "insert into datos (disco,largo) values ('z','3') ");
 
 // A valid statement with up to three places spoilt.
 std::string nearlyValid(std::mt19937& random) {
-    std::string sql = valid[random() % std::size(valid)];
+    std::string sql = valid[random() % valid.size()];
     for (unsigned changes = random() % 4; changes > 0 && !sql.empty(); --changes) {
         const std::size_t at = random() % sql.size();
         if (random() % 2)
             sql.erase(at, 1 + random() % 5);
         else
-            sql.insert(at, pieces[random() % std::size(pieces)]);
+            sql.insert(at, pieces[random() % pieces.size()]);
     }
     return sql;
 }
@@ -95,9 +49,9 @@ int main(int argc, char** argv) {
         long long rows = 0;
         std::mt19937 random(2);
         for (int i = rounds(argc, argv, 20'000); i > 0 && !lost; --i) {
-            const std::string sql =
-                random() % 2 ? nearlyValid(random)
-                             : starts[random() % std::size(starts)] + randomText(random, pieces, 12);
+            const std::string sql = random() % 2
+                                        ? nearlyValid(random)
+                                        : starts[random() % starts.size()] + randomText(random, pieces, 12);
             const auto changed = db->Execute(sql);
             if (changed && sql.starts_with("insert")) ++rows;
             auto found = db->OpenRecordset(sql);

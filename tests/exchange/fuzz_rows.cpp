@@ -19,49 +19,18 @@ namespace {
 
 using exchange::Format;
 
-constexpr const char* csvPieces[] = {"1,E:\\,E:,a,1,1.5,3,Archivo,U :,note\r\n",
-                                     "2,E:\\b,b,,1,1e3,,Carpeta de archivos,U :,\"x\ny\"\n",
-                                     "-3,C:z,z,,1,0,,Unidad de audio,V :,\"\"\r\n",
-                                     ",",
-                                     "\"",
-                                     "\"\"",
-                                     "\r",
-                                     "\n",
-                                     "\r\n",
-                                     "1",
-                                     "-",
-                                     ".5",
-                                     "\xff",
-                                     "ñ",
-                                     "Archivo",
-                                     " :",
-                                     "''"};
-constexpr const char* jsonPieces[] = {
-    R"({"numero":1,"ruta":"E:\\","carpeta":"E:","archivo":"a","nivel":"1","fecha":1.5,"largo":3,)",
-    R"("tipo":"Archivo","disco":"U :","comentario":"\u0041\n\"\ud83d\ude00"})",
-    R"("tipo":"Archivo","disco":"U :","comentario":null,"path":null})",
-    "\n",
-    "{",
-    "}",
-    "[",
-    "\"",
-    "\\",
-    "\\u00",
-    "\\ud800",
-    ":",
-    ",",
-    "null",
-    "1",
-    "-",
-    "1e400",
-    "\xff",
-    "ñ",
-    R"("largo":)"};
+const test::Parts csvPieces = test::parts(
+    "1,E:\\,E:,a,1,1.5,3,Archivo,U :,note\r\n|2,E:\\b,b,,1,1e3,,Carpeta de archivos,U :,\"x\ny\"\n|"
+    "-3,C:z,z,,1,0,,Unidad de audio,V :,\"\"\r\n|,|\"|\"\"|\r|\n|\r\n|1|-|.5|\xff|ñ|Archivo| :|''");
+const test::Parts jsonPieces = test::parts(
+    R"({"numero":1,"ruta":"E:\\","carpeta":"E:","archivo":"a","nivel":"1","fecha":1.5,"largo":3,|)"
+    R"("tipo":"Archivo","disco":"U :","comentario":"\u0041\n\"\ud83d\ude00"}|)"
+    R"("tipo":"Archivo","disco":"U :","comentario":null,"path":null}|)"
+    "\n|{|}|[|\"|\\|\\u00|\\ud800|:|,|null|1|-|1e400|\xff|ñ|\"largo\":");
 
 // What names and notes may hold; an apostrophe never comes as far as a row.
-constexpr const char* textPieces[] = {
-    "a", " ", ",", "\"", "\"\"",   "\r",     "\n",     "\r\n",   "\t",     "\x1b[31m", "\x7f", "\\",
-    "{", "}", "´", "ñ",  "\u0085", "\u202e", "\u2028", "\ufeff", "\uF0FF", "😀",        "=1+1", "null"};
+const test::Parts textPieces = test::parts(
+    "a| |,|\"|\"\"|\r|\n|\r\n|\t|\x1b[31m|\x7f|\\|{|}|´|ñ|\u0085|\u202e|\u2028|\ufeff|\uF0FF|😀|=1+1|null");
 
 using Rows = std::vector<core::CatalogRow>;
 
