@@ -51,12 +51,12 @@ class Killed : public testing::Test {
             restore();
             last = test::runUntilStep(command, step);
             // The next run, which only reads, must not mind what the killed one left behind.
-            EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "units", catalogue}), 0);
+            EXPECT_EQ(test::cliStatus({"units", catalogue}), 0);
             const Content after = test::contentOf(catalogue);
             EXPECT_EQ(after.at("Earlier :"), before.at("Earlier :"));
             check(after);
-            EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "add", catalogue, "Next", "content"}), 0);
-            EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);
+            EXPECT_EQ(test::cliStatus({"add", catalogue, "Next", "content"}), 0);
+            EXPECT_EQ(test::cliStatus({"compact", catalogue}), 0);
             EXPECT_EQ(test::contentOf(catalogue).size(), after.size() + 1);
             if (HasFailure()) return;
         }
@@ -94,7 +94,7 @@ TEST_F(Killed, ScanKeepsAllButItsLastMoments) {
 TEST_F(Killed, UpdateLeavesTheOldUnitOrTheNewOne) {
     test::makeTree(work / "tree", 15, 40);  // of which "Victim" knows some folders
     test::writeFile(work / "tree" + "/folder3/file 65.txt", "");
-    test::statusOf({ZARQUELIN_CLI, "note", original, "Victim", "E:\\folder3\\file 65.txt", "kept"});
+    test::cliStatus({"note", original, "Victim", "E:\\folder3\\file 65.txt", "kept"});
     before = test::contentOf(original);
     const Words update{ZARQUELIN_CLI, "update", catalogue, "Victim", work / "tree"};
     restore();
@@ -102,39 +102,6 @@ TEST_F(Killed, UpdateLeavesTheOldUnitOrTheNewOne) {
     const Content updated = test::contentOf(catalogue);
     ASSERT_EQ(updated.at("Victim :").size(), 15U * 41U + 1U);
     killAnywhere(update, [&](const Content& after) { EXPECT_TRUE(after == before || after == updated); });
-}
-
-TEST_F(Killed, NoteIsTheOldOrTheNewOne) {
-    const std::string note = "a note that was not there before";
-    killAnywhere({ZARQUELIN_CLI, "note", catalogue, "Victim", "E:\\folder3\\file 65.txt", note},
-                 [&](const Content& after) {
-                     auto noted = after.at("Victim :");
-                     std::string& row = noted[65];
-                     if (const auto at = row.find(note); at != std::string::npos)
-                         row.replace(at, note.size(), "-");
-                     EXPECT_EQ(noted, before.at("Victim :"));
-                 });
-}
-
-TEST_F(Killed, RenamedUnitHasOneNameOnly) {
-    killAnywhere({ZARQUELIN_CLI, "rename", catalogue, "Victim", "Survivor"}, [&](const Content& after) {
-        ASSERT_EQ(after.size(), 2U);
-        EXPECT_EQ(after.contains("Victim :") ? after.at("Victim :") : after.at("Survivor :"),
-                  before.at("Victim :"));
-    });
-}
-
-TEST_F(Killed, DeletedUnitIsWholeOrGone) {
-    killAnywhere({ZARQUELIN_CLI, "delete", catalogue, "Victim"}, [&](const Content& after) {
-        if (after.size() > 1) {
-            EXPECT_EQ(after, before);
-        }
-    });
-}
-
-TEST_F(Killed, CompactionKeepsEverything) {
-    killAnywhere({ZARQUELIN_CLI, "compact", catalogue},
-                 [&](const Content& after) { EXPECT_EQ(after, before); });
 }
 
 TEST_F(Killed, SaveAsLeavesTheOldOrTheWholeNewFile) {
@@ -145,29 +112,6 @@ TEST_F(Killed, SaveAsLeavesTheOldOrTheWholeNewFile) {
         EXPECT_TRUE(after == before || after == saved);
         EXPECT_EQ(test::contentOf(other), saved);
     });
-}
-
-// A program that died within a change leaves the way back beside the file. It belongs to the old content and
-// must not be applied to another file that takes the name.
-TEST_F(Killed, NewFileUnderTheNameOfAnInterruptedOneIsSafe) {
-    const std::string other = work / "other.zrq";
-    test::makeCatalogue(other, {"Other"}, 300);
-    const Content saved = test::contentOf(other);
-    const std::string wayBack = catalogue + "-journal";
-    int met = 0;
-    for (int step = 1; step < 200; step += killsOfEach < 100 ? 7 : 1) {
-        restore();
-        fs::remove(wayBack);
-        const auto run = test::runUntilStep({ZARQUELIN_CLI, "delete", catalogue, "Victim"}, step);
-        if (!run.possible) GTEST_SKIP() << "no process may watch another here";
-        if (!run.killed) break;
-        if (!fs::exists(wayBack)) continue;
-        ++met;
-        if (step % 2 == 0) fs::remove(catalogue);  // by the user, who leaves the way back
-        ASSERT_EQ(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
-        ASSERT_EQ(test::contentOf(catalogue), saved) << "step " << step;
-    }
-    EXPECT_GT(met, 3);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include <span>
 
 #include "core/catalogue_file.h"
+#include "core/maintenance.h"
 #include "reliability/catalogue_check.h"
 #include "support/faulty_vfs.h"
 
@@ -70,11 +71,19 @@ class PowerLoss : public testing::Test {
     }
     void TearDown() override { fs::current_path("/"); }
 
+    using Step = std::function<bool(const std::string& catalogue)>;
+
     // Does one step after the other, each reported when it is done, and cuts the power all over them.
-    void cutEverywhere(const std::vector<std::function<void()>>& steps) {
+    void cutEverywhere(const std::vector<Step>& steps) {
+        const std::string other = work / "other.zrq";
+        fs::copy_file(catalogue, other);
+        for (const Step& step : steps) {
+            ASSERT_TRUE(step(other));
+            states.push_back(test::contentOf(other));
+        }
         disk::startRecord();
         for (std::size_t i = 0; i < steps.size(); ++i) {
-            steps[i]();
+            ASSERT_TRUE(steps[i](catalogue));
             disk::report(static_cast<int>(i) + 1);
         }
         const disk::Record record = disk::takeRecord();
@@ -112,21 +121,6 @@ class PowerLoss : public testing::Test {
         EXPECT_TRUE(isOneOf) << reported << " steps were reported as done";
     }
 
-    // A change of the rows, and what the catalogue holds after it.
-    std::function<void()> changing(const std::string& sql) {
-        return [this, sql] { ASSERT_TRUE(engine::OpenDatabase(catalogue).value().Execute(sql)); };
-    }
-
-    // The same steps on another file give the states.
-    void foreseeStates(const std::vector<std::string>& statements) {
-        const std::string other = work / "other.zrq";
-        fs::copy_file(catalogue, other, fs::copy_options::overwrite_existing);
-        for (const std::string& sql : statements) {
-            ASSERT_TRUE(engine::OpenDatabase(other).value().Execute(sql));
-            states.push_back(test::contentOf(other));
-        }
-    }
-
     test::TemporaryFolder work;
     const std::string catalogue = work / "catalogue.zrq";
     std::string before;
@@ -134,27 +128,32 @@ class PowerLoss : public testing::Test {
 };
 
 TEST_F(PowerLoss, WhatIsReportedAsDoneIsThere) {
-    std::vector<std::string> statements{
-        "update datos set comentario='noted' where disco=('Victim :') and archivo=('file 65.txt')",
-        "update datos set disco='Renamed :' where disco=('Victim :')",
-        "delete * from datos where disco like ('Renamed :')"};
-    for (int i = 0; i < 3; ++i) {
-        core::CatalogRow row = test::fileRow("New :", "E:\\new", "file " + std::to_string(i));
-        row.numero = i;
-        statements.push_back(core::insertFile(row));
-    }
-    foreseeStates(statements);
-    std::vector<std::function<void()>> steps;
-    for (const std::string& sql : statements) steps.push_back(changing(sql));
+    const auto changing = [](auto change) {
+        return [change](const std::string& path) {
+            auto database = engine::OpenDatabase(path);
+            return database && change(*database).has_value();
+        };
+    };
+    std::vector<Step> steps{
+        changing([](auto& database) {
+            return database.Execute("update datos set comentario='noted' where archivo=('file 65.txt')");
+        }),
+        changing([](auto& database) { return core::renameUnit(database, "Victim :", "Renamed"); }),
+        changing([](auto& database) { return core::deleteUnit(database, "Renamed :"); })};
+    for (int i = 0; i < 3; ++i)
+        steps.push_back(changing([i](auto& database) {
+            core::CatalogRow row = test::fileRow("New :", "E:\\new", "file");
+            row.numero = i;
+            return database.Execute(core::insertFile(row));
+        }));
     cutEverywhere(steps);
 }
 
 TEST_F(PowerLoss, ACompactedCatalogueHoldsTheSame) {
-    ASSERT_TRUE(
-        engine::OpenDatabase(catalogue).value().Execute("delete * from datos where disco like ('Victim :')"));
+    ASSERT_TRUE(engine::OpenDatabase(catalogue).value().Execute("delete * from datos where numero > 300"));
     before = test::readFile(catalogue);
-    states = {test::contentOf(catalogue), test::contentOf(catalogue)};
-    cutEverywhere({[this] { ASSERT_TRUE(core::compactCatalogue(catalogue)); }});
+    states = {test::contentOf(catalogue)};
+    cutEverywhere({[](const std::string& path) { return core::compactCatalogue(path).has_value(); }});
 }
 
 }  // namespace

@@ -69,5 +69,9 @@ class Program {
 inline int statusOf(const std::vector<std::string>& command, const Conditions& conditions = {}) {
     return Program(command, conditions).wait();
 }
+inline int cliStatus(std::vector<std::string> words, const Conditions& conditions = {}) {
+    words.insert(words.begin(), ZARQUELIN_CLI);
+    return statusOf(words, conditions);
+}
 
 }  // namespace test

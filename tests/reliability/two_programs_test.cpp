@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
@@ -56,10 +53,10 @@ TEST_F(TwoPrograms, ScanIntoOneCatalogue) {
 TEST_F(TwoPrograms, CompactWhatAnotherScansInto) {
     test::Program scan(scanAs("Scanned"));
     while (scan.isRunning()) {
-        EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);
+        EXPECT_EQ(test::cliStatus({"compact", catalogue}), 0);
     }
     expectKept("Scanned", scan.wait());
-    EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);
+    EXPECT_EQ(test::cliStatus({"compact", catalogue}), 0);
 }
 
 TEST_F(TwoPrograms, SaveAsWhatAnotherScansInto) {
@@ -72,36 +69,6 @@ TEST_F(TwoPrograms, SaveAsWhatAnotherScansInto) {
     expectKept("Scanned", scan.wait());
 }
 
-// A new file in the place of one that is being written to would meet the way back of that change.
-TEST_F(TwoPrograms, AFileInTheMidstOfAChangeIsNotReplaced) {
-    const std::string other = work / "other.zrq";
-    test::makeCatalogue(other, {"Other"}, 50);
-    auto open = engine::OpenDatabase(catalogue).value();
-    engine::Transaction change(open);
-    ASSERT_TRUE(change.begin());
-    ASSERT_TRUE(open.Execute("update datos set comentario='noted' where disco=('Earlier :')"));
-    EXPECT_NE(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
-    EXPECT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 3);
-    ASSERT_TRUE(change.commit());
-    EXPECT_EQ(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
-    EXPECT_EQ(test::contentOf(catalogue), test::contentOf(other));
-}
-
-// The window of one program holds the catalogue while another compacts it, then puts another in its place.
-TEST_F(TwoPrograms, NothingIsWrittenIntoAFileThatWasReplaced) {
-    auto open = engine::OpenDatabase(catalogue).value();
-    ASSERT_TRUE(open.Execute("update datos set comentario='noted' where disco=('Earlier :')"));
-    ASSERT_EQ(test::statusOf({ZARQUELIN_CLI, "compact", catalogue}), 0);
-    ASSERT_TRUE(open.Execute("update datos set comentario='again' where disco=('Earlier :')"));
-    const auto rows = test::contentOf(catalogue).at("Earlier :");
-    EXPECT_NE(rows.front().find("again"), rows.front().npos);
-    const std::string other = work / "other.zrq";
-    test::makeCatalogue(other, {"Other"}, 5);
-    ASSERT_EQ(test::statusOf({ZARQUELIN_SAVE_AS, other, catalogue}), 0);
-    EXPECT_EQ(open.Execute("delete * from datos").error().number, engine::error::replaced);
-    EXPECT_EQ(test::contentOf(catalogue), test::contentOf(other));
-}
-
 // Ctrl-C, or the end of a session, in the midst of a compaction: nothing is left beside the catalogue.
 TEST_F(TwoPrograms, ARequestToTerminateLeavesNoTemporaryFile) {
     test::makeCatalogue(work / "big.zrq", {"Big"}, 60'000);
@@ -112,16 +79,11 @@ TEST_F(TwoPrograms, ARequestToTerminateLeavesNoTemporaryFile) {
             return name.starts_with(".zarquelin-") || name == "compactada.zrq";
         });
     };
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::execl(ZARQUELIN_CLI, ZARQUELIN_CLI, "compact", (work / "big.zrq").c_str(), nullptr);
-        ::_exit(127);
+    test::Program compaction({ZARQUELIN_CLI, "compact", work / "big.zrq"});
+    while (temporaries() < 2 && compaction.isRunning()) {
     }
-    int status = 0;
-    while (temporaries() < 2 && ::waitpid(child, &status, WNOHANG) == 0) {
-    }
-    ::kill(child, SIGTERM);
-    ::waitpid(child, &status, 0);
+    compaction.send(SIGTERM);
+    compaction.wait();
     EXPECT_EQ(temporaries(), 0);
     EXPECT_EQ(test::contentOf(work / "big.zrq").at("Big :").size(), 60'000U);
 }

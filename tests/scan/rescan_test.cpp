@@ -128,9 +128,11 @@ TEST_F(Rescan, BringsTheUnitUpToDateAndKeepsItsNotes) {
 
 // What stands in the catalogue after an update is what a new scan writes, and each note at its own row.
 TEST_F(Rescan, TellsHostileNamesApart) {
-    for (const std::string& name : test::hostileNames()) discs.write("disc", name + "/" + name, "x");
+    const auto names = test::hostileNames();
+    for (const std::string& name : names) discs.write("disc", name + "/" + name, "x");
     scanAs("U");
     const auto before = catalogue.rows();
+    ASSERT_EQ(before.size(), 2 * names.size());
     {
         auto database = catalogue.open();
         for (const auto& row : before) {

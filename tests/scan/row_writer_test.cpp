@@ -1,10 +1,8 @@
 #include "scan/row_writer.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <algorithm>
-#include <csignal>
 
 #include "core/inserts.h"
 #include "scan/catalogue_fixture.h"
@@ -13,14 +11,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-std::string statement(int numero, std::size_t length = 1) {
-    core::CatalogRow row;
+std::string statement(int numero) {
+    core::CatalogRow row = test::folderRow("U :", "E:\\c");
     row.numero = numero;
-    row.ruta = std::string(length, 'r');
-    row.carpeta = "c";
-    row.nivel = "1";
-    row.tipo = "Carpeta de archivos";
-    row.disco = "U :";
     return core::insertFolder(row);
 }
 
@@ -71,28 +64,6 @@ TEST_F(Writing, WaitsBetweenItsTriesForALockedCatalogue) {
     rows.insert(statement(1));
     rows.commit();
     EXPECT_EQ(rows.summary().written, 1);
-}
-
-// A limit on the file's size stands for the full disk.
-TEST_F(Writing, ReportsAFullDiskAndKeepsTheCatalogueSound) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{512 * 1024, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    constexpr int tried = 3000;
-    for (int i = 0; i < tried; ++i) {
-        now += 1ms;
-        rows.insert(statement(i, 1000));
-    }
-    rows.commit();
-    setrlimit(RLIMIT_FSIZE, &before);
-
-    const auto& summary = rows.summary();
-    EXPECT_TRUE(summary.firstError);
-    EXPECT_GT(summary.written, 0);
-    EXPECT_EQ(summary.written + summary.lost, tried);
-    EXPECT_EQ(std::ssize(catalogue.rows()), summary.written);
 }
 
 TEST(RowWriter, HandsOverEveryRowInItsOrder) {
