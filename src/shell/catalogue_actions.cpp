@@ -6,6 +6,7 @@
 #include "core/catalogue_file.h"
 #include "core/failure.h"
 #include "frame/catalogue.h"
+#include "frame/long_work.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
@@ -21,6 +22,7 @@ constexpr auto fileFilter = "Archivos de Zarquelin (*.zrq)|*.zrq|";
 constexpr core::Bilingual newTitle{"Nuevo catálogo", "New catalog"};
 constexpr core::Bilingual openTitle{"Abrir catálogo...", "Open catalog..."};
 constexpr core::Bilingual saveTitle{"Guardar catálogo como ...", "Save catalog as ..."};
+constexpr core::Bilingual saving{"  Guardando el catálogo ...", "  Saving the catalogue ..."};
 constexpr core::Bilingual notWritten{"No se pudo escribir el archivo ", "This file could not be written: "};
 
 std::string nativePath(const QString& chosen) {
@@ -135,7 +137,11 @@ void CatalogueActions::guardar() {
 
     const std::string path = nativePath(chosen);
     m_switching.endScan();
-    if (const auto copied = core::copyCatalogue(catalogue.path(), path); !copied) {
+    const auto copied = [&] {
+        const frame::LongWork work(m_surface.frame, saving);
+        return core::copyCatalogue(catalogue.path(), path);
+    }();
+    if (!copied) {
         // The catalogue stays the old one, also when it was to be copied onto itself.
         reportFailure(path, copied.error());
         return;

@@ -7,6 +7,7 @@
 #include "core/maintenance.h"
 #include "core/text.h"
 #include "frame/catalogue.h"
+#include "frame/long_work.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
@@ -18,6 +19,8 @@ namespace {
 
 using controls::qtext;
 
+constexpr core::Bilingual compacting{"  Compactando el catálogo ...", "  Compacting the catalogue ..."};
+constexpr core::Bilingual repairing{"  Reparando el catálogo ...", "  Repairing the catalogue ..."};
 constexpr core::Bilingual eraseAll{"¿Desea realmente eliminar la totalidad de la base de datos?",
                                    "Do you really want to erase de complete database?"};
 constexpr core::Bilingual reallySure{"¿Está completamente seguro?", "Are you completely sure?"};
@@ -34,12 +37,12 @@ lists::ItemStore::Units spellingsOf(const std::string& disco) {
 }  // namespace
 
 void MaintenanceActions::compactar() {
-    const frame::Hourglass hourglass;
+    const frame::LongWork work(m_surface.frame, compacting);
     (void)core::compactCatalogue(m_surface.frame.catalogue.path());  // worked or not, nothing is said
 }
 
 void MaintenanceActions::reparar() {
-    const frame::Hourglass hourglass;
+    const frame::LongWork work(m_surface.frame, repairing);
     (void)core::repairCatalogue(m_surface.frame.catalogue.path());
 }
 

@@ -1,5 +1,6 @@
 // A catalogue filled, browsed, searched and looked at in every way, in the real window.
 
+#include "frame/long_work.h"
 #include "support/catalogue_fixture.h"
 #include "support/main_window.h"
 
@@ -214,6 +215,17 @@ TEST_F(TheWindow, ThePointerTellsWhatCanBeStopped) {
     for (const char* entry : {"abrir", "Copiararchivos"}) choose(entry);
     EXPECT_EQ(shapes, (std::vector<int>{Qt::ArrowCursor, Qt::ArrowCursor, Qt::WaitCursor}))
         << "over both choosers, and a copy that ended";
+
+    const std::string before = status();
+    shapes.clear();
+    {
+        const frame::LongWork work(frame(), {"Trabajando ...", "Working ..."});
+        note();
+        EXPECT_EQ(status(), "Working ...");
+    }
+    note();
+    EXPECT_EQ(shapes, (std::vector<int>{Qt::WaitCursor, Qt::ArrowCursor}));
+    EXPECT_EQ(status(), before);
 }
 
 TEST_F(TheWindow, RefreshCountsWhatAnotherProgramHasAdded) {
