@@ -21,8 +21,14 @@ install(FILES ${generated}/bin/zarquelin-cli DESTINATION ${CMAKE_INSTALL_BINDIR}
 
 # The desktop: menu entry, type of .zrq files, description for software centres, icons.
 set(desktop ${CMAKE_SOURCE_DIR}/assets/desktop)
-install(FILES ${desktop}/zarquelin.desktop ${desktop}/zarquelin-folder.desktop
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${desktop}/zarquelin.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+# Among the system's own entries this one comes last. In a folder that is asked before theirs it would be what opens
+# every folder, on desktops that name no default.
+install(CODE "
+    if(CMAKE_INSTALL_PREFIX MATCHES \"/usr/?$\")
+        file(INSTALL ${desktop}/zarquelin-folder.desktop
+            DESTINATION \${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/applications)
+    endif()")
 install(FILES ${desktop}/zarquelin-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME zarquelin.xml)
 install(FILES ${desktop}/zarquelin.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
     RENAME example.zarquelin.zarquelin.metainfo.xml)
