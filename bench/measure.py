@@ -9,6 +9,7 @@ import contextlib
 import os
 import re
 import shutil
+import signal
 import statistics
 import subprocess
 import sys
@@ -146,6 +147,40 @@ def scan_by_command(bench, entries):
         beside = find(tree)
         done = bench.cli("scan", fresh_catalogue(bench), "Bench", tree)
         series.add(done.seconds, beside, done.megabytes)
+
+    return bench.rounds(measure)
+
+
+@contextlib.contextmanager
+def mounted(bench, catalogue, folder):
+    """The catalogue as a folder. Gives a list that gets the peak memory at the end."""
+    memory = []
+    os.makedirs(folder, exist_ok=True)
+    child = subprocess.Popen([bench.program("zarquelin-cli"), "mount", catalogue, folder, "-f"])
+    try:
+        while not os.path.ismount(folder):
+            if child.poll() is not None:
+                sys.exit("the catalogue cannot be mounted here")
+            time.sleep(0.01)
+        yield memory
+    finally:
+        if child.returncode is None:
+            child.send_signal(signal.SIGINT)
+            _, status, usage = os.wait4(child.pid, 0)
+            child.returncode = os.waitstatus_to_exitcode(status)
+            memory.append(usage.ru_maxrss / 1024)
+
+
+def walk_mounted(bench, entries):
+    """A walk through a catalogue that has just been mounted, so that nothing is known of it yet."""
+    tree, catalogue = bench.tree(entries), fresh_catalogue(bench)
+    bench.cli("scan", catalogue, "Bench", tree)
+
+    def measure(series):
+        beside = find(tree)
+        with mounted(bench, catalogue, bench.path("mounted")) as memory:
+            seconds = find(bench.path("mounted"))
+        series.add(seconds, beside, *memory)
 
     return bench.rounds(measure)
 
@@ -320,6 +355,7 @@ WORKS = (
     Work("units", "units, command line", "sqlite3, the sums", "≤ 1", 1, by_command(UNIT_SUMS, "units"), M),
     Work("folder", "list a folder, command line", SQLITE, "≤ 2", 2,
          by_command(FOLDER_SELECTS, "list", CROWDED_UNIT, FULL_FOLDER), M),
+    Work("mount", "walk a mounted catalogue", "find -printf, the tree", "≤ 5", 5, walk_mounted, 100_000, True),
     Work("list", "result list filled, shown and sorted", "1 s", "≤ 0.25", 0.25, result_list, 300_000),
 )
 
