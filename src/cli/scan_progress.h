@@ -25,8 +25,7 @@ class ScanProgress : public scan::WalkObserver {
 
     // One line on the standard error for all that the walk left out, if anything.
     void tellLeftOut() const;
-    // The folders that could not be read, in drive form.
-    [[nodiscard]] const std::vector<std::string>& unread() const { return m_leftOut.unread(); }
+    [[nodiscard]] std::vector<std::string> takeUnread() { return m_leftOut.takeUnread(); }
 
   private:
     core::Language m_language;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "cli/arguments.h"
 #include "cli/console.h"
@@ -80,10 +81,11 @@ int readAgain(const Invocation& invocation, Does does) {
     if (!changes) return tell(changes.error(), invocation);
 
     printChanges(*changes, invocation.arguments.json, drives);
-    for (const std::string& folder : progress.unread())
-        fail(NothingFound, folder, unreadKept.in(invocation.language));
+    const std::vector<std::string> unread = progress.takeUnread();
+    for (const std::string& folder : unread) fail(NothingFound, folder, unreadKept.in(invocation.language));
+    progress.tellLeftOut();
     const bool differs = does == Does::Compare && !changes->changes().empty();
-    return differs || !progress.unread().empty() ? NothingFound : Done;
+    return differs || !unread.empty() ? NothingFound : Done;
 }
 
 int runUpdate(const Invocation& invocation) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/language.h"
@@ -15,8 +16,9 @@ class LeftOut {
   public:
     void add(Gap gap, std::string_view drivePath);
 
-    // The folders that could not be read, in drive form.
-    [[nodiscard]] const std::vector<std::string>& unread() const { return m_unread; }
+    // The folders that could not be read, in drive form, for a caller that tells of each; the texts leave
+    // them out from then on.
+    [[nodiscard]] std::vector<std::string> takeUnread() { return std::exchange(m_unread, {}); }
 
     // "2 folders that could not be read (E:\a, ...)"; empty without any.
     [[nodiscard]] std::string unreadText(core::Language language) const;

@@ -84,6 +84,7 @@ TEST_F(Program, LeavesOutWhatItIsToldToAndTellsOfTheRest) {
     test::writeFile(work / "disc/.hidden", "");
     EXPECT_EQ(run({"scan", cat, "All", disc, "--lang", "en"}).told,
               "zarquelin-cli: left out: what is in 1 folder at the depth limit\n");
+    EXPECT_TRUE(run({"compare", cat, "All", "--lang", "en"}).told.ends_with("at the depth limit\n"));
     const Told some = run({"scan", cat, "Some", disc, "--exclude", "a*", "--exclude=1", "--no-hidden"});
     EXPECT_EQ(some.status, 0);
     EXPECT_EQ(some.told, "");
