@@ -1,29 +1,13 @@
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <functional>
-
 #include "catalogue_fixture.h"
 #include "engine/unit_copy.h"
 #include "platform/files.h"
+#include "support/another_program.h"
 
 namespace {
 
+using test::inTheMidstOfAChange, test::isFreeForOthers;
 using test::readFile;
 using test::writeFile;
-
-// Whether another program could begin a change of the file now.
-bool isFreeForOthers(const std::string& path) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        sqlite3* other = nullptr;
-        sqlite3_open(path.c_str(), &other);
-        ::_exit(sqlite3_exec(other, "begin immediate", nullptr, nullptr, nullptr) == SQLITE_BUSY ? 1 : 0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return status == 0;
-}
 
 class CopyTest : public CatalogueTest {
   protected:
@@ -32,34 +16,6 @@ class CopyTest : public CatalogueTest {
         EXPECT_TRUE(db.BeginTrans());
         for (int i = 0; i < 3000; ++i) addFile(db, "E:\\x", "old" + std::to_string(i), 1, i);
         EXPECT_TRUE(db.CommitTrans());
-    }
-
-    // A change so large that it is already written into the file before it is committed, held at that point
-    // or left there by a program that died.
-    void inTheMidstOfAChange(const std::function<void()>& act) {
-        int ready[2], finish[2];
-        ASSERT_EQ(::pipe(ready) + ::pipe(finish), 0);
-        const pid_t child = ::fork();
-        if (child == 0) {
-            ::close(finish[1]);
-            sqlite3* other = nullptr;
-            sqlite3_open(path.c_str(), &other);
-            const int code = sqlite3_exec(other,
-                                          "pragma cache_size = 5; begin; update datos set archivo = 'new', "
-                                          "ruta = hex(zeroblob(200))",
-                                          nullptr, nullptr, nullptr);
-            char byte = code == SQLITE_OK ? 1 : 0;
-            if (::write(ready[1], &byte, 1) != 1 || ::read(finish[0], &byte, 1) < 0) ::_exit(1);
-            ::_exit(0);  // without a way back: the journal stays
-        }
-        ::close(finish[0]);
-        char byte = 0;
-        ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-        ASSERT_EQ(byte, 1);
-        act();
-        ::close(finish[1]);
-        ::waitpid(child, nullptr, 0);
-        for (const int end : {ready[0], ready[1]}) ::close(end);
     }
 
     void expectWhole(const std::string& copy) {
@@ -72,14 +28,13 @@ class CopyTest : public CatalogueTest {
 
 TEST_F(CopyTest, AChangeUnderWayIsWaitedForAndNeverCopiedInPart) {
     writeFile(copy, "precious");
-    inTheMidstOfAChange([&] {
+    inTheMidstOfAChange(path, [&] {
         const auto copied = engine::CopyDatabase(path, copy);
         ASSERT_FALSE(copied);
         EXPECT_EQ(copied.error().number, engine::error::locked);
         EXPECT_EQ(readFile(copy), "precious");
     });
     // The program has died meanwhile: its change is undone, in the copy too.
-    ASSERT_TRUE(std::filesystem::exists(path.string() + "-journal"));
     ASSERT_TRUE(engine::CopyDatabase(path, copy));
     expectWhole(copy);
     expectWhole(path);
@@ -87,7 +42,7 @@ TEST_F(CopyTest, AChangeUnderWayIsWaitedForAndNeverCopiedInPart) {
 
 TEST_F(CopyTest, ACatalogueIsNotReplacedInTheMidstOfAChange) {
     ASSERT_TRUE(engine::CreateDatabase(copy));
-    inTheMidstOfAChange([&] {
+    inTheMidstOfAChange(path, [&] {
         for (const auto& copied : {engine::CopyDatabase(copy, path), engine::CopyUnreadable(copy, path)}) {
             ASSERT_FALSE(copied);
             EXPECT_EQ(copied.error().number, engine::error::locked);
@@ -113,7 +68,7 @@ TEST_F(CopyTest, RefusalsLeaveTheDestinationAndNothingBeside) {
 
 // A journal that belongs to a file of this name that is gone would be played into the copy.
 TEST_F(CopyTest, AForeignJournalAtTheDestinationIsTakenAway) {
-    inTheMidstOfAChange([] {});
+    inTheMidstOfAChange(path);
     std::filesystem::rename(path.string() + "-journal", copy + "-journal");
     ASSERT_TRUE(engine::CreateDatabase(folder / "other.zrq"));
     ASSERT_TRUE(engine::CopyDatabase(folder / "other.zrq", copy));

@@ -1,12 +1,12 @@
 #include "engine/rows/known_names.h"
 
-#include <fstream>
 #include <random>
 
 #include "catalogue_fixture.h"
 #include "engine/dialect/query.h"
 #include "engine/file/read_transaction.h"
 #include "engine/search_memory.h"
+#include "support/parts.h"
 
 namespace {
 
@@ -28,9 +28,8 @@ class KnownNamesTest : public CatalogueTest {
         change(
             "with recursive n(i) as (select 1 union all select i + 1 from n where i < 20000) insert into "
             "datos "
-            "(numero, ruta, carpeta, archivo, nivel, tipo, disco) select i, 'E:\\a', 'a', case when i % 4000 "
-            "= "
-            "0 then 'rare ' else 'file ' end || i, '2', 'Archivo', 'U :' from n");
+            "(numero, ruta, carpeta, archivo, nivel, tipo, disco) select i, 'E:\\a', 'a', "
+            "iif(i % 4000 = 0, 'rare ', 'file ') || i, '2', 'Archivo', 'U :' from n");
     }
 
     engine::SearchMemory memory;
@@ -38,13 +37,12 @@ class KnownNamesTest : public CatalogueTest {
 };
 
 TEST_F(KnownNamesTest, AnswerAsAPassDoes) {
-    const char* const names[]{
-        "rare",      "Rare name.jpg", "RARE NAME.JPG", "raré",   "ñandú RARE", "\u212Aelvin", "kelvin",
-        "\u017Fong", "song",          "a\xff\xfe",     "\xc3",   "",           "[a]",         "a#1?",
-        "x*y",       "rar",           "e rare",        "Ελλάδα", "ελλάδα.mp3", "😀 rare"};
-    const char* const kinds[]{"Archivo", "archivo", "ARCHIVO", "Carpeta de archivos", "Unidad de audio"};
+    const auto names = test::parts(
+        "rare|Rare name.jpg|RARE NAME.JPG|raré|ñandú RARE|\u212Aelvin|kelvin|\u017Fong|song|a\xff\xfe|\xc3||"
+        "[a]|a#1?|x*y|rar|e rare|Ελλάδα|ελλάδα.mp3|😀 rare");
+    const auto kinds = test::parts("Archivo|archivo|ARCHIVO|Carpeta de archivos|Unidad de audio");
     std::mt19937 random(7);
-    const auto one = [&](const auto& of) { return std::string(of[random() % std::size(of)]); };
+    const auto one = [&](const auto& of) { return of[random() % of.size()]; };
     {
         auto database = open();
         engine::Transaction all(database);
@@ -63,26 +61,22 @@ TEST_F(KnownNamesTest, AnswerAsAPassDoes) {
     change("update datos set carpeta = 'ra' || char(0) || 're', comentario = 17 where numero % 17 = 0");
     change("update datos set rowid = -numero * 10000000000 where numero % 3 = 0");
 
-    for (const char* word :
-         {"rare", "raré", "K", "ſ",  "s",  "song",      "\xff", "\xc3", "r?re", "[qr]are",  "ra*re",  "e*r",
-          "#",    "[",    "",  "ΛΛ", "17", "not there", "*",    "?",    ".jpg", "are\\nam", "ñandú r"})
-        for (const std::string& sql : {
-                 std::string("carpeta  Like ('*%*') and tipo <>('archivo') order by carpeta"),
-                 std::string("carpeta  Like ('*%*') order by carpeta"),
-                 std::string("archivo  Like ('*%*') order by archivo"),
-                 std::string("archivo  Like ('%') order by archivo desc"),
-                 std::string("archivo not like ('*%*') order by numero"),
-                 std::string("archivo like ('*%*') and comentario  Like ('*rar*') order by archivo"),
-                 std::string("comentario  Like ('*%*') and largo is null order by numero"),
-                 std::string(
-                     "(archivo like ('*%*.jpg')) or (archivo like ('*%*.mp3') and disco = ('u :')) order "
-                     "by numero"),
-                 std::string("(archivo like ('*%*')) or (numero > 1000) order by numero"),
-                 std::string("carpeta like ('*%*') and (tipo <>('archivo') or numero = 5) order by carpeta"),
-             }) {
+    const auto tests = test::parts(
+        "carpeta  Like ('*%*') and tipo <>('archivo') order by carpeta|"
+        "carpeta  Like ('*%*') order by carpeta|"
+        "archivo  Like ('*%*') order by archivo|archivo  Like ('%') order by archivo desc|"
+        "archivo not like ('*%*') order by numero|"
+        "archivo like ('*%*') and comentario  Like ('*rar*') order by archivo|"
+        "comentario  Like ('*%*') and largo is null order by numero|"
+        "(archivo like ('*%*.jpg')) or (archivo like ('*%*.mp3') and disco = ('u :')) order by numero|"
+        "(archivo like ('*%*')) or (numero > 1000) order by numero|"
+        "carpeta like ('*%*') and (tipo <>('archivo') or numero = 5) order by carpeta");
+    for (const std::string& word :
+         test::parts("rare|raré|K|ſ|s|song|\xff|\xc3|r?re|[qr]are|ra*re|e*r|#|[||ΛΛ|17|not there|*|?|.jpg|"
+                     "are\\nam|ñandú r"))
+        for (const std::string& sql : tests) {
             std::string asked = "select * from datos where " + sql;
-            for (auto at = asked.find('%'); at != asked.npos;
-                 at = asked.find('%', at + std::string_view(word).size()))
+            for (auto at = asked.find('%'); at != asked.npos; at = asked.find('%', at + word.size()))
                 asked.replace(at, 1, word);
             const std::string expected = search(asked);
             for (int i = 0; i < 3; ++i) ASSERT_EQ(search(asked, &memory), expected) << asked;
@@ -162,18 +156,13 @@ TEST_F(KnownNamesTest, AreReadFromTheSecondSearchOn) {
 // A table whose rows stand out of order, which a pass finds and a look-up does not.
 TEST_F(KnownNamesTest, AreNotTakenFromADamagedTable) {
     fill();
-    {
-        std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
-        std::string bytes((std::istreambuf_iterator<char>(file)), {});
-        const auto at = bytes.find("rare 80002Archivo");
-        ASSERT_NE(at, bytes.npos);
-        // The two bytes of the row's number stand before the header of its record.
-        const std::string number{'\xBE', '\x40'};  // 8000
-        const auto where = bytes.rfind(number, at);
-        ASSERT_LT(at - where, 60U);
-        file.seekp(static_cast<std::streamoff>(where));
-        file.write("\x81\x01", 2);  // 129
-    }
+    std::string bytes = test::readFile(path);
+    const auto at = bytes.find("rare 80002Archivo");
+    ASSERT_NE(at, bytes.npos);
+    // The two bytes of the row's number stand before the header of its record.
+    const auto number = bytes.rfind("\xBE\x40", at);  // 8000
+    ASSERT_LT(at - number, 60U);
+    test::writeFile(path, bytes.replace(number, 2, "\x81\x01"));  // 129
     const std::string expected = search(rare);
     EXPECT_NE(expected.find("8000"), expected.npos);
     for (int i = 0; i < 3; ++i) EXPECT_EQ(search(rare, &memory), expected);

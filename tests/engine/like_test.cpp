@@ -21,13 +21,6 @@ TEST(Like, FoldsCaseOverAllOfUnicodeAndKeepsAccents) {
     EXPECT_TRUE(like("Ñ", "[m-ñ]"));
 }
 
-TEST(Like, ReadsOddSets) {
-    EXPECT_TRUE(like("-", "[a-]"));
-    EXPECT_TRUE(like("*", "[*]"));
-    EXPECT_FALSE(like("a", "[*]"));
-    EXPECT_TRUE(like("!", "[!]"));
-}
-
 TEST(Like, TakesAnyBytes) {
     EXPECT_TRUE(like("a\xff\xfe", "a??"));
     EXPECT_TRUE(like("\xc3", "\xc3"));

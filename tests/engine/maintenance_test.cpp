@@ -2,6 +2,7 @@
 #include <random>
 
 #include "catalogue_fixture.h"
+#include "support/another_program.h"
 
 namespace {
 
@@ -126,25 +127,12 @@ TEST_F(MaintenanceTest, RepairsAFileCutAnywhere) {
 // What is no damage is no reason to salvage: an interrupted change is undone, as whole as it was.
 TEST_F(MaintenanceTest, RepairUndoesAnInterruptedChangeBeforeItLooks) {
     fill(2000);
-    const std::string hurt = folder / "hurt.zrq";
-    {
-        sqlite3* other = nullptr;
-        sqlite3_open(path.c_str(), &other);
-        ASSERT_EQ(sqlite3_exec(other,
-                               "pragma cache_size = 5; begin; update datos set archivo = 'new'; "
-                               "insert into datos select * from datos",
-                               nullptr, nullptr, nullptr),
-                  SQLITE_OK);
-        writeFile(hurt, readFile(path));
-        writeFile(hurt + "-journal", readFile(path.string() + "-journal"));
-        sqlite3_close(other);
-    }
-    const auto done = engine::RepairDatabase(hurt);
+    test::inTheMidstOfAChange(path);
+    const auto done = engine::RepairDatabase(path);
     ASSERT_TRUE(done) << done.error().text;
     EXPECT_EQ(*done, "");
-    EXPECT_EQ(rowsIn(hurt), 2000);
-    EXPECT_EQ(plainly(hurt, "select count(*) from datos"), "2000");
-    EXPECT_EQ(filesInFolder(), 2u);
+    EXPECT_EQ(rowsIn(path), 2000);
+    EXPECT_EQ(filesInFolder(), 1u);
 }
 
 TEST_F(MaintenanceTest, EachDamagedOriginalIsKeptUnderANameOfItsOwn) {
@@ -183,13 +171,17 @@ TEST_F(MaintenanceTest, RepairingTakesNoLongerThanTheFileIsLong) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
-// One page destroyed costs the rows of that page alone, even the root of the table's tree.
+// One page destroyed is told, and costs the rows of that page alone, even the root of the table's tree.
 TEST_F(MaintenanceTest, RepairsAroundADestroyedPage) {
     fill(2000);
     const std::string whole = readFile(path);
     for (std::size_t page = 1; page * 8192 < whole.size(); ++page) {
         std::string hurt = whole;
         hurt.replace(page * 8192, 8192, std::string(8192, '\x5A'));
+        writeFile(folder / "hurt.zrq", hurt);
+        const auto check = engine::CheckDatabase(folder / "hurt.zrq");
+        ASSERT_TRUE(check) << check.error().text;
+        EXPECT_TRUE(!check->faults.empty() && check->faults.size() <= 102u) << page;
         EXPECT_GE(repaired(hurt), 1850) << page;
     }
     // The root and the header's free list at once.
@@ -205,22 +197,11 @@ TEST_F(MaintenanceTest, CheckTellsWhatIsDamaged) {
     ASSERT_TRUE(sound);
     EXPECT_EQ(sound->faults, std::vector<std::string>());
     EXPECT_EQ(sound->rows, 2000);
-    const std::string whole = readFile(path), hurt = folder / "hurt.zrq";
-    for (std::size_t page = 1; page * 8192 < whole.size(); ++page) {
-        std::string bytes = whole;
-        bytes.replace(page * 8192, 8192, std::string(8192, '\x5A'));
-        writeFile(hurt, bytes);
-        const auto check = engine::CheckDatabase(hurt);
-        ASSERT_TRUE(check) << check.error().text;
-        EXPECT_FALSE(check->faults.empty()) << page;
-        EXPECT_LE(check->faults.size(), 102u);
-    }
-    writeFile(hurt, whole);
-    EXPECT_EQ(plainly(hurt,
+    EXPECT_EQ(plainly(path,
                       "update datos set largo = 'much', archivo = x'41', carpeta = cast(x'ff' as text) "
                       "where rowid = 7"),
               "");
-    EXPECT_EQ(engine::CheckDatabase(hurt)->faults,
+    EXPECT_EQ(engine::CheckDatabase(path)->faults,
               (std::vector<std::string>{"row 7: carpeta is no UTF-8 text", "row 7: archivo is no text",
                                         "row 7: largo is no number"}));
     EXPECT_EQ(engine::CheckDatabase(folder / "missing.zrq").error().number, engine::error::fileNotFound);
@@ -245,15 +226,10 @@ TEST_F(MaintenanceTest, RepairKeepsARowWithADamagedCell) {
     const std::size_t page = 8192, pointer = page + 8 + 2 * 2;  // the root is a leaf; its third row
     const std::size_t cell = page + byte(pointer) * 256u + byte(pointer + 1);
     const std::size_t length = cell, number = cell + 1, level = cell + 7;
-    struct Damage {
-        const char* what;
-        std::size_t at;
-        int value;
-    };
-    for (const auto& [what, at, value] : {Damage{"another row's number", number, byte(number) - 1},
-                                          Damage{"a pointer beyond the page", pointer, byte(pointer) | 0x80},
-                                          Damage{"a length beyond the row", length, byte(length) + 3},
-                                          Damage{"a text of bytes", level, 14}}) {
+    for (const auto& [what, at, value] : {std::tuple{"another row's number", number, byte(number) - 1},
+                                          {"a pointer beyond the page", pointer, byte(pointer) | 0x80},
+                                          {"a length beyond the row", length, byte(length) + 3},
+                                          {"a text of bytes", level, 14}}) {
         std::string hurt = whole;
         ASSERT_NE(byte(at), value);
         hurt[at] = static_cast<char>(value);
