@@ -7,8 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "cli/output.h"
-#include "exchange/row_reader.h"
+#include "exchange/written_rows.h"
 #include "platform/qtext.h"
 #include "support/fuzz_rounds.h"
 
@@ -18,6 +17,7 @@
 namespace {
 
 using exchange::Format;
+using test::written;
 
 const test::Parts csvPieces = test::parts(
     "1,E:\\,E:,a,1,1.5,3,Archivo,U :,note\r\n|2,E:\\b,b,,1,1e3,,Carpeta de archivos,U :,\"x\ny\"\n|"
@@ -48,13 +48,6 @@ std::optional<Rows> readAll(std::string text, Format format) {
     }
     std::fclose(file);
     return rows;
-}
-
-std::string written(const Rows& rows, Format format) {
-    std::string text = format == Format::Csv ? cli::csvHeader() : "";
-    for (const auto& row : rows)
-        text += format == Format::Csv ? cli::csvRow(row) : cli::jsonRow(row, platform::Drives());
-    return text;
 }
 
 core::CatalogRow hostileRow(std::mt19937& random) {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/output.h"
 #include "core/text.h"
+#include "exchange/written_rows.h"
 #include "platform/names.h"
 #include "support/catalogue_fixture.h"
 #include "support/hostile_names.h"
@@ -12,13 +12,6 @@ namespace {
 
 using exchange::Format;
 using Kind = exchange::ImportFailure::Kind;
-
-std::string exported(const std::vector<core::CatalogRow>& rows, Format format) {
-    std::string text = format == Format::Csv ? cli::csvHeader() : "";
-    for (const auto& row : rows)
-        text += format == Format::Csv ? cli::csvRow(row) : cli::jsonRow(row, platform::Drives());
-    return text;
-}
 
 std::expected<long long, exchange::ImportFailure> importInto(
     const test::CatalogueFixture& catalogue, std::string text,
@@ -61,9 +54,9 @@ TEST(Import, BringsBackWhatWasExported) {
     rows = source.rows();
     for (const Format format : {Format::Csv, Format::Json}) {
         const test::CatalogueFixture copy;
-        const std::string text = exported(rows, format);
+        const std::string text = test::written(rows, format);
         ASSERT_EQ(importInto(copy, text).value_or(-1), std::ssize(rows));
-        EXPECT_EQ(exported(copy.rows(), Format::Csv), exported(rows, Format::Csv));
+        EXPECT_EQ(test::written(copy.rows(), Format::Csv), test::written(rows, Format::Csv));
     }
 }
 
