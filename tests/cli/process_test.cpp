@@ -17,11 +17,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Told {
-    int status;
-    std::string told;  // on both streams
-};
+using test::cliTells, test::Told;
 
 // The program run in a folder of its own, as a script would.
 class Program : public testing::Test {
@@ -32,21 +28,15 @@ class Program : public testing::Test {
         test::writeFile(work / "disc/it's \"odd\", \xff", "x");
         for (const char* home : {"HOME", "XDG_CONFIG_HOME"}) ::setenv(home, work.path().c_str(), 1);
         ::setenv("ZARQUELIN_DRIVES", ("E=" + disc).c_str(), 1);
-        ASSERT_EQ(run({"new", cat}).status, 0);
-    }
-
-    [[nodiscard]] Told run(std::vector<std::string> words) const {
-        words.insert(words.begin(), ZARQUELIN_CLI);
-        const int status = test::statusOf(words, {.output = work / "told"});
-        return {status, test::readFile(work / "told")};
+        ASSERT_EQ(cliTells({"new", cat}).status, 0);
     }
 
     // The status, and that nothing but one line of complaint comes with a failure.
     [[nodiscard]] int statusOf(const std::vector<std::string>& words) const {
-        const Told outcome = run(words);
+        const Told outcome = cliTells(words);
         if (outcome.status != 0) {
-            EXPECT_TRUE(outcome.told.starts_with("zarquelin-cli: ") || outcome.status == 1) << outcome.told;
-            EXPECT_LE(std::ranges::count(outcome.told, '\n'), 1) << outcome.told;
+            EXPECT_TRUE(outcome.text.starts_with("zarquelin-cli: ") || outcome.status == 1) << outcome.text;
+            EXPECT_LE(std::ranges::count(outcome.text, '\n'), 1) << outcome.text;
         }
         return outcome.status;
     }
@@ -57,24 +47,24 @@ class Program : public testing::Test {
 };
 
 TEST_F(Program, ScansListsAndExports) {
-    const Told scanned = run({"scan", cat, "Fotos", disc});
+    const Told scanned = cliTells({"scan", cat, "Fotos", disc});
     EXPECT_EQ(scanned.status, 0);
-    EXPECT_EQ(scanned.told, "");  // no progress where there is no terminal
-    EXPECT_EQ(run({"add", cat, "Cds", "Pelis", "--kind", "video"}).status, 0);
+    EXPECT_EQ(scanned.text, "");  // no progress where there is no terminal
+    EXPECT_EQ(cliTells({"add", cat, "Cds", "Pelis", "--kind", "video"}).status, 0);
 
-    EXPECT_EQ(run({"units", cat, "--lang", "en"}).told,
+    EXPECT_EQ(cliTells({"units", cat, "--lang", "en"}).text,
               "Cds\tVideo unit\t0\t0\t0\nFotos\tFolders and files unit\t2\t2\t2\n");
-    EXPECT_EQ(run({"units", cat, "--json"}).told,
+    EXPECT_EQ(cliTells({"units", cat, "--json"}).text,
               R"({"disco":"Cds :","tipo":"Unidad de video","folders":0,"files":0,"kb":0})"
               "\n"
               R"({"disco":"Fotos :","tipo":"Unidad de carpetas y archivos","folders":2,"files":2,"kb":2})"
               "\n");
 
-    const std::string csv = run({"export", cat}).told;
+    const std::string csv = cliTells({"export", cat}).text;
     EXPECT_TRUE(
         csv.starts_with("numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario\r\n1,E:\\Año,"));
     EXPECT_NE(csv.find("\r\n4,E:\\,E:,\"it´s \"\"odd\"\", \uF0FF\",1,"), csv.npos) << csv;
-    const std::string json = run({"export", cat, "--format", "json"}).told;
+    const std::string json = cliTells({"export", cat, "--format", "json"}).text;
     EXPECT_EQ(std::ranges::count(json, '\n'), 5);
     EXPECT_NE(json.find(R"("ruta":"C:Pelis","carpeta":"Pelis","archivo":null,"nivel":"1")"), json.npos);
 }
@@ -82,34 +72,34 @@ TEST_F(Program, ScansListsAndExports) {
 TEST_F(Program, LeavesOutWhatItIsToldToAndTellsOfTheRest) {
     fs::create_directories(work / "disc/1/2/3/4/5/6/7/8/9/10/11/12");
     test::writeFile(work / "disc/.hidden", "");
-    EXPECT_EQ(run({"scan", cat, "All", disc, "--lang", "en"}).told,
+    EXPECT_EQ(cliTells({"scan", cat, "All", disc, "--lang", "en"}).text,
               "zarquelin-cli: left out: what is in 1 folder at the depth limit\n");
-    EXPECT_TRUE(run({"compare", cat, "All", "--lang", "en"}).told.ends_with("at the depth limit\n"));
-    const Told some = run({"scan", cat, "Some", disc, "--exclude", "a*", "--exclude=1", "--no-hidden"});
+    EXPECT_TRUE(cliTells({"compare", cat, "All", "--lang", "en"}).text.ends_with("at the depth limit\n"));
+    const Told some = cliTells({"scan", cat, "Some", disc, "--exclude", "a*", "--exclude=1", "--no-hidden"});
     EXPECT_EQ(some.status, 0);
-    EXPECT_EQ(some.told, "");
+    EXPECT_EQ(some.text, "");
     EXPECT_TRUE(
-        run({"units", cat, "--lang", "en"}).told.ends_with("\nSome\tFolders and files unit\t0\t1\t0\n"));
+        cliTells({"units", cat, "--lang", "en"}).text.ends_with("\nSome\tFolders and files unit\t0\t1\t0\n"));
     EXPECT_EQ(statusOf({"scan", cat, "None", disc, "--exclude"}), 2);
 }
 
 TEST_F(Program, TellsWhatAnUpdateChanges) {
-    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
+    ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
     EXPECT_EQ(statusOf({"compare", cat, "Fotos"}), 0);
     fs::remove(work / "disc/it's \"odd\", \xff");
     test::writeFile(work / "disc/Año/uno.txt", "");
     test::writeFile(work / "disc/\x1b[31mred\n", "");
     const std::string told = "~ Año/uno.txt\n+ \\x1b[31mred\\n\n- it´s \"odd\", \uF0FF\n";
-    const Told compared = run({"compare", cat, "Fotos"});
+    const Told compared = cliTells({"compare", cat, "Fotos"});
     EXPECT_EQ(compared.status, 1);
-    EXPECT_EQ(compared.told, told);
-    const std::string json = run({"compare", cat, "fotos", disc, "--json"}).told;
+    EXPECT_EQ(compared.text, told);
+    const std::string json = cliTells({"compare", cat, "fotos", disc, "--json"}).text;
     EXPECT_TRUE(json.starts_with(R"({"change":"changed","numero":3,"ruta":"E:\\Año",)")) << json;
-    const Told updated = run({"update", cat, "Fotos"});
+    const Told updated = cliTells({"update", cat, "Fotos"});
     EXPECT_EQ(updated.status, 0);
-    EXPECT_EQ(updated.told, told);
+    EXPECT_EQ(updated.text, told);
     EXPECT_EQ(statusOf({"compare", cat, "Fotos"}), 0);
-    EXPECT_EQ(run({"compare", cat, "Fotos", "--exclude", "[ab]ño"}).told,
+    EXPECT_EQ(cliTells({"compare", cat, "Fotos", "--exclude", "[ab]ño"}).text,
               "- Año\n- Año/sub\n- Año/uno.txt\n");
     EXPECT_EQ(statusOf({"update", cat, "Nada"}), 1);
     EXPECT_EQ(statusOf({"update", cat, "Fotos", work / "missing"}), 2);
@@ -117,17 +107,17 @@ TEST_F(Program, TellsWhatAnUpdateChanges) {
 }
 
 TEST_F(Program, MergesCataloguesThroughAFile) {
-    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
-    ASSERT_EQ(run({"new", work / "all.zrq"}).status, 0);
-    ASSERT_EQ(run({"add", work / "all.zrq", "Cds", "x"}).status, 0);
-    const std::string rows = run({"export", cat}).told;
+    ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
+    ASSERT_EQ(cliTells({"new", work / "all.zrq"}).status, 0);
+    ASSERT_EQ(cliTells({"add", work / "all.zrq", "Cds", "x"}).status, 0);
+    const std::string rows = cliTells({"export", cat}).text;
     test::writeFile(work / "rows.csv", rows);
     EXPECT_EQ(statusOf({"import", work / "all.zrq", work / "rows.csv"}), 0);
-    EXPECT_EQ(std::ranges::count(run({"export", work / "all.zrq"}).told, '\n'), 6);
-    const Told again = run({"import", work / "all.zrq", work / "rows.csv", "--lang", "en"});
+    EXPECT_EQ(std::ranges::count(cliTells({"export", work / "all.zrq"}).text, '\n'), 6);
+    const Told again = cliTells({"import", work / "all.zrq", work / "rows.csv", "--lang", "en"});
     EXPECT_EQ(again.status, 2);
-    EXPECT_TRUE(again.told.ends_with("rows.csv: line 2: there is such a unit already: Fotos :\n"))
-        << again.told;
+    EXPECT_TRUE(again.text.ends_with("rows.csv: line 2: there is such a unit already: Fotos :\n"))
+        << again.text;
     EXPECT_EQ(statusOf({"import", cat, work / "missing"}), 2);
     EXPECT_EQ(statusOf({"import", cat, disc}), 2);
     EXPECT_EQ(statusOf({"import", cat, work / "rows.csv", "--format", "json"}), 2);
@@ -137,15 +127,16 @@ TEST_F(Program, MergesCataloguesThroughAFile) {
 TEST_F(Program, FindsWhatIsThereTwice) {
     fs::create_directories(work / "disc/again");
     test::writeFile(work / "disc/again/UNO.txt", std::string(2048, 'y'));
-    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
-    EXPECT_EQ(run({"duplicates", cat}).told, "2\tFotos\tE:\\again\\UNO.txt\n2\tFotos\tE:\\Año\\uno.txt\n\n");
-    EXPECT_EQ(run({"duplicates", cat, "--json", "--by", "name", "--unit", "fotos"}).told,
+    ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
+    EXPECT_EQ(cliTells({"duplicates", cat}).text,
+              "2\tFotos\tE:\\again\\UNO.txt\n2\tFotos\tE:\\Año\\uno.txt\n\n");
+    EXPECT_EQ(cliTells({"duplicates", cat, "--json", "--by", "name", "--unit", "fotos"}).text,
               R"({"archivo":"UNO.txt","largo":2,"copies":[)"
               R"({"disco":"Fotos :","ruta":"E:\\again","archivo":"UNO.txt"},)"
               R"({"disco":"Fotos :","ruta":"E:\\Año","archivo":"uno.txt"}]})"
               "\n");
     const std::string paths = disc + "/again/UNO.txt" + '\0' + disc + "/Año/uno.txt" + '\0';
-    EXPECT_EQ(run({"duplicates", cat, "-0"}).told, paths);
+    EXPECT_EQ(cliTells({"duplicates", cat, "-0"}).text, paths);
     EXPECT_EQ(statusOf({"duplicates", cat, "--min-kb", "3"}), 1);
     EXPECT_EQ(statusOf({"duplicates", cat, "--unit", "Nada"}), 1);
     for (const char* by : {"", "name,", "names", "name;size"})
@@ -154,11 +145,11 @@ TEST_F(Program, FindsWhatIsThereTwice) {
 }
 
 TEST_F(Program, ChecksAndBacksUp) {
-    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
-    EXPECT_EQ(run({"check", cat, "--lang", "en"}).told, "sound; rows: 4\n");
+    ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
+    EXPECT_EQ(cliTells({"check", cat, "--lang", "en"}).text, "sound; rows: 4\n");
     fs::create_directory(work / "safe");
     for (int time = 0; time < 2; ++time) EXPECT_EQ(statusOf({"backup", cat, work / "safe"}), 0);
-    EXPECT_EQ(run({"export", work / "safe/cat.zrq"}).told, run({"export", cat}).told);
+    EXPECT_EQ(cliTells({"export", work / "safe/cat.zrq"}).text, cliTells({"export", cat}).text);
     const std::string photo = disc + "/Año/uno.txt", before = test::readFile(photo);
     EXPECT_EQ(statusOf({"backup", cat, photo}), 3);
     EXPECT_EQ(test::readFile(photo), before);
@@ -169,15 +160,15 @@ TEST_F(Program, ChecksAndBacksUp) {
     std::string bytes = test::readFile(cat);
     std::fill(bytes.begin() + 8192, bytes.end(), 'Z');
     test::writeFile(cat, bytes);
-    EXPECT_EQ(run({"check", cat}).status, 3);
-    EXPECT_NE(run({"check", cat, "--json"}).told.find(R"({"sound":false,"rows":0,"faults":[")"),
+    EXPECT_EQ(cliTells({"check", cat}).status, 3);
+    EXPECT_NE(cliTells({"check", cat, "--json"}).text.find(R"({"sound":false,"rows":0,"faults":[")"),
               std::string::npos);
     EXPECT_EQ(statusOf({"check", photo}), 3);
 }
 
 TEST_F(Program, RenamesDeletesAndCompacts) {
-    ASSERT_EQ(run({"scan", cat, "Fotos", disc}).status, 0);
-    ASSERT_EQ(run({"add", cat, "Cds", "x"}).status, 0);
+    ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
+    ASSERT_EQ(cliTells({"add", cat, "Cds", "x"}).status, 0);
     EXPECT_EQ(statusOf({"rename", cat, "Nada", "x"}), 1);
     EXPECT_EQ(statusOf({"rename", cat, "Fotos", "cDs"}), 2);
     EXPECT_EQ(statusOf({"rename", cat, "Fotos", "a'b"}), 2);
@@ -186,7 +177,7 @@ TEST_F(Program, RenamesDeletesAndCompacts) {
     EXPECT_EQ(statusOf({"delete", cat, "Cds"}), 0);
     EXPECT_EQ(statusOf({"compact", cat}), 0);
     EXPECT_EQ(statusOf({"repair", cat}), 0);
-    EXPECT_EQ(run({"units", cat, "--lang=es"}).told, "FOTOS\tUnidad de carpetas y archivos\t2\t2\t2\n");
+    EXPECT_EQ(cliTells({"units", cat, "--lang=es"}).text, "FOTOS\tUnidad de carpetas y archivos\t2\t2\t2\n");
     EXPECT_FALSE(fs::exists(work / "compactada.zrq"));
 }
 
@@ -210,7 +201,7 @@ TEST_F(Program, SaysThatItWasInterrupted) {
 
 TEST_F(Program, AnEmptyExportAndAFolderThatCannotBeReadHaveTheirStatus) {
     EXPECT_EQ(statusOf({"export", cat}), 1);
-    EXPECT_EQ(run({"export", cat, "--format", "json"}).told, "");
+    EXPECT_EQ(cliTells({"export", cat, "--format", "json"}).text, "");
     fs::create_symlink("loop", work / "loop");
     for (const char* folder : {"loop", "disc/Año/uno.txt"})
         EXPECT_EQ(statusOf({"scan", cat, "Nada", work / folder}), 2) << folder;
@@ -233,7 +224,7 @@ TEST_F(Program, TellsATerminalOfLongWork) {
     };
     test::Program program({ZARQUELIN_CLI, "import", cat, pipe}, {.output = ::ptsname(terminal)});
     ASSERT_TRUE(hears("\rzarquelin-cli import: 1 s\x1b[K"));
-    std::ofstream(pipe) << run({"export", cat}).told;
+    std::ofstream(pipe) << cliTells({"export", cat}).text;
     EXPECT_EQ(program.wait(), 1);
     EXPECT_FALSE(hears("to the end"));
     EXPECT_TRUE(told.ends_with("\r\x1b[K")) << "the line stays";
@@ -264,9 +255,9 @@ TEST_F(Program, TellsAnUnusableCatalogueByItsStatus) {
     EXPECT_EQ(statusOf({"scan", work / "garbage.zrq", "N", disc}), 3);
     EXPECT_EQ(test::readFile(work / "garbage.zrq"), std::string(10'000, 'g'));
 
-    ASSERT_EQ(run({"add", cat, "Cds", "x"}).status, 0);
+    ASSERT_EQ(cliTells({"add", cat, "Cds", "x"}).status, 0);
     EXPECT_EQ(statusOf({"new", cat}), 3);  // never over an existing catalogue
-    EXPECT_EQ(run({"units", cat}).told.substr(0, 4), "Cds\t");
+    EXPECT_EQ(cliTells({"units", cat}).text.substr(0, 4), "Cds\t");
     EXPECT_EQ(statusOf({"scan", cat, "cds", disc}), 2);
 
     auto database = engine::OpenDatabase(cat).value();

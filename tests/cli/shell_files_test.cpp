@@ -12,12 +12,6 @@ namespace {
 // What the program says of itself: its commands, and the options of each.
 class Help : public testing::Test {
   protected:
-    static std::string told(std::vector<std::string> words) {
-        const test::TemporaryFolder folder;
-        words.insert(words.begin(), ZARQUELIN_CLI);
-        EXPECT_EQ(test::statusOf(words, {.output = folder / "told"}), 0);
-        return test::readFile(folder / "told");
-    }
     // The first words of the lines that begin so.
     static std::vector<std::string> wordsBehind(const std::string& text, const std::string& begin) {
         std::vector<std::string> words;
@@ -27,9 +21,11 @@ class Help : public testing::Test {
                 words.push_back(line.substr(begin.size(), line.find(' ', begin.size()) - begin.size()));
         return words;
     }
-    static std::vector<std::string> commands() { return wordsBehind(told({"--help"}), "zarquelin-cli "); }
+    static std::vector<std::string> commands() {
+        return wordsBehind(test::cliTells({"--help"}).text, "zarquelin-cli ");
+    }
     static std::vector<std::string> optionsOf(const std::string& command) {
-        auto options = wordsBehind(told({command, "--help"}), "  -");
+        auto options = wordsBehind(test::cliTells({command, "--help"}).text, "  -");
         for (std::string& option : options) option.insert(0, "-");
         return options;
     }

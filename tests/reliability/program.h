@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "support/temporary_folder.h"
+
 namespace test {
 
 // What a program is run under.
@@ -72,6 +74,16 @@ inline int statusOf(const std::vector<std::string>& command, const Conditions& c
 inline int cliStatus(std::vector<std::string> words, const Conditions& conditions = {}) {
     words.insert(words.begin(), ZARQUELIN_CLI);
     return statusOf(words, conditions);
+}
+
+struct Told {
+    int status;
+    std::string text;  // on both streams
+};
+inline Told cliTells(const std::vector<std::string>& words) {
+    const TemporaryFolder folder;
+    const int status = cliStatus(words, {.output = folder / "told"});
+    return {status, readFile(folder / "told")};
 }
 
 }  // namespace test
