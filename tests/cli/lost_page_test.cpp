@@ -40,16 +40,14 @@ TEST(LostPage, OfTheIndexIsNeverAShorterAnswer) {
     const std::string whole = catalogueBytes();
     const test::TemporaryFolder folder;
     const std::string path = folder / "a.zrq";
-    const std::vector<std::string> commands[]{
-        {"search", path, "beach"},
-        {"search", path, "beach 7", "--unit", "Disc number 21"},
-        {"list", path, "Disc number 10"},
-        {"list", path, "disc number 29", "fotos"},
-        {"stats", path, "Disc number 20"},
-        {"units", path},
-        {"rename", path, "Disc number 10", "Other"},
-        {"delete", path, "Disc number 29"},
-    };
+    const std::vector<std::string> commands[]{{"search", path, "beach"},
+                                              {"search", path, "beach 7", "--unit", "Disc number 21"},
+                                              {"list", path, "Disc number 10"},
+                                              {"list", path, "disc number 29", "fotos"},
+                                              {"stats", path, "Disc number 20"},
+                                              {"units", path},
+                                              {"rename", path, "Disc number 10", "Other"},
+                                              {"delete", path, "Disc number 29"}};
     int damaged = 0, told = 0;
     for (const auto& command : commands) {
         // What the command says, and the rows as they are then.

@@ -19,30 +19,26 @@ using Content = std::map<std::string, std::vector<std::string>>;
 inline Content contentOf(const std::string& path) {
     Content content;
     sqlite3* database = nullptr;
-    sqlite3_stmt* statement = nullptr;
-    const auto rows = [&](const char* sql, auto&& use) {
-        ASSERT_EQ(sqlite3_prepare_v2(database, sql, -1, &statement, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(database);
-        int step = SQLITE_ROW;
-        while ((step = sqlite3_step(statement)) == SQLITE_ROW) use();
-        EXPECT_EQ(step, SQLITE_DONE) << sqlite3_errmsg(database);
-        sqlite3_finalize(statement);
+    const auto add = [](void* to, int columns, char** values, char**) {
+        std::string line;
+        for (int column = 1; column < columns; ++column)
+            line += std::string(values[column] ? values[column] : "-") + '|';
+        (*static_cast<Content*>(to))[values[0]].push_back(std::move(line));
+        return 0;
     };
-    const auto text = [&](int column) {
-        const unsigned char* value = sqlite3_column_text(statement, column);
-        return value ? std::string(reinterpret_cast<const char*>(value)) : std::string("-");
+    const auto read = [&](const char* sql, Content& rows) {
+        EXPECT_EQ(sqlite3_exec(database, sql, add, &rows, nullptr), SQLITE_OK)
+            << path << sqlite3_errmsg(database);
     };
     EXPECT_EQ(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK) << path;
     sqlite3_busy_timeout(database, 10'000);
-    rows("pragma integrity_check", [&] { EXPECT_EQ(text(0), "ok") << path; });
-    rows(
+    Content faults;
+    read("pragma integrity_check", faults);
+    EXPECT_EQ(faults, (Content{{"ok", {""}}})) << path;
+    read(
         "select disco, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, comentario from datos "
         "order by disco, numero, rowid",
-        [&] {
-            std::string line;
-            for (int column = 1; column < 10; ++column) line += text(column) + '|';
-            content[text(0)].push_back(std::move(line));
-        });
+        content);
     sqlite3_close(database);
     return content;
 }

@@ -130,12 +130,8 @@ void startRecord() {
     events.clear();
     recording = true;
 }
-void report(int step) {
-    note({}, Reported{step});
-}
-Record takeRecord() {
-    recording = false;
-    return std::exchange(events, {});
+const Record& record() {
+    return events;
 }
 
 }  // namespace test::disk

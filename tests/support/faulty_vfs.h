@@ -27,18 +27,14 @@ struct Delete {
     bool flushed;  // with the folder
 };
 struct Flush {};
-struct Reported {
-    int step;  // what the program had told to be done by then
-};
 struct Event {
     std::string path;
-    std::variant<Write, Truncate, Delete, Flush, Reported> what;
+    std::variant<Write, Truncate, Delete, Flush> what;
 };
 using Record = std::vector<Event>;
 
 void startRecord();
-void report(int step);
-[[nodiscard]] Record takeRecord();
+[[nodiscard]] const Record& record();  // so far
 
 }  // namespace disk
 }  // namespace test
