@@ -91,13 +91,6 @@ TEST_F(SearchRun, ItemsOfFoldersAndFiles) {
     EXPECT_EQ(items.at(0).type, "File");
 }
 
-TEST_F(SearchRun, ANameSearchOfTypeAndUnitShowsTheNoteShownLast) {
-    find([](auto& r) { r.name = "foto1"; });
-    find([](auto& r) { r.unit = "Discos :", r.type = captions.rotuloaudio; });
-    ASSERT_EQ(items.size(), 3u);
-    for (const auto& item : items) EXPECT_EQ(item.notes, "en la playa");
-}
-
 TEST_F(SearchRun, SizesAreBoundsAndDatesIncludeTheWholeLastDay) {
     EXPECT_EQ(find([](auto& r) { r.size = true, r.minimum = "20", r.maximum = "30"; }),
               (Names{"fotos", "sonidos", "a.Mp3", "b.mp3"}));

@@ -47,12 +47,6 @@ TEST(Layout, ATinyWindowKeepsWhatWouldVanish) {
     EXPECT_NE(next.list.width, before.list.width);
 }
 
-TEST(Layout, TheDividerStaysInTheWindow) {
-    EXPECT_EQ(frame::draggedDivider(-40, 9000), 500);
-    EXPECT_EQ(frame::draggedDivider(8900, 9000), 8500);
-    EXPECT_EQ(frame::releasedDivider(4000, 2000), 500) << "narrower than both bounds";
-}
-
 // The entries that are off, in the order of their names, and behind "|" the buttons that are off.
 std::string off(const frame::WindowState& state) {
     const frame::Enabled enabled = frame::enabledIn(state);

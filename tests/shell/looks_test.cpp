@@ -40,23 +40,6 @@ TEST_F(Looks, AtEightPointsEverythingStandsWhereItIsTold) {
     EXPECT_EQ(place("Label2").topLeft(), QPoint(499, 3));
 }
 
-TEST_F(Looks, TheDividerStaysInANarrowWindowAndGoesBackInAWideOne) {
-    startWithFotos();
-    choose("explorar");
-    form->resize(1000, 660);
-    const QPoint handle = control("imgSplitter").rect().center();
-    QTest::mousePress(&control("imgSplitter"), Qt::LeftButton, {}, handle);
-    QTest::mouseMove(&control("imgSplitter"), handle + QPoint(520, 0));
-    QTest::mouseRelease(&control("imgSplitter"), Qt::LeftButton, {}, handle + QPoint(520, 0));
-    const int wanted = place("imgSplitter").left();
-    EXPECT_GT(wanted, 700);
-    form->resize(600, 500);
-    EXPECT_EQ(place("imgSplitter").left(), 500);
-    EXPECT_GT(place("ListView1").width(), 50);
-    form->resize(1000, 660);
-    EXPECT_EQ(place("imgSplitter").left(), wanted);
-}
-
 double luminance(const QColor& colour) {
     const auto part = [](double share) {
         return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);

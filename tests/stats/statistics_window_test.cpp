@@ -159,15 +159,6 @@ TEST(StatisticsWindow, ItsImageStaysHalfAnInchFromTheEdgesOfThePaper) {
     EXPECT_EQ(stats::placeOnPaper({800, 1600}, {11440, 11440}), QRectF(720, 720, 5000, 10000));
 }
 
-TEST_F(Statistics, MoreFilesThanAWindowCountsShowNone) {
-    addFiles("C:\\a", "a.txt", 32768);
-    start(Language::English, sample.path);
-    click("U :");
-    choose("graficos");
-    EXPECT_FALSE(window().isVisible());
-    EXPECT_TRUE(messages.shown.empty());
-}
-
 TEST_F(Statistics, PrintsEachCopyTurnsItsPagesAndCloses) {
     addFiles("C:\\a", "a.txt");
     start(Language::Spanish, sample.path);
