@@ -21,6 +21,7 @@
 #include "core/catalog_row.h"
 #include "core/inserts.h"
 #include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "engine/database.h"
 #include "engine/maintenance.h"
 
@@ -114,7 +115,7 @@ class CatalogueMaker {
     }
 
     void ordinaryUnit(const std::string& unit, long long untilRow) {
-        m_disco = unit + std::string(core::unitSuffix);
+        m_disco = core::discoOf(unit);
         while (m_numero < untilRow) {
             const std::string top = "D:\\" + name() + " " + std::to_string(m_numero);
             folder(top, 1);

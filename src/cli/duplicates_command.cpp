@@ -11,6 +11,7 @@
 #include "cli/row_output.h"
 #include "core/lookup.h"
 #include "core/text.h"
+#include "core/unit_name.h"
 #include "duplicates/duplicates.h"
 
 namespace cli {

@@ -9,6 +9,7 @@
 #include "cli/output.h"
 #include "cli/scan_progress.h"
 #include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "scan/allowed_keys.h"
@@ -30,7 +31,7 @@ int report(const scan::WalkResult& result, const scan::ScanRequest& request, con
            const Invocation& invocation) {
     if (invocation.arguments.json)
         print(JsonLine()
-                  .text("disco", request.name + std::string(core::unitSuffix))
+                  .text("disco", core::discoOf(request.name))
                   .number("folders", result.counts.folders)
                   .number("files", result.counts.files)
                   .boolean("stopped", result.stopped)

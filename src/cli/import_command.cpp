@@ -7,7 +7,6 @@
 #include "cli/families.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
-#include "core/unit_kinds.h"
 #include "exchange/import_rows.h"
 
 namespace cli {

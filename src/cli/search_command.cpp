@@ -10,7 +10,7 @@
 #include "cli/row_output.h"
 #include "cli/search_options.h"
 #include "core/text.h"
-#include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "search/search_run.h"
 
 namespace cli {
@@ -60,7 +60,7 @@ search::SearchRequest ofUnit(search::SearchRequest request, std::string_view dis
 
 int explain(search::SearchRequest request, const Invocation& invocation) {
     if (const auto unit = invocation.arguments.value("--unit"))
-        request = ofUnit(std::move(request), core::withoutApostrophes(*unit) + std::string(core::unitSuffix));
+        request = ofUnit(std::move(request), core::discoOf(core::withoutApostrophes(*unit)));
     for (const search::Pass& pass : search::passesOf(request, core::rotulos(invocation.language)))
         print(pass.sql + '\n');
     return Done;

@@ -9,6 +9,7 @@
 #include "cli/output.h"
 #include "core/maintenance.h"
 #include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "core/units.h"
 #include "engine/text/folding.h"
 #include "scan/allowed_keys.h"

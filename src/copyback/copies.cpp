@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/literals.h"
 #include "core/locate.h"
 #include "core/text.h"
 #include "platform/names.h"

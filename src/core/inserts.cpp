@@ -2,8 +2,9 @@
 
 #include <initializer_list>
 
+#include "core/literals.h"
 #include "core/serial_date.h"
-#include "core/unit_kinds.h"
+#include "core/unit_name.h"
 
 namespace core {
 namespace {
@@ -40,30 +41,19 @@ std::string insertFile(const CatalogRow& row) {
                       decimalText(row.fecha), std::to_string(row.largo.value_or(0)), row.tipo, row.disco});
 }
 
-std::string textLiteral(std::string_view text) {
-    std::string literal = "'";
-    for (const char c : text) literal.append(c == '\'' ? 2 : 1, c);
-    return literal += '\'';
-}
-
 std::string insertWhole(const CatalogRow& row) {
-    const auto orNull = [](const std::optional<std::string>& text) {
-        return text ? textLiteral(*text) : "null";
-    };
+    const auto orNull = [](const std::optional<std::string>& text) { return text ? literal(*text) : "null"; };
     std::string sql =
         "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario) values (";
-    sql += std::to_string(row.numero) + ',' + textLiteral(row.ruta) + ',' + textLiteral(row.carpeta) + ',';
-    sql +=
-        orNull(row.archivo) + ',' + textLiteral(row.nivel) + ',' + textLiteral(decimalText(row.fecha)) + ',';
+    sql += std::to_string(row.numero) + ',' + literal(row.ruta) + ',' + literal(row.carpeta) + ',';
+    sql += orNull(row.archivo) + ',' + literal(row.nivel) + ',' + literal(decimalText(row.fecha)) + ',';
     sql += row.largo ? std::to_string(*row.largo) : "null";
-    return sql +=
-           ',' + textLiteral(row.tipo) + ',' + textLiteral(row.disco) + ',' + orNull(row.comentario) + ')';
+    return sql += ',' + literal(row.tipo) + ',' + literal(row.disco) + ',' + orNull(row.comentario) + ')';
 }
 
 std::string selectUnitNamed(std::string_view name) {
     std::string sql = "select * from datos where disco =('";
-    sql += name;
-    sql += unitSuffix;
+    sql += discoOf(name);
     return sql += "') ";
 }
 

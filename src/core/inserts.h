@@ -13,9 +13,6 @@ namespace core {
 // A whole row, its note included, whatever its texts hold.
 [[nodiscard]] std::string insertWhole(const CatalogRow& row);
 
-// A text as a literal of a statement: in quotes, each apostrophe doubled.
-[[nodiscard]] std::string textLiteral(std::string_view text);
-
 // "select * from datos where disco =('NAME :') ", the test for a unit of that name.
 [[nodiscard]] std::string selectUnitNamed(std::string_view name);
 

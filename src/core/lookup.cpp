@@ -5,9 +5,11 @@
 #include <functional>
 #include <utility>
 
+#include "core/literals.h"
 #include "core/path_readings.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "core/units.h"
 #include "engine/text/folding.h"
 
@@ -222,11 +224,6 @@ Lookup<std::string> findUnit(engine::Database& database, std::string_view name) 
     if (found.size() == 1 || isExact(bestFit)) return std::move(found.front());
     for (std::string& disco : found) disco = unitName(disco);
     return std::unexpected(LookupFailure{LookupFailure::Several, std::move(found)});
-}
-
-std::string_view unitName(std::string_view disco) {
-    if (disco.ends_with(unitSuffix)) disco.remove_suffix(unitSuffix.size());
-    return disco;
 }
 
 Lookup<FoundRow> findRow(engine::Database& database, const std::string& disco, std::string_view path,

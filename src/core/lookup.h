@@ -27,9 +27,6 @@ using Lookup = std::expected<T, LookupFailure>;
 // The `disco` of the unit that is called `name`, which is without the " :" of its rows.
 [[nodiscard]] Lookup<std::string> findUnit(engine::Database& database, std::string_view name);
 
-// The unit's name, which is its `disco` without " :".
-[[nodiscard]] std::string_view unitName(std::string_view disco);
-
 struct FoundRow {
     enum Kind { Unit, Folder, File, Entry };  // Entry: the row of a hand-made unit
     Kind kind = Unit;

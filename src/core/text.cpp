@@ -33,19 +33,6 @@ std::string withApostrophes(std::string_view catalogueText) {
     return replaceAll(std::string(catalogueText), acuteAccent, apostrophe);
 }
 
-std::string literal(std::string_view text) {
-    return "'" + replaceAll(std::string(text), "'", "''") + "'";
-}
-
-std::string asPattern(std::string_view name) {
-    std::string pattern;
-    for (const char c : name) {
-        const bool isWildcard = c == '*' || c == '?' || c == '#' || c == '[';
-        pattern.append(isWildcard ? "[" : "").append(1, c).append(isWildcard ? "]" : "");
-    }
-    return pattern;
-}
-
 std::string_view lastComponent(std::string_view drivePath) {
     const std::size_t at = drivePath.rfind('\\');
     return at == std::string_view::npos ? drivePath : drivePath.substr(at + 1);

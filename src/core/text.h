@@ -12,11 +12,6 @@ namespace core {
 [[nodiscard]] std::string withoutApostrophes(std::string_view diskText);    // ' becomes ´
 [[nodiscard]] std::string withApostrophes(std::string_view catalogueText);  // ´ becomes '
 
-// A text as a literal of a statement, whatever it holds.
-[[nodiscard]] std::string literal(std::string_view text);
-// A name as part of a pattern of `like` that matches nothing else.
-[[nodiscard]] std::string asPattern(std::string_view name);
-
 // What follows the last backslash; the whole text when there is none.
 [[nodiscard]] std::string_view lastComponent(std::string_view drivePath);
 

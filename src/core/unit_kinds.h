@@ -30,7 +30,4 @@ inline constexpr int scannedUnitPicture = 16;
 // words.
 [[nodiscard]] int unitPicture(std::string_view tipo);
 
-// What is appended to the typed name of a unit in `disco`.
-inline constexpr std::string_view unitSuffix = " :";
-
 }  // namespace core

@@ -6,7 +6,7 @@
 #include <tuple>
 #include <utility>
 
-#include "core/inserts.h"
+#include "core/literals.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
 #include "core/units.h"
@@ -19,10 +19,10 @@ constexpr double greatestSerial = 1e9;  // beyond it a number is no date
 
 std::string selectFiles(const Request& request) {
     std::string sql = "select archivo, largo, fecha, disco, ruta from datos where tipo=(" +
-                      core::textLiteral(core::fileTipo) + ")";
+                      core::literal(core::fileTipo) + ")";
     std::string before = " and disco in (";
     for (const std::string& disco : request.discos) {
-        sql += before + core::textLiteral(disco);
+        sql += before + core::literal(disco);
         before = ",";
     }
     if (!request.discos.empty()) sql += ')';

@@ -5,8 +5,10 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/literals.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "exchange/source.h"
 
 namespace exchange {
@@ -56,8 +58,7 @@ bool isUnitKind(const std::string& tipo) {
 }
 
 bool isUnitName(std::string_view disco) {
-    return disco.size() > core::unitSuffix.size() && disco.ends_with(core::unitSuffix) &&
-           disco.find('\'') == disco.npos;
+    return core::isDisco(disco) && !core::unitName(disco).empty() && core::refuseApostrophe(disco);
 }
 
 bool mayBeAbsent(Column column) {

@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "core/text.h"
-#include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "platform/names.h"
 
 namespace mount {
@@ -51,8 +51,8 @@ ShownName shownName(std::string_view catalogueName) {
 }
 
 ShownName shownUnitName(std::string_view disco) {
-    if (!disco.ends_with(core::unitSuffix)) return {shownName(disco).bytes, true};
-    return shownName(disco.substr(0, disco.size() - core::unitSuffix.size()));
+    if (!core::isDisco(disco)) return {shownName(disco).bytes, true};
+    return shownName(core::unitName(disco));
 }
 
 std::string markedName(const std::string& shown, std::string_view catalogueName) {

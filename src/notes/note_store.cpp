@@ -1,5 +1,6 @@
 #include "notes/note_store.h"
 
+#include "core/literals.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
 
@@ -11,18 +12,10 @@ std::string withKey(std::string text, const NoteTarget& target, std::string_view
     return text.append("') and ").append(nameColumn).append(" =('").append(target.name).append("')");
 }
 
-// Text that stays inside the quotes it is put in.
-bool staysInQuotes(std::string_view text) {
-    return text.find('\'') == std::string_view::npos;
-}
-
-bool keyStaysInQuotes(const NoteTarget& target) {
-    return staysInQuotes(target.disco) && staysInQuotes(target.ruta) && staysInQuotes(target.name);
-}
-
-std::unexpected<engine::Error> syntaxError() {
-    return std::unexpected(
-        engine::Error{engine::error::syntaxInExpression, "syntax error: an apostrophe ends the quoted text"});
+engine::Result<> refuseApostrophes(const NoteTarget& target) {
+    for (const std::string_view part : {target.disco, target.ruta, target.name})
+        if (auto safe = core::refuseApostrophe(part); !safe) return safe;
+    return {};
 }
 
 }  // namespace
@@ -44,7 +37,7 @@ std::string updateNote(const NoteTarget& target, std::string_view note) {
 }
 
 engine::Result<> storeNoteOf(engine::Database& database, const core::CatalogRow& row, std::string_view note) {
-    if (!staysInQuotes(note)) return syntaxError();
+    if (auto safe = core::refuseApostrophe(note); !safe) return safe;
     const std::string where =
         " where disco=(" + core::literal(row.disco) + ") and ruta=(" + core::literal(row.ruta) + ") and " +
         (row.archivo ? "archivo=(" + core::literal(*row.archivo) + ")" : "tipo<>('archivo')");
@@ -69,7 +62,7 @@ engine::Result<> storeNoteOf(engine::Database& database, const core::CatalogRow&
 engine::Result<ReadNote> readNote(engine::Database& database, const NoteTarget& target,
                                   core::Language language) {
     if (target.indicefila < 0 || target.type == core::rotulos(language).rotulocarpeta) return ReadNote{};
-    if (!keyStaysInQuotes(target)) return ReadNote{};
+    if (!refuseApostrophes(target)) return ReadNote{};
     const auto rows = database.OpenRecordset(selectForReading(target));
     if (!rows) return std::unexpected(rows.error());
     const bool none = rows->Eof();
@@ -84,7 +77,7 @@ engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget&
                                    std::string_view note) {
     // The stored word in both languages: where folders are captioned "Files folder", this lets them pass.
     if (target.indicefila < 0 || target.type == core::folderTipo) return StoreEnd::NoRow;
-    if (!keyStaysInQuotes(target)) return syntaxError();
+    if (auto safe = refuseApostrophes(target); !safe) return std::unexpected(safe.error());
     {
         const auto rows = database.OpenRecordset(selectForStoring(target));
         if (!rows) return std::unexpected(rows.error());
@@ -92,7 +85,7 @@ engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget&
         if (rows->error()) return std::unexpected(*rows->error());
         if (none) return StoreEnd::NoRow;
     }
-    if (!staysInQuotes(note)) return syntaxError();
+    if (auto safe = core::refuseApostrophe(note); !safe) return std::unexpected(safe.error());
     if (const auto touched = database.Execute(updateNote(target, note)); !touched)
         return std::unexpected(touched.error());
     return StoreEnd::Stored;

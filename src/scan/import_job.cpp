@@ -6,7 +6,7 @@
 #include "controls/image_combo.h"
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
-#include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "frame/captions.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"
@@ -74,7 +74,7 @@ void ImportJob::catalogueDirectory() {
     }
 
     m_events.walkBegins();
-    m_name = name + qtext(core::unitSuffix);
+    m_name = qtext(core::discoOf(name.toStdString()));
     m_shownDirectory = m_fields.Text4.text();
     m_fields.Text3.setText(m_name);
 
@@ -129,7 +129,7 @@ void ImportJob::generarunidad() {
         return;
     }
 
-    m_fields.Text3.setText(name + qtext(core::unitSuffix));
+    m_fields.Text3.setText(qtext(core::discoOf(name.toStdString())));
     const core::UnitItem made{m_fields.Text3.text().toStdString(), m_fields.ImageCombo4.itemPicture(kind)};
     m_fields.Text3.clear();
     m_fields.Text11.clear();

@@ -3,6 +3,7 @@
 #include "core/inserts.h"
 #include "core/serial_date.h"
 #include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "scan/scan_request.h"
 
 namespace scan {
@@ -33,7 +34,7 @@ engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, eng
     row.nivel = "1";
     row.fecha = core::today();
     row.tipo = tipo;
-    row.disco = unit.name + std::string(core::unitSuffix);
+    row.disco = core::discoOf(unit.name);
     if (const auto inserted = database.Execute(core::insertFolder(row)); !inserted)
         return std::unexpected(inserted.error());
     return {};

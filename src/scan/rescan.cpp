@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/inserts.h"
+#include "core/literals.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
 #include "core/units.h"
@@ -75,7 +75,7 @@ Rescanned<UnitChanges> changesOf(engine::Database& database, UnitRows stored, Fo
 }  // namespace
 
 Rescanned<UnitRows> storedUnit(engine::Database& database, const std::string& disco) {
-    auto rows = database.OpenRecordset("select * from datos where disco=(" + core::textLiteral(disco) +
+    auto rows = database.OpenRecordset("select * from datos where disco=(" + core::literal(disco) +
                                        ") order by numero");
     if (!rows) return failure(rows.error());
     std::optional<UnitRows> unit;

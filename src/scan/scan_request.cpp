@@ -1,7 +1,7 @@
 #include "scan/scan_request.h"
 
 #include "core/inserts.h"
-#include "core/unit_kinds.h"
+#include "core/unit_name.h"
 
 namespace scan {
 namespace {
@@ -46,7 +46,7 @@ WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives) 
     WalkStart start;
     start.nativePath = request.directory;
     start.drivePath = drives.toDrivePath(withoutTrailingSlashes(request.directory));
-    start.disco = request.name + std::string(core::unitSuffix);
+    start.disco = core::discoOf(request.name);
     start.exclusion = request.exclusion;
     return start;
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/inserts.h"
+#include "core/literals.h"
 
 namespace scan {
 namespace {
@@ -160,7 +161,7 @@ engine::Result<bool> UnitChanges::write(engine::Database& database,
                                         const std::function<bool()>& stopped) const {
     constexpr std::size_t askEvery = 256;
     const auto deleted =
-        database.Execute("delete * from datos where disco=(" + core::textLiteral(m_stored.disco()) + ")");
+        database.Execute("delete * from datos where disco=(" + core::literal(m_stored.disco()) + ")");
     if (!deleted) return std::unexpected(deleted.error());
     for (std::size_t at = 0; at < m_order.size(); ++at) {
         if (at % askEvery == 0 && stopped()) return false;

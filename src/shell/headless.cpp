@@ -10,7 +10,7 @@
 #include "controls/link_label.h"
 #include "core/catalogue_file.h"
 #include "core/text.h"
-#include "core/unit_kinds.h"
+#include "core/unit_name.h"
 #include "frame/menus.h"
 #include "frame/pointer.h"
 #include "platform/files.h"
@@ -86,7 +86,7 @@ int runHeadless(const HeadlessJob& job) {
     window.begin(job.catalogue);
 
     const QString name = unitName(folder);
-    const std::string disco = name.toStdString() + std::string(core::unitSuffix);
+    const std::string disco = core::discoOf(name.toStdString());
     const auto isThere = [&] { return window.surface().nombres.isUnit(disco); };
     if (!job.folder.empty() && !isThere()) {
         importFolder(window, name);

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "core/literals.h"
 #include "core/text.h"
 #include "stats/categories.h"
 

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "core/inserts.h"
+#include "core/literals.h"
 #include "scan/catalogue_fixture.h"
 #include "scan/row_writer.h"
 #include "scan/scan_request.h"
@@ -46,8 +46,8 @@ class Rescan : public testing::Test {
     }
     void note(const std::string& archivo, const std::string& text) const {
         auto database = catalogue.open();
-        EXPECT_EQ(database.Execute("update datos set comentario=" + core::textLiteral(text) +
-                                   " where archivo=" + core::textLiteral(archivo)),
+        EXPECT_EQ(database.Execute("update datos set comentario=" + core::literal(text) +
+                                   " where archivo=" + core::literal(archivo)),
                   1);
     }
     scan::Rescanned<scan::UnitChanges> compare(const std::string& directory = {}) {
