@@ -20,8 +20,6 @@ class Divider : public QWidget {
     // The bar is a child of the parent, which must not be null.
     Divider(QWidget* parent, BoundsNow bounds);
 
-    [[nodiscard]] bool isDragging() const { return m_dragging; }
-
   signals:
     void pressed();
     void moved(int x);     // within the bounds

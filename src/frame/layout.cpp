@@ -18,19 +18,11 @@ constexpr int statusHeight = 380;
 // status band begins. What is laid out here is what remains below these.
 constexpr int titleAndMenu = 800;
 
-// First the lower bound, then the upper one: in a window narrower than both the upper one holds.
-int hold(int position, int low, int high) {
-    return std::min(std::max(position, low), high);
-}
-
 }  // namespace
 
-int draggedDivider(int position, int width) {
-    return hold(position, 500, width - 500);
-}
-
+// First the lower bound, then the upper one: in a window narrower than both the upper one holds.
 int releasedDivider(int position, int width) {
-    return hold(position, 1500, width - 1500);
+    return std::min(std::max(position, 1500), width - 1500);
 }
 
 WindowLayout computeLayout(const LayoutInput& input, const WindowLayout& before) {

@@ -37,8 +37,7 @@ struct LayoutInput {
 // A window too small for the tree's height or the lists' width leaves these as they were in `before`.
 [[nodiscard]] WindowLayout computeLayout(const LayoutInput& input, const WindowLayout& before);
 
-// The divider while the mouse drags it, and where it is let go, in a client area of this width.
-[[nodiscard]] int draggedDivider(int position, int width);
+// Where the divider stays that was let go at this position, in a client area of this width.
 [[nodiscard]] int releasedDivider(int position, int width);
 
 }  // namespace frame

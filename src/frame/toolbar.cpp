@@ -112,10 +112,6 @@ void Toolbar::setEnabled(int button, bool enabled) {
     m_items[button].widget->setEnabled(enabled);
 }
 
-void Toolbar::setEnabledRange(int first, int last, bool enabled) {
-    for (int button = first; button <= last; ++button) setEnabled(button, enabled);
-}
-
 bool Toolbar::isEnabled(int button) const {
     return m_items[button].enabled;
 }

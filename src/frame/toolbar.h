@@ -45,7 +45,6 @@ class Toolbar : public QWidget {
     [[nodiscard]] bool isPressed(int button) const;
     void releaseAll(int first, int last);
     void setEnabled(int button, bool enabled);
-    void setEnabledRange(int first, int last, bool enabled);
     [[nodiscard]] bool isEnabled(int button) const;
     using QWidget::isEnabled;
     using QWidget::setEnabled;

@@ -17,7 +17,7 @@ namespace search {
 //
 // `and` binds more closely than `or`, so a criterion that a branch lacks is not in force for its extension.
 
-// The pieces of which the hand copies have more than one spelling.
+// The pieces that are spelled in more than one way, each where it is told.
 enum class Piece {
     BranchOpen,  // before the first clause
     SizeClose,   // behind the upper size
