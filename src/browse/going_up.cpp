@@ -1,6 +1,6 @@
 #include "browse/going_up.h"
 
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "browse/tree_names.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"

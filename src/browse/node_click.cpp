@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "browse/node_listing.h"
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "browse/tree_names.h"
 #include "browse/unit_load.h"
 #include "frame/catalogue.h"

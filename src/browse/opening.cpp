@@ -1,6 +1,6 @@
 #include "browse/opening.h"
 
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "controls/qtext.h"
 #include "core/serial_date.h"
 #include "core/unit_kinds.h"

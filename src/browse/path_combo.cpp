@@ -1,6 +1,6 @@
 #include "browse/path_combo.h"
 
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "browse/unit_load.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "engine/unit_copy.h"

@@ -1,6 +1,6 @@
 #include "shell/maintenance_actions.h"
 
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "core/failure.h"

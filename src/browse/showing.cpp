@@ -1,4 +1,4 @@
-#include "browse/tail.h"
+#include "browse/showing.h"
 
 #include <QAction>
 
@@ -77,7 +77,7 @@ void showPicture(Surface& surface) {
 void showKind(Surface& surface) {
     const lists::ItemList& shown = surface.lists.listView1;
     if (shown.count() == 0) return;
-    const QString type = shown.subItem(0, 2);
+    const QString type = shown.subItem(0, lists::SubItem::Type);
     const bool isUnitRow = type.contains(QStringLiteral("Unidad")) || type.contains(QStringLiteral("unit"));
     surface.frame.status.setKind(isUnitRow ? type.toStdString()
                                            : surface.frame.rotulos().rotulounidadcarpetas);
