@@ -3,7 +3,7 @@
 #include <charconv>
 #include <optional>
 
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "engine/database.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"
@@ -12,10 +12,6 @@
 namespace browse {
 namespace {
 
-constexpr int typeColumn = 2;
-constexpr int discoColumn = 8;
-constexpr int rutaColumn = 9;
-constexpr int notesKey = 1;
 constexpr int deepestLookedUp = 10;  // a folder deeper than that lists nothing
 
 // The level of what lies in the folder that the statement finds, if it finds one that lists anything.
@@ -41,11 +37,12 @@ void ListActivation::itemClicked(lists::ItemList& list, int position) {
     lists::ClickedRow& clic = m_surface.clic;
     clic.indicefila = position;
     clic.nodoactual = list.text(position).toStdString();
-    clic.tipofilaelegida = list.subItem(position, typeColumn).toStdString();
+    clic.tipofilaelegida = list.subItem(position, lists::SubItem::Type).toStdString();
     const bool results = isResults(list);
     (results ? clic.filaelegida2 : clic.filaelegida1) = true;
-    (results ? clic.discofila2 : clic.discofila1) = list.subItem(position, discoColumn).toStdString();
-    (results ? clic.rutafila2 : clic.rutafila1) = list.subItem(position, rutaColumn).toStdString();
+    (results ? clic.discofila2 : clic.discofila1) =
+        list.subItem(position, lists::SubItem::Disco).toStdString();
+    (results ? clic.rutafila2 : clic.rutafila1) = list.subItem(position, lists::SubItem::Ruta).toStdString();
 }
 
 void ListActivation::abrirlistitem() {
@@ -59,9 +56,10 @@ void ListActivation::doubleClicked(lists::ItemList& list) {
     if (!(isResults(list) ? clic.filaelegida2 : clic.filaelegida1) || clic.indicefila < 0) return;
 
     const frame::Hourglass hourglass;
-    const Row row{list.text(position).toStdString(), list.subItem(position, discoColumn).toStdString(),
-                  list.subItem(position, rutaColumn).toStdString()};
-    if (!isFolderCaption(list.subItem(position, typeColumn).toStdString()))
+    const Row row{list.text(position).toStdString(),
+                  list.subItem(position, lists::SubItem::Disco).toStdString(),
+                  list.subItem(position, lists::SubItem::Ruta).toStdString()};
+    if (!isFolderCaption(list.subItem(position, lists::SubItem::Type).toStdString()))
         openRow(row);
     else if (isResults(list))
         stepFromResults(row);
@@ -76,7 +74,7 @@ void ListActivation::openRow(const Row& row) {
 
 void ListActivation::stepFromBrowsing(const Row& row) {
     lists::ItemList& list = m_surface.lists.listView1;
-    list.sort({.on = true, .key = notesKey, .descending = false});
+    list.sort({.on = true, .key = lists::SubItem::Notes, .descending = false});
     selectChildNode(list.store().numberOf(static_cast<std::size_t>(list.selectedPosition())));
     ++m_surface.estado.nivelactual;
     showPathItem(m_surface, m_surface.imageCombo1.text().toStdString() + '\\' + m_surface.clic.nodoactual);

@@ -25,8 +25,10 @@ class ListReader : public ItemReader {
     int count() const override { return m_list.count(); }
     bool isSelected(int position) const override { return m_list.isSelected(position); }
     Item item(int position) const override {
-        return {m_list.text(position).toStdString(), m_list.subItem(position, 2).toStdString(),
-                m_list.subItem(position, 8).toStdString(), m_list.subItem(position, 9).toStdString()};
+        return {m_list.text(position).toStdString(),
+                m_list.subItem(position, lists::SubItem::Type).toStdString(),
+                m_list.subItem(position, lists::SubItem::Disco).toStdString(),
+                m_list.subItem(position, lists::SubItem::Ruta).toStdString()};
     }
 
   private:

@@ -6,7 +6,9 @@
 namespace lists {
 namespace {
 
-constexpr std::array keyOfColumn{7, 1, 2, 6, 5};  // columns 1 to 5; any other is sorted as it stands
+constexpr std::array keyOfColumn{int{SubItem::NameKey}, int{SubItem::Notes}, int{SubItem::Type},
+                                 int{SubItem::SizeKey},
+                                 int{SubItem::DateKey}};  // columns 1 to 5; any other is sorted as it stands
 
 }
 

@@ -88,23 +88,23 @@ std::string ItemStore::Impl::nameKey(const StoredItem& item) {
 
 std::string ItemStore::Impl::subItem(const StoredItem& item, int number) const {
     switch (number) {
-        case 1:
+        case SubItem::Notes:
             return std::string(pool.text(item.notes));
-        case 2:
+        case SubItem::Type:
             return std::string(pool.text(item.type));
-        case 3:
+        case SubItem::Size:
             return item.largo == noLargo ? " " : std::to_string(item.largo) + " KB";
-        case 4:
+        case SubItem::Date:
             return core::dateText(item.fecha);
-        case 5:
+        case SubItem::DateKey:
             return item.dateKeyIsSerial ? core::decimalText(item.fecha) : core::dateText(item.fecha);
-        case 6:
+        case SubItem::SizeKey:
             return item.largo == noLargo ? std::string() : paddedSize(item.largo);
-        case 7:
+        case SubItem::NameKey:
             return nameKey(item);
-        case 8:
+        case SubItem::Disco:
             return std::string(pool.text(item.disco));
-        case 9:
+        case SubItem::Ruta:
             return std::string(pool.text(item.ruta));
         default:
             return {};
@@ -117,19 +117,19 @@ std::vector<std::string_view> ItemStore::Impl::keys(int key, TextArena& computed
     result.reserve(items.size());
     for (const StoredItem& item : items) {
         switch (key) {
-            case 0:
+            case SubItem::Text:
                 result.push_back(item.name());
                 break;
-            case 1:
+            case SubItem::Notes:
                 result.push_back(pool.text(item.notes));
                 break;
-            case 2:
+            case SubItem::Type:
                 result.push_back(pool.text(item.type));
                 break;
-            case 8:
+            case SubItem::Disco:
                 result.push_back(pool.text(item.disco));
                 break;
-            case 9:
+            case SubItem::Ruta:
                 result.push_back(pool.text(item.ruta));
                 break;
             default:

@@ -142,8 +142,9 @@ void NotesPanel::showInList(const QString& note) {
     const auto same = [](const QString& shown, const std::string& text) {
         return shown.toStdString() == text;
     };
-    if (same(list.text(row.indicefila), row.name) && same(list.subItem(row.indicefila, 8), row.disco) &&
-        same(list.subItem(row.indicefila, 9), row.ruta))
+    if (same(list.text(row.indicefila), row.name) &&
+        same(list.subItem(row.indicefila, lists::SubItem::Disco), row.disco) &&
+        same(list.subItem(row.indicefila, lists::SubItem::Ruta), row.ruta))
         list.setNotes(row.indicefila, note);
 }
 

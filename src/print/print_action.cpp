@@ -22,8 +22,9 @@ class ListRows : public RowSource {
     [[nodiscard]] std::int64_t count() const override { return static_cast<std::int64_t>(m_store.size()); }
     [[nodiscard]] ReportRow row(std::int64_t position) const override {
         const auto at = static_cast<std::size_t>(position);
-        return {std::string{m_store.text(at)}, m_store.subItem(at, 2), m_store.subItem(at, 3),
-                m_store.subItem(at, 4), m_store.smallPicture(at)};
+        return {std::string{m_store.text(at)}, m_store.subItem(at, lists::SubItem::Type),
+                m_store.subItem(at, lists::SubItem::Size), m_store.subItem(at, lists::SubItem::Date),
+                m_store.smallPicture(at)};
     }
 
   private:

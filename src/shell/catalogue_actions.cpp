@@ -160,7 +160,7 @@ void CatalogueActions::cerrar() {
     m_surface.estado.indicecombo = 0;
     hidePanels();
     m_openChanged(false);
-    m_surface.frame.toolbar.releaseAll(1, 13);
+    m_surface.frame.toolbar.releaseAll(frame::Toolbar::New, frame::Toolbar::Stop);
 }
 
 }  // namespace shell

@@ -1,11 +1,6 @@
 #include "shell/selection.h"
 
 namespace shell {
-namespace {
-
-constexpr int typeColumn = 2, discoColumn = 8;
-
-}  // namespace
 
 stats::Selection selectionOf(const browse::Surface& surface) {
     stats::Selection selection;
@@ -17,7 +12,7 @@ stats::Selection selectionOf(const browse::Surface& surface) {
     selection.place = surface.imageCombo1.text().toStdString();
     selection.rutaactual = surface.estado.rutaactual;
     if (const lists::ItemList& list = surface.lists.listView1; list.count() > 0)
-        selection.firstListedUnit = list.subItem(0, discoColumn).toStdString();
+        selection.firstListedUnit = list.subItem(0, lists::SubItem::Disco).toStdString();
     return selection;
 }
 
@@ -30,7 +25,7 @@ browse::PropertiesRequest propertiesRequest(const browse::Surface& surface, brow
     request.nivelactual = surface.estado.nivelactual;
     request.picture = surface.imageCombo1.itemPicture(surface.imageCombo1.selectedItem());
     if (const lists::ItemList& list = surface.lists.listView1; list.count() > 0)
-        request.firstListType = list.subItem(0, typeColumn).toStdString();
+        request.firstListType = list.subItem(0, lists::SubItem::Type).toStdString();
     return request;
 }
 

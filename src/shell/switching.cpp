@@ -37,7 +37,7 @@ void Switching::importar1() {
 }
 
 void Switching::importFromMenu() {
-    m_surface.frame.toolbar.releaseAll(1, 14);
+    m_surface.frame.toolbar.releaseAll(frame::Toolbar::New, frame::Toolbar::Separator14);
     importar1();
 }
 
