@@ -9,6 +9,8 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "controls/tool_tip.h"
+
 namespace controls {
 namespace {
 
@@ -72,9 +74,8 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (event->type() != QEvent::ToolTip || !place.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, place);
     const bool cut = isCut(option, place);
-    const QString text = place.data().toString().toHtmlEscaped();
     if (cut)
-        QToolTip::showText(event->globalPos(), QStringLiteral("<qt>%1</qt>").arg(text), view);
+        QToolTip::showText(event->globalPos(), toolTipOf(place.data().toString()), view);
     else
         QToolTip::hideText();
     return cut;

@@ -5,6 +5,8 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include "controls/tool_tip.h"
+
 namespace frame {
 
 ElidedLabel::ElidedLabel(QWidget* parent, Qt::TextElideMode mode) : QLabel(parent), m_mode(mode) {
@@ -30,7 +32,7 @@ void ElidedLabel::paintEvent(QPaintEvent* event) {
 
 bool ElidedLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && !fits()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), controls::toolTipOf(text()), this);
         return true;
     }
     return QLabel::event(event);

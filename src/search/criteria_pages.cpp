@@ -14,6 +14,7 @@
 #include "controls/key_filter.h"
 #include "controls/qtext.h"
 #include "controls/step_buttons.h"
+#include "controls/tool_tip.h"
 #include "core/serial_date.h"
 #include "core/text.h"
 #include "frame/captions.h"
@@ -107,7 +108,8 @@ ImageCombo* CriteriaPages::makeImageCombo(const QString& name, const QString& he
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     KeyFilter::install(
         combo, [](char32_t) { return false; }, [this] { emit enterPressed(); });
-    connect(combo, &QComboBox::currentTextChanged, combo, &QWidget::setToolTip);  // a narrow panel cuts it
+    connect(combo, &QComboBox::currentTextChanged, combo,  // a narrow panel cuts it
+            [combo](const QString& text) { combo->setToolTip(controls::toolTipOf(text)); });
     return combo;
 }
 

@@ -12,6 +12,7 @@
 #include "controls/qtext.h"
 #include "controls/screen_fit.h"
 #include "controls/separator.h"
+#include "controls/tool_tip.h"
 #include "frame/captions.h"
 #include "shell/logo.h"
 
@@ -59,7 +60,7 @@ class ReadOnlyText : public QLineEdit {
                               shown, QPalette::Text);
     }
     bool event(QEvent* event) override {
-        if (event->type() == QEvent::ToolTip) setToolTip(fits() ? QString() : text().toHtmlEscaped());
+        if (event->type() == QEvent::ToolTip) setToolTip(fits() ? QString() : controls::toolTipOf(text()));
         return QLineEdit::event(event);
     }
 

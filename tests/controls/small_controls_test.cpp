@@ -7,12 +7,14 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocument>
 #include <QWheelEvent>
 
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
 #include "controls/link_label.h"
 #include "controls/pictures.h"
+#include "controls/tool_tip.h"
 #include "controls/twips.h"
 
 namespace controls {
@@ -112,6 +114,16 @@ TEST(Filter, HoldsBackCharactersAndNothingElse) {
     EXPECT_EQ(field.text(), "bc");
     QTest::keyClick(&field, Qt::Key_Enter);
     EXPECT_EQ(entered, 1);
+}
+
+TEST(ToolTip, ShowsTheCharactersOfANameAndNoOthers) {
+    for (const QString name : {"Rock & Roll", "<b>bold</b> & more", "a &amp; b"}) {
+        QTextDocument shown;
+        ASSERT_TRUE(Qt::mightBeRichText(toolTipOf(name)));
+        shown.setHtml(toolTipOf(name));
+        EXPECT_EQ(shown.toPlainText(), name);
+    }
+    EXPECT_EQ(toolTipOf({}), "");
 }
 
 TEST(Label, IsAButtonToMouseKeyboardAndScreenReader) {
