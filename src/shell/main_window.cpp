@@ -1,19 +1,12 @@
 #include "shell/main_window.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
-#include <QShortcut>
-#include <functional>
 
-#include "browse/tail.h"
+#include "browse/showing.h"
 #include "controls/pictures.h"
 #include "controls/screen_fit.h"
 #include "frame/pointer.h"
-#include "lists/column_sort.h"
-#include "print/print_action.h"
-#include "shell/language_choice.h"
-#include "shell/links.h"
 #include "shell/logo.h"
 #include "shell/main_window_parts.h"
 #include "shell/properties.h"
@@ -83,169 +76,15 @@ void Form1::recentIsMissing() {
     m_parts->applyState();
 }
 
-void Form1::connectMenus() {
-    MainWindowParts& parts = *m_parts;
-    struct Entry {
-        const char* name;
-        std::function<void()> run;
-    };
-    const Entry entries[] = {
-        {"nuevo", [this] { nuevoClicked(); }},
-        {"abrir", [this] { abrirClicked(); }},
-        {"reciente", [&] { parts.catalogueActions.reciente1(); }},
-        {"guardar", [&] { parts.catalogueActions.guardar(); }},
-        {"cerrar", [&] { parts.catalogueActions.cerrar(); }},
-        {"Imprimir", [&] { print::Imprimir1(parts.frame, parts.surface.lists); }},
-        {"salir", [this] { close(); }},
-
-        {"explore", [&] { parts.switching.importFromMenu(); }},
-        {"buscar", [&] { parts.switching.buscar1(); }},
-        {"explorar", [&] { parts.switching.explorar1(); }},
-        {"eliminar", [&] { parts.maintenance.eliminar(); }},
-        {"borrarunidad1", [&] { parts.maintenance.borrarunidad(); }},
-        {"Parar1", [this] { stop(); }},
-        {"actualizar1", [this] { refresh(true); }},
-        {"Copiararchivos", [this] { copyFiles(); }},
-
-        {"Pequeño", [this] { setFontSize(8); }},
-        {"Mediano", [this] { setFontSize(10); }},
-        {"Grande", [this] { setFontSize(12); }},
-        {"botonescontexto", [this] { showToolbarTexts(true); }},
-        {"botonessintexto", [this] { showToolbarTexts(false); }},
-        {"Iconosgrandes", [&] { parts.views.setView(1); }},
-        {"Iconospequeños", [&] { parts.views.setView(2); }},
-        {"lista", [&] { parts.views.setView(3); }},
-        {"Detalle", [&] { parts.views.setView(4); }},
-        {"arriba", [&] { parts.goingUp.arriba(); }},
-        {"iniciomenu", [this] { toggleQuickStart(); }},
-
-        {"graficos", [this] { showStatistics(); }},
-        {"compactar", [&] { parts.maintenance.compactar(); }},
-        {"reparar", [&] { parts.maintenance.reparar(); }},
-
-        {"español", [&] { chooseLanguage(core::Language::Spanish, parts.frame); }},
-        {"English", [&] { chooseLanguage(core::Language::English, parts.frame); }},
-        {"soporte", [&] { openLink(Link::Support, parts.frame.idioma); }},
-        {"website", [&] { openLink(Link::Website, parts.frame.idioma); }},
-        {"feedback", [&] { openFeedback(parts.frame.idioma); }},
-        {"acerca", [this] { emit aboutRequested(); }},
-
-        {"abrirnodo", [this] { toggleNode(); }},
-        {"cambiarnombre", [&] { parts.maintenance.cambiarnombre(); }},
-        {"graficos2", [this] { showStatistics(); }},
-        {"borrarunidad", [&] { parts.maintenance.borrarunidad(); }},
-        {"Propiedades", [this] { showProperties(); }},
-
-        {"abrirlistitem", [&] { parts.listActivation.abrirlistitem(); }},
-        {"Copiararchivos2", [this] { copyFiles(); }},
-        {"insertarcomentario", [&] { parts.picture12->insertarcomentario(); }},
-        {"vercomentarios", [&] { parts.picture12->vercomentarios(); }},
-        {"filacompleta", [&] { parts.views.toggleFullRow(); }},
-    };
-    for (const Entry& entry : entries)
-        connect(parts.frame.menus.action(QString::fromUtf8(entry.name)), &QAction::triggered, this,
-                entry.run);
-}
-
-void Form1::connectToolbar() {
-    connect(m_parts->controls.toolbar, &frame::Toolbar::clicked, this, &Form1::runToolbarButton);
-    connect(m_parts->controls.toolbar, &frame::Toolbar::viewChosen, this,
-            [this](int view) { m_parts->views.setView(view); });
-    connect(m_parts->controls.toolbar, &frame::Toolbar::recentChosen, this, &Form1::reciente1);
-}
-
-void Form1::runToolbarButton(int button) {
-    MainWindowParts& parts = *m_parts;
-    frame::Toolbar& toolbar = parts.frame.toolbar;
-    switch (button) {
-        case frame::Toolbar::New:
-            parts.catalogueActions.nuevo1();
-            break;
-        case frame::Toolbar::Open:
-            parts.catalogueActions.abrir1();
-            break;
-        case frame::Toolbar::Up:
-            parts.goingUp.arriba();
-            break;
-        case frame::Toolbar::Import:
-            parts.switching.importar1();
-            break;
-        case frame::Toolbar::Search:
-            parts.switching.buscar1();
-            break;
-        case frame::Toolbar::Explore:
-            parts.switching.explorar1();
-            break;
-        case frame::Toolbar::Refresh:
-            refresh(false);
-            break;
-        case frame::Toolbar::Statistics:
-            showStatistics();
-            break;
-        case frame::Toolbar::Delete:
-            parts.maintenance.borrarunidad();
-            break;
-        case frame::Toolbar::Views:
-            parts.views.cycleView();
-            break;
-        case frame::Toolbar::Print:
-            print::Imprimir1(parts.frame, parts.surface.lists);
-            break;
-        case frame::Toolbar::Stop:
-            stop();
-            break;
-        case frame::Toolbar::Exit:
-            close();
-            return;
-        default:
-            break;
-    }
-    if (button == frame::Toolbar::Statistics || button == frame::Toolbar::Delete)
-        toolbar.setPressed(button, false);
-}
-
-void Form1::connectControls() {
-    MainWindowParts& parts = *m_parts;
-    const WindowControls& controls = parts.controls;
-    using controls::Divider;
-    using controls::ImageCombo;
-    using controls::TreeView;
-
-    connect(controls.treeView1, &TreeView::nodeClicked, this, [&](int node) { parts.nodeClick.click(node); });
-    connect(controls.treeView1, &TreeView::mousePressed, this, &Form1::treePressed);
-    const auto* deleteKey =
-        new QShortcut(QKeySequence::Delete, controls.treeView1, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(deleteKey, &QShortcut::activated, this, [&] { parts.maintenance.borrarunidad(); });
-    connect(controls.treeView1, &TreeView::afterLabelEdit, this,
-            [this](int node, const QString& text) { renameUnit(node, text); });
-    connect(controls.imageCombo1, &ImageCombo::clicked, this,
-            [&](int number) { parts.pathCombo.choose(number); });
-    connect(controls.imageCombo1, &ImageCombo::textTyped, this, [&] { parts.pathCombo.textTyped(); });
-    connect(controls.imgSplitter, &Divider::pressed, this, [this] { layOut(); });
-    connect(controls.imgSplitter, &Divider::released, this, [&](int x) { parts.panes.sizeControls(x); });
-    for (lists::ItemList* list : {controls.listView1, controls.listView2}) {
-        connect(list, &lists::ItemList::itemClicked, this,
-                [&parts, list](int row) { parts.listActivation.itemClicked(*list, row); });
-        connect(list, &lists::ItemList::itemActivated, this,
-                [&parts, list](int) { parts.listActivation.doubleClicked(*list); });
-        connect(list, &lists::ItemList::columnClicked, list, [list](int column) {
-            list->sort(lists::sortingAfterClick(list->store().sorting(), column));
-        });
-        connect(list, &lists::ItemList::mousePressed, this, [this] { listPressed(); });
-        connect(list, &lists::ItemList::mouseReleased, this,
-                [this](Qt::MouseButton button, const QPoint& place) { listReleased(button, place); });
-    }
-}
-
 void Form1::nuevoClicked() {
     m_parts->catalogueActions.nuevo1();
-    m_parts->frame.toolbar.releaseAll(1, 13);
+    m_parts->frame.toolbar.releaseAll(frame::Toolbar::New, frame::Toolbar::Stop);
     m_parts->frame.toolbar.setPressed(frame::Toolbar::New, true);
 }
 
 void Form1::abrirClicked() {
     m_parts->catalogueActions.abrir1();
-    m_parts->frame.toolbar.releaseAll(1, 14);
+    m_parts->frame.toolbar.releaseAll(frame::Toolbar::New, frame::Toolbar::Separator14);
     m_parts->frame.toolbar.setPressed(frame::Toolbar::Separator3, true);
 }
 
