@@ -18,7 +18,6 @@ MAY_INCLUDE = {
     "frame": "core controls platform",
     "lists": "core engine controls",
     **dict.fromkeys(ROOMS, "lists frame core engine controls platform"),
-    "mount": "copyback core engine platform",  # a file is found as for copying it back
     "shell": " ".join(ROOMS) + " lists frame core engine controls platform",
     "cli": " ".join(ROOMS) + " lists core engine platform",
 }
