@@ -14,6 +14,7 @@ namespace {
 using controls::qtext;
 
 constexpr core::Bilingual loadingUnit{"Cargando unidad: ", "Loading unit: "};
+constexpr core::Bilingual counting{"  Contando carpetas y archivos ...", "  Counting folders and files ..."};
 
 struct ColumnSpec {
     core::Bilingual caption;
@@ -133,6 +134,7 @@ engine::Result<> Opening::agregarcombos(engine::Database& database) {
     });
     m_events.unitsListed(units);
     m_surface.treeView1.repaintNow();
+    m_surface.frame.status.setText(counting.in(m_surface.frame.idioma));
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
     if (m_surface.estado.indicecombo > 0) m_surface.imageCombo1.setSelected(1);
     frame::yieldToQueue();
@@ -159,6 +161,7 @@ void Opening::actualizar() {
     const frame::Hourglass hourglass;
     m_surface.treeView1.update();
     m_surface.lists.listView1.update();
+    m_surface.frame.status.setText(counting.in(m_surface.frame.idioma));
     if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
         count(*database);
     else
