@@ -24,6 +24,7 @@ constexpr Sentence sentences[] = {
     {error::locked, {"Otro programa lo está usando.", "Another program is using it."}},
     {error::unrecognizedFormat, {"No es un catálogo.", "It is not a catalogue."}},
     {error::corrupt, {"El catálogo está dañado.", "The catalogue is damaged."}},
+    {error::outOfMemory, {"No hay memoria suficiente.", "There is not enough memory."}},
     {error::syntaxInExpression,
      {"Ha introducido un caracter no permitido.", "You have inserted a restricted character."}},
 };

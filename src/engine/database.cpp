@@ -1,6 +1,7 @@
 #include "engine/database.h"
 
 #include "engine/dialect/query.h"
+#include "engine/guarded.h"
 #include "engine/recordset_impl.h"
 #include "engine/rows/change.h"
 #include "engine/rows/path_lookup.h"
@@ -35,34 +36,40 @@ Database::~Database() {
 }
 
 Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
-    auto connection = Connection::open(nativePath, use);
-    if (!connection) return std::unexpected(connection.error());
-    return Database(std::move(*connection));
+    return guarded([&]() -> Result<Database> {
+        auto connection = Connection::open(nativePath, use);
+        if (!connection) return std::unexpected(connection.error());
+        return Database(std::move(*connection));
+    });
 }
 
 Result<long long> Database::Execute(std::string_view sql) {
-    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    if (auto current = followReplacement(); !current) return std::unexpected(current.error());
-    auto statement = m_impl->reader.read(sql);
-    if (!statement) return std::unexpected(statement.error());
-    if ((*statement)->kind == Statement::Select) {
-        return std::unexpected(Error{error::general, "A select cannot be executed"});
-    }
-    return m_impl->changes.run(*statement, m_impl->reader.literals());
+    return guarded([&]() -> Result<long long> {
+        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        if (auto current = followReplacement(); !current) return std::unexpected(current.error());
+        auto statement = m_impl->reader.read(sql);
+        if (!statement) return std::unexpected(statement.error());
+        if ((*statement)->kind == Statement::Select) {
+            return std::unexpected(Error{error::general, "A select cannot be executed"});
+        }
+        return m_impl->changes.run(*statement, m_impl->reader.literals());
+    });
 }
 
 Result<Recordset> Database::OpenRecordset(std::string_view sql) {
-    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    auto statement = m_impl->reader.read(sql);
-    if (!statement) return std::unexpected(statement.error());
-    if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(sql));
-    Select select(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()),
-                  m_impl->names);
-    auto known = m_impl->paths.rows(select);
-    if (!known) return std::unexpected(known.error());
-    auto opened = std::make_unique<Recordset::Impl>(std::move(select), std::move(*known));
-    if (auto readable = opened->begin(); !readable) return std::unexpected(readable.error());
-    return Recordset(std::move(opened));
+    return guarded([&]() -> Result<Recordset> {
+        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        auto statement = m_impl->reader.read(sql);
+        if (!statement) return std::unexpected(statement.error());
+        if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(sql));
+        Select select(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()),
+                      m_impl->names);
+        auto known = m_impl->paths.rows(select);
+        if (!known) return std::unexpected(known.error());
+        auto opened = std::make_unique<Recordset::Impl>(std::move(select), std::move(*known));
+        if (auto readable = opened->begin(); !readable) return std::unexpected(readable.error());
+        return Recordset(std::move(opened));
+    });
 }
 
 // What was written is in the old file; what is still to be written belongs to the new one.
@@ -79,20 +86,24 @@ Result<> Database::followReplacement() {
 }
 
 Result<> Database::BeginTrans() {
-    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    if (auto current = followReplacement(); !current) return current;
-    return m_impl->connection->run("begin immediate");
+    return guarded([&]() -> Result<> {
+        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        if (auto current = followReplacement(); !current) return current;
+        return m_impl->connection->run("begin immediate");
+    });
 }
 
 Result<> Database::CommitTrans() {
-    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    return m_impl->connection->commit();
+    return guarded([&]() -> Result<> {
+        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        return m_impl->connection->commit();
+    });
 }
 
 void Database::Rollback() {
     if (!isOpen()) return;
     m_impl->connection->noteWrite();
-    (void)m_impl->connection->run("rollback");
+    m_impl->connection->rollBack();
 }
 
 void Database::KeepChangesInMemory() {
@@ -107,12 +118,19 @@ void Database::SearchWith(SearchMemory& memory) {
 
 bool Database::FillMemory() {
     constexpr long long rowsInAShare = 20'000;
-    return isOpen() && m_impl->names && m_impl->names->readOn(*m_impl->connection, rowsInAShare);
+    try {
+        return isOpen() && m_impl->names && m_impl->names->readOn(*m_impl->connection, rowsInAShare);
+    } catch (const std::bad_alloc&) {  // no part of it may pass for the whole
+        m_impl->names->drop();
+        return false;
+    }
 }
 
 Result<long long> Database::Version() {
-    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    return m_impl->connection->version();
+    return guarded([&]() -> Result<long long> {
+        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        return m_impl->connection->version();
+    });
 }
 
 void Database::Close() {

@@ -5,19 +5,13 @@
 #include <string_view>
 
 #include "engine/error.h"
+#include "engine/file/use.h"
 #include "engine/recordset.h"
 #include "engine/search_memory.h"
 
 namespace engine {
 
 class Connection;
-
-// What an opened file is used for.
-enum class Use {
-    Catalogue,  // durable: a finished Execute, or a committed transaction, survives a crash
-    ReadOnly,   // never writes, not even a journal; works on read-only media
-    Scratch,    // a working copy that may be lost: no journal, no flush
-};
 
 // One open database file. Statements are the dialect's texts, UTF-8; every literal in them is lifted to a
 // bound parameter and the prepared statement is kept by its shape, so that repeating a statement with other

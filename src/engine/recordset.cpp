@@ -1,5 +1,6 @@
 #include "engine/recordset.h"
 
+#include "engine/guarded.h"
 #include "engine/recordset_impl.h"
 
 namespace engine {
@@ -10,24 +11,35 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 Recordset::~Recordset() = default;
 
 bool Recordset::Eof() const {
-    return m_impl->atEnd();
+    return m_impl->guarded(true, [this] { return m_impl->atEnd(); });
 }
 
 void Recordset::MoveNext() {
-    m_impl->moveNext();
+    m_impl->guarded(true, [this] { return m_impl->moveNext(), true; });
 }
 
 long long Recordset::RecordCount() {
-    return m_impl->count();
+    return m_impl->guarded(0LL, [this] { return m_impl->count(); });
 }
 
 Value Recordset::Field(std::string_view column) const {
     const auto known = columnNamed(column);
-    return known ? m_impl->field(*known) : Value();
+    return known ? m_impl->guarded(Value(), [&] { return m_impl->field(*known); }) : Value();
 }
 
 const Error* Recordset::error() const {
     return m_impl->failure ? &*m_impl->failure : nullptr;
+}
+
+// What is given in place of an answer for which there was no memory.
+template <class T, class Ask>
+T Recordset::Impl::guarded(T otherwise, Ask ask) {
+    try {
+        return ask();
+    } catch (const std::bad_alloc&) {
+        failure = outOfMemory();
+        return otherwise;
+    }
 }
 
 Result<> Recordset::Impl::open() {
@@ -54,24 +66,16 @@ T Recordset::Impl::noted(Result<T> result, T otherwise) {
 
 bool Recordset::Impl::atEnd() {
     if (failure || !select.connection()->isOpen()) return true;
-    if (rows) return rows->atEnd();
-    if (counted) return *counted == 0;
-    // Rows that a pattern finds are better fetched at once.
-    const auto& where = select.statement().where;
-    if (!where || !triesPattern(*where)) {
-        if (!isEmpty) isEmpty = noted(select.exists(), false) == false;
-        return *isEmpty;
-    }
-    return !open() || rows->atEnd();
+    return counted == 0 || !open() || rows->atEnd();
 }
 
 void Recordset::Impl::moveNext() {
-    if (atEnd() || !open() || rows->atEnd()) return;
+    if (atEnd()) return;
     if (auto moved = rows->moveNext(); !moved) failure = std::move(moved.error());
 }
 
 Value Recordset::Impl::field(Column column) {
-    return atEnd() || !open() || rows->atEnd() ? Value() : rows->field(column);
+    return atEnd() ? Value() : rows->field(column);
 }
 
 long long Recordset::Impl::count() {

@@ -5,8 +5,7 @@
 
 namespace engine {
 
-// A select and, once one is asked for, its rows: a recordset that is only counted, or only asked whether it
-// is empty, fetches none.
+// A select and, once one is asked for, its rows: a recordset that is only counted fetches none.
 struct Recordset::Impl {
     Impl(Select asked, std::unique_ptr<Rows> known) : select(std::move(asked)), rows(std::move(known)) {}
 
@@ -18,9 +17,11 @@ struct Recordset::Impl {
     [[nodiscard]] Value field(Column column);
     [[nodiscard]] long long count();
 
+    template <class T, class Ask>
+    T guarded(T otherwise, Ask ask);
+
     Select select;
     std::unique_ptr<Rows> rows;
-    std::optional<bool> isEmpty;
     std::optional<long long> counted;
     std::optional<Error> failure;
 

@@ -11,6 +11,7 @@
 #include "engine/file/page_copy.h"
 #include "engine/file/replacement.h"
 #include "engine/format.h"
+#include "engine/guarded.h"
 #include "engine/maintenance.h"
 #include "engine/rows/unit_list.h"
 
@@ -107,7 +108,7 @@ class UnitCopy {
         }
         insert.reset();
         for (int column = 0; column < static_cast<int>(columns.size()); ++column)
-            sqlite3_bind_value(insert.get(), column + 1, sqlite3_column_value(row.get(), column));
+            insert.bindColumn(column, row, column);
         if (insert.step() == Prepared::Step::Failed) return std::unexpected(m_to.lastError());
         return {};
     }
@@ -132,17 +133,19 @@ Result<std::shared_ptr<Connection>> emptied(const std::string& source, const std
 
 Result<std::optional<Database>> CopyUnit(const std::string& source, const std::string& scratch,
                                          std::string_view disco, const std::function<bool()>& goOn) {
-    auto from = Connection::open(source, Use::ReadOnly);
-    if (!from) return std::unexpected(from.error());
-    auto to = emptied(source, scratch);
-    if (!to) return std::unexpected(to.error());
-    const auto copied = UnitCopy(**from, **to, disco, goOn).run();
-    if (!copied) {
-        ::unlink(scratch.c_str());
-        return std::unexpected(copied.error());
-    }
-    if (!*copied) return std::nullopt;
-    return Database(std::move(*to));
+    return guarded([&]() -> Result<std::optional<Database>> {
+        auto from = Connection::open(source, Use::ReadOnly);
+        if (!from) return std::unexpected(from.error());
+        auto to = emptied(source, scratch);
+        if (!to) return std::unexpected(to.error());
+        const auto copied = UnitCopy(**from, **to, disco, goOn).run();
+        if (!copied) {
+            ::unlink(scratch.c_str());
+            return std::unexpected(copied.error());
+        }
+        if (!*copied) return std::nullopt;
+        return Database(std::move(*to));
+    });
 }
 
 }  // namespace engine

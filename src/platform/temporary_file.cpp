@@ -26,7 +26,11 @@ namespace {
 
 constexpr std::string_view namePrefix = ".zarquelin-";
 constexpr std::string_view nameTail = "XXXXXX";
-constexpr std::string_view journalEnding = "-journal";  // of a database that is being written
+
+// Of a database that is being written.
+std::string journalOf(const std::string& path) {
+    return path + "-journal";
+}
 
 // What a signal handler may read: nothing in it moves or is freed.
 struct Slot {
@@ -38,10 +42,9 @@ std::array<Slot, 16> theSlots;
 std::mutex slotsGuard;
 
 // -1 when there is no room: then only a signal leaves the file behind, for the next run to take away.
-int enter(const std::string& path) {
+int enter(const std::string& path, const std::string& journal) {
     const std::scoped_lock lock(slotsGuard);
     const auto free = std::ranges::find_if(theSlots, [](const Slot& slot) { return !slot.used; });
-    const std::string journal = path + std::string(journalEnding);
     if (free == theSlots.end() || journal.size() >= free->journal.size()) return -1;
     std::memcpy(free->path.data(), path.c_str(), path.size() + 1);
     std::memcpy(free->journal.data(), journal.c_str(), journal.size() + 1);
@@ -70,8 +73,8 @@ void removeOrphan(const std::string& path) {
     const bool isOurs =
         ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
     if (isOurs && claimed(file)) {
+        ::unlink(journalOf(path).c_str());  // first: alone it would not be known
         ::unlink(path.c_str());
-        ::unlink((path + std::string(journalEnding)).c_str());
     }
     ::close(file);
 }
@@ -120,34 +123,39 @@ FileResult<TemporaryFile> TemporaryFile::beside(const std::string& target) {
         return std::unexpected(FileError{FileError::pathNotFound, folder + ": no such folder"});
     removeOrphans(folder);
     for (;;) {
-        std::string path = folder + '/' + std::string(namePrefix) + std::string(nameTail);
-        const int file = ::mkostemp(path.data(), O_CLOEXEC);
-        if (file < 0) return systemFailure(target);
-        const bool locked = claimed(file);
-        if (locked && !isStillThere(file)) {
-            ::close(file);
-            continue;
-        }
-        return TemporaryFile(std::move(path), target, file);
+        TemporaryFile made(folder + '/' + std::string(namePrefix) + std::string(nameTail), target);
+        if (!made.create()) return systemFailure(target);
+        const bool locked = claimed(made.m_descriptor);
+        if (!locked || isStillThere(made.m_descriptor)) return made;
     }
 }
 
-TemporaryFile::TemporaryFile(std::string path, std::string target, int descriptor)
-    : m_path(std::move(path)),
-      m_target(std::move(target)),
-      m_descriptor(descriptor),
-      m_registered(enter(m_path)) {}
+TemporaryFile::TemporaryFile(std::string pattern, std::string target)
+    : m_path(std::move(pattern)), m_journal(journalOf(m_path)), m_target(std::move(target)) {}
+
+// Needs no memory, so that what is made is never forgotten.
+bool TemporaryFile::create() {
+    m_descriptor = ::mkostemp(m_path.data(), O_CLOEXEC);
+    if (m_descriptor < 0) {
+        m_path.clear();
+        return false;
+    }
+    m_journal.replace(0, m_path.size(), m_path);
+    m_registered = enter(m_path, m_journal);
+    return true;
+}
 
 TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
     : m_path(std::exchange(other.m_path, {})),
+      m_journal(std::move(other.m_journal)),
       m_target(std::move(other.m_target)),
       m_descriptor(std::exchange(other.m_descriptor, -1)),
       m_registered(std::exchange(other.m_registered, -1)) {}
 
 TemporaryFile::~TemporaryFile() {
     if (!m_path.empty()) {
+        ::unlink(m_journal.c_str());  // of a database that failed
         ::unlink(m_path.c_str());
-        ::unlink((m_path + std::string(journalEnding)).c_str());  // of a database that failed
     }
     leave(m_registered);
     if (m_descriptor >= 0) ::close(m_descriptor);
@@ -161,7 +169,7 @@ FileResult<> TemporaryFile::putInPlace() {
     return {};
 }
 
-RegisteredName::RegisteredName(const std::string& path) : m_registered(enter(path)) {}
+RegisteredName::RegisteredName(const std::string& path) : m_registered(enter(path, journalOf(path))) {}
 
 RegisteredName::~RegisteredName() {
     leave(m_registered);
@@ -170,8 +178,8 @@ RegisteredName::~RegisteredName() {
 void removeTemporaries() {
     for (const Slot& slot : theSlots) {
         if (!slot.used) continue;
-        ::unlink(slot.path.data());
         ::unlink(slot.journal.data());
+        ::unlink(slot.path.data());
     }
 }
 

@@ -25,9 +25,11 @@ class TemporaryFile {
     [[nodiscard]] FileResult<> putInPlace();
 
   private:
-    TemporaryFile(std::string path, std::string target, int descriptor);
+    TemporaryFile(std::string pattern, std::string target);
+    [[nodiscard]] bool create();
 
-    std::string m_path;  // empty when nothing is to be deleted
+    std::string m_path;     // empty when nothing is to be deleted
+    std::string m_journal;  // here, since deleting must need no memory
     std::string m_target;
     int m_descriptor = -1;
     int m_registered = -1;

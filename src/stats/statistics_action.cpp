@@ -84,10 +84,10 @@ Form4& StatisticsAction::form() {
 
 // The line is written first with the counters as they stood; an empty catalogue leaves it at that.
 void StatisticsAction::rewriteTotals(engine::Database& database, core::Counters& counters) {
-    const auto rows = database.OpenRecordset("select * from datos order by numero");
+    auto rows = database.OpenRecordset("select * from datos order by numero");
     if (!rows) return;
     m_frame.status.setText(core::statusText(counters, m_frame.idioma));
-    if (rows->Eof()) return;
+    if (rows->RecordCount() == 0) return;
     const auto counted = core::countAll(database);
     if (!counted) return;
     counters = *counted;

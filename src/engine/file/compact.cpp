@@ -10,6 +10,7 @@
 #include "engine/file/replacement.h"
 #include "engine/file/sqlite_error.h"
 #include "engine/format.h"
+#include "engine/guarded.h"
 #include "engine/maintenance.h"
 
 namespace engine {
@@ -119,19 +120,21 @@ Result<> CompactDatabase(const std::string& source, const std::string& destinati
         return std::unexpected(Error{error::fileExists, "A catalogue cannot be compacted into itself"});
     if (auto free = refuseOpenFile(destination); !free) return free;
     auto written = refuseOpenFile(source);
-    if (written) written = compactInto(source, destination);
+    if (written) written = guarded([&] { return compactInto(source, destination); });
     if (!written) ::unlink(destination.c_str());
     return written;
 }
 
 Result<> CompactInPlace(const std::string& path, const std::string& between) {
-    if (auto free = refuseOpenFile(path); !free) return free;
-    for (int i = 0; i < mostTries; ++i) {
-        const auto done = compactThrough(path, between);
-        if (!done) return std::unexpected(done.error());
-        if (*done) return {};
-    }
-    return std::unexpected(Error{error::locked, path + ": other programs write to it all the time"});
+    return guarded([&]() -> Result<> {
+        if (auto free = refuseOpenFile(path); !free) return free;
+        for (int i = 0; i < mostTries; ++i) {
+            const auto done = compactThrough(path, between);
+            if (!done) return std::unexpected(done.error());
+            if (*done) return {};
+        }
+        return std::unexpected(Error{error::locked, path + ": other programs write to it all the time"});
+    });
 }
 
 bool IsLeftByCompaction(const std::string& path) {

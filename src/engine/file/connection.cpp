@@ -159,6 +159,10 @@ Result<> Connection::commit() {
     return committed;
 }
 
+void Connection::rollBack() noexcept {
+    if (isInTransaction()) sqlite3_exec(handle(), "rollback", nullptr, nullptr, nullptr);
+}
+
 void Connection::close() {
     m_pool.close();
     m_handle.reset();

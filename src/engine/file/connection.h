@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/database.h"
 #include "engine/file/prepared.h"
+#include "engine/file/use.h"
 #include "platform/held_files.h"
 
 namespace engine {
@@ -35,6 +35,7 @@ class Connection {
     [[nodiscard]] bool isReplaced() const;
     [[nodiscard]] bool isInTransaction() const;
     [[nodiscard]] Result<> commit();
+    void rollBack() noexcept;  // an open transaction, if there is one
 
     [[nodiscard]] Result<Prepared> prepare(const std::string& sql) { return m_pool.lend(sql); }
     [[nodiscard]] Result<> run(const char* sql) { return engine::run(handle(), sql); }

@@ -4,6 +4,7 @@
 #include "engine/file/interrupted_change.h"
 #include "engine/file/page_copy.h"
 #include "engine/file/replacement.h"
+#include "engine/guarded.h"
 #include "engine/maintenance.h"
 
 namespace engine {
@@ -40,26 +41,30 @@ Result<> writeCopy(sqlite3* from, const std::string& path) {
 }  // namespace
 
 Result<> CopyDatabase(const std::string& source, const std::string& destination) {
-    auto from = Connection::open(source, Use::ReadOnly);
-    if (!from) return std::unexpected(from.error());
-    if (const auto allowed = platform::checkReplaceable(source, destination); !allowed)
-        return std::unexpected(Error{error::readOnly, allowed.error().text});
-    auto replaced = heldStill(destination);
-    if (!replaced) return std::unexpected(replaced.error());
-    auto copy = replacementFor(destination);
-    if (!copy) return std::unexpected(copy.error());
-    if (auto copied = writeCopy((*from)->handle(), copy->path()); !copied) return copied;
-    if (!*replaced) forgetInterruptedChange(destination);
-    return putInPlace(*copy, source);
+    return guarded([&]() -> Result<> {
+        auto from = Connection::open(source, Use::ReadOnly);
+        if (!from) return std::unexpected(from.error());
+        if (const auto allowed = platform::checkReplaceable(source, destination); !allowed)
+            return std::unexpected(Error{error::readOnly, allowed.error().text});
+        auto replaced = heldStill(destination);
+        if (!replaced) return std::unexpected(replaced.error());
+        auto copy = replacementFor(destination);
+        if (!copy) return std::unexpected(copy.error());
+        if (auto copied = writeCopy((*from)->handle(), copy->path()); !copied) return copied;
+        if (!*replaced) forgetInterruptedChange(destination);
+        return putInPlace(*copy, source);
+    });
 }
 
 Result<> CopyUnreadable(const std::string& source, const std::string& destination) {
-    auto replaced = heldStill(destination);
-    if (!replaced) return std::unexpected(replaced.error());
-    if (!*replaced) forgetInterruptedChange(destination);
-    if (const auto copied = platform::CopyFile(source, destination); !copied)
-        return std::unexpected(errorOf(copied.error()));
-    return {};
+    return guarded([&]() -> Result<> {
+        auto replaced = heldStill(destination);
+        if (!replaced) return std::unexpected(replaced.error());
+        if (!*replaced) forgetInterruptedChange(destination);
+        if (const auto copied = platform::CopyFile(source, destination); !copied)
+            return std::unexpected(errorOf(copied.error()));
+        return {};
+    });
 }
 
 }  // namespace engine

@@ -8,6 +8,7 @@
 #include "engine/file/connection.h"
 #include "engine/file/schema.h"
 #include "engine/format.h"
+#include "engine/guarded.h"
 #include "engine/maintenance.h"
 
 namespace engine {
@@ -23,18 +24,20 @@ Result<> writeSchema(sqlite3* database) {
 }
 
 Result<> CreateDatabase(const std::string& nativePath) {
-    // Taking the name first keeps a file that is there already from being written into.
-    const int file = ::open(nativePath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file < 0) {
-        const int number = errno == EEXIST ? error::fileExists : error::cannotOpenFile;
-        return std::unexpected(Error{number, nativePath + ": " + std::strerror(errno)});
-    }
-    ::close(file);
-    auto database = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
-    Result<> written = database ? writeSchema(database->get()) : std::unexpected(database.error());
-    if (database) database->reset();
-    if (!written) ::unlink(nativePath.c_str());
-    return written;
+    return guarded([&]() -> Result<> {
+        // Taking the name first keeps a file that is there already from being written into.
+        const int file = ::open(nativePath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (file < 0) {
+            const int number = errno == EEXIST ? error::fileExists : error::cannotOpenFile;
+            return std::unexpected(Error{number, nativePath + ": " + std::strerror(errno)});
+        }
+        ::close(file);
+        auto database = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
+        Result<> written = database ? writeSchema(database->get()) : std::unexpected(database.error());
+        if (database) database->reset();
+        if (!written) ::unlink(nativePath.c_str());
+        return written;
+    });
 }
 
 }  // namespace engine

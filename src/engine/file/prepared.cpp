@@ -33,39 +33,46 @@ void Prepared::bind(std::span<const BoundValue> values, Texts texts) {
 }
 
 void Prepared::bind(int parameter, const BoundValue& value, Texts texts) {
-    if (!get()) return;
+    if (get() && bound(parameter, value, texts) != SQLITE_OK) m_entry->isUnbound = true;
+}
+
+void Prepared::bindColumn(int parameter, const Prepared& from, int column) {
+    const int code = sqlite3_bind_value(get(), parameter + 1, sqlite3_column_value(from.get(), column));
+    if (code != SQLITE_OK) m_entry->isUnbound = true;
+}
+
+int Prepared::bound(int parameter, const BoundValue& value, Texts texts) {
     const int number = parameter + 1;
     if (const auto* text = std::get_if<std::string_view>(&value)) {
         const char* data = text->data() ? text->data() : "";
-        sqlite3_bind_text64(get(), number, data, text->size(),
-                            texts == Texts::Lent ? SQLITE_STATIC : SQLITE_TRANSIENT, SQLITE_UTF8);
-    } else if (const auto* integer = std::get_if<std::int64_t>(&value)) {
-        sqlite3_bind_int64(get(), number, *integer);
-    } else if (const auto* real = std::get_if<double>(&value)) {
-        sqlite3_bind_double(get(), number, *real);
-    } else if (const auto* pattern = std::get_if<PatternText>(&value)) {
-        bindPattern(parameter, *pattern);
-    } else if (std::holds_alternative<NoSuchValue>(value)) {
-        sqlite3_bind_blob(get(), number, "\0", 1, SQLITE_STATIC);
-    } else {
-        sqlite3_bind_null(get(), number);
+        return sqlite3_bind_text64(get(), number, data, text->size(),
+                                   texts == Texts::Lent ? SQLITE_STATIC : SQLITE_TRANSIENT, SQLITE_UTF8);
     }
+    if (const auto* integer = std::get_if<std::int64_t>(&value))
+        return sqlite3_bind_int64(get(), number, *integer);
+    if (const auto* real = std::get_if<double>(&value)) return sqlite3_bind_double(get(), number, *real);
+    if (const auto* pattern = std::get_if<PatternText>(&value)) return boundPattern(parameter, *pattern);
+    if (std::holds_alternative<NoSuchValue>(value))
+        return sqlite3_bind_blob(get(), number, "\0", 1, SQLITE_STATIC);
+    return sqlite3_bind_null(get(), number);
 }
 
-void Prepared::bindPattern(int parameter, const PatternText& pattern) {
+int Prepared::boundPattern(int parameter, const PatternText& pattern) {
     auto& patterns = m_entry->patterns;
     if (patterns.size() <= static_cast<std::size_t>(parameter)) patterns.resize(parameter + 1);
     CompiledPattern& kept = patterns[parameter];
     if (!kept.pattern || kept.source != pattern.text || kept.signs != pattern.signs) {
+        kept.pattern.reset();
         kept.source = pattern.text;
         kept.signs = pattern.signs;
         kept.pattern = std::make_unique<LikePattern>(pattern.text, pattern.signs);
     }
-    sqlite3_bind_pointer(get(), parameter + 1, kept.pattern.get(), patternPointerType, nullptr);
+    return sqlite3_bind_pointer(get(), parameter + 1, kept.pattern.get(), patternPointerType, nullptr);
 }
 
 Prepared::Step Prepared::step() {
     if (!get()) return Step::Done;
+    if (m_entry->isUnbound) return Step::Failed;
     switch (sqlite3_step(get())) {
         case SQLITE_ROW:
             return Step::Row;
@@ -103,15 +110,17 @@ Result<Prepared> StatementPool::lend(const std::string& sql) {
         std::find_if(entries.begin(), entries.end(), [](const auto& entry) { return !entry->lent; });
     if (idle != entries.end()) {
         (*idle)->lent = true;
+        (*idle)->isUnbound = false;
         return Prepared(idle->get());
     }
-    auto entry = std::make_unique<Prepared::Entry>();
+    auto& entry = entries.emplace_back(std::make_unique<Prepared::Entry>());
     if (sqlite3_prepare_v3(m_database, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
                            &entry->statement, nullptr) != SQLITE_OK) {
+        entries.pop_back();
         return std::unexpected(lastError(m_database));
     }
     entry->lent = true;
-    return Prepared(entries.emplace_back(std::move(entry)).get());
+    return Prepared(entry.get());
 }
 
 void StatementPool::dropIdle() {

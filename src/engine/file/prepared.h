@@ -28,10 +28,11 @@ class Prepared {
     ~Prepared() { release(); }
 
     // Values are bound to parameters counted from 0. Texts are copied, unless they are lent: then they must
-    // outlive the next step.
+    // outlive the next step. A value that could not be bound (no memory, too long) lets every step fail.
     enum class Texts { Copied, Lent };
     void bind(std::span<const BoundValue> values, Texts texts = Texts::Copied);
     void bind(int parameter, const BoundValue& value, Texts texts = Texts::Copied);
+    void bindColumn(int parameter, const Prepared& from, int column);
 
     enum class Step { Row, Done, Failed };
     [[nodiscard]] Step step();
@@ -54,11 +55,13 @@ class Prepared {
     struct Entry {
         sqlite3_stmt* statement = nullptr;
         bool lent = false;
+        bool isUnbound = false;                 // a value could not be bound since it was lent
         std::vector<CompiledPattern> patterns;  // by parameter
     };
     explicit Prepared(Entry* entry) : m_entry(entry) {}
 
-    void bindPattern(int parameter, const PatternText& pattern);
+    [[nodiscard]] int bound(int parameter, const BoundValue& value, Texts texts);
+    [[nodiscard]] int boundPattern(int parameter, const PatternText& pattern);
 
     Entry* m_entry = nullptr;
 };

@@ -20,7 +20,7 @@ class ReadTransaction {
 
   private:
     Connection& m_connection;
-    bool m_begun = false;
+    Prepared m_end;
     std::optional<Error> m_failure;
 };
 

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <new>
 #include <string>
 
 #include "engine/text/collation.h"
@@ -12,7 +13,17 @@ namespace engine {
 
 namespace {
 
-void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+// SQLite must not be left by an exception.
+template <void (*function)(sqlite3_context*, sqlite3_value**)>
+void guardedFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    try {
+        function(context, arguments);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    }
+}
+
+void likeFunction(sqlite3_context* context, sqlite3_value** arguments) {
     const auto* pattern =
         static_cast<const LikePattern*>(sqlite3_value_pointer(arguments[1], patternPointerType));
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
@@ -22,7 +33,7 @@ void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
 }
 
 // What `order by` sorts by. A null stays one.
-void sortKeyFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+void sortKeyFunction(sqlite3_context* context, sqlite3_value** arguments) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
     if (!text) return sqlite3_result_null(context);
     std::string key;
@@ -41,14 +52,14 @@ int collateFolded(void*, int sizeA, const void* a, int sizeB, const void* b) {
 
 int registerFunctions(sqlite3* database) {
     constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
-    int code =
-        sqlite3_create_function(database, "engine_like", 2, flags, nullptr, likeFunction, nullptr, nullptr);
+    int code = sqlite3_create_function(database, "engine_like", 2, flags, nullptr,
+                                       guardedFunction<likeFunction>, nullptr, nullptr);
     if (code == SQLITE_OK) {
         code = sqlite3_create_collation(database, "engine_folded", SQLITE_UTF8, nullptr, collateFolded);
     }
     if (code == SQLITE_OK) {
-        code = sqlite3_create_function(database, "engine_sort_key", 1, flags, nullptr, sortKeyFunction,
-                                       nullptr, nullptr);
+        code = sqlite3_create_function(database, "engine_sort_key", 1, flags, nullptr,
+                                       guardedFunction<sortKeyFunction>, nullptr, nullptr);
     }
     return code;
 }

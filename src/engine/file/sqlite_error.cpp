@@ -24,6 +24,8 @@ int numberOfCode(int sqliteCode) {
             return error::unrecognizedFormat;
         case SQLITE_CORRUPT:
             return error::corrupt;
+        case SQLITE_NOMEM:
+            return error::outOfMemory;
         case SQLITE_CONSTRAINT:
             return error::duplicateValue;
         default:

@@ -3,6 +3,7 @@
 
 #include "engine/file/connection.h"
 #include "engine/format.h"
+#include "engine/guarded.h"
 #include "engine/maintenance.h"
 
 namespace engine {
@@ -61,20 +62,22 @@ bool isDamageToTell(const Error& error) {
 }  // namespace
 
 Result<Check> CheckDatabase(const std::string& nativePath) {
-    Check check;
-    auto connection = Connection::open(nativePath, Use::ReadOnly);
-    if (!connection) {
-        if (!isDamageToTell(connection.error())) return std::unexpected(connection.error());
-        check.faults.push_back(connection.error().text);
+    return guarded([&]() -> Result<Check> {
+        Check check;
+        auto connection = Connection::open(nativePath, Use::ReadOnly);
+        if (!connection) {
+            if (!isDamageToTell(connection.error())) return std::unexpected(connection.error());
+            check.faults.push_back(connection.error().text);
+            return check;
+        }
+        for (const auto step : {checkPages, checkRows}) {
+            const auto done = step(**connection, check);
+            if (done) continue;
+            if (!isDamageToTell(done.error())) return std::unexpected(done.error());
+            check.faults.push_back(done.error().text);
+        }
         return check;
-    }
-    for (const auto step : {checkPages, checkRows}) {
-        const auto done = step(**connection, check);
-        if (done) continue;
-        if (!isDamageToTell(done.error())) return std::unexpected(done.error());
-        check.faults.push_back(done.error().text);
-    }
-    return check;
+    });
 }
 
 }  // namespace engine

@@ -12,6 +12,7 @@
 #include "engine/file/replacement.h"
 #include "engine/file/schema.h"
 #include "engine/file/sqlite_error.h"
+#include "engine/guarded.h"
 #include "engine/maintenance.h"
 #include "engine/repair/salvage.h"
 
@@ -152,36 +153,39 @@ Result<std::string> keepBeside(const std::string& path) {
 }  // namespace
 
 Result<std::string> RepairDatabase(const std::string& nativePath) {
-    const auto file = platform::identityOf(nativePath);
-    if (!file) return std::unexpected(Error{error::fileNotFound, nativePath + " does not exist"});
-    if (!platform::FileExists(nativePath))
-        return std::unexpected(Error{error::cannotOpenFile, nativePath + " is not a file"});
-    if (platform::HeldFile::isHeld(*file))
-        return std::unexpected(Error{error::locked, nativePath + " is open"});
-    const platform::HeldFile held(*file);
-    auto damaged = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
-    if (!damaged) return std::unexpected(damaged.error());
-    const RawPages pages(damaged->get());
-    const bool isOurs = wasCatalogue(pages);
-    if (pages.failure()) return std::unexpected(*pages.failure());
-    if (!isOurs) return std::unexpected(Error{error::unrecognizedFormat, nativePath + " is no catalogue"});
-    if (const auto sound = checkSound(damaged->get()); sound || !isDamage(sound.error())) {
-        if (!sound) return std::unexpected(sound.error());
-        return std::string();
-    }
+    return guarded([&]() -> Result<std::string> {
+        const auto file = platform::identityOf(nativePath);
+        if (!file) return std::unexpected(Error{error::fileNotFound, nativePath + " does not exist"});
+        if (!platform::FileExists(nativePath))
+            return std::unexpected(Error{error::cannotOpenFile, nativePath + " is not a file"});
+        if (platform::HeldFile::isHeld(*file))
+            return std::unexpected(Error{error::locked, nativePath + " is open"});
+        const platform::HeldFile held(*file);
+        auto damaged = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
+        if (!damaged) return std::unexpected(damaged.error());
+        const RawPages pages(damaged->get());
+        const bool isOurs = wasCatalogue(pages);
+        if (pages.failure()) return std::unexpected(*pages.failure());
+        if (!isOurs)
+            return std::unexpected(Error{error::unrecognizedFormat, nativePath + " is no catalogue"});
+        if (const auto sound = checkSound(damaged->get()); sound || !isDamage(sound.error())) {
+            if (!sound) return std::unexpected(sound.error());
+            return std::string();
+        }
 
-    auto repaired = replacementFor(nativePath);
-    if (!repaired) return std::unexpected(repaired.error());
-    if (auto written = writeSalvaged(pages, repaired->path()); !written)
-        return std::unexpected(written.error());
-    auto kept = keepBeside(nativePath);
-    if (!kept) return kept;
-    if (auto put = putInPlace(*repaired, nativePath); !put) {
-        (void)std::rename((*kept + "-journal").c_str(), (nativePath + "-journal").c_str());
-        ::unlink(kept->c_str());
-        return std::unexpected(put.error());
-    }
-    return kept;
+        auto repaired = replacementFor(nativePath);
+        if (!repaired) return std::unexpected(repaired.error());
+        if (auto written = writeSalvaged(pages, repaired->path()); !written)
+            return std::unexpected(written.error());
+        auto kept = keepBeside(nativePath);
+        if (!kept) return kept;
+        if (auto put = putInPlace(*repaired, nativePath); !put) {
+            (void)std::rename((*kept + "-journal").c_str(), (nativePath + "-journal").c_str());
+            ::unlink(kept->c_str());
+            return std::unexpected(put.error());
+        }
+        return kept;
+    });
 }
 
 }  // namespace engine

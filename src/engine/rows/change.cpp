@@ -4,6 +4,21 @@
 
 namespace engine {
 
+namespace {
+
+class UndoneUnlessCommitted {
+  public:
+    explicit UndoneUnlessCommitted(Connection& connection) : m_connection(connection) {}
+    ~UndoneUnlessCommitted() { m_connection.rollBack(); }
+    UndoneUnlessCommitted(const UndoneUnlessCommitted&) = delete;
+    UndoneUnlessCommitted& operator=(const UndoneUnlessCommitted&) = delete;
+
+  private:
+    Connection& m_connection;
+};
+
+}  // namespace
+
 Result<long long> Changes::run(const std::shared_ptr<const Statement>& statement,
                                const std::vector<Literal>& literals) {
     return statement->kind == Statement::Insert ? insert(statement, literals) : change(*statement, literals);
@@ -15,12 +30,10 @@ Result<long long> Changes::change(const Statement& statement, const std::vector<
     if (!asksForUnits || sqlite3_get_autocommit(m_connection.handle()) == 0)
         return changeAtOnce(statement, literals);
     if (auto begun = m_connection.run("begin immediate"); !begun) return std::unexpected(begun.error());
+    const UndoneUnlessCommitted transaction(m_connection);
     auto changed = changeAtOnce(statement, literals);
-    if (changed) {
-        if (auto committed = m_connection.run("commit"); !committed)
-            changed = std::unexpected(committed.error());
-    }
-    if (!changed) (void)m_connection.run("rollback");  // which an error may have done already
+    if (!changed) return changed;
+    if (auto committed = m_connection.run("commit"); !committed) return std::unexpected(committed.error());
     return changed;
 }
 

@@ -150,7 +150,7 @@ bool KnownNames::read(Connection& connection, long long rows) {
 bool KnownNames::readOn(Connection& connection, long long rows) {
     if (m_names != Names::Unread || !m_state) return false;
     const ReadTransaction oneState(connection);
-    const auto state = lockedState(connection);
+    const auto state = oneState.failure() ? std::nullopt : lockedState(connection);
     if (!state || !isIn(*state) || !read(connection, rows)) {
         drop();
         return false;

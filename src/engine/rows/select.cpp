@@ -44,12 +44,13 @@ const Condition* unitTestOf(const Condition& condition) {
     return found == condition.children.end() ? nullptr : &*found;
 }
 
-}  // namespace
-
+// True when a condition tries a pattern on row after row.
 bool triesPattern(const Condition& condition) {
     if (condition.kind == Condition::Like) return condition.operands.front().column != Column::disco;
     return std::ranges::any_of(condition.children, triesPattern);
 }
+
+}  // namespace
 
 Select Select::with(Statement statement) const {
     return {m_connection, m_units,
@@ -238,18 +239,6 @@ Result<long long> Select::count() const {
         }
         writer.write(")");
     }));
-}
-
-Result<bool> Select::exists() const {
-    const ReadTransaction oneState(*m_connection);
-    if (oneState.failure()) return std::unexpected(*oneState.failure());
-    const auto found = number(prepared([&](SqlWriter& writer) {
-        writer.write("select exists (select 1");
-        writeFrom(writer);
-        writer.write(")");
-    }));
-    if (!found) return std::unexpected(found.error());
-    return *found != 0;
 }
 
 }  // namespace engine

@@ -40,7 +40,6 @@ class Select {
 
     // Fetching none.
     [[nodiscard]] Result<long long> count() const;
-    [[nodiscard]] Result<bool> exists() const;
 
   private:
     // Where in the table the rows of a unit lie.
@@ -65,8 +64,5 @@ class Select {
     Query m_query;
     std::shared_ptr<KnownNames> m_names;  // may be none
 };
-
-// True when a condition tries a pattern on row after row, so that a second pass would be dear.
-[[nodiscard]] bool triesPattern(const Condition& condition);
 
 }  // namespace engine

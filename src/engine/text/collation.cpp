@@ -3,7 +3,11 @@
 #include <unicode/ucol.h>
 #include <unicode/ustring.h>
 
+#include <array>
+#include <atomic>
+#include <cstddef>
 #include <memory>
+#include <memory_resource>
 
 #include "engine/text/utf8.h"
 
@@ -21,20 +25,20 @@ Error failure(UErrorCode code) {
     return {error::general, std::string("Texts cannot be sorted: ") + u_errorName(code)};
 }
 
-// One for each thread. Failing to open it is not remembered.
+// One for all threads, until the end. Failing to open it is not remembered.
 Result<const UCollator*> collator() {
-    thread_local std::unique_ptr<UCollator, CloseCollator> opened;
-    if (opened) return opened.get();
+    static std::atomic<UCollator*> shared = nullptr;
+    if (const UCollator* opened = shared) return opened;
     UErrorCode code = U_ZERO_ERROR;
     std::unique_ptr<UCollator, CloseCollator> fresh(ucol_open(spanish, &code));
     if (U_SUCCESS(code)) ucol_setAttribute(fresh.get(), UCOL_STRENGTH, UCOL_SECONDARY, &code);
     if (U_FAILURE(code)) return std::unexpected(failure(code));
-    opened = std::move(fresh);
-    return opened.get();
+    UCollator* others = nullptr;
+    return shared.compare_exchange_strong(others, fresh.get()) ? fresh.release() : others;
 }
 
 // In UTF-16; bytes that are no UTF-8 become replacement characters.
-Result<> convert(std::string_view text, std::u16string& out) {
+Result<> convert(std::string_view text, std::pmr::u16string& out) {
     if (isAscii(text)) {
         out.assign(text.begin(), text.end());
         return {};
@@ -54,7 +58,9 @@ Result<> convert(std::string_view text, std::u16string& out) {
 Result<> appendSortKey(std::string& key, std::string_view text) {
     const auto rules = collator();
     if (!rules) return std::unexpected(rules.error());
-    thread_local std::u16string wide;  // keeps its room from row to row
+    std::array<std::byte, 1024> stack;  // enough for a name
+    std::pmr::monotonic_buffer_resource memory(stack.data(), stack.size());
+    std::pmr::u16string wide(&memory);
     if (auto converted = convert(text, wide); !converted) return converted;
     const std::size_t begin = key.size();
     const auto fill = [&](std::size_t room) {

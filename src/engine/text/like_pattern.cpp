@@ -152,10 +152,9 @@ bool LikePattern::matchesAsRead(std::string_view text) const {
         foldAscii(text.data(), text.size(), buffer);
         return piecesMatch({buffer, text.size()});
     }
-    thread_local std::string whole;  // keeps its room from row to row
-    whole.clear();
-    appendFolded(whole, text);
-    return piecesMatch(whole);
+    m_folded.clear();
+    appendFolded(m_folded, text);
+    return piecesMatch(m_folded);
 }
 
 bool LikePattern::piecesMatch(std::string_view text) const {

@@ -66,6 +66,7 @@ class LikePattern {
     std::vector<std::string> m_middle;
     std::string m_end;
     bool m_asciiPieces = false;
+    mutable std::string m_folded;  // the text under test: keeps its room from row to row
 
     std::unique_ptr<LikePattern> m_asName;  // with all signs but `*` for themselves, where that differs
 };
