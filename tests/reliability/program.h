@@ -1,11 +1,11 @@
 #pragma once
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,8 +16,8 @@ namespace test {
 
 // What a program is run under.
 struct Conditions {
-    rlim_t largestFile = RLIM_INFINITY;
     std::string output = "/dev/null";
+    std::vector<std::string> environment{};  // NAME=VALUE
 };
 
 // A program under way; it is waited for at the end.
@@ -55,11 +55,7 @@ class Program {
         const int output = open(conditions.output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         dup2(output, STDOUT_FILENO);
         dup2(output, STDERR_FILENO);
-        if (conditions.largestFile != RLIM_INFINITY) {
-            const rlimit limit{conditions.largestFile, conditions.largestFile};
-            setrlimit(RLIMIT_FSIZE, &limit);
-            signal(SIGXFSZ, SIG_IGN);  // writing fails instead, as on a full disk
-        }
+        for (const std::string& setting : conditions.environment) putenv(const_cast<char*>(setting.c_str()));
         execv(argv[0], argv.data());
         _exit(127);
     }

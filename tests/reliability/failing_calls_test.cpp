@@ -1,0 +1,212 @@
+// Every call that the program makes of the system fails in its turn, once or from then on. Whatever the
+// command, it ends by itself; what it says is true, and the catalogue holds what it held or what it was to
+// hold.
+//
+//     reliability_failing_calls_test [CALLS]      of each kind and command; 1 unless told, 0 is every one
+//
+// Prints a table of the outcomes when it is told a number.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <random>
+
+#include "reliability/catalogue_check.h"
+#include "reliability/program.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+constexpr int done = 0, differs = 1, unusable = 3;
+int callsOfEach = 1;
+bool printsTable = false;
+
+enum class Kind {
+    Reads,    // and prints what it finds
+    Changes,  // all or nothing
+    Scans,    // what it reported until then stays; names what of the medium it could not read
+};
+
+struct Command {
+    Words words;  // without the program
+    Kind kind;
+};
+
+const Command commands[]{
+    {{"units", "CAT"}, Kind::Reads},
+    {{"list", "CAT", "Victim"}, Kind::Reads},
+    {{"search", "CAT", "7"}, Kind::Reads},
+    {{"duplicates", "CAT", "--by", "size"}, Kind::Reads},
+    {{"stats", "CAT", "Victim", "folder3"}, Kind::Reads},
+    {{"note", "CAT", "Victim", "folder3/file 65.txt"}, Kind::Reads},
+    {{"export", "CAT"}, Kind::Reads},
+    {{"check", "CAT"}, Kind::Reads},
+    {{"backup", "CAT", "copy.zrq"}, Kind::Reads},
+    {{"note", "CAT", "Victim", "folder3/file 65.txt", "noted"}, Kind::Changes},
+    {{"rename", "CAT", "Victim", "Renamed"}, Kind::Changes},
+    {{"delete", "CAT", "Victim"}, Kind::Changes},
+    {{"add", "CAT", "New", "content"}, Kind::Changes},
+    {{"import", "CAT", "ROWS"}, Kind::Changes},
+    {{"save as", "CAT"}, Kind::Changes},  // over this catalogue, as the window does
+    {{"compact", "CAT"}, Kind::Changes},
+    {{"repair", "CAT"}, Kind::Changes},
+    {{"repair", "DAMAGED"}, Kind::Changes},
+    {{"update", "CAT", "Victim", "TREE"}, Kind::Scans},
+    {{"scan", "CAT", "New", "TREE"}, Kind::Scans},
+};
+
+struct Outcome {
+    int status = -1;
+    std::string output;
+    test::Content content;
+};
+
+class FailingCalls : public testing::Test {
+  protected:
+    void SetUp() override {
+        fs::create_directory(work / "run");
+        fs::current_path(work / "run");
+        test::makeCatalogue(original, {"Earlier", "Victim"}, 300);
+        test::makeTree(tree, 4, 12);
+        damageACopy();
+        test::makeCatalogue(other, {"Imported"}, 50);
+        test::cliStatus({"export", other}, {.output = rows});
+    }
+    void TearDown() override { fs::current_path("/"); }
+
+    // The index of a copy of the catalogue ends in nothing.
+    void damageACopy() const {
+        std::string bytes = test::readFile(original);
+        bytes.replace(bytes.size() - 8192, 8192, 8192, '\0');
+        test::writeFile(damaged, bytes);
+    }
+
+    Outcome run(const Command& command, const std::string& environment) {
+        const bool onDamaged = command.words[1] == "DAMAGED";
+        for (const auto& entry : fs::directory_iterator(".")) fs::remove(entry);
+        fs::copy_file(onDamaged ? damaged : original, catalogue);
+        Words words = command.words;
+        words[1] = catalogue;
+        std::ranges::replace(words, "TREE", tree);
+        std::ranges::replace(words, "ROWS", rows);
+        words.insert(words.begin(), ZARQUELIN_CLI);
+        if (words[1] == "save as") words = {ZARQUELIN_SAVE_AS, other, catalogue};
+        Outcome outcome;
+        outcome.status = test::statusOf(words, {.output = output,
+                                                .environment = {"LD_PRELOAD=" FAILING_CALLS_LIBRARY,
+                                                                "ZARQUELIN_DRIVES=C=/", environment}});
+        outcome.output = test::readFile(output);
+        if (!onDamaged || outcome.status == done) outcome.content = test::contentOf(catalogue);
+        return outcome;
+    }
+
+    std::map<std::string, int> countsOf(const Command& command) {
+        whole = run(command, "CALL_COUNTS=" + counted);
+        std::map<std::string, int> counts;
+        std::ifstream file(counted);
+        std::string kind;
+        for (int count = 0; file >> kind >> count;) counts[kind] = count;
+        return counts;
+    }
+
+    void expectTrue(const Command& command, const std::string& failing, const Outcome& now) {
+        ASSERT_LT(now.status, 128) << now.output.substr(0, 200);
+        if (now.status != whole.status) {
+            EXPECT_TRUE(now.status == unusable || now.status == differs)
+                << now.status << now.output.substr(0, 200);
+            EXPECT_TRUE(!now.output.empty() || command.words[0] == "save as") << "a failure is told";
+        }
+        const bool finished = now.status == whole.status;
+        switch (command.kind) {
+            case Kind::Reads:
+                EXPECT_EQ(now.content, old);
+                if (finished) {
+                    EXPECT_EQ(now.output, whole.output);
+                }
+                if (fs::exists(copy)) {
+                    EXPECT_EQ(test::contentOf(copy), old);
+                }
+                break;
+            case Kind::Changes:
+                if (command.words[1] == "DAMAGED" && !finished) {
+                    EXPECT_EQ(test::readFile(catalogue), test::readFile(damaged));
+                } else if (finished && now.output == whole.output) {  // nothing was said
+                    EXPECT_EQ(now.content, whole.content);
+                } else {
+                    EXPECT_TRUE(now.content == old || now.content == whole.content)
+                        << now.output.substr(0, 200);
+                }
+                break;
+            case Kind::Scans:
+                expectScanned(command.words[2] + " :", now);
+        }
+        if (failing.starts_with("unlink")) return;
+        for (const auto& entry : fs::directory_iterator(".")) {
+            const std::string name = entry.path().filename();
+            EXPECT_TRUE(name == catalogue || name == catalogue + "-journal" ||
+                        name == catalogue + ".damaged" || name == copy)
+                << name;
+        }
+    }
+
+    // No other unit is touched; all rows are there if nothing else is said.
+    void expectScanned(const std::string& unit, const Outcome& now) const {
+        auto rest = now.content, oldRest = old;
+        rest.erase(unit);
+        oldRest.erase(unit);
+        EXPECT_EQ(rest, oldRest);
+        if (now.output == whole.output) {
+            EXPECT_EQ(now.content, whole.content);
+        }
+    }
+
+    test::TemporaryFolder work;
+    const std::string original = work / "original.zrq", damaged = work / "damaged.zrq", tree = work / "tree",
+                      other = work / "other.zrq", rows = work / "rows.csv", output = work / "output",
+                      counted = work / "counts";
+    const std::string catalogue = "catalogue.zrq", copy = "copy.zrq";  // in the current folder
+    test::Content old;
+    Outcome whole;
+};
+
+TEST_F(FailingCalls, EndInTheOldStateOrTheNewOneAndAreTold) {
+    old = test::contentOf(original);
+    std::minstd_rand random(11);
+    for (const Command& command : commands) {
+        const std::string name = command.words[0] + (command.words[1] == "DAMAGED" ? " (damaged)" : "");
+        for (const auto& [kind, count] : countsOf(command)) {
+            std::map<int, int> outcomes;  // by status
+            for (const bool on : {false, true})
+                for (int i = 0; i < (callsOfEach > 0 ? std::min(callsOfEach, count) : count); ++i) {
+                    const int n = callsOfEach > 0
+                                      ? 1 + static_cast<int>(random() % static_cast<unsigned>(count))
+                                      : i + 1;
+                    const std::string failing = kind + ' ' + std::to_string(n) + (on ? " on" : "");
+                    SCOPED_TRACE(name + ", " + failing);
+                    const Outcome now = run(command, "FAILING_CALLS=" + failing);
+                    ++outcomes[now.status];
+                    expectTrue(command, failing, now);
+                }
+            if (!printsTable || outcomes.empty()) continue;
+            std::cout << name << '\t' << kind;
+            for (const auto& [status, times] : outcomes) std::cout << '\t' << times << " x status " << status;
+            std::cout << std::endl;
+        }
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    printsTable = argc > 1;
+    if (argc > 1) callsOfEach = std::atoi(argv[1]);
+    return RUN_ALL_TESTS();
+}

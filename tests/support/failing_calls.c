@@ -1,0 +1,148 @@
+// Preloaded into a program, lets one of its calls of the system fail from main() on:
+//
+//     FAILING_CALLS="write 7"       the seventh write to a file fails
+//     FAILING_CALLS="write 7 on"    and every later one
+//     CALL_COUNTS=FILE              how often each kind was called, written at the end
+
+#define _GNU_SOURCE
+#include <dlfcn.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <pthread.h>
+#include <stdarg.h>
+#include <stdatomic.h>
+#include <stdbool.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/mman.h>
+#include <unicode/ucol.h>
+#include <unistd.h>
+
+enum Kind { Open, Read, Write, Flush, Rename, Unlink, Truncate, Map, Thread, Allocation, kinds };
+static const char* const names[kinds] = {"open",   "read",     "write", "flush",  "rename",
+                                         "unlink", "truncate", "map",   "thread", "allocation"};
+static atomic_long calls[kinds];
+static atomic_bool active;
+static atomic_bool works;  // has opened a catalogue: what Qt does before bears no failing allocation
+static long failing_call;
+static int failing_kind = kinds;
+static bool failing_on;
+
+static bool fails(enum Kind kind, int error) {
+    if (!active || (kind == Allocation && !works)) return false;
+    const long n = ++calls[kind];
+    if ((int)kind != failing_kind || (failing_on ? n < failing_call : n != failing_call)) return false;
+    errno = error;
+    return true;
+}
+
+static void begin(void) {
+    const char* wanted = getenv("FAILING_CALLS");
+    char kind[16] = "", on[3] = "";
+    if (wanted && sscanf(wanted, "%15s %ld %2s", kind, &failing_call, on) >= 2) {
+        failing_on = on[0] != '\0';
+        for (failing_kind = 0; failing_kind < kinds && strcmp(names[failing_kind], kind) != 0;)
+            ++failing_kind;
+    }
+    // ICU does not bear to run out of memory while it makes its tables.
+    UErrorCode code = U_ZERO_ERROR;
+    ucol_close(ucol_open("es", &code));
+    active = true;
+}
+
+__attribute__((destructor)) static void end(void) {
+    active = false;
+    const char* path = getenv("CALL_COUNTS");
+    FILE* counts = path ? fopen(path, "w") : NULL;
+    if (!counts) return;
+    for (int kind = 0; kind < kinds; ++kind) fprintf(counts, "%s %ld\n", names[kind], calls[kind]);
+    fclose(counts);
+}
+
+typedef int (*Main)(int, char**, char**);
+static Main program;
+static int main_that_counts(int argc, char** argv, char** environment) {
+    begin();
+    return program(argc, argv, environment);
+}
+int __libc_start_main(Main main, int argc, char** argv, void (*init)(void), void (*fini)(void),
+                      void (*finish)(void), void* stack) {
+    int (*real)(Main, int, char**, void (*)(void), void (*)(void), void (*)(void), void*) =
+        dlsym(RTLD_NEXT, "__libc_start_main");
+    program = main;
+    return real(main_that_counts, argc, argv, init, fini, finish, stack);
+}
+
+// The system's function of the same name, behind the question whether it fails this time.
+#define FAILING(result, name, parameters, arguments, failed, failure) \
+    result name parameters {                                          \
+        static result(*_Atomic real) parameters;                      \
+        if (!real) real = dlsym(RTLD_NEXT, #name);                    \
+        return (failed) ? (failure) : real arguments;                 \
+    }
+// The same of one that takes the mode of a new file where it makes one.
+#define FAILING_OPEN(name, parameters, arguments, error)                \
+    int name parameters {                                               \
+        static int(*_Atomic real) parameters;                           \
+        if (!real) real = dlsym(RTLD_NEXT, #name);                      \
+        va_list more;                                                   \
+        va_start(more, flags);                                          \
+        const mode_t mode = flags & O_CREAT ? va_arg(more, mode_t) : 0; \
+        va_end(more);                                                   \
+        if (strstr(path, ".zrq")) works = true;                         \
+        return fails(Open, error) ? -1 : real arguments;                \
+    }
+
+FAILING_OPEN(open, (const char* path, int flags, ...), (path, flags, mode), EMFILE)
+FAILING_OPEN(open64, (const char* path, int flags, ...), (path, flags, mode), EMFILE)
+FAILING_OPEN(openat, (int at, const char* path, int flags, ...), (at, path, flags, mode), EACCES)
+FAILING_OPEN(openat64, (int at, const char* path, int flags, ...), (at, path, flags, mode), EACCES)
+FAILING(int, mkostemp, (char* path, int flags), (path, flags), fails(Open, EMFILE), -1)
+FAILING(int, mkostemp64, (char* path, int flags), (path, flags), fails(Open, EMFILE), -1)
+
+#define isFile(file) ((file) > STDERR_FILENO)
+FAILING(ssize_t, read, (int file, void* bytes, size_t size), (file, bytes, size),
+        isFile(file) && fails(Read, EIO), -1)
+FAILING(ssize_t, pread, (int file, void* bytes, size_t size, off_t at), (file, bytes, size, at),
+        fails(Read, EIO), -1)
+FAILING(ssize_t, pread64, (int file, void* bytes, size_t size, off64_t at), (file, bytes, size, at),
+        fails(Read, EIO), -1)
+FAILING(ssize_t, write, (int file, const void* bytes, size_t size), (file, bytes, size),
+        isFile(file) && fails(Write, ENOSPC), -1)
+FAILING(ssize_t, pwrite, (int file, const void* bytes, size_t size, off_t at), (file, bytes, size, at),
+        fails(Write, ENOSPC), -1)
+FAILING(ssize_t, pwrite64, (int file, const void* bytes, size_t size, off64_t at), (file, bytes, size, at),
+        fails(Write, EIO), -1)
+
+FAILING(int, fsync, (int file), (file), fails(Flush, EIO), -1)
+FAILING(int, fdatasync, (int file), (file), fails(Flush, EIO), -1)
+FAILING(int, ftruncate, (int file, off_t size), (file, size), fails(Truncate, EIO), -1)
+FAILING(int, ftruncate64, (int file, off64_t size), (file, size), fails(Truncate, EIO), -1)
+FAILING(int, rename, (const char* from, const char* to), (from, to), fails(Rename, EACCES), -1)
+FAILING(int, unlink, (const char* path), (path), fails(Unlink, EACCES), -1)
+
+FAILING(void*, mmap, (void* at, size_t size, int protection, int flags, int file, off_t offset),
+        (at, size, protection, flags, file, offset), fails(Map, ENOMEM), MAP_FAILED)
+FAILING(void*, mmap64, (void* at, size_t size, int protection, int flags, int file, off64_t offset),
+        (at, size, protection, flags, file, offset), fails(Map, ENOMEM), MAP_FAILED)
+FAILING(int, pthread_create, (pthread_t * thread, const pthread_attr_t* how, void* (*run)(void*), void* with),
+        (thread, how, run, with), fails(Thread, EAGAIN), EAGAIN)
+
+// dlsym() allocates: these are called by the names that nothing wraps.
+void* __libc_malloc(size_t size);
+void* __libc_calloc(size_t count, size_t size);
+void* __libc_realloc(void* memory, size_t size);
+void* __libc_memalign(size_t alignment, size_t size);
+void* malloc(size_t size) {
+    return fails(Allocation, ENOMEM) ? NULL : __libc_malloc(size);
+}
+void* calloc(size_t count, size_t size) {
+    return fails(Allocation, ENOMEM) ? NULL : __libc_calloc(count, size);
+}
+void* realloc(void* memory, size_t size) {
+    return fails(Allocation, ENOMEM) ? NULL : __libc_realloc(memory, size);
+}
+void* aligned_alloc(size_t alignment, size_t size) {
+    return fails(Allocation, ENOMEM) ? NULL : __libc_memalign(alignment, size);
+}
