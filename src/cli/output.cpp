@@ -82,10 +82,10 @@ std::string shown(std::string_view text) {
     out.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
         // Nearly all text is printable ASCII: a tenth of the time of a search for a common word.
-        if (text[at] >= ' ' && text[at] < '\x7f')
-            out += text[at++];
-        else
-            appendShown(out, engine::nextCharacter(text, at));
+        const std::size_t begin = at;
+        while (at < text.size() && text[at] >= ' ' && text[at] < '\x7f') ++at;
+        out.append(text, begin, at - begin);
+        if (at < text.size()) appendShown(out, engine::nextCharacter(text, at));
     }
     return out;
 }

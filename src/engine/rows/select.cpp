@@ -78,22 +78,31 @@ void Select::writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch)
 
 // A scan leaves the rows of a unit together. To pass over them costs a fifth of finding each one through the
 // index: the statistics of a unit of 150,000 rows take 0.49 s instead of 0.68 s.
-Result<std::optional<Select::Stretch>> Select::stretch() const {
+Result<std::optional<Stretch>> Select::stretch() const {
     constexpr std::int64_t rowsPassedPerRowFound = 5;
     if (!statement().where) return std::nullopt;
     const Condition where = withUnitFirst(*statement().where, m_query.literals());
     const Condition* unit = unitTestOf(where);
     if (!unit) return std::nullopt;
-    auto ends = prepared([&](SqlWriter& writer) {
-        writer.write("select count(*), min(rowid), max(rowid) from datos where ").writeCondition(*unit);
-    });
+    const auto units = m_units->namesFor(statement());
+    if (!units) return std::unexpected(units.error());
+    SqlWriter writer(m_query.literals(), **units);
+    writer.write("select count(*), min(rowid), max(rowid) from datos where ").writeCondition(*unit);
+    std::string asked = writer.sql();
+    for (const BoundValue& value : writer.values())
+        if (const auto* name = std::get_if<std::string_view>(&value)) asked.append(1, '\0').append(*name);
+    auto& known = m_units->stretches();
+    if (const auto found = known.find(asked); found != known.end()) return found->second;
+
+    auto ends = m_connection->prepare(writer.sql());
     if (!ends) return std::unexpected(ends.error());
+    ends->bind(writer.values());
     if (ends->step() != Prepared::Step::Row) return std::unexpected(m_connection->lastError());
     const Stretch rows{ends->integer(1), ends->integer(2)};
     const bool isTogether =
         ends->integer(0) > 0 &&
         (rows.lastRow / rowsPassedPerRowFound - rows.firstRow / rowsPassedPerRowFound) < ends->integer(0);
-    return isTogether ? std::optional(rows) : std::nullopt;
+    return known[asked] = isTogether ? std::optional(rows) : std::nullopt;
 }
 
 // An order by unit says nothing when all rows are of one.

@@ -42,12 +42,6 @@ class Select {
     [[nodiscard]] Result<long long> count() const;
 
   private:
-    // Where in the table the rows of a unit lie.
-    struct Stretch {
-        std::int64_t firstRow = 0;
-        std::int64_t lastRow = 0;
-    };
-
     template <class Write>
     [[nodiscard]] Result<Prepared> prepared(Write write) const;
     [[nodiscard]] Result<bool> isOrderNeeded() const;

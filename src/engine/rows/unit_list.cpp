@@ -18,6 +18,7 @@ Result<const UnitNames*> UnitList::namesFor(const Statement& statement) {
     const auto version = m_connection.version();
     if (version && m_names && m_version == *version) return &*m_names;
     m_names.reset();
+    m_stretches.clear();
     if (!version) return std::unexpected(version.error());
     auto names = read();
     if (!names) return std::unexpected(names.error());

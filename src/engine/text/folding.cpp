@@ -59,6 +59,11 @@ int compareFolded(std::string_view a, std::string_view b) {
     std::size_t i = 0;
     std::size_t j = 0;
     while (i < a.size() && j < b.size()) {
+        if (a[i] == b[j] && isAscii(a[i])) {
+            ++i;
+            ++j;
+            continue;
+        }
         char32_t x;
         char32_t y;
         if (isAscii(a[i]) && isAscii(b[j])) {
