@@ -1,4 +1,10 @@
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstdio>
+#include <filesystem>
 
 #include "engine/database.h"
 #include "engine/maintenance.h"
@@ -20,35 +26,84 @@ void useAll(const std::string& path) {
     }
 }
 
+// A catalogue of many units, long paths and some notes of several pages.
+void fill(const std::string& path) {
+    auto db = engine::OpenDatabase(path).value();
+    (void)db.BeginTrans();
+    for (int i = 0; i < 600; ++i) {
+        const std::string number = std::to_string(i), unit = i % 3 == 0 ? "U" : "U" + std::to_string(i % 40);
+        (void)db.Execute(
+            "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario) values "
+            "(" +
+            number + ",'E:\\" + std::string(i % 50 == 0 ? 3000 : i % 30, 'x') + "','x','f" + number +
+            "','1','3','4','Archivo','" + unit + " :','" + std::string(i % 90 == 0 ? 30'000 : 5, 'n') + "')");
+    }
+    (void)db.CommitTrans();
+}
+
+// The same in the midst of a change whose program has died: with a journal beside it.
+void interrupt(const std::string& path) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        sqlite3* database = nullptr;
+        sqlite3_open(path.c_str(), &database);
+        sqlite3_exec(database, "pragma cache_size = 5; begin; update datos set archivo = archivo || ruta",
+                     nullptr, nullptr, nullptr);
+        ::_exit(0);
+    }
+    ::waitpid(child, nullptr, 0);
+}
+
+// Some bits flipped, pages put in each other's place or over each other, pointers and counts near the start
+// of a page made others, the end cut off.
+void hurt(std::string& bytes, std::mt19937& random) {
+    constexpr std::size_t page = 8192;
+    if (bytes.size() < page) return;
+    const auto somePage = [&] { return random() % (bytes.size() / page) * page; };
+    for (unsigned faults = 1 + random() % 20; faults > 0; --faults) {
+        const std::size_t at = random() % 4 ? random() % bytes.size() : somePage() + random() % 64;
+        const std::size_t from = somePage(), to = somePage();
+        switch (random() % 16) {
+            case 0:
+                std::swap_ranges(&bytes[from], &bytes[from] + page, &bytes[to]);
+                break;
+            case 1:
+                bytes.replace(to, page, std::string(bytes, from, page));
+                break;
+            case 2:
+                bytes.replace(to + random() % 40, 4, std::string(bytes, from + random() % 40, 4));
+                break;
+            default:
+                bytes[std::min(at, bytes.size() - 1)] ^= static_cast<char>(1 << random() % 8);
+        }
+    }
+    if (random() % 4 == 0) bytes.resize(random() % bytes.size());
+}
+
 }  // namespace
 
-// A catalogue with a few bytes changed or its end cut off: reading ends in rows or an error, and what a
+// A damaged catalogue, with a journal beside it or without: reading ends in rows or an error, and what a
 // repair calls repaired is sound.
 int main(int argc, char** argv) {
     const test::TemporaryFolder folder;
-    const std::string path = folder / "a.zrq";
+    const std::string path = folder / "a.zrq", journal = path + "-journal";
     if (!engine::CreateDatabase(path)) return 1;
-    if (auto db = engine::OpenDatabase(path)) {
-        for (int i = 0; i < 400; ++i) {
-            (void)db->Execute(
-                "insert into datos (numero,ruta,carpeta,archivo,nivel,fecha,largo,tipo,disco,comentario) "
-                "values (" +
-                std::to_string(i) + ",'E:\\x','x','f" + std::to_string(i) +
-                "','1','3','4','Archivo','U :','" + std::string(i % 90 == 0 ? 9000 : 5, 'n') + "')");
-        }
-    }
+    fill(path);
     const std::string whole = test::readFile(path);
+    interrupt(path);
+    const std::string changed = test::readFile(path), wayBack = test::readFile(journal);
     std::mt19937 random(3);
     bool unsound = false;
     int repaired = 0;
-    for (int i = rounds(argc, argv, 200); i > 0 && !unsound; --i) {
-        std::string hurt = whole;
-        for (unsigned flips = 1 + random() % 20; flips > 0; --flips) {
-            const std::size_t at = random() % 4 ? random() % hurt.size() : random() % 8192;
-            hurt[at] = static_cast<char>(hurt[at] ^ 1 << random() % 8);
-        }
-        if (random() % 3 == 0) hurt.resize(random() % hurt.size());
-        test::writeFile(path, hurt);
+    for (int i = rounds(argc, argv, 30); i > 0 && !unsound; --i) {
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+            std::filesystem::remove(entry);
+        const bool interrupted = random() % 2 == 0;
+        std::string file = interrupted ? changed : whole, beside = wayBack;
+        if (!interrupted || random() % 3 != 0) hurt(file, random);
+        if (interrupted && random() % 2 == 0) hurt(beside, random);
+        test::writeFile(path, file);
+        if (interrupted) test::writeFile(journal, beside);
         useAll(path);
         if (!engine::RepairDatabase(path)) continue;
         ++repaired;

@@ -137,7 +137,15 @@ TEST_F(PowerLoss, WhatIsReportedAsDoneIsThere) {
             return database.Execute("update datos set comentario='noted' where archivo=('file 65.txt')");
         }),
         changing([](auto& database) { return core::renameUnit(database, "Victim :", "Renamed"); }),
-        changing([](auto& database) { return core::deleteUnit(database, "Renamed :"); })};
+        changing([](auto& database) { return core::deleteUnit(database, "Renamed :"); }),
+        changing([](auto& database) -> engine::Result<> {  // many at once, as an import or an update
+            engine::Transaction whole(database);
+            if (auto begun = whole.begin(); !begun) return begun;
+            for (const core::CatalogRow& row : test::unitOf("Imported", 400))
+                if (const auto done = database.Execute(core::insertFile(row)); !done)
+                    return std::unexpected(done.error());
+            return whole.commit();
+        })};
     for (int i = 0; i < 3; ++i)
         steps.push_back(changing([i](auto& database) {
             core::CatalogRow row = test::fileRow("New :", "E:\\new", "file");
