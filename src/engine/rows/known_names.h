@@ -12,7 +12,7 @@ namespace engine {
 
 // A catalogue's names and notes, folded, kept from one handle on it to the next: from the second search on a
 // rare word is looked for here, and SQLite is asked for those few rows instead of passing over all of them
-// (1,000,000 rows: 7 ms instead of 0.13 s, for 0.2 s of reading and 32 MB).
+// (1,000,000 rows: 0.01 s instead of 0.13 s, for 0.2 s of reading and 32 MB).
 //
 // It only ever says which rows can match. It holds for one state of the file; with any other, after anything
 // that failed, and where it would grow beyond its bound, it knows nothing and all rows are passed over.
