@@ -2,6 +2,7 @@
 //
 //     FAILING_CALLS="write 7"       the seventh write to a file fails
 //     FAILING_CALLS="write 7 on"    and every later one
+//     KILLED_AT=7                   at the seventh change of a file the program is killed
 //     CALL_COUNTS=FILE              how often each kind was called, written at the end
 
 #define _GNU_SOURCE
@@ -9,6 +10,7 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <pthread.h>
+#include <signal.h>
 #include <stdarg.h>
 #include <stdatomic.h>
 #include <stdbool.h>
@@ -28,10 +30,13 @@ static atomic_bool works;  // has opened a catalogue: what Qt does before bears 
 static long failing_call;
 static int failing_kind = kinds;
 static bool failing_on;
+static atomic_long changes;
+static long last_change = -1;
 
 static bool fails(enum Kind kind, int error) {
     if (!active || (kind == Allocation && !works)) return false;
     const long n = ++calls[kind];
+    if (kind >= Write && kind <= Truncate && ++changes == last_change) raise(SIGKILL);
     if ((int)kind != failing_kind || (failing_on ? n < failing_call : n != failing_call)) return false;
     errno = error;
     return true;
@@ -45,6 +50,8 @@ static void begin(void) {
         for (failing_kind = 0; failing_kind < kinds && strcmp(names[failing_kind], kind) != 0;)
             ++failing_kind;
     }
+    const char* killed = getenv("KILLED_AT");
+    if (killed) last_change = atol(killed);
     // ICU does not bear to run out of memory while it makes its tables.
     UErrorCode code = U_ZERO_ERROR;
     ucol_close(ucol_open("es", &code));
