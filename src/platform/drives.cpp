@@ -37,6 +37,14 @@ std::optional<DriveType> typeNamed(std::string_view name) {
     return std::nullopt;
 }
 
+std::string withSingleSlashes(std::string_view path) {
+    std::string clean;
+    std::ranges::unique_copy(path, std::back_inserter(clean),
+                             [](char a, char b) { return a == '/' && b == '/'; });
+    while (clean.size() > 1 && clean.ends_with('/')) clean.pop_back();
+    return clean;
+}
+
 // One entry of the override: "E=/mnt/a,optical", or "E=,optical" for a drive without a medium. The last comma
 // parts the type only if a type stands behind it.
 std::optional<Drive> parsedEntry(std::string_view entry) {
@@ -50,9 +58,8 @@ std::optional<Drive> parsedEntry(std::string_view entry) {
             mountPoint = mountPoint.substr(0, comma);
         }
     }
-    while (mountPoint.size() > 1 && mountPoint.ends_with('/')) mountPoint.remove_suffix(1);
     if (!mountPoint.empty() && !mountPoint.starts_with('/')) return std::nullopt;
-    return Drive{upper(entry[0]), type, std::string(mountPoint)};
+    return Drive{upper(entry[0]), type, withSingleSlashes(mountPoint)};
 }
 
 // What of a native path lies below a mount point, from its slash on; nothing when it lies elsewhere.
@@ -63,14 +70,6 @@ std::optional<std::string_view> below(std::string_view path, std::string_view mo
     path.remove_prefix(mountPoint.size());
     if (!path.empty() && path[0] != '/') return std::nullopt;
     return path;
-}
-
-std::string withSingleSlashes(std::string_view path) {
-    std::string clean;
-    std::ranges::unique_copy(path, std::back_inserter(clean),
-                             [](char a, char b) { return a == '/' && b == '/'; });
-    while (clean.size() > 1 && clean.ends_with('/')) clean.pop_back();
-    return clean;
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ using platform::DriveType;
 
 TEST(Drives, OverrideReplacesTheMachinesList) {
     const Drives drives =
-        Drives::parse("C=/;e=/mnt/a,optical;x;E=/twice;F=relative;G=/odd, name/;H=,optical;I=/n,network");
+        Drives::parse("C=/;e=/mnt//a/,optical;x;E=/twice;F=relative;G=/odd, name/;H=,optical;I=/n,network");
     const std::vector<Drive> expected{{'C', DriveType::Fixed, "/"},
                                       {'E', DriveType::Optical, "/mnt/a"},
                                       {'G', DriveType::Fixed, "/odd, name"},
