@@ -113,7 +113,7 @@ TEST_F(Mounted, ShowsNamesSizesDatesAndNotesAndRefusesToWrite) {
 
 TEST_F(Mounted, GivesTheMediumsBytesWhereItIsThere) {
     std::string bytes;
-    for (int i = 0; i < 300'000; ++i) bytes += static_cast<char>(i * 7919 >> 3);
+    for (unsigned i = 0; i < 300'000; ++i) bytes += static_cast<char>(i * 7919 >> 3);
     for (const std::size_t size : {std::size_t{0}, std::size_t{100}, std::size_t{1100}, bytes.size()})
         test::writeFile(disc + "/f" + std::to_string(size), bytes.substr(0, size));
     ASSERT_EQ(test::cliStatus({"scan", catalogue.path, "Disco", disc}), 0);
