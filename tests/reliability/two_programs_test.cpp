@@ -59,16 +59,6 @@ TEST_F(TwoPrograms, CompactWhatAnotherScansInto) {
     EXPECT_EQ(test::cliStatus({"compact", catalogue}), 0);
 }
 
-TEST_F(TwoPrograms, SaveAsWhatAnotherScansInto) {
-    test::Program scan(scanAs("Scanned"));
-    const std::string copy = work / "copy.zrq";
-    for (int i = 0; i < 10 || (scan.isRunning() && i < 500); ++i)
-        if (test::statusOf({ZARQUELIN_SAVE_AS, catalogue, copy}) == 0) {
-            EXPECT_EQ(test::contentOf(copy).at("Earlier :"), earlier.at("Earlier :"));
-        }
-    expectKept("Scanned", scan.wait());
-}
-
 // Ctrl-C, or the end of a session, in the midst of a compaction: nothing is left beside the catalogue.
 TEST_F(TwoPrograms, ARequestToTerminateLeavesNoTemporaryFile) {
     test::makeCatalogue(work / "big.zrq", {"Big"}, 60'000);

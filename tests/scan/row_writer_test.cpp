@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/inserts.h"
 #include "scan/catalogue_fixture.h"
 
@@ -64,26 +62,6 @@ TEST_F(Writing, WaitsBetweenItsTriesForALockedCatalogue) {
     rows.insert(statement(1));
     rows.commit();
     EXPECT_EQ(rows.summary().written, 1);
-}
-
-TEST(RowWriter, HandsOverEveryRowInItsOrder) {
-    test::CatalogueFixture catalogue;
-    engine::Database database = catalogue.open();
-    constexpr int rounds = 20, rowsARound = 501;
-    {
-        scan::RowWriter rows(database);
-        for (int round = 1; round <= rounds; ++round) {
-            for (int i = 0; i < rowsARound; ++i)
-                rows.insert(i == 0 ? "insert into nothing" : statement(round * 1000 + i));
-            if (round % 2 == 0) continue;
-            rows.commit();
-            EXPECT_EQ(rows.summary().written, round * (rowsARound - 1));
-            EXPECT_EQ(rows.summary().lost, round);
-        }
-    }
-    const auto written = catalogue.rows();
-    EXPECT_EQ(std::ssize(written), rounds * (rowsARound - 1));
-    EXPECT_TRUE(std::ranges::is_sorted(written, {}, &core::CatalogRow::numero));
 }
 
 TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {
