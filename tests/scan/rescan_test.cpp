@@ -18,20 +18,6 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 using Kind = scan::RescanFailure::Kind;
 
-// Does what the test wants where the walk gives way: between the row of a folder and the look into it.
-struct UpdateWatcher : scan::WalkObserver {
-    std::function<bool()> onYield;
-    Lines unread;
-
-    void started(std::int64_t) override {}
-    void status(const scan::Counts&) override {}
-    void topLevelDone() override {}
-    void gap(scan::Gap gap, std::string_view path) override {
-        if (gap == scan::Gap::Content) unread.emplace_back(path);
-    }
-    bool yield(scan::RowSink&) override { return onYield && onYield(); }
-};
-
 // A disc in drive E:, scanned as the unit "U".
 class Rescan : public testing::Test {
   protected:
@@ -84,7 +70,7 @@ class Rescan : public testing::Test {
 
     test::MountedDiscs discs;
     test::CatalogueFixture catalogue;
-    UpdateWatcher watcher;
+    test::Watcher watcher;
     std::function<bool()> stopped = [] { return false; };
 };
 

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <functional>
 
 #include "core/serial_date.h"
 #include "platform/drives.h"
@@ -18,27 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
-
-// Counts what it is told and stops where the test wants.
-struct Watcher : scan::WalkObserver {
-    std::int64_t topLevel = -1;
-    int topDone = 0;
-    int yields = 0;
-    int statuses = 0;
-    std::vector<std::string> tooDeep;
-    std::function<bool(scan::RowSink&)> onYield;
-
-    void started(std::int64_t folders) override { topLevel = folders; }
-    void status(const scan::Counts&) override { ++statuses; }
-    void topLevelDone() override { ++topDone; }
-    void gap(scan::Gap gap, std::string_view path) override {
-        if (gap == scan::Gap::Depth) tooDeep.emplace_back(path);
-    }
-    bool yield(scan::RowSink& rows) override {
-        ++yields;
-        return onYield && onYield(rows);
-    }
-};
 
 // A folder that stands for drive E:, and a catalogue elsewhere.
 class Walk : public testing::Test {
@@ -65,7 +43,7 @@ class Walk : public testing::Test {
 
     test::TemporaryFolder drive;
     test::CatalogueFixture catalogue;
-    Watcher watcher;
+    test::Watcher watcher;
 };
 
 TEST_F(Walk, PutsSubfoldersFirstAndTurnsRoundAtTheLastLevel) {
@@ -135,7 +113,7 @@ TEST_F(Walk, GivesLinksAndPipesARowAndOpensNone) {
 // What was listed is gone, or a link to elsewhere, when its turn comes.
 TEST_F(Walk, GoesOnPastWhatChangesUnderIt) {
     for (const char* name : {"t/a/f", "t/gone/f", "t/stays/f", "t/swapped/f", "elsewhere/inside"}) file(name);
-    watcher.onYield = [this](scan::RowSink&) {
+    watcher.onYield = [this] {
         for (const char* name : {"t/gone", "t/swapped"}) fs::remove_all(at(name));
         fs::create_directory_symlink(at("elsewhere"), at("t/swapped"));
         return false;
