@@ -132,8 +132,12 @@ engine::Result<> RowSearch::consider(engine::Database& database, const std::stri
 }
 
 void RowSearch::consider(const CatalogRow& row) {
-    MatchedRow candidate{.found = {.kind = kindOf(row), .row = row, .folders = namesBelowUnit(row)},
-                         .path = drivePathOf(row)};
+    // One after the other: g++ 12 destroys what nested braces have made twice when one of them throws.
+    MatchedRow candidate;
+    candidate.found.kind = kindOf(row);
+    candidate.found.row = row;
+    candidate.found.folders = namesBelowUnit(row);
+    candidate.path = drivePathOf(row);
     if (m_folderOnly && candidate.found.kind == FoundRow::File) return;
     const std::string relativePath = joinedNames(candidate.found.folders);
     if (candidate.found.kind == FoundRow::File) candidate.found.folders.pop_back();
