@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <future>
+#include <memory>
 
 #include "platform/answering.h"
 #include "platform/mount_table.h"
@@ -146,15 +148,15 @@ TEST(Drives, ADeadNetworkDriveHangsNobody) {
 
     std::promise<void> release;
     std::shared_future<void> released = release.get_future();
-    int looks = 0;
-    const auto hang = [&looks, released](const std::string&) {
-        ++looks;
+    const auto looks = std::make_shared<std::atomic<int>>(0);  // of threads that are left behind
+    const auto hang = [looks, released](const std::string&) {
+        ++*looks;
         released.wait();
     };
     using namespace std::chrono_literals;
     EXPECT_FALSE(platform::answersInTime("/dead", 10ms, hang));
     EXPECT_FALSE(platform::answersInTime("/dead", 10ms, hang));
-    EXPECT_EQ(looks, 1) << "while the first look hangs there is no second";
+    EXPECT_LE(*looks, 1) << "while the first look hangs there is no second";
     release.set_value();
     EXPECT_TRUE(platform::answersInTime("/"));
 }
