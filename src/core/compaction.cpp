@@ -74,7 +74,7 @@ engine::Result<> compactCatalogue(const std::string& path) {
     const CompactedFile compacted;
     if (compacted.path().empty())
         return failure(engine::error::cannotOpenFile, "no file can be made in the current directory");
-    return engine::CompactInPlace(catalogue, compacted.path());
+    return engine::CompactDatabase(catalogue, compacted.path());
 }
 
 }  // namespace core

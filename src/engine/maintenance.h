@@ -11,14 +11,11 @@ namespace engine {
 // not exist yet.
 [[nodiscard]] Result<> CreateDatabase(const std::string& nativePath);
 
-// Rewrites `source` without its unused space into `destination`. Refuses a source that this process holds
-// open (error::locked). `destination` is replaced only by a complete file, and is gone when the call fails.
-[[nodiscard]] Result<> CompactDatabase(const std::string& source, const std::string& destination);
-
-// The same into `between`, and from there back into the catalogue, in one transaction: programs that have it
-// open go on with it. Others cannot write meanwhile; those that write are waited for, a few seconds.
-// `between` is replaced, and is the caller's to delete.
-[[nodiscard]] Result<> CompactInPlace(const std::string& path, const std::string& between);
+// Rewrites a catalogue without its unused space into `between`, and from there back into the catalogue, in one
+// transaction: programs that have it open go on with it. Others cannot write meanwhile; those that write are
+// waited for, a few seconds. Refuses one that this process holds open (error::locked). `between` is replaced,
+// and is the caller's to delete.
+[[nodiscard]] Result<> CompactDatabase(const std::string& path, const std::string& between);
 
 // Whether a file is a `between` that a killed program left: it is empty or marked as one, and nobody holds
 // it.
@@ -44,9 +41,10 @@ struct Check {
 [[nodiscard]] Result<Check> CheckDatabase(const std::string& nativePath);
 
 // Rebuilds a damaged catalogue in place from every row that can still be read, and gives the name under which
-// the damaged original stays beside it: "discs.zrq.damaged", or the next free number behind that. A change
-// that a program left when it died is undone first; a file that is sound then is left as it is, and the name
-// is empty. Fails, with the file untouched, when not even the rows' table can be found, and for every error
+// the damaged original stays beside it: "discs.zrq.damaged", or the next free number behind that. What it
+// rebuilt opens, and CheckDatabase finds no fault with it. A change that a program left when it died is
+// undone first; a file that is sound then is left as it is, and the name is empty. Fails, with the file
+// untouched, when not even the rows' table can be found, when a later version wrote it, and for every error
 // that is no damage: a locked file, a disk that is full or fails.
 [[nodiscard]] Result<std::string> RepairDatabase(const std::string& nativePath);
 

@@ -6,9 +6,12 @@
 
 #include "support/parts.h"
 
-// The number of rounds given on the command line. The same number of rounds always does the same.
+// The number of rounds given on the command line, and what comes after it: the same two always do the same.
 inline int rounds(int argc, char** argv, int usual) {
     return argc > 1 ? std::atoi(argv[1]) : usual;
+}
+inline unsigned seed(int argc, char** argv) {
+    return argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : 3;
 }
 
 // Texts of a few pieces out of a list, which is where the interesting ones are.

@@ -54,8 +54,8 @@ Result<> sameRows(sqlite3* source, sqlite3* compacted) {
     return {};
 }
 
-// The compacted rows in a file beside `destination`, complete and with its index. `source` must be locked
-// against change by the caller.
+// The compacted rows in a file beside `destination`, complete and with its index. `locked` keeps `source`
+// from change.
 Result<platform::TemporaryFile> compacted(sqlite3* locked, const std::string& source,
                                           const std::string& destination) {
     auto made = replacementFor(destination);
@@ -84,14 +84,6 @@ Result<std::shared_ptr<Connection>> locked(const std::string& path) {
     return opened;
 }
 
-Result<> compactInto(const std::string& source, const std::string& destination) {
-    auto held = locked(source);
-    if (!held) return std::unexpected(held.error());
-    auto written = compacted((*held)->handle(), source, destination);
-    if (!written) return std::unexpected(written.error());
-    return putInPlace(*written, source);
-}
-
 // False when another program was faster between the lock of the copying and that of the copying back.
 Result<bool> compactThrough(const std::string& path, const std::string& between) {
     auto held = locked(path);
@@ -115,17 +107,7 @@ Result<bool> compactThrough(const std::string& path, const std::string& between)
 
 }  // namespace
 
-Result<> CompactDatabase(const std::string& source, const std::string& destination) {
-    if (const auto file = platform::identityOf(source); file && file == platform::identityOf(destination))
-        return std::unexpected(Error{error::fileExists, "A catalogue cannot be compacted into itself"});
-    if (auto free = refuseOpenFile(destination); !free) return free;
-    auto written = refuseOpenFile(source);
-    if (written) written = guarded([&] { return compactInto(source, destination); });
-    if (!written) ::unlink(destination.c_str());
-    return written;
-}
-
-Result<> CompactInPlace(const std::string& path, const std::string& between) {
+Result<> CompactDatabase(const std::string& path, const std::string& between) {
     return guarded([&]() -> Result<> {
         if (auto free = refuseOpenFile(path); !free) return free;
         for (int i = 0; i < mostTries; ++i) {

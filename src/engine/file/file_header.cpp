@@ -16,35 +16,33 @@ namespace engine {
 
 namespace {
 
-using Header = std::array<unsigned char, 100>;
-
-// Where SQLite keeps its marks in the header.
+// Where SQLite keeps its marks.
 constexpr std::string_view magic("SQLite format 3\0", 16);
 constexpr std::size_t userVersionAt = 60;
 constexpr std::size_t applicationIdAt = 68;
+constexpr std::size_t headerLength = 100;
 
-int bigEndian(const Header& header, std::size_t at) {
-    return header[at] << 24 | header[at + 1] << 16 | header[at + 2] << 8 | header[at + 3];
-}
-
-Error unrecognized(const std::string& path, const char* why) {
-    return {error::unrecognizedFormat, path + " is no catalogue: " + why};
-}
-
-Result<> checkHeader(const std::string& path, const Header& header) {
-    if (std::memcmp(header.data(), magic.data(), magic.size()) != 0) {
-        return std::unexpected(unrecognized(path, "it is no database"));
-    }
-    if (bigEndian(header, applicationIdAt) != applicationId) {
-        return std::unexpected(unrecognized(path, "it is another program's database"));
-    }
-    if (bigEndian(header, userVersionAt) > formatVersion) {
-        return std::unexpected(unrecognized(path, "a later version wrote it"));
-    }
-    return {};
+int bigEndian(std::span<const unsigned char> bytes, std::size_t at) {
+    return bytes[at] << 24 | bytes[at + 1] << 16 | bytes[at + 2] << 8 | bytes[at + 3];
 }
 
 }  // namespace
+
+FileMarks marksOf(std::span<const unsigned char> firstBytes) {
+    if (firstBytes.size() < headerLength) return {};
+    return {.isDatabase = std::memcmp(firstBytes.data(), magic.data(), magic.size()) == 0,
+            .isOurs = bigEndian(firstBytes, applicationIdAt) == applicationId,
+            .isLater = bigEndian(firstBytes, userVersionAt) > formatVersion};
+}
+
+Result<> checkMarks(const std::string& path, const FileMarks& marks) {
+    const char* why = !marks.isDatabase ? "it is no database"
+                      : !marks.isOurs   ? "it is another program's database"
+                      : marks.isLater   ? "a later version wrote it"
+                                        : nullptr;
+    if (why) return std::unexpected(Error{error::unrecognizedFormat, path + " is no catalogue: " + why});
+    return {};
+}
 
 Result<> checkCatalogueFile(const std::string& path) {
     struct stat status {};
@@ -60,12 +58,10 @@ Result<> checkCatalogueFile(const std::string& path) {
 
     const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (file < 0) return std::unexpected(Error{error::cannotOpenFile, path + ": " + std::strerror(errno)});
-    Header header{};
+    std::array<unsigned char, headerLength> header{};
     const ssize_t size = ::pread(file, header.data(), header.size(), 0);
     ::close(file);
-    if (size < static_cast<ssize_t>(header.size()))
-        return std::unexpected(unrecognized(path, "it is too short"));
-    return checkHeader(path, header);
+    return checkMarks(path, marksOf(std::span(header).first(size < 0 ? 0 : std::size_t(size))));
 }
 
 }  // namespace engine

@@ -4,112 +4,29 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "engine/file/connection.h"
+#include "engine/file/file_header.h"
 #include "engine/file/replacement.h"
 #include "engine/file/schema.h"
 #include "engine/file/sqlite_error.h"
 #include "engine/guarded.h"
 #include "engine/maintenance.h"
+#include "engine/repair/faults.h"
+#include "engine/repair/rebuilt_file.h"
 #include "engine/repair/salvage.h"
 
 namespace engine {
 
 namespace {
 
-Result<> checkIntegrity(sqlite3* database) {
-    StatementPool pool(database);
-    auto check = pool.lend("pragma integrity_check(1)");
-    if (!check) return std::unexpected(check.error());
-    if (check->step() != Prepared::Step::Row) return std::unexpected(lastError(database));
-    const std::string found(check->text(0));
-    if (found == "ok") return {};
-    // A page that the disk would not give is told here too.
-    constexpr std::string_view codeText = "error code=";
-    const std::size_t at = found.find(codeText);
-    const int code = at == found.npos ? SQLITE_CORRUPT : std::atoi(found.c_str() + at + codeText.size());
-    return std::unexpected((code & 0xFF) == SQLITE_CORRUPT ? Error{error::corrupt, found}
-                                                           : errorOfCode(code));
-}
-
 // Whether a file is one of ours, however damaged: its mark or the text of its table is left.
-bool wasCatalogue(const RawPages& pages) {
-    const RawPages::Page first = pages.read(1);
-    constexpr std::size_t applicationIdAt = 68;
-    if (first.size() > applicationIdAt + 4 && fourBytes(first, applicationIdAt) == applicationId) return true;
+bool wasCatalogue(const RawPages::Page& first) {
     const std::string_view text(reinterpret_cast<const char*>(first.data()), first.size());
-    return text.find("create table datos") != text.npos || text.find("CREATE TABLE datos") != text.npos;
-}
-
-BoundValue valueOf(const RawRow::Field& field) {
-    if (const auto* text = std::get_if<std::string>(&field)) return std::string_view(*text);
-    if (const auto* integer = std::get_if<std::int64_t>(&field)) return *integer;
-    if (const auto* real = std::get_if<double>(&field)) return *real;
-    return {};
-}
-
-// Writes rows into a new catalogue; the index is built when they are all in.
-class Writer {
-  public:
-    [[nodiscard]] Result<> open(const std::string& path) {
-        auto database = openSqlite(path, SQLITE_OPEN_READWRITE);
-        if (!database) return std::unexpected(database.error());
-        m_database = std::move(*database);
-        m_pool.emplace(m_database.get());
-        if (auto written = writeSchema(m_database.get()); !written) return written;
-        if (auto begun =
-                run(m_database.get(),
-                    "pragma journal_mode = memory; pragma synchronous = off; begin; drop index datos_unidad");
-            !begun) {
-            return begun;
-        }
-        auto insert = m_pool->lend(
-            "insert into datos (rowid, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, "
-            "comentario) "
-            "values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-        if (!insert) return std::unexpected(insert.error());
-        m_insert = std::move(*insert);
-        return {};
-    }
-
-    [[nodiscard]] bool add(const RawRow& row) {
-        m_insert.bind(0, row.rowid);
-        for (std::size_t i = 0; i < row.fields.size(); ++i) {
-            m_insert.bind(static_cast<int>(i) + 1, valueOf(row.fields[i]), Prepared::Texts::Lent);
-        }
-        const bool added = m_insert.step() == Prepared::Step::Done;
-        if (!added) m_failure = lastError(m_database.get());
-        m_insert.reset();
-        return added;
-    }
-
-    [[nodiscard]] Result<> finish() {
-        m_insert.release();
-        if (m_failure) return std::unexpected(*m_failure);
-        if (auto index = run(m_database.get(), createIndex); !index) return index;
-        if (auto committed = run(m_database.get(), "commit"); !committed) return committed;
-        return checkIntegrity(m_database.get());
-    }
-
-  private:
-    SqliteHandle m_database;
-    std::optional<StatementPool> m_pool;
-    Prepared m_insert;
-    std::optional<Error> m_failure;
-};
-
-Result<> writeSalvaged(const RawPages& pages, const std::string& path) {
-    Writer writer;
-    if (auto opened = writer.open(path); !opened) return opened;
-    Salvage salvage{[&](const RawRow& row) { return writer.add(row); }};
-    salvage.run(pages);
-    if (pages.failure()) return std::unexpected(*pages.failure());
-    if (!salvage.tableFound)
-        return std::unexpected(Error{error::corrupt, "No row and no table can be found"});
-    return writer.finish();
+    return marksOf(first).isOurs || text.contains("create table datos") ||
+           text.contains("CREATE TABLE datos");
 }
 
 // Whether an error tells of damage. Any other one (no permission, no memory, a disk that fails) tells nothing
@@ -120,12 +37,85 @@ bool isDamage(const Error& failure) {
 
 // A change that a program left when it died is undone first: it may be all that is wrong. From then on, as
 // far as damage lets it, the handle keeps other programs from writing.
-Result<> checkSound(sqlite3* database) {
+Result<> checkStructure(sqlite3* database) {
     // Another tool may have left it in a mode with a second file beside it.
     if (auto alone = run(database, "pragma journal_mode = delete"); !alone) return alone;
     if (auto alone = run(database, "begin exclusive"); !alone) return alone;
     if (auto table = checkSchema(database); !table) return table;
-    return checkIntegrity(database);
+    Check found;
+    if (auto read = checkPages(database, found); !read) return read;
+    if (!found.faults.empty()) return std::unexpected(Error{error::corrupt, found.faults.front()});
+    return {};
+}
+
+enum class Soundness {
+    Sound,
+    Readable,  // SQLite reads every row, but a mark or a value is none of a catalogue's
+    Damaged,
+};
+
+Result<Soundness> soundnessOf(sqlite3* database, const std::string& path) {
+    if (const auto whole = checkStructure(database); !whole) {
+        if (!isDamage(whole.error())) return std::unexpected(whole.error());
+        return Soundness::Damaged;
+    }
+    const RawPages pages(database);
+    const FileMarks marks = marksOf(pages.read(1));
+    if (pages.failure()) return std::unexpected(*pages.failure());
+    const auto marked = checkMarks(path, marks);
+    if (marks.isOurs && marks.isLater) return std::unexpected(marked.error());
+    Check values;
+    if (const auto read = checkValues(database, values); !read) return std::unexpected(read.error());
+    return marked && values.faults.empty() ? Soundness::Sound : Soundness::Readable;
+}
+
+RawRow::Field fieldOf(const Prepared& row, int place) {
+    switch (sqlite3_column_type(row.get(), place)) {
+        case SQLITE_INTEGER:
+            return row.integer(place);
+        case SQLITE_FLOAT:
+            return row.number(place);
+        case SQLITE_NULL:
+            return {};
+        default:
+            return std::string(row.text(place));
+    }
+}
+
+Result<> copyRows(sqlite3* from, RebuiltFile& to) {
+    StatementPool statements(from);
+    auto rows = statements.lend(
+        "select rowid, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, comentario from "
+        "datos "
+        "not indexed");
+    if (!rows) return std::unexpected(rows.error());
+    Prepared::Step step{};
+    while ((step = rows->step()) == Prepared::Step::Row) {
+        RawRow row;
+        row.rowid = rows->integer(0);
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            row.fields[i] = fieldOf(*rows, static_cast<int>(i) + 1);
+        if (!to.add(row)) return {};  // which is told at the end
+    }
+    if (step == Prepared::Step::Failed) return std::unexpected(lastError(from));
+    return {};
+}
+
+Result<> salvageRows(sqlite3* from, RebuiltFile& to) {
+    const RawPages pages(from);
+    Salvage salvage{[&](const RawRow& row) { return to.add(row); }};
+    salvage.run(pages);
+    if (pages.failure()) return std::unexpected(*pages.failure());
+    if (!salvage.tableFound)
+        return std::unexpected(Error{error::corrupt, "No row and no table can be found"});
+    return {};
+}
+
+Result<> rebuild(sqlite3* from, Soundness soundness, const std::string& path) {
+    RebuiltFile to;
+    if (auto opened = to.open(path); !opened) return opened;
+    const auto taken = soundness == Soundness::Damaged ? salvageRows(from, to) : copyRows(from, to);
+    return taken ? to.finish() : taken;
 }
 
 // The name under which a damaged file is kept: "discs.zrq.damaged", then "discs.zrq.damaged-2".
@@ -163,19 +153,21 @@ Result<std::string> RepairDatabase(const std::string& nativePath) {
         const platform::HeldFile held(*file);
         auto damaged = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
         if (!damaged) return std::unexpected(damaged.error());
-        const RawPages pages(damaged->get());
-        const bool isOurs = wasCatalogue(pages);
-        if (pages.failure()) return std::unexpected(*pages.failure());
-        if (!isOurs)
-            return std::unexpected(Error{error::unrecognizedFormat, nativePath + " is no catalogue"});
-        if (const auto sound = checkSound(damaged->get()); sound || !isDamage(sound.error())) {
-            if (!sound) return std::unexpected(sound.error());
-            return std::string();
+        sqlite3* const database = damaged->get();
+        {
+            const RawPages pages(database);
+            const bool isOurs = wasCatalogue(pages.read(1));
+            if (pages.failure()) return std::unexpected(*pages.failure());
+            if (!isOurs)
+                return std::unexpected(Error{error::unrecognizedFormat, nativePath + " is no catalogue"});
         }
+        const auto soundness = soundnessOf(database, nativePath);
+        if (!soundness) return std::unexpected(soundness.error());
+        if (*soundness == Soundness::Sound) return std::string();
 
         auto repaired = replacementFor(nativePath);
         if (!repaired) return std::unexpected(repaired.error());
-        if (auto written = writeSalvaged(pages, repaired->path()); !written)
+        if (auto written = rebuild(database, *soundness, repaired->path()); !written)
             return std::unexpected(written.error());
         auto kept = keepBeside(nativePath);
         if (!kept) return kept;
