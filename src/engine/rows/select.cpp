@@ -153,11 +153,10 @@ void Select::writeSorted(SqlWriter& writer) const {
     writer.write(", rowid");
 }
 
-// False, with the row left out, when the table is full.
-Result<bool> Select::addTo(RowTable& table, const Prepared& row) const {
+// False, with the row left out, when the table is full. `key` keeps its room from row to row.
+Result<bool> Select::addTo(RowTable& table, const Prepared& row, std::string& key) const {
     const auto& orderBy = statement().orderBy;
     const int firstOrdered = static_cast<int>(statement().fields.size());
-    thread_local std::string key;  // keeps its room from row to row
     key.clear();
     if (auto appended = appendOrderKey(key, orderBy, row, firstOrdered); !appended)
         return std::unexpected(appended.error());
@@ -186,12 +185,13 @@ std::optional<RowTable> Select::tableOf(const KnownNames::Found& rowids, std::si
     if (!row) return std::nullopt;
     const int meets = static_cast<int>(statement().fields.size() + statement().orderBy.size()) + 1;
     RowTable table(statement().fields, bound);
+    std::string key;
     for (const std::int64_t rowid : rowids) {
         row->reset();
         row->bind(static_cast<int>(conditionValues), rowid);
         if (row->step() != Prepared::Step::Row) return std::nullopt;
         if (row->integer(meets) == 0) continue;
-        if (const auto added = addTo(table, *row); !added || !*added) return std::nullopt;
+        if (const auto added = addTo(table, *row, key); !added || !*added) return std::nullopt;
     }
     table.sort();
     return table;
@@ -209,9 +209,10 @@ Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
     });
     if (!rows) return std::unexpected(rows.error());
     RowTable table(statement().fields, bound);
+    std::string key;
     auto step = rows->step();
     for (; step == Prepared::Step::Row; step = rows->step()) {
-        const auto added = addTo(table, *rows);
+        const auto added = addTo(table, *rows, key);
         if (!added) return std::unexpected(added.error());
         if (!*added) return std::nullopt;
     }

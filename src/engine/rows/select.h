@@ -49,7 +49,7 @@ class Select {
     [[nodiscard]] Result<std::optional<Stretch>> stretch() const;
     [[nodiscard]] Result<long long> number(Result<Prepared> rows) const;
     void writeSorted(SqlWriter& writer) const;
-    [[nodiscard]] Result<bool> addTo(RowTable& table, const Prepared& row) const;
+    [[nodiscard]] Result<bool> addTo(RowTable& table, const Prepared& row, std::string& key) const;
     [[nodiscard]] std::optional<RowTable> tableOfKnown(std::size_t bound) const;
     [[nodiscard]] std::optional<RowTable> tableOf(const KnownNames::Found& rowids, std::size_t bound) const;
 
