@@ -11,10 +11,10 @@ namespace engine {
 // not exist yet.
 [[nodiscard]] Result<> CreateDatabase(const std::string& nativePath);
 
-// Rewrites a catalogue without its unused space into `between`, and from there back into the catalogue, in one
-// transaction: programs that have it open go on with it. Others cannot write meanwhile; those that write are
-// waited for, a few seconds. Refuses one that this process holds open (error::locked). `between` is replaced,
-// and is the caller's to delete.
+// Rewrites a catalogue without its unused space into `between`, and from there back into the catalogue, in
+// one transaction: programs that have it open go on with it. Others cannot write meanwhile; those that write
+// are waited for, a few seconds. Refuses one that this process holds open (error::locked). `between` is
+// replaced, and is the caller's to delete.
 [[nodiscard]] Result<> CompactDatabase(const std::string& path, const std::string& between);
 
 // Whether a file is a `between` that a killed program left: it is empty or marked as one, and nobody holds
