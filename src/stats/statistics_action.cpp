@@ -1,6 +1,7 @@
 #include "stats/statistics_action.h"
 
 #include "controls/qtext.h"
+#include "core/failure.h"
 #include "frame/catalogue.h"
 #include "frame/frame.h"
 #include "frame/pointer.h"
@@ -33,14 +34,11 @@ StatisticsAction::StatisticsAction(frame::Frame& frame, QWidget* window) : m_fra
 void StatisticsAction::graficar1(const Selection& selection, core::Counters& counters) {
     std::optional<frame::Hourglass> hourglass(std::in_place);
     auto database = engine::OpenDatabase(m_frame.catalogue.path(), engine::Use::ReadOnly);
-    if (!database) return;
+    if (!database) return explain(database.error());
 
     if (!selection.treeIsEmpty) {
         const auto shown = showScope(*database, selection);
-        if (!shown) {
-            if (shown.error().number == overflow) m_frame.status.explainText(tooManyFiles.in(m_frame.idioma));
-            return;
-        }
+        if (!shown) return explain(shown.error());
         if (!*shown) {
             database->Close();
             m_frame.status.setProgress(0);
@@ -82,14 +80,22 @@ Form4& StatisticsAction::form() {
     return *m_form;
 }
 
+// Nothing is said aloud of what went wrong, but whoever points at the line learns it.
+void StatisticsAction::explain(const engine::Error& error) {
+    if (error.number == overflow)
+        m_frame.status.explainText(tooManyFiles.in(m_frame.idioma));
+    else if (error.number != noSelection && error.number != noSuchItem)
+        m_frame.status.explainText(core::failureSentence(error, m_frame.idioma));
+}
+
 // The line is written first with the counters as they stood; an empty catalogue leaves it at that.
 void StatisticsAction::rewriteTotals(engine::Database& database, core::Counters& counters) {
     auto rows = database.OpenRecordset("select * from datos order by numero");
-    if (!rows) return;
+    if (!rows) return explain(rows.error());
     m_frame.status.setText(core::statusText(counters, m_frame.idioma));
-    if (rows->RecordCount() == 0) return;
+    if (rows->RecordCount() == 0 && !rows->error()) return;
     const auto counted = core::countAll(database);
-    if (!counted) return;
+    if (!counted) return explain(counted.error());
     counters = *counted;
     m_frame.status.setText(core::statusText(counters, m_frame.idioma));
 }

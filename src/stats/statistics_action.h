@@ -34,8 +34,8 @@ class StatisticsAction {
 
     // Counts what the selected node holds and shows the statistics window; afterwards the status line shows
     // the catalogue's totals. Says so when there are no files. Any other failure ends it without a message,
-    // with the status line and the progress bar as they were; more files than the window holds are told by
-    // the tool tip of that line. `counters` are those the status line showed last.
+    // with the status line and the progress bar as they were; the tool tip of that line tells why. `counters`
+    // are those the status line showed last.
     void graficar1(const Selection& selection, core::Counters& counters);
 
     [[nodiscard]] Form4* window() const { return m_form; }  // nullptr before the first run
@@ -43,6 +43,7 @@ class StatisticsAction {
   private:
     [[nodiscard]] engine::Result<bool> showScope(engine::Database& database, const Selection& selection);
     [[nodiscard]] Form4& form();
+    void explain(const engine::Error& error);
     void rewriteTotals(engine::Database& database, core::Counters& counters);
 
     frame::Frame& m_frame;

@@ -90,7 +90,7 @@ TEST_F(Statistics, SaysSoWhenThereAreNoFiles) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(Statistics, MoreFilesThanTheWindowHoldsAreExplained) {
+TEST_F(Statistics, WhatEndsThemWithoutAWordIsExplained) {
     addFiles("C:\\a", "a.txt", 32768);
     for (const Language idioma : {Language::Spanish, Language::English}) {
         start(idioma, sample.path);
@@ -106,6 +106,9 @@ TEST_F(Statistics, MoreFilesThanTheWindowHoldsAreExplained) {
         choose("actualizar1");
         EXPECT_EQ(control("Text9").toolTip(), "");
     }
+    std::filesystem::remove(sample.path);
+    choose("graficos");
+    EXPECT_EQ(control("Text9").toolTip(), "It does not exist.");
 }
 
 TEST_F(Statistics, WithoutANodeOnlyTheTotalsOfAnEmptyTreeAreRewritten) {
