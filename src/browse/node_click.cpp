@@ -66,13 +66,13 @@ bool NodeClick::loadFirst(Node node) {
         return true;
     }
     const int listing = estado.listados;
-    const LoadEnd end = load(node);
+    const auto end = load(node);
     while (const Node next = std::exchange(estado.porCargar, noNode))
         if (next != node && m_surface.treeView1.nodes().contains(next)) (void)load(next);
     return end == LoadEnd::Complete && estado.listados == listing;
 }
 
-LoadEnd NodeClick::load(Node node) {
+std::optional<LoadEnd> NodeClick::load(Node node) {
     UnitLoad load(m_surface, node, m_surface.nodeText(node), UnitLoad::Names::Learn);
     return load.fromWorkingCopy(m_surface.frame.catalogue.path());
 }

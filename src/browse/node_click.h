@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "browse/surface.h"
 #include "browse/tree_loader.h"
 #include "engine/database.h"
@@ -19,7 +21,7 @@ class NodeClick {
     void pointComboAtUnit(Node node);
     void listFolder(engine::Database& database, Node node);
     [[nodiscard]] bool loadFirst(Node node);
-    LoadEnd load(Node node);
+    std::optional<LoadEnd> load(Node node);
     void begin(Node node);
     void end();
 

@@ -14,22 +14,22 @@ struct Walk {
     FolderSink& sink;
     std::vector<std::string> folders;  // the current folder of each enclosing level
 
-    LoadEnd level(int nivel) {
+    engine::Result<LoadEnd> level(int nivel) {
         auto rows = database.OpenRecordset(foldersOfLevel(disco, nivel, folders, first));
-        if (!rows)
-            return rows.error().number == engine::error::syntaxInExpression ? LoadEnd::Complete
-                                                                            : LoadEnd::Failed;
+        if (!rows && rows.error().number == engine::error::syntaxInExpression) return LoadEnd::Complete;
+        if (!rows) return std::unexpected(rows.error());
         for (; !rows->Eof(); rows->MoveNext()) {
             std::string carpeta(rows->Field("carpeta").text());
             if (sink.yieldAndTestStop()) return LoadEnd::Stopped;
             sink.addFolder(nivel, carpeta);
             if (nivel == deepestNivel) continue;
             folders.push_back(std::move(carpeta));
-            const LoadEnd end = level(nivel + 1);
+            const auto end = level(nivel + 1);
             folders.pop_back();
-            if (end != LoadEnd::Complete) return end;
+            if (!end || *end == LoadEnd::Stopped) return end;
         }
-        return rows->error() ? LoadEnd::Failed : LoadEnd::Complete;
+        if (rows->error()) return std::unexpected(*rows->error());
+        return LoadEnd::Complete;
     }
 };
 
@@ -61,7 +61,8 @@ std::string allFoldersOf(std::string_view disco) {
            "') and  tipo =('Carpeta de archivos')  order by carpeta ";
 }
 
-LoadEnd loadFolders(engine::Database& database, std::string_view disco, FirstLevel first, FolderSink& sink) {
+engine::Result<LoadEnd> loadFolders(engine::Database& database, std::string_view disco, FirstLevel first,
+                                    FolderSink& sink) {
     return Walk{database, disco, first, sink, {}}.level(1);
 }
 

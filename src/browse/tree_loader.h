@@ -18,7 +18,7 @@ class FolderSink {
     virtual void addFolder(int nivel, std::string_view carpeta) = 0;
 };
 
-enum class LoadEnd { Complete, Stopped, Failed };
+enum class LoadEnd { Complete, Stopped };
 
 // Where the first level is asked from: a click on the unit takes every row that is no file, the path combo
 // only folders.
@@ -34,6 +34,7 @@ enum class FirstLevel { NoFiles, FoldersOnly };
 
 // Walks the unit's folders level by level, deepest first, eleven levels at most. A statement that the engine
 // refuses for its words ends its level only; rows that cannot be read end the walk.
-LoadEnd loadFolders(engine::Database& database, std::string_view disco, FirstLevel first, FolderSink& sink);
+[[nodiscard]] engine::Result<LoadEnd> loadFolders(engine::Database& database, std::string_view disco,
+                                                  FirstLevel first, FolderSink& sink);
 
 }  // namespace browse

@@ -66,23 +66,22 @@ class Turn {
 UnitLoad::UnitLoad(Surface& surface, Node unit, std::string disco, Names names)
     : m_surface(surface), m_unit(unit), m_disco(std::move(disco)), m_names(names) {}
 
-LoadEnd UnitLoad::fromCatalogue(engine::Database& database) {
+std::optional<LoadEnd> UnitLoad::fromCatalogue(engine::Database& database) {
     const Turn turn(m_surface, m_unit);
     return from(database, FirstLevel::FoldersOnly);
 }
 
-LoadEnd UnitLoad::from(engine::Database& database, FirstLevel first) {
+std::optional<LoadEnd> UnitLoad::from(engine::Database& database, FirstLevel first) {
     auto all = database.OpenRecordset(allFoldersOf(m_disco));
     m_surface.frame.status.showProgress(all ? static_cast<int>(all->RecordCount()) : 1);
     m_surface.frame.status.setProgress(1);
     const controls::TreeView::Filling filling(m_surface.treeView1);
     TreeFiller filler(m_surface, m_unit, m_disco, m_names);
-    const LoadEnd end = loadFolders(database, m_disco, first, filler);
-    if (end == LoadEnd::Failed) {
-        removeFolders();
-        showFailure(m_surface, {engine::error::general, "the unit's folders could not be read"});
-    }
-    return end;
+    const auto end = loadFolders(database, m_disco, first, filler);
+    if (end) return *end;
+    removeFolders();
+    showFailure(m_surface, end.error());
+    return std::nullopt;
 }
 
 // A unit without folders counts as not loaded.
@@ -92,7 +91,7 @@ void UnitLoad::removeFolders() {
     while (const Node last = nodes.lastChild(m_unit)) m_surface.treeView1.remove(last);
 }
 
-LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
+std::optional<LoadEnd> UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
     const Turn turn(m_surface, m_unit);
     const std::string copyPath = core::scratchPath(cataloguePath);
     if (!copyPath.empty()) {
@@ -100,7 +99,7 @@ LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
         auto copy = engine::CopyUnit(cataloguePath, copyPath, m_disco,
                                      [&] { return !untilStopped.yieldAndTestStop(); });
         if (copy) {
-            LoadEnd end = LoadEnd::Stopped;
+            std::optional<LoadEnd> end = LoadEnd::Stopped;
             if (*copy) {
                 // On the copy's own handle: what is deleted here cannot be deleted from the catalogue.
                 (void)(*copy)->Execute("delete * from datos where disco<>('" + m_disco + "') ");
@@ -115,7 +114,7 @@ LoadEnd UnitLoad::fromWorkingCopy(const std::string& cataloguePath) {
     auto catalogue = engine::OpenDatabase(cataloguePath, engine::Use::ReadOnly);
     if (catalogue) return from(*catalogue, FirstLevel::NoFiles);
     showFailure(m_surface, catalogue.error());
-    return LoadEnd::Failed;
+    return std::nullopt;
 }
 
 }  // namespace browse

@@ -114,7 +114,7 @@ TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
         const auto deleted = copy.Execute(std::string("delete * from datos where disco<>('") + disco + "') ");
         EXPECT_EQ(deleted.value_or(-1), 0);
         Collected loaded;
-        browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded);
+        ASSERT_TRUE(browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded));
 
         auto catalogue = disc.catalogue.open();
         PlainLoad plain(catalogue);
@@ -124,7 +124,7 @@ TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
         for (const std::string& folder : loaded.folders) deepest = std::max(deepest, std::stoul(folder));
 
         Collected direct;
-        browse::loadFolders(catalogue, disco, browse::FirstLevel::FoldersOnly, direct);
+        ASSERT_TRUE(browse::loadFolders(catalogue, disco, browse::FirstLevel::FoldersOnly, direct));
         EXPECT_EQ(direct.folders, loaded.folders) << seed;
     }
     EXPECT_GT(folders, 500u);

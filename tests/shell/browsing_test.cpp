@@ -236,6 +236,18 @@ TEST_F(TheWindow, RefreshCountsWhatAnotherProgramHasAdded) {
     EXPECT_EQ(status(), "  Units: 1  Folders: 4  Files: 5");
 }
 
+TEST_F(TheWindow, RowsThatCannotBeReadAreTold) {
+    const test::CatalogueFixture catalogue;
+    catalogue.add(std::vector(2000, test::folderRow("U :", "E:\\folder")));
+    start(Language::English, catalogue.path);
+    const std::string bytes = test::readFile(catalogue.path);
+    test::writeFile(catalogue.path, bytes.substr(0, 16384) + std::string(bytes.size() - 16384, '\0'));
+    click("U :");
+    EXPECT_EQ(tree().nodes().count(), 1);
+    EXPECT_EQ(listed(), Names{});
+    EXPECT_TRUE(status().ends_with(": The catalogue is damaged.")) << status();
+}
+
 TEST_F(TheWindow, ViewsFontsAndTexts) {
     start();
     newCatalogue();
