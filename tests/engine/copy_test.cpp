@@ -91,8 +91,10 @@ TEST_F(CopyTest, CopyingAFilesBytesLeavesTheLocksOfThisProcessAlone) {
 }
 
 TEST_F(CopyTest, AUnitIsCopiedWhileOthersWriteUntilItIsStopped) {
+    const auto path = folder / "50%25 #1?mode=rw.zrq";  // nothing in a name is an option
+    std::filesystem::rename(CopyTest::path, path);
     ASSERT_EQ(plainly(path, "insert into datos (disco, archivo) select 'u :', archivo from datos"), "");
-    ASSERT_EQ(plainly(path, "insert into datos (disco, archivo) values ('V :', 'foreign')"), "");
+    ASSERT_EQ(plainly(path, "update datos set disco = 'V :' where rowid % 10 = 0"), "");
     const std::string scratch = folder / "temp.ejm";
     int asked = 0;
     const auto writing = [&] {
@@ -103,7 +105,7 @@ TEST_F(CopyTest, AUnitIsCopiedWhileOthersWriteUntilItIsStopped) {
     ASSERT_TRUE(whole) << whole.error().text;
     ASSERT_TRUE(*whole);
     EXPECT_GT(asked, 0);
-    EXPECT_EQ(count(**whole, "select * from datos"), 6000 + asked);
+    EXPECT_EQ(count(**whole, "select * from datos"), 5400 + asked);
     EXPECT_EQ(count(**whole, "select * from datos where archivo = ('late')"), asked);
 
     auto stopped = engine::CopyUnit(path, scratch, "U :", [] { return false; });

@@ -45,6 +45,19 @@ const char* settingsFor(Use use) {
     return "";
 }
 
+// Into a scratch file rows come from another one, which is named by an address that lets it be read only.
+int flagsFor(Use use) {
+    switch (use) {
+        case Use::Catalogue:
+            return SQLITE_OPEN_READWRITE;
+        case Use::ReadOnly:
+            return SQLITE_OPEN_READONLY;
+        case Use::Scratch:
+            return SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI;
+    }
+    return 0;
+}
+
 // Another tool may have left the file in a mode that needs a second file beside it. Costs nothing when it did
 // not; a program that has it open in that mode, or a file that cannot be written, leaves it so for now.
 Result<> undoForeignMode(sqlite3* database) {
@@ -109,7 +122,7 @@ Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Us
     const auto file = platform::identityOf(path);
     if (!file) return std::unexpected(Error{error::fileNotFound, path + " has vanished"});
     const platform::HeldFile held(*file);
-    auto handle = openSqlite(path, use == Use::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
+    auto handle = openSqlite(path, flagsFor(use));
     if (!handle) return std::unexpected(handle.error());
     if (auto set = engine::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
     auto sound = checkSchema(handle->get());

@@ -36,11 +36,6 @@ void Prepared::bind(int parameter, const BoundValue& value, Texts texts) {
     if (get() && bound(parameter, value, texts) != SQLITE_OK) m_entry->isUnbound = true;
 }
 
-void Prepared::bindColumn(int parameter, const Prepared& from, int column) {
-    const int code = sqlite3_bind_value(get(), parameter + 1, sqlite3_column_value(from.get(), column));
-    if (code != SQLITE_OK) m_entry->isUnbound = true;
-}
-
 int Prepared::bound(int parameter, const BoundValue& value, Texts texts) {
     const int number = parameter + 1;
     if (const auto* text = std::get_if<std::string_view>(&value)) {

@@ -32,7 +32,6 @@ class Prepared {
     enum class Texts { Copied, Lent };
     void bind(std::span<const BoundValue> values, Texts texts = Texts::Copied);
     void bind(int parameter, const BoundValue& value, Texts texts = Texts::Copied);
-    void bindColumn(int parameter, const Prepared& from, int column);
 
     enum class Step { Row, Done, Failed };
     [[nodiscard]] Step step();
