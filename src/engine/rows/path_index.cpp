@@ -8,15 +8,10 @@
 
 namespace engine {
 
-namespace {
-
-constexpr const char* wildcards = "#[?";
-
-}  // namespace
-
 PathIndex::PathIndex(RowTable table, Levels levels) : m_table(std::move(table)) {
     const FieldPlaces places(m_table.fields());
     std::array<Value, columns.size()> values;
+    m_ends.reserve(m_table.size());
     for (std::uint32_t row = 0; row < m_table.size(); ++row) {
         m_table.read(row, std::span(values).first(m_table.fields().size()));
         appendFolded(m_paths, values[places[Column::ruta]].text());
@@ -36,6 +31,7 @@ std::string_view PathIndex::pathOf(std::uint32_t row) const {
 }
 
 void PathIndex::addRuns(const Level& level, std::size_t components, Runs& runs) const {
+    runs.rows.reserve(level.rows.size());
     std::vector<std::size_t> slashes;
     for (const std::uint32_t row : level.rows) {
         const std::string_view path = pathOf(row);
@@ -59,7 +55,7 @@ const TableRows::Selection& PathIndex::find(std::string_view level, std::string_
     if (isNew) addRuns(asked->second, components, runs);
     m_wanted.clear();
     appendFolded(m_wanted, path);
-    if (path.find_first_of(wildcards) == path.npos) {
+    if (!holdsSigns(path)) {
         const auto found = runs.rows.find(m_wanted);
         return found == runs.rows.end() ? nothing : found->second;
     }
@@ -74,7 +70,7 @@ TableRows::Selection PathIndex::matching(Runs& runs, std::string_view path) {
         std::ranges::sort(runs.inOrder);
     }
     const LikePattern pattern(path, LikePattern::Signs::WildcardsOrThemselves);
-    const std::string_view begin = path.substr(0, path.find_first_of(wildcards));
+    const std::string_view begin = path.substr(0, std::ranges::find_if(path, isSign) - path.begin());
     TableRows::Selection found;
     for (auto run = std::ranges::lower_bound(runs.inOrder, begin);
          run != runs.inOrder.end() && run->starts_with(begin); ++run) {

@@ -14,8 +14,7 @@ std::string_view pathOf(std::string_view pattern) {
     if (pattern.size() < 4 || !pattern.starts_with("*\\") || !pattern.ends_with("\\*")) return {};
     const std::string_view path = pattern.substr(1, pattern.size() - 2);
     if (path.find('*') != path.npos) return {};
-    const bool isPlain = path.find_first_of("?#[") == path.npos;
-    return isPlain || !LikePattern(path).hasWildcardFor(U'\\') ? path : std::string_view();
+    return !holdsSigns(path) || !LikePattern(path).hasWildcardFor(U'\\') ? path : std::string_view();
 }
 
 bool isPathTest(const Condition& condition, const std::vector<Literal>& literals) {

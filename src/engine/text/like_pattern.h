@@ -1,11 +1,20 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace engine {
+
+// The wildcards other than `*`, by the character that they begin with.
+[[nodiscard]] constexpr bool isSign(char byte) {
+    return byte == '?' || byte == '#' || byte == '[';
+}
+[[nodiscard]] constexpr bool holdsSigns(std::string_view pattern) {
+    return std::ranges::any_of(pattern, isSign);
+}
 
 // A compiled pattern of `like`: `*` any run, `?` one character, `#` one digit, `[a-z]` one of a set, `[!a-z]`
 // one outside it. The whole text must match; letters match in either case over all of Unicode. A `[` without
