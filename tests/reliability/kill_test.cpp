@@ -33,7 +33,7 @@ class Killed : public testing::Test {
         before = test::contentOf(original);
     }
 
-    void restore() const { fs::copy_file(original, catalogue, fs::copy_options::overwrite_existing); }
+    void restore() const { fs::copy_file(start, catalogue, fs::copy_options::overwrite_existing); }
 
     // How often the command changes a file; it is done.
     [[nodiscard]] int changesOf(const Words& command) const {
@@ -61,6 +61,9 @@ class Killed : public testing::Test {
             const int status = test::statusOf(command, {.environment = {preload, "KILLED_AT=" + change}});
             // A scan writes in its own time, and may be done sooner.
             EXPECT_TRUE(status == 128 + SIGKILL || status == 0) << status;
+            if (start == damaged && test::readFile(catalogue) == test::readFile(damaged)) {
+                EXPECT_EQ(test::cliStatus({"repair", catalogue}), 0);
+            }
             // The next run, which only reads, must not mind what the killed one left behind.
             EXPECT_EQ(test::cliStatus({"units", catalogue}), 0);
             const Content after = test::contentOf(catalogue);
@@ -76,7 +79,8 @@ class Killed : public testing::Test {
     const std::string preload = "LD_PRELOAD=" FAILING_CALLS_LIBRARY;
     test::TemporaryFolder work;
     const std::string original = work / "original.zrq";
-    const std::string catalogue = work / "catalogue.zrq";
+    const std::string catalogue = work / "catalogue.zrq", damaged = work / "damaged.zrq";
+    std::string start = original;
     Content before;
 };
 
@@ -98,27 +102,38 @@ TEST_F(Killed, ScanKeepsWhatItHadWritten) {
     });
 }
 
-TEST_F(Killed, UpdateLeavesTheOldUnitOrTheNewOne) {
-    test::makeTree(work / "tree", 15, 40);  // of which "Victim" knows some folders
-    test::writeFile(work / "tree" + "/folder3/file 65.txt", "");
-    test::cliStatus({"note", original, "Victim", "E:\\folder3\\file 65.txt", "kept"});
+TEST_F(Killed, AllElseLeavesTheOldStateOrTheNewOne) {
+    const std::string tree = work / "tree", rows = work / "rows.csv", file = "E:\\folder3\\file 65.txt";
+    const std::string saved = work / "saved.zrq", imported = work / "imported.zrq";
+    test::makeTree(tree, 15, 40);  // of which "Victim" knows some folders
+    test::writeFile(tree + "/folder3/file 65.txt", "");
+    test::makeCatalogue(saved, {"Earlier", "Other"}, 400);
+    test::makeCatalogue(imported, {"Imported"}, 400);
+    ASSERT_EQ(test::cliStatus({"export", imported}, {.output = rows}), 0);
+    ASSERT_EQ(test::cliStatus({"note", original, "Victim", file, "kept"}), 0);
     before = test::contentOf(original);
-    const Words update{ZARQUELIN_CLI, "update", catalogue, "Victim", work / "tree"};
-    restore();
-    ASSERT_EQ(test::statusOf(update), 0);
-    const Content updated = test::contentOf(catalogue);
-    ASSERT_EQ(updated.at("Victim :").size(), 15U * 41U + 1U);
-    killAnywhere(update, [&](const Content& after) { EXPECT_TRUE(after == before || after == updated); });
-}
+    std::string bytes = test::readFile(original);
+    test::writeFile(damaged, bytes.replace(bytes.size() - 8192, 8192, 8192, '\0'));
 
-TEST_F(Killed, SaveAsLeavesTheOldOrTheWholeNewFile) {
-    const std::string other = work / "other.zrq";
-    test::makeCatalogue(other, {"Earlier", "Other"}, 400);
-    const Content saved = test::contentOf(other);
-    killAnywhere({ZARQUELIN_SAVE_AS, other, catalogue}, [&](const Content& after) {
-        EXPECT_TRUE(after == before || after == saved);
-        EXPECT_EQ(test::contentOf(other), saved);
-    });
+    for (const Words& words : {Words{"note", catalogue, "Victim", file, "noted"},
+                               {"rename", catalogue, "Victim", "Renamed"},
+                               {"delete", catalogue, "Victim"},
+                               {"import", catalogue, rows},
+                               {"update", catalogue, "Victim", tree},
+                               {"compact", catalogue},
+                               {"save as", saved, catalogue},
+                               {"repair", catalogue}}) {
+        SCOPED_TRACE(words[0]);
+        Words command = words;
+        command.insert(command.begin(), ZARQUELIN_CLI);
+        if (words[0] == "save as") command = {ZARQUELIN_SAVE_AS, saved, catalogue};
+        start = words[0] == "repair" ? damaged : original;
+        restore();
+        ASSERT_EQ(test::statusOf(command), 0);
+        const Content done = test::contentOf(catalogue);
+        killAnywhere(command, [&](const Content& after) { EXPECT_TRUE(after == before || after == done); });
+        if (HasFailure()) return;
+    }
 }
 
 }  // namespace

@@ -1,17 +1,26 @@
-// Two copies of the program on one catalogue: neither crashes, and what one of them reported as done stays
+// Several copies of the program on one catalogue: none crashes, and what one of them reported as done stays
 // done.
+//
+//     reliability_two_programs_test [SECONDS]      of four programs at once; 1 unless told
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <iostream>
+#include <thread>
 
 #include "reliability/catalogue_check.h"
 #include "reliability/program.h"
 #include "support/temporary_folder.h"
 
 namespace {
+
+int crowdedSeconds = 1;
 
 class TwoPrograms : public testing::Test {
   protected:
@@ -30,12 +39,12 @@ class TwoPrograms : public testing::Test {
         EXPECT_EQ(content.at("Earlier :"), earlier.at("Earlier :"));
         EXPECT_TRUE(status == 0 || status == 3) << status;
         if (status == 0) {
-            EXPECT_EQ(content.at(unit + " :").size(), std::size_t{folders} * (filesInEach + 1));
+            EXPECT_EQ(content.at(unit + " :").size(), rowsOfAScan);
         }
     }
 
-    static constexpr int folders = 60;
-    static constexpr int filesInEach = 100;
+    static constexpr int folders = 60, filesInEach = 100;
+    static constexpr std::size_t rowsOfAScan = folders * (filesInEach + 1);
     test::TemporaryFolder work;
     const std::string tree = work / "tree";
     const std::string catalogue = work / "catalogue.zrq";
@@ -59,6 +68,61 @@ TEST_F(TwoPrograms, CompactWhatAnotherScansInto) {
     EXPECT_EQ(test::cliStatus({"compact", catalogue}), 0);
 }
 
+TEST_F(TwoPrograms, FourOfThemLoseNothing) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(crowdedSeconds);
+    const auto repeat = [&](const std::function<void(const std::string& round)>& work) {
+        return std::thread([end, work] {
+            for (int i = 1; i == 1 || std::chrono::steady_clock::now() < end; ++i) work(std::to_string(i));
+        });
+    };
+    struct Outcomes {
+        int done = 0, refused = 0;
+        bool add(int status) {
+            EXPECT_TRUE(status == 0 || status == 3) << status;
+            ++(status == 0 ? done : refused);
+            return status == 0;
+        }
+    } scans, deletions, notes, compactions, lists;
+    const std::string file = "E:\\folder3\\file 65.txt";
+    const test::Told whole = test::cliTells({"list", catalogue, "Earlier", "E:\\folder3"});
+    std::vector<std::string> units;
+    std::string noted;
+    std::thread programs[]{
+        repeat([&](const std::string& round) {
+            if (scans.add(test::statusOf(scanAs(round)))) units.push_back(round);
+            if (units.size() > 1 && deletions.add(test::cliStatus({"delete", catalogue, units.front()})))
+                units.erase(units.begin());
+        }),
+        repeat([&](const std::string& round) {
+            if (notes.add(test::cliStatus({"note", catalogue, "Earlier", file, round}))) noted = round;
+        }),
+        repeat([&](const std::string&) {
+            compactions.add(test::cliStatus({"compact", catalogue}));
+        }),
+        repeat([&](const std::string&) {
+            const test::Told now = test::cliTells({"list", catalogue, "Earlier", "E:\\folder3"});
+            if (lists.add(now.status)) {
+                EXPECT_EQ(now.text, whole.text);
+            }
+        })};
+    for (std::thread& program : programs) program.join();
+
+    test::Content content = test::contentOf(catalogue);
+    for (const std::string& unit : units) EXPECT_EQ(content[unit + " :"].size(), rowsOfAScan);
+    int found = 0;
+    for (std::string& row : content["Earlier :"])
+        if (row.ends_with('|' + noted + '|') && ++found > 0)
+            row.replace(row.size() - noted.size() - 1, noted.size(), "-");
+    EXPECT_EQ(found, noted.empty() ? 0 : 1);
+    EXPECT_EQ(content["Earlier :"], earlier["Earlier :"]);
+    for (const auto& [name, of] : {std::pair{"scan", scans},
+                                   {"delete", deletions},
+                                   {"note", notes},
+                                   {"compact", compactions},
+                                   {"list", lists}})
+        std::cout << name << '\t' << of.done << " done\t" << of.refused << " refused\n";
+}
+
 // Ctrl-C, or the end of a session, in the midst of a compaction: nothing is left beside the catalogue.
 TEST_F(TwoPrograms, ARequestToTerminateLeavesNoTemporaryFile) {
     test::makeCatalogue(work / "big.zrq", {"Big"}, 60'000);
@@ -79,3 +143,9 @@ TEST_F(TwoPrograms, ARequestToTerminateLeavesNoTemporaryFile) {
 }
 
 }  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (argc > 1) crowdedSeconds = std::atoi(argv[1]);
+    return RUN_ALL_TESTS();
+}
