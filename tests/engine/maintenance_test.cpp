@@ -56,22 +56,6 @@ class MaintenanceTest : public CatalogueTest {
     }
 };
 
-TEST_F(MaintenanceTest, CompactionThatFailsLeavesTheCatalogueAlone) {
-    fill(100);
-    const std::string between = folder / "between.zrq";
-    {
-        auto db = open();
-        EXPECT_EQ(engine::CompactDatabase(path, between).error().number, engine::error::locked);
-    }
-    writeFile(folder / "garbage.zrq", std::string(4000, 'g'));
-    EXPECT_EQ(engine::CompactDatabase(folder / "garbage.zrq", between).error().number,
-              engine::error::unrecognizedFormat);
-    EXPECT_EQ(engine::CompactDatabase(folder / "none.zrq", between).error().number,
-              engine::error::fileNotFound);
-    EXPECT_FALSE(std::filesystem::exists(between));
-    EXPECT_EQ(rowsIn(path), 100);
-}
-
 TEST_F(MaintenanceTest, CompactionKeepsTheFileForThoseWhoHaveItOpen) {
     fill(3000);
     EXPECT_EQ(plainly(path, "delete from datos where rowid > 100; drop index datos_unidad"), "");
@@ -187,41 +171,32 @@ TEST_F(MaintenanceTest, RepairsAroundADestroyedPage) {
     EXPECT_GE(repaired(hurt), 1990);
 }
 
-TEST_F(MaintenanceTest, CheckTellsWhatIsDamaged) {
+TEST_F(MaintenanceTest, WhatCheckFindsIsMended) {
     fill(2000);
     const auto sound = engine::CheckDatabase(path);
     ASSERT_TRUE(sound);
     EXPECT_EQ(sound->faults, std::vector<std::string>());
     EXPECT_EQ(sound->rows, 2000);
     EXPECT_EQ(plainly(path,
-                      "update datos set largo = 'much', archivo = x'41', carpeta = cast(x'ff' as text) "
-                      "where rowid = 7"),
-              "");
-    EXPECT_EQ(engine::CheckDatabase(path)->faults,
-              (std::vector<std::string>{"row 7: carpeta is no UTF-8 text", "row 7: archivo is no text",
-                                        "row 7: largo is no number"}));
-    EXPECT_EQ(engine::CheckDatabase(folder / "missing.zrq").error().number, engine::error::fileNotFound);
-}
-
-// What SQLite can read is taken from it, whatever the rows lack.
-TEST_F(MaintenanceTest, RepairMendsMarksAndValues) {
-    fill(2000);
-    std::string bytes = readFile(path);
-    bytes[71] ^= 2;  // the mark
-    EXPECT_EQ(repaired(bytes), 2000);
-    EXPECT_EQ(plainly(path,
                       "update datos set disco = null, tipo = null where rowid = 5; update datos set largo = "
                       "'much', comentario = x'41', carpeta = cast(x'ff2e00e1' as text) where rowid = 7"),
               "");
-    EXPECT_EQ(repaired(readFile(path)), 2000);
+    EXPECT_EQ(engine::CheckDatabase(path)->faults,
+              (std::vector<std::string>{"row 7: carpeta is no UTF-8 text", "row 7: largo is no number",
+                                        "row 7: comentario is no text"}));
+    std::string bytes = readFile(path);
+    EXPECT_EQ(repaired(bytes), 2000);
     EXPECT_EQ(plainly(folder / "hurt.zrq",
                       "select hex(carpeta) || comentario || (largo is null) from datos where rowid = 7"),
               "EF83BF2EEF8080EF83A1A1");
+    bytes[71] ^= 2;  // the mark
+    EXPECT_EQ(repaired(bytes), 2000);
     bytes = readFile(path);
     bytes[63] = 2;  // the format
     writeFile(path, bytes);
     EXPECT_EQ(engine::RepairDatabase(path).error().number, engine::error::unrecognizedFormat);
     EXPECT_TRUE(readFile(path) == bytes);
+    EXPECT_EQ(engine::CheckDatabase(folder / "missing.zrq").error().number, engine::error::fileNotFound);
 }
 
 TEST_F(MaintenanceTest, RepairBringsNoDeletedRowBack) {

@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <numeric>
-#include <random>
 #include <string>
 #include <vector>
 
-#include "engine/catalogue_fixture.h"
 #include "engine/text/collation.h"
 #include "engine/text/folding.h"
 
@@ -34,34 +29,6 @@ TEST(Order, IsSpanish) {
     EXPECT_TRUE(before("resume", "résumé"));
     EXPECT_TRUE(before("résumé", "resumen"));  // accents decide last
     EXPECT_EQ(keyOf(std::string("a\0\xff", 3)).find('\0'), keyOf(std::string("a\0\xff", 3)).size() - 1);
-}
-
-class OrderedRows : public CatalogueTest {};
-
-TEST_F(OrderedRows, ComeAsTheirNamesCompareAlsoWhenTheyBeginAlike) {
-    engine::Database database = open();
-    std::minstd_rand random(7);
-    std::vector<std::string> names;
-    for (int i = 0; i < 3000; ++i) {
-        std::string name;
-        for (auto piece = random() % 8; piece > 0; --piece)
-            name += std::array{"carpeta larga ", "Carpeta lárga ", "a", "ñ", "b "}[random() % 5];
-        names.push_back(name);
-    }
-    engine::Transaction all(database);
-    ASSERT_TRUE(all.begin());
-    for (std::size_t i = 0; i < names.size(); ++i) addFile(database, "", names[i], 1, int(i));
-    ASSERT_TRUE(all.commit());
-
-    std::vector<std::size_t> expected(names.size());
-    std::iota(expected.begin(), expected.end(), 0);
-    std::ranges::stable_sort(expected, [&](auto a, auto b) { return keyOf(names[a]) < keyOf(names[b]); });
-    auto rows = database.OpenRecordset("select * from datos where tipo=('Archivo') order by archivo").value();
-    for (const std::size_t row : expected) {
-        ASSERT_EQ(rows.Field("largo").integer(), std::int64_t(row));
-        rows.MoveNext();
-    }
-    EXPECT_TRUE(rows.Eof());
 }
 
 TEST(Folding, ComparesByFoldedCharacters) {
