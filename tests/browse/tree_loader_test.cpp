@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QString>
 #include <random>
 
 #include "engine/unit_copy.h"
@@ -22,49 +21,25 @@ struct Collected : browse::FolderSink {
     }
 };
 
-// `like` for a path by its definition, as a pattern or with the star as the only wildcard; both texts in
-// lower case.
-bool matches(QStringView text, QStringView pattern, bool starsOnly) {
-    if (pattern.isEmpty()) return text.isEmpty();
-    const QStringView rest = pattern.mid(1);
-    if (pattern[0] == u'*')
-        return matches(text, rest, starsOnly) ||
-               (!text.isEmpty() && matches(text.mid(1), pattern, starsOnly));
-    if (text.isEmpty()) return false;
-    if (starsOnly) return pattern[0] == text[0] && matches(text.mid(1), rest, true);
-    if (pattern[0] == u'[') {
-        const auto close = pattern.indexOf(u']');
-        return pattern.mid(1, close - 1).contains(text[0]) &&
-               matches(text.mid(1), pattern.mid(close + 1), false);
+// The load by statements that are no repeated look-ups: they test their path twice. False when there is
+// enough.
+bool loadPlainly(engine::Database& database, std::vector<std::string>& folders, Collected& to) {
+    const int nivel = static_cast<int>(folders.size()) + 1;
+    std::string sql = browse::foldersOfLevel(disco, nivel, folders);
+    if (const std::size_t path = sql.find("ruta like"), level = sql.find(" and  nivel"); nivel > 1)
+        sql.insert(level, " and " + sql.substr(path, level - path));
+    for (auto rows = database.OpenRecordset(sql).value(); !rows.Eof(); rows.MoveNext()) {
+        if (to.yieldAndTestStop()) return false;
+        const std::string carpeta(rows.Field("carpeta").text());
+        to.addFolder(nivel, carpeta);
+        if (nivel == 11) continue;
+        folders.push_back(carpeta);
+        const bool goesOn = loadPlainly(database, folders, to);
+        folders.pop_back();
+        if (!goesOn) return false;
     }
-    const bool one = pattern[0] == u'#' ? text[0].isDigit() : pattern[0] == u'?' || pattern[0] == text[0];
-    return one && matches(text.mid(1), rest, false);
+    return true;
 }
-
-// The load by its definition: every folder's statement looks at every row.
-struct PlainLoad {
-    explicit PlainLoad(engine::Database& database) {
-        auto all = database.OpenRecordset("select * from datos order by carpeta ").value();
-        for (; !all.Eof(); all.MoveNext()) rows.push_back(core::readRow(all));
-    }
-
-    bool level(int nivel, const std::string& path) {  // false when there is enough
-        for (const core::CatalogRow& row : rows) {
-            if (row.disco != disco || row.nivel != std::to_string(nivel) || row.tipo == core::fileTipo)
-                continue;
-            const QString pattern = QString::fromStdString("*\\" + path + "*").toLower();
-            const QString ruta = QString::fromStdString(row.ruta).toLower();
-            if (nivel > 1 && !matches(ruta, pattern, false) && !matches(ruta, pattern, true)) continue;
-            if (to.yieldAndTestStop()) return false;
-            to.addFolder(nivel, row.carpeta);
-            if (nivel < 11 && !level(nivel + 1, path + row.carpeta + '\\')) return false;
-        }
-        return true;
-    }
-
-    std::vector<core::CatalogRow> rows;
-    Collected to;
-};
 
 class Disc {
   public:
@@ -117,9 +92,10 @@ TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
         ASSERT_TRUE(browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded));
 
         auto catalogue = disc.catalogue.open();
-        PlainLoad plain(catalogue);
-        plain.level(1, "");
-        ASSERT_EQ(loaded.folders, plain.to.folders) << seed;
+        Collected plain;
+        std::vector<std::string> path;
+        loadPlainly(catalogue, path, plain);
+        ASSERT_EQ(loaded.folders, plain.folders) << seed;
         folders += loaded.folders.size();
         for (const std::string& folder : loaded.folders) deepest = std::max(deepest, std::stoul(folder));
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "browse/totals.h"
 #include "support/catalogue_fixture.h"
 
 namespace {
@@ -42,6 +45,13 @@ TEST_F(PropertiesOf, AFolderCountsWhatLiesDeeper) {
                                     .firstListType = "Audio unit"};
     EXPECT_EQ(propertiesOf(request, database, Language::English),
               (Properties{"Files folder", "a", "1000 KB", "1 files and 0 folders.", 2}));
+}
+
+TEST_F(PropertiesOf, TotalsStayNumbersWhateverTheFileHolds) {
+    auto writer = catalogue.open();
+    ASSERT_TRUE(writer.Execute("update datos set largo = 9000000000000000000"));
+    EXPECT_EQ(browse::clickedUnitTotals(database, "Cds :").value().kilobytes,
+              std::numeric_limits<std::int64_t>::max());
 }
 
 }  // namespace
