@@ -1,14 +1,14 @@
+#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 
 #include "engine/database.h"
 #include "engine/maintenance.h"
-#include "support/fuzz_rounds.h"
+#include "support/rounds.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -80,22 +80,18 @@ void hurt(std::string& bytes, std::mt19937& random) {
     if (random() % 4 == 0) bytes.resize(random() % bytes.size());
 }
 
-}  // namespace
-
 // A damaged catalogue, with a journal beside it or without: reading ends in rows or an error, and what a
 // repair calls repaired is sound.
-int main(int argc, char** argv) {
+TEST(Fuzz, WhatIsCalledRepairedIsSound) {
     const test::TemporaryFolder folder;
     const std::string path = folder / "a.zrq", journal = path + "-journal";
-    if (!engine::CreateDatabase(path)) return 1;
+    ASSERT_TRUE(engine::CreateDatabase(path));
     fill(path);
     const std::string whole = test::readFile(path);
     interrupt(path);
     const std::string changed = test::readFile(path), wayBack = test::readFile(journal);
-    std::mt19937 random(seed(argc, argv));
-    bool unsound = false;
-    int repaired = 0;
-    for (int i = rounds(argc, argv, 30); i > 0 && !unsound; --i) {
+    std::mt19937 random = test::seeded();
+    for (int i = test::rounds(30); i > 0; --i) {
         for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
             std::filesystem::remove(entry);
         const bool interrupted = random() % 2 == 0;
@@ -106,12 +102,11 @@ int main(int argc, char** argv) {
         if (interrupted) test::writeFile(journal, beside);
         useAll(path);
         if (!engine::RepairDatabase(path)) continue;
-        ++repaired;
         useAll(path);
         const auto check = engine::CheckDatabase(path);
-        unsound = !check || !check->faults.empty();
-        if (unsound) std::puts((check ? check->faults.front() : check.error().text).c_str());
+        ASSERT_TRUE(check) << check.error().text;
+        ASSERT_EQ(check->faults, std::vector<std::string>());
     }
-    std::printf("%d repaired%s\n", repaired, unsound ? ", one of them unsound" : "");
-    return unsound ? 1 : 0;
 }
+
+}  // namespace

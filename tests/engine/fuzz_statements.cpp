@@ -1,8 +1,8 @@
-#include <cstdio>
+#include <gtest/gtest.h>
 
 #include "engine/database.h"
 #include "engine/maintenance.h"
-#include "support/fuzz_rounds.h"
+#include "support/rounds.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -36,34 +36,32 @@ std::string nearlyValid(std::mt19937& random) {
     return sql;
 }
 
-}  // namespace
-
 // Statements put together or spoilt at random: each is refused with a number or runs, and none but a delete
 // loses a row.
-int main(int argc, char** argv) {
+TEST(Fuzz, NoStatementLosesARow) {
     const test::TemporaryFolder folder;
-    const std::string path = folder / "a.zrq";
+    ASSERT_TRUE(engine::CreateDatabase(folder / "a.zrq"));
+    auto db = engine::OpenDatabase(folder / "a.zrq", engine::Use::Scratch).value();
     int accepted = 0;
-    bool lost = !engine::CreateDatabase(path);
-    if (auto db = engine::OpenDatabase(path, engine::Use::Scratch)) {
-        long long rows = 0;
-        std::mt19937 random(2);
-        for (int i = rounds(argc, argv, 20'000); i > 0 && !lost; --i) {
-            const std::string sql = random() % 2
-                                        ? nearlyValid(random)
-                                        : starts[random() % starts.size()] + randomText(random, pieces, 12);
-            const auto changed = db->Execute(sql);
-            if (changed && sql.starts_with("insert")) ++rows;
-            auto found = db->OpenRecordset(sql);
-            if (found) (void)found->RecordCount();
-            if (found && !found->Eof()) found->MoveNext();
-            accepted += changed || found;
-            if (i % 100 != 0) continue;
-            lost = db->OpenRecordset("select * from datos order by numero")->RecordCount() != rows;
-            if (rows < 500) continue;  // more would only slow the rounds down
-            rows = db->Execute("delete * from datos") == rows ? 0 : -1;
-        }
+    long long rows = 0;
+    std::mt19937 random = test::seeded();
+    for (int i = test::rounds(20'000); i > 0; --i) {
+        const std::string sql = random() % 2
+                                    ? nearlyValid(random)
+                                    : starts[random() % starts.size()] + test::randomText(random, pieces, 12);
+        const auto changed = db.Execute(sql);
+        if (changed && sql.starts_with("insert")) ++rows;
+        auto found = db.OpenRecordset(sql);
+        if (found) (void)found->RecordCount();
+        if (found && !found->Eof()) found->MoveNext();
+        accepted += changed || found;
+        if (i % 100 != 0) continue;
+        ASSERT_EQ(db.OpenRecordset("select * from datos order by numero")->RecordCount(), rows);
+        if (rows < 500) continue;  // more would only slow the rounds down
+        ASSERT_EQ(db.Execute("delete * from datos"), rows);
+        rows = 0;
     }
-    std::printf("%d accepted%s\n", accepted, lost ? ", rows lost" : "");
-    return lost || accepted == 0 ? 1 : 0;
+    EXPECT_GT(accepted, 0);
 }
+
+}  // namespace

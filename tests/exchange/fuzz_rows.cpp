@@ -1,15 +1,16 @@
+#include <gtest/gtest.h>
+
 #include <QString>
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
-#include <cstdio>
 #include <optional>
 #include <vector>
 
 #include "exchange/written_rows.h"
 #include "platform/qtext.h"
-#include "support/fuzz_rounds.h"
+#include "support/rounds.h"
 
 // Any bytes end well, what is read or made up is written and read again as the same rows, and what is shown
 // commands no terminal.
@@ -51,7 +52,7 @@ std::optional<Rows> readAll(std::string text, Format format) {
 }
 
 core::CatalogRow hostileRow(std::mt19937& random) {
-    const auto text = [&] { return 'x' + randomText(random, textPieces, 6); };
+    const auto text = [&] { return 'x' + test::randomText(random, textPieces, 6); };
     core::CatalogRow row;
     row.numero = static_cast<int>(random());
     row.ruta = text();
@@ -86,28 +87,22 @@ bool isShownSafely(const std::string& bytes) {
            });
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    std::mt19937 random(1);
-    long long good = 0;
-    for (int i = rounds(argc, argv, 20'000); i > 0; --i) {
+TEST(Fuzz, RowsAreWrittenAndReadAgain) {
+    std::mt19937 random = test::seeded();
+    long long sound = 0;
+    for (int i = test::rounds(20'000); i > 0; --i) {
         const bool csv = i % 2 == 0;
-        std::string text =
-            csv ? cli::csvHeader() + randomText(random, csvPieces, 6) : randomText(random, jsonPieces, 9);
+        std::string text = csv ? cli::csvHeader() + test::randomText(random, csvPieces, 6)
+                               : test::randomText(random, jsonPieces, 9);
         if (random() % 4 == 0 && !text.empty()) text[random() % text.size()] = static_cast<char>(random());
         const auto rows = readAll(text, csv ? Format::Csv : Format::Json);
-        if (rows) ++good;
-        if (rows && !isWrittenAndReadAgain(*rows)) {
-            std::printf("read again as something else:\n%s\n", text.c_str());
-            return 1;
-        }
+        if (rows) ++sound;
         const Rows hostile{hostileRow(random), hostileRow(random)};
-        if (!isWrittenAndReadAgain(hostile) || !isShownSafely(text) || !isShownSafely(hostile[0].ruta)) {
-            std::printf("written or shown wrongly:\n%s%s\n", written(hostile, Format::Csv).c_str(),
-                        text.c_str());
-            return 1;
-        }
+        ASSERT_TRUE(!rows || isWrittenAndReadAgain(*rows)) << text;
+        ASSERT_TRUE(isWrittenAndReadAgain(hostile)) << written(hostile, Format::Csv);
+        ASSERT_TRUE(isShownSafely(hostile[0].ruta) && isShownSafely(text)) << hostile[0].ruta << text;
     }
-    return good > 0 ? 0 : 1;
+    EXPECT_GT(sound, 0);
 }
+
+}  // namespace

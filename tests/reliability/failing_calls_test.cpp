@@ -2,7 +2,7 @@
 // command, it ends by itself; what it says is true, and the catalogue holds what it held or what it was to
 // hold.
 //
-//     reliability_failing_calls_test [CALLS]      of each kind and command; 1 unless told, 0 is every one
+//     ROUNDS=CALLS reliability_failing_calls_test     of each kind and command; 1 unless told, 0 is every one
 //
 // Prints a table of the outcomes when it is told a number.
 
@@ -18,6 +18,7 @@
 
 #include "reliability/catalogue_check.h"
 #include "reliability/program.h"
+#include "support/rounds.h"
 
 namespace {
 
@@ -25,8 +26,8 @@ namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
 constexpr int done = 0, nothingThere = 1, unusable = 3;
-int callsOfEach = 1;
-bool printsTable = false;
+const int callsOfEach = test::rounds(1);
+const bool printsTable = std::getenv("ROUNDS") != nullptr;
 
 enum class Kind {
     Reads,    // and prints what it finds
@@ -205,10 +206,3 @@ TEST_F(FailingCalls, EndInTheOldStateOrTheNewOneAndAreTold) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    printsTable = argc > 1;
-    if (argc > 1) callsOfEach = std::atoi(argv[1]);
-    return RUN_ALL_TESTS();
-}

@@ -1,11 +1,11 @@
 // A disk that fails at any moment, once or from then on, under everything that leaves a catalogue's rows
 // alone: the answer is the whole one or an error, and the file holds what it held.
 //
-//     reliability_failing_disk_test [STRIDE]      tries every STRIDE-th moment; 1 is every one, 7 unless told
+//     ROUNDS=STRIDE reliability_failing_disk_test     tries every STRIDE-th moment; 1 is every one, 7 unless
+//     told
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 
@@ -13,13 +13,14 @@
 #include "core/maintenance.h"
 #include "reliability/catalogue_check.h"
 #include "support/faulty_vfs.h"
+#include "support/rounds.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using Answer = engine::Result<std::string>;
 
-int stride = 7;
+const int stride = test::rounds(7);
 
 struct Work {
     const char* name;
@@ -134,9 +135,3 @@ TEST_F(FailingDisk, AnAnswerIsWholeOrAnError) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    if (argc > 1) stride = std::atoi(argv[1]);
-    return RUN_ALL_TESTS();
-}

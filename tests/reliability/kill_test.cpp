@@ -1,12 +1,11 @@
 // Kills the program before any change of a file. Then the catalogue must open, be sound, hold all
 // that it held, and be good for the next run.
 //
-//     reliability_kill_test [KILLS]      of each work; 6 unless told
+//     ROUNDS=KILLS reliability_kill_test     of each work; 6 unless told
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -15,6 +14,7 @@
 
 #include "reliability/catalogue_check.h"
 #include "reliability/program.h"
+#include "support/rounds.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 using test::Content;
 using Words = std::vector<std::string>;
 
-int killsOfEach = 6;
+const int killsOfEach = test::rounds(6);
 
 // Whatever is killed, its catalogue holds the unit "Earlier", which nothing touches, and "Victim".
 class Killed : public testing::Test {
@@ -137,9 +137,3 @@ TEST_F(Killed, AllElseLeavesTheOldStateOrTheNewOne) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    if (argc > 1) killsOfEach = std::atoi(argv[1]);
-    return RUN_ALL_TESTS();
-}

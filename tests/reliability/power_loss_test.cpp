@@ -1,12 +1,11 @@
 // The power is cut at any moment: of what was written but not flushed, each part may have reached the disk or
 // not. The catalogue opens, is sound, and holds what was reported as done.
 //
-//     reliability_power_loss_test [CUTS]      of each work; 60 unless told
+//     ROUNDS=CUTS reliability_power_loss_test     of each work; 60 unless told
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -18,13 +17,14 @@
 #include "core/maintenance.h"
 #include "reliability/catalogue_check.h"
 #include "support/faulty_vfs.h"
+#include "support/rounds.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 namespace disk = test::disk;
 
-int cutsOfEach = 60;
+const int cutsOfEach = test::rounds(60);
 
 // What a disk may hold of one file.
 struct DiskFile {
@@ -163,9 +163,3 @@ TEST_F(PowerLoss, ACompactedCatalogueHoldsTheSame) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    if (argc > 1) cutsOfEach = std::atoi(argv[1]);
-    return RUN_ALL_TESTS();
-}
