@@ -107,6 +107,9 @@ TEST_F(CopyTest, AUnitIsCopiedWhileOthersWriteUntilItIsStopped) {
     EXPECT_GT(asked, 0);
     EXPECT_EQ(count(**whole, "select * from datos"), 5400 + asked);
     EXPECT_EQ(count(**whole, "select * from datos where archivo = ('late')"), asked);
+    EXPECT_TRUE(column(**whole, "archivo", "select archivo from datos where archivo in ('late', 'old1')")
+                    .starts_with("old1 old1 late"))
+        << "in the order of the table, whichever the spelling";
 
     auto stopped = engine::CopyUnit(path, scratch, "U :", [] { return false; });
     ASSERT_TRUE(stopped) << stopped.error().text;

@@ -240,4 +240,18 @@ TEST_F(Bad, FoldersAndLockedAndReadOnlyFilesDoNoHarm) {
     }
 }
 
+TEST_F(Bad, ALoadThatFailsLeavesNoHalfOfTheUnit) {
+    fs::create_directories(folder / "temp.ejm/full");  // so that there is no working copy
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(good.c_str(), &other), SQLITE_OK);
+    QObject::connect(
+        &tree().nodes(), &QAbstractItemModel::rowsInserted, form.get(),
+        [&] { EXPECT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK); },
+        Qt::SingleShotConnection);
+    click("Fotos :");
+    EXPECT_EQ(tree().nodes().count(), 1);
+    EXPECT_TRUE(status().starts_with("  test.zrq: ")) << status();
+    sqlite3_close(other);
+}
+
 }  // namespace
