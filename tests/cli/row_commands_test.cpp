@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <sstream>
 
 #include "support/catalogue_fixture.h"
 #include "support/run_command.h"
@@ -67,6 +68,31 @@ TEST_F(RowCommands, NoteIsWrittenPrintedAndRemoved) {
     for (const char* path : {"E:\\a\\a", "E:\\a\\gone", "", "\\"})
         EXPECT_EQ(note({path, "n"}).status, cli::NothingFound) << path;
     EXPECT_EQ(run({"note", "Other", "E:\\root.txt", "n"}).status, cli::NothingFound);
+}
+
+TEST_F(RowCommands, ListShowsWhatAClickOnTheNodeDoes) {
+    const auto folder = [](const char* ruta) { return test::folderRow("Zoo :", ruta); };
+    const auto file = [](const char* ruta, const char* name) { return test::fileRow("Zoo :", ruta, name); };
+    catalogue.add({folder("E:\\zoo"), folder("E:\\zoo\\Año"), file("E:\\zoo\\Año", "b.txt"),
+                   file("E:\\zoo", "a.txt"), folder("E:\\Fotos :"), file("E:\\Fotos :", "in.txt"),
+                   folder("E:\\arte"), file("E:\\", "root.txt")});
+    const auto listed = [this](const std::vector<std::string>& words) {
+        std::istringstream lines(run(words).output);
+        std::string names;
+        for (std::string line; std::getline(lines, line);) names += line.substr(0, line.find('\t')) + '|';
+        return names;
+    };
+    EXPECT_EQ(listed({"list", "Zoo"}), "arte|Fotos :|zoo|root.txt|");
+    EXPECT_EQ(listed({"list", "zoo", "zoo"}), "Año|a.txt|");
+    EXPECT_EQ(listed({"list", "Zoo", "\\ZOO\\aÑo\\"}), "b.txt|") << "spelled otherwise than in the catalogue";
+    EXPECT_EQ(listed({"list", "Zoo", "Fotos :"}), "in.txt|") << "not what lies in the unit of that name";
+    EXPECT_TRUE(run({"list", "Zoo", "zoo/Año", "--json"})
+                    .output.starts_with(R"({"numero":9,"ruta":"E:\\zoo\\Año","carpeta":"Año",)"));
+    for (const char* path : {"Año", "arte\\none", "zoo/a.txt", "x'; delete * from datos"}) {
+        const Outcome missing = run({"list", "Zoo", path});
+        EXPECT_EQ(missing.status, cli::NothingFound) << path;
+        EXPECT_TRUE(missing.output.empty() && missing.errors.contains(path)) << missing.errors;
+    }
 }
 
 TEST_F(RowCommands, CopyScansTheDrivesAndReportsWhatIsMissing) {

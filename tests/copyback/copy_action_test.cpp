@@ -1,11 +1,13 @@
 #include "copyback/copy_action.h"
 
 #include "support/file_size_limit.h"
+#include "support/hostile_names.h"
 #include "support/main_window.h"
 
 namespace {
 
 using core::Language;
+using test::Names;
 
 using CopyAction = test::BilingualWindow;
 
@@ -71,6 +73,30 @@ TEST_P(CopyAction, AMediumInAnotherDriveDoesNotEndTheRun) {
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].text.toStdString(),
               in("El copiado de archivos a finalizado exitosamente.", "The copy has finished successfully."));
+}
+
+TEST_P(CopyAction, OddNamesAreFoundInAnotherDriveAndCopiedByteForByte) {
+    Names expected = test::hostileNames(), copied;
+    for (const std::string& name : expected) discs.write("dvd", "it's odd/" + name, "bytes of " + name);
+    start(GetParam());
+    newCatalogue();
+    import("Odd", discs.disc("dvd/it's odd"));
+    qputenv("ZARQUELIN_DRIVES", ("K=" + discs.disc("dvd") + ",removable").c_str());
+    choose("buscar");
+    search("*");
+    clickRow(surface().lists.listView2, 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+    const std::string target = discs.disc("target");
+    dialogs.answers = {QString::fromStdString(target)};
+    choose("Copiararchivos");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].style, frame::MessageStyle::Information);
+    for (const auto& file : std::filesystem::directory_iterator(target)) {
+        copied.push_back(file.path().filename());
+        EXPECT_EQ(test::readFile(file.path()), "bytes of " + copied.back());
+    }
+    std::ranges::sort(copied);
+    EXPECT_EQ(copied, expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(, CopyAction, testing::Values(Language::Spanish, Language::English));

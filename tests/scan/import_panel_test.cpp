@@ -98,6 +98,9 @@ TEST_P(Importing, AUnitMadeByHandIsBrowsedAtOnce) {
     enterName("cds");
     EXPECT_EQ(messages.shown.back().title, "Zarquelin");
     EXPECT_EQ(field("Text11").text(), "Otra") << "a refusal by hand keeps the content";
+    path = newCatalogue("other.zrq");
+    addByHand("Cds", "");
+    EXPECT_EQ(rowCount(path, "tipo=('Unidad de archivos varios')"), 1) << "the kind that is shown";
 }
 
 TEST_P(Importing, AsksAgainForADriveWithoutItsMedium) {
@@ -143,17 +146,6 @@ TEST_P(Importing, PastedTextIsHeldToTheSameKeys) {
     clickTab(1);
     paste("Text11", "a:b'c\\d:");
     EXPECT_EQ(field("Text11").text(), "abcd");
-}
-
-TEST_P(Importing, AUnitMadeByHandAlwaysHasAKind) {
-    clickTab(1);
-    path = newCatalogue("other.zrq");
-    choose("explore");
-    EXPECT_EQ(control<controls::ImageCombo>("ImageCombo4").selectedItem(), 1);
-    field("Text11").setText("Pelis");
-    enterName("Cds");
-    EXPECT_EQ(rowCount(path, "tipo=('Unidad de archivos varios')"), 1);
-    EXPECT_EQ(roots(), (Names{"Cds :"}));
 }
 
 // Before the catalogue is opened, so that a file that is none does not swallow the message.

@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QList>
-#include <QString>
 #include <functional>
 #include <string>
 
 #include "search/result_row.h"
 #include "search/sample_catalogue.h"
-#include "search/typed_text.h"
 
 namespace {
 
@@ -129,25 +126,6 @@ TEST_F(SearchRun, RefusedStatementsAndForgottenNotes) {
               (Names{"b.mp3", "a.mid"}));
     find([](auto& r) { r.name = "it's"; });
     EXPECT_FALSE(outcome) << "only files of a type or unit are passed over in silence";
-}
-
-// Whatever can be typed does no harm: no crash, and not a byte of the catalogue changes.
-TEST_F(SearchRun, EveryTypedCharacterAloneAndInPairs) {
-    const std::string before = test::readFile(sample.path);
-    const QList<uint> typed =
-        QString::fromUtf8(search::nameCharacters.data(), search::nameCharacters.size()).toUcs4();
-    const auto tryText = [&](const std::u32string& characters) {
-        const std::string text =
-            QString::fromUcs4(characters.data(), qsizetype(characters.size())).toStdString();
-        find([&](auto& r) { r.name = text; });
-        find([&](auto& r) { r.note = true, r.noteText = text, r.type = captions.rotuloaudio; });
-    };
-    for (const char32_t first : typed) {
-        tryText({first});
-        for (const char32_t second : typed) tryText({first, second});
-    }
-    EXPECT_EQ(test::readFile(sample.path), before);
-    EXPECT_EQ(find([](auto& r) { r.name = "foto1"; }), Names{"foto1.jpg"});
 }
 
 TEST(SizeTexts, NumberAtTheBeginning) {

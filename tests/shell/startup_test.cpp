@@ -137,26 +137,23 @@ TEST_F(Start, TheQuickStartOffersTheLastFile) {
     EXPECT_FALSE(shows("Command3"));
 }
 
-TEST_F(Start, ACommandLineOrTheSettingLeavesTheQuickStartOut) {
-    for (const char* catalogue : {"/a b.zrq", ""}) {
-        save("English", *catalogue ? "si" : "no");
+TEST_F(Start, WhatIsGivenOrTheSettingLeavesTheQuickStartOut) {
+    const std::string last = folder / "last.zrq", disc = folder.path();
+    test::writeFile(last, "");
+    struct Given {
+        std::string argument, quick, last;
+        Calls calls;
+    };
+    for (const Given& given : {Given{"/a b.zrq", "si", "", {"begin /a b.zrq"}},
+                               {"", "no", "", {"begin "}},
+                               {disc, "si", "", {"begin ", "import " + disc}},
+                               {disc, "si", last, {"begin " + last, "import " + disc}}}) {
+        save("English", given.quick, given.last);
         calls.clear();
-        start('"' + std::string(catalogue) + '"');
+        start('"' + given.argument + '"');
         tickToTheEnd();
-        EXPECT_EQ(calls, (Calls{"English", std::string("begin ") + catalogue}));
-        EXPECT_EQ(startup->quickStart(), nullptr);
-    }
-}
-
-TEST_F(Start, AFolderIsImportedIntoTheLastCatalogue) {
-    for (const char* last : {"", "/last.zrq"}) {
-        if (*last) test::writeFile(folder / "last.zrq", "");
-        save("English", "si", *last ? folder / "last.zrq" : "");
-        calls.clear();
-        start('"' + folder.path() + '"');
-        tickToTheEnd();
-        EXPECT_EQ(calls, (Calls{"English", "begin " + (*last ? folder / "last.zrq" : std::string()),
-                                "import " + folder.path()}));
+        calls.erase(calls.begin());
+        EXPECT_EQ(calls, given.calls);
         EXPECT_EQ(startup->quickStart(), nullptr);
     }
 }

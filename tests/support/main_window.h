@@ -182,6 +182,19 @@ class MainWindow : public testing::Test {
     [[nodiscard]] static QString focused() {
         return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
     }
+    // Where the Tab key leads to, from what has the focus until it is there again.
+    [[nodiscard]] Names tabStops() {
+        QWidget* begin = QApplication::focusWidget();
+        Names stops;
+        do {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QString name = focused();
+            for (const char* list : {"ListView1", "ListView2"})
+                if (control(list).isAncestorOf(QApplication::focusWidget())) name = list;
+            stops.push_back(name.toStdString());
+        } while (QApplication::focusWidget() != begin && stops.size() < 40);
+        return stops;
+    }
     void search(const char* text) {
         auto& name = control<QComboBox>("Combo2");
         name.clearEditText();
