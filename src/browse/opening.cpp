@@ -5,6 +5,7 @@
 #include "core/serial_date.h"
 #include "core/unit_kinds.h"
 #include "frame/catalogue.h"
+#include "frame/long_work.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 
@@ -99,7 +100,10 @@ void Opening::inicio() {
 
 // What could not be counted is not shown as nothing.
 void Opening::count(engine::Database& database) {
-    const auto counted = core::countAll(database);
+    const auto counted = [&] {
+        const frame::LongWork work(m_surface.frame, counting);
+        return core::countAll(database);
+    }();
     if (!counted) return showFailure(m_surface, counted.error());
     m_surface.contadores = *counted;
     writeCounters();
@@ -134,7 +138,6 @@ engine::Result<> Opening::agregarcombos(engine::Database& database) {
     });
     m_events.unitsListed(units);
     m_surface.treeView1.repaintNow();
-    m_surface.frame.status.setText(counting.in(m_surface.frame.idioma));
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
     if (m_surface.estado.indicecombo > 0) m_surface.imageCombo1.setSelected(1);
     frame::yieldToQueue();
@@ -161,7 +164,6 @@ void Opening::actualizar() {
     const frame::Hourglass hourglass;
     m_surface.treeView1.update();
     m_surface.lists.listView1.update();
-    m_surface.frame.status.setText(counting.in(m_surface.frame.idioma));
     if (auto database = engine::OpenDatabase(m_surface.frame.catalogue.path()))
         count(*database);
     else

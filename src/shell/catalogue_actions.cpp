@@ -138,7 +138,8 @@ void CatalogueActions::guardar() {
     const std::string path = nativePath(chosen);
     m_switching.endScan();
     const auto copied = [&] {
-        const frame::LongWork work(m_surface.frame, saving);
+        frame::LongWork work(m_surface.frame, saving);
+        work.closeMenu();
         return core::copyCatalogue(catalogue.path(), path);
     }();
     if (!copied) {

@@ -1,5 +1,7 @@
 #include "shell/maintenance_actions.h"
 
+#include <type_traits>
+
 #include "browse/showing.h"
 #include "controls/qtext.h"
 #include "core/catalogue_file.h"
@@ -8,7 +10,6 @@
 #include "core/text.h"
 #include "frame/catalogue.h"
 #include "frame/long_work.h"
-#include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
 #include "search/search_panel.h"
@@ -21,6 +22,8 @@ using controls::qtext;
 
 constexpr core::Bilingual compacting{"  Compactando el catálogo ...", "  Compacting the catalogue ..."};
 constexpr core::Bilingual repairing{"  Reparando el catálogo ...", "  Repairing the catalogue ..."};
+constexpr core::Bilingual deleting{"  Eliminando ...", "  Deleting ..."};
+constexpr core::Bilingual renaming{"  Cambiando el nombre de la unidad ...", "  Renaming the unit ..."};
 constexpr core::Bilingual eraseAll{"¿Desea realmente eliminar la totalidad de la base de datos?",
                                    "Do you really want to erase de complete database?"};
 constexpr core::Bilingual reallySure{"¿Está completamente seguro?", "Are you completely sure?"};
@@ -34,15 +37,27 @@ lists::ItemStore::Units spellingsOf(const std::string& disco) {
     return [name = core::lowerCase(disco)](std::string_view other) { return core::lowerCase(other) == name; };
 }
 
+// Does something to all or many rows, which can take a while.
+template <class Change>
+std::invoke_result_t<Change, engine::Database&> change(frame::Frame& frame, const core::Bilingual& what,
+                                                       const Change& change) {
+    const frame::LongWork work(frame, what);
+    auto database = engine::OpenDatabase(frame.catalogue.path());
+    if (!database) return std::unexpected(database.error());
+    return change(*database);
+}
+
 }  // namespace
 
 void MaintenanceActions::compactar() {
-    const frame::LongWork work(m_surface.frame, compacting);
+    frame::LongWork work(m_surface.frame, compacting);
+    work.closeMenu();
     (void)core::compactCatalogue(m_surface.frame.catalogue.path());  // worked or not, nothing is said
 }
 
 void MaintenanceActions::reparar() {
-    const frame::LongWork work(m_surface.frame, repairing);
+    frame::LongWork work(m_surface.frame, repairing);
+    work.closeMenu();
     (void)core::repairCatalogue(m_surface.frame.catalogue.path());
 }
 
@@ -58,15 +73,8 @@ bool MaintenanceActions::confirmed(const core::Bilingual& question) {
 void MaintenanceActions::eliminar() {
     if (!confirmed(eraseAll) || !confirmed(reallySure)) return;
     m_switching.endScan();  // whose rows to come would be none of those erased
-    const frame::Hourglass hourglass;
-    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-    const auto erased =
-        database ? core::deleteAll(*database) : engine::Result<>(std::unexpected(database.error()));
-    if (!erased) {
-        tell(erased.error());
-        return;
-    }
-    database->Close();
+    const auto erased = change(m_surface.frame, deleting, core::deleteAll);
+    if (!erased) return tell(erased.error());
     emptySurface();
 }
 
@@ -96,13 +104,10 @@ void MaintenanceActions::borrarunidad() {
         qtext(eraseUnit.in(idioma)) + m_surface.treeView1.nodes().text(node) + qtext(fromRegistry.in(idioma));
     if (!m_surface.frame.messages.askYesNo(question)) return;
 
-    {
-        const frame::Hourglass hourglass;
-        auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-        const auto erased = database ? core::deleteUnit(*database, m_surface.nodeText(node))
-                                     : std::unexpected(database.error());
-        if (!erased) return browse::showFailure(m_surface, erased.error());
-    }
+    const auto erased = change(m_surface.frame, deleting, [&](engine::Database& database) {
+        return core::deleteUnit(database, m_surface.nodeText(node));
+    });
+    if (!erased) return browse::showFailure(m_surface, erased.error());
     removeSelectedUnit(node);
     m_opening.actualizar();
 }
@@ -149,15 +154,13 @@ bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
         m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)));
         return false;
     }
-    const frame::Hourglass hourglass;
-    auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
-    const auto done = database ? core::renameUnit(*database, disco.toStdString(), typed)
-                               : engine::Result<std::string>(std::unexpected(database.error()));
+    const auto done = change(m_surface.frame, renaming, [&](engine::Database& database) {
+        return core::renameUnit(database, disco.toStdString(), typed);
+    });
     if (!done) {
         tell(done.error());
         return false;
     }
-    database->Close();
     showRenamed(unit, disco, qtext(*done));
     return true;
 }

@@ -1,6 +1,7 @@
 #include "catalogue_fixture.h"
 #include "engine/unit_copy.h"
 #include "platform/files.h"
+#include "platform/waiting.h"
 #include "support/another_program.h"
 
 namespace {
@@ -38,6 +39,30 @@ TEST_F(CopyTest, AChangeUnderWayIsWaitedForAndNeverCopiedInPart) {
     ASSERT_TRUE(engine::CopyDatabase(path, copy));
     expectWhole(copy);
     expectWhole(path);
+}
+
+TEST_F(CopyTest, WhoWaitsIsToldHowFarItIs) {
+    std::vector<double> shares;
+    int signs = 0;
+    const platform::Waiting waiting([&](std::optional<double> share) {
+        ++signs;
+        if (share) shares.push_back(*share);
+    });
+    const auto expectAllTold = [&] {
+        ASSERT_FALSE(shares.empty());
+        EXPECT_TRUE(std::ranges::is_sorted(shares));
+        EXPECT_EQ(shares.back(), 1);
+        shares.clear();
+    };
+    ASSERT_TRUE(engine::CopyDatabase(path, copy));
+    expectAllTold();
+    ASSERT_TRUE(engine::CompactInPlace(path, folder / "between"));
+    EXPECT_LT(shares.front(), 1);
+    expectAllTold();
+    signs = 0;
+    ASSERT_TRUE(open().Execute("update datos set comentario='x' where archivo like ('old*')"));
+    EXPECT_GT(signs, 0);
+    EXPECT_TRUE(shares.empty()) << "of a statement nobody knows";
 }
 
 TEST_F(CopyTest, ACatalogueIsNotReplacedInTheMidstOfAChange) {

@@ -1,6 +1,7 @@
 // A catalogue filled, browsed, searched and looked at in every way, in the real window.
 
 #include "frame/long_work.h"
+#include "platform/waiting.h"
 #include "support/catalogue_fixture.h"
 #include "support/main_window.h"
 
@@ -25,6 +26,12 @@ class Browsing : public test::BilingualWindow {
     }
 };
 using TheWindow = test::MainWindow;
+
+struct Painted : QWidget {
+    explicit Painted(QWidget* parent) : QWidget(parent) { show(); }
+    void paintEvent(QPaintEvent*) override { isPainted = true; }
+    bool isPainted = false;
+};
 
 INSTANTIATE_TEST_SUITE_P(, Browsing, testing::Values(Language::Spanish, Language::English));
 
@@ -222,6 +229,10 @@ TEST_F(TheWindow, ThePointerTellsWhatCanBeStopped) {
         const frame::LongWork work(frame(), {"Trabajando ...", "Working ..."});
         note();
         EXPECT_EQ(status(), "Working ...");
+        Painted painted(form.get());
+        while (status() == "Working ...") platform::Waiting::giveSign(0.5);
+        EXPECT_EQ(status(), "Working ... 50 %");
+        EXPECT_TRUE(painted.isPainted);
     }
     note();
     EXPECT_EQ(shapes, (std::vector<int>{Qt::WaitCursor, Qt::ArrowCursor}));

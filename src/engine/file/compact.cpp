@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <string_view>
 
 #include "engine/file/connection.h"
@@ -12,6 +13,7 @@
 #include "engine/format.h"
 #include "engine/guarded.h"
 #include "engine/maintenance.h"
+#include "platform/waiting.h"
 
 namespace engine {
 
@@ -19,6 +21,8 @@ namespace {
 
 constexpr int patienceMilliseconds = 5000;  // of a compaction with programs that write all the time
 constexpr int mostTries = 3;
+constexpr double shareOfReading = 0.5;  // of the time; the rest goes into writing back
+constexpr auto countRows = "select count(*) from datos";
 
 // Behind the last page, where SQLite does not look: what a killed compaction left is known by it.
 constexpr std::string_view leftOverMark = "\nzarquelin: left by a compaction, can be deleted\n";
@@ -28,27 +32,48 @@ Result<> refuseOpenFile(const std::string& path) {
     return {};
 }
 
+// What a vacuum reads of the file, each page once.
+struct Reading {
+    sqlite3* database;
+    long long pages;
+};
+
+int tellPagesRead(void* vacuum) {
+    const auto& reading = *static_cast<Reading*>(vacuum);
+    int read = 0, highest = 0;
+    sqlite3_db_status(reading.database, SQLITE_DBSTATUS_CACHE_MISS, &read, &highest, 0);
+    const double share = reading.pages > 0 ? std::min(1.0, double(read) / double(reading.pages)) : 0;
+    platform::Waiting::giveSign(share * shareOfReading);
+    return 0;
+}
+
+Result<long long> numberFrom(sqlite3* database, const char* question) {
+    StatementPool pool(database);
+    auto asked = pool.lend(question);
+    if (!asked) return std::unexpected(asked.error());
+    if (asked->step() != Prepared::Step::Row) return std::unexpected(lastError(database));
+    return asked->integer(0);
+}
+
 Result<> vacuumInto(sqlite3* database, const std::string& path) {
+    const auto pages = numberFrom(database, "pragma page_count");
+    if (!pages) return std::unexpected(pages.error());
+    Reading reading{database, *pages};
+    sqlite3_progress_handler(database, stepsBetweenSigns, tellPagesRead, &reading);
     StatementPool pool(database);
     auto vacuum = pool.lend("vacuum into ?");
     if (!vacuum) return std::unexpected(vacuum.error());
     vacuum->bind(0, std::string_view(path));
-    if (vacuum->step() == Prepared::Step::Failed) return std::unexpected(lastError(database));
+    const bool written = vacuum->step() != Prepared::Step::Failed;
+    sqlite3_progress_handler(database, 0, nullptr, nullptr);
+    if (!written) return std::unexpected(lastError(database));
     return {};
 }
 
-Result<long long> rowCount(sqlite3* database) {
-    StatementPool pool(database);
-    auto count = pool.lend("select count(*) from datos");
-    if (!count) return std::unexpected(count.error());
-    if (count->step() != Prepared::Step::Row) return std::unexpected(lastError(database));
-    return count->integer(0);
-}
-
 Result<> sameRows(sqlite3* source, sqlite3* compacted) {
-    const auto expected = rowCount(source);
+    const auto expected = numberFrom(source, countRows);
     if (!expected) return std::unexpected(expected.error());
-    const auto found = rowCount(compacted);
+    const auto found = numberFrom(compacted, countRows);
     if (!found) return std::unexpected(found.error());
     if (*expected != *found) return std::unexpected(Error{error::corrupt, "Not all rows were copied"});
     return {};
@@ -102,7 +127,7 @@ Result<bool> compactThrough(const std::string& path, const std::string& between)
         return std::unexpected(begun.error());
     if (auto put = putInPlace(*written, path); !put) return std::unexpected(put.error());
     if (auto ended = (*held)->run("rollback"); !ended) return std::unexpected(ended.error());
-    return copyPages(source->get(), (*held)->handle(), before);
+    return copyPages(source->get(), (*held)->handle(), before, {.from = shareOfReading});
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "engine/file/sql_functions.h"
 #include "engine/file/sqlite_error.h"
 #include "engine/format.h"
+#include "platform/waiting.h"
 
 namespace engine {
 
@@ -75,6 +76,11 @@ void keepNoMemoryCount() {
     static_cast<void>(done);
 }
 
+int giveSign(void*) {
+    platform::Waiting::giveSign();
+    return 0;  // go on
+}
+
 // A program died within a change. The first one that may write puts the file right, also when it came to
 // read; where nobody may write, the file stays unreadable.
 void undoInterruptedChange(const std::string& path) {
@@ -104,6 +110,7 @@ Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
     SqliteHandle handle(opened);
     if (code != SQLITE_OK) return std::unexpected(errorOfCode(code));
     sqlite3_busy_timeout(opened, busyMilliseconds);
+    sqlite3_progress_handler(opened, stepsBetweenSigns, giveSign, nullptr);
     distrustSchema(opened);
     if (const int failed = registerFunctions(opened); failed != SQLITE_OK)
         return std::unexpected(errorOfCode(failed));

@@ -15,6 +15,9 @@ struct CloseSqlite {
 };
 using SqliteHandle = std::unique_ptr<sqlite3, CloseSqlite>;
 
+// How many steps SQLite's machine makes until who waits is given a sign: those of some milliseconds.
+constexpr int stepsBetweenSigns = 20'000;
+
 // Opens or creates a file as it stands, with our functions registered and the file's schema distrusted.
 [[nodiscard]] Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags);
 

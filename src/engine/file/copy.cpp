@@ -34,8 +34,10 @@ Result<> writeCopy(sqlite3* from, const std::string& path) {
     if (!to) return std::unexpected(to.error());
     // The file is nobody's yet and is flushed as a whole when it is put in place.
     if (auto set = run(to->get(), "pragma journal_mode = memory; pragma synchronous = off"); !set) return set;
+    // So that no change comes between two pages.
+    if (auto begun = run(from, "begin; select count(*) from sqlite_schema"); !begun) return begun;
     if (auto copied = copyPages(from, to->get()); !copied) return std::unexpected(copied.error());
-    return {};
+    return run(from, "commit");
 }
 
 }  // namespace
