@@ -42,6 +42,18 @@ int captionWidth(const QStyleOptionViewItem& option) {
     return option.rect.width() - 3 * cellMargin;
 }
 
+// A caption at the right edge would touch the next column's.
+class Header : public QHeaderView {
+  public:
+    explicit Header(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+  protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
+        QHeaderView::initStyleOptionForIndex(option, column);
+        if (option->textAlignment.testFlag(Qt::AlignRight)) option->text += u' ';
+    }
+};
+
 }  // namespace
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& place) const {
@@ -174,6 +186,7 @@ template class ListPane<QListView>;
 
 ReportView::ReportView(ListView* owner) : ListPane(owner) {
     setObjectName(QStringLiteral("report"));
+    setHeader(new Header(this));
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);

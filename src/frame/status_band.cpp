@@ -24,7 +24,7 @@ constexpr int textLeft = 0, textWidth = 5000;
 constexpr int sizeLeft = 5020, sizeWidth = 2000;
 constexpr int iconLeft = 7050, iconWidth = 400;
 constexpr int kindLeft = 7480;
-constexpr int kindMargin = 8;  // pixels
+constexpr int textMargin = 8, kindMargin = 8;  // pixels
 constexpr int narrowestSize = 60, narrowestKind = 100;
 constexpr qint64 millisecondsBetweenPaints = 50;
 constexpr int visibleSteps = 500;  // of the bar
@@ -172,7 +172,7 @@ void StatusBand::arrange() {
     const int kind = m_kind->sizeHint().width() + kindMargin;
     const double stretch = std::clamp(double(width() - kind) / pixels(kindLeft), 1.0, wanted);
     const auto stretched = [stretch](int twips) { return int(pixels(twips) * stretch); };
-    const int missing = std::max(0, m_text->sizeHint().width() - stretched(textWidth));
+    const int missing = std::max(0, m_text->sizeHint().width() + textMargin - stretched(textWidth));
     const int shift = std::min(missing, std::max(0, width() - kind - stretched(kindLeft)));
     const int needed = std::max(m_size->sizeHint().width() + kindMargin, narrowestSize);
     const int squeeze = std::clamp(missing - shift, 0, std::max(0, stretched(sizeWidth) - needed));
