@@ -56,6 +56,23 @@ void leave(int slot) {
     if (slot >= 0) theSlots[static_cast<std::size_t>(slot)].used = false;
 }
 
+// For as long as it lives, this thread's signals wait: between the making of a file and its entry one would
+// leave it behind.
+class SignalsWait {
+  public:
+    SignalsWait() {
+        sigset_t all;
+        sigfillset(&all);
+        ::pthread_sigmask(SIG_BLOCK, &all, &m_before);
+    }
+    ~SignalsWait() { ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    SignalsWait(const SignalsWait&) = delete;
+    SignalsWait& operator=(const SignalsWait&) = delete;
+
+  private:
+    sigset_t m_before{};
+};
+
 void removeAndEnd(int signal) {
     removeTemporaries();
     std::signal(signal, SIG_DFL);
@@ -135,6 +152,7 @@ TemporaryFile::TemporaryFile(std::string pattern, std::string target)
 
 // Needs no memory, so that what is made is never forgotten.
 bool TemporaryFile::create() {
+    const SignalsWait wait;
     m_descriptor = ::mkostemp(m_path.data(), O_CLOEXEC);
     if (m_descriptor < 0) {
         m_path.clear();
