@@ -102,6 +102,13 @@ std::string folderOf(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
+void flushFolder(const std::string& folder) {
+    const int place = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (place < 0) return;
+    ::fsync(place);
+    ::close(place);
+}
+
 std::unexpected<FileError> systemFailure(const std::string& path) {
     const int reason = errno;
     return failure(numberOf(reason, path), path, std::strerror(reason));

@@ -35,6 +35,10 @@ using FileResult = std::expected<T, FileError>;
 [[nodiscard]] std::string programFolder();  // of the running executable, without trailing slash
 [[nodiscard]] std::string folderOf(const std::string& path);  // "." of a name alone
 
+// What was made, renamed or deleted in a folder stays so after a power cut, where the file system can do
+// that.
+void flushFolder(const std::string& folder);
+
 // The failure of the system call on `path` that has just failed.
 [[nodiscard]] std::unexpected<FileError> systemFailure(const std::string& path);
 

@@ -114,14 +114,6 @@ bool flushed(int descriptor) {
     return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-// The name is in place already; a folder that cannot be flushed is no reason to report a failure.
-void flushFolder(const std::string& folder) {
-    const int place = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (place < 0) return;
-    ::fsync(place);
-    ::close(place);
-}
-
 // Between its making and its lock another program may have taken the file for an orphan.
 bool isStillThere(int descriptor) {
     struct stat status {};

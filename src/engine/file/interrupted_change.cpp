@@ -5,6 +5,8 @@
 
 #include <array>
 
+#include "platform/files.h"
+
 namespace engine {
 namespace {
 
@@ -24,7 +26,8 @@ bool isJournal(const std::string& path) {
 
 void forgetInterruptedChange(const std::string& path) {
     const std::string journal = path + "-journal";
-    if (isJournal(journal)) ::unlink(journal.c_str());
+    // For good, before another file gets the name.
+    if (isJournal(journal) && ::unlink(journal.c_str()) == 0) platform::flushFolder(platform::folderOf(path));
 }
 
 }  // namespace engine
