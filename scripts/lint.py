@@ -16,7 +16,7 @@ MAY_INCLUDE = {
     "core": "engine platform",
     "controls": "platform",
     "frame": "core controls platform",
-    "lists": "core engine controls",
+    "lists": "core engine controls platform",
     **dict.fromkeys(ROOMS, "lists frame core engine controls platform"),
     "shell": " ".join(ROOMS) + " lists frame core engine controls platform",
     "cli": " ".join(ROOMS) + " lists core engine platform",

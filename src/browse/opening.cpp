@@ -1,18 +1,18 @@
 #include "browse/opening.h"
 
 #include "browse/showing.h"
-#include "controls/qtext.h"
 #include "core/serial_date.h"
 #include "core/unit_kinds.h"
 #include "frame/catalogue.h"
 #include "frame/long_work.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
+#include "platform/qtext.h"
 
 namespace browse {
 namespace {
 
-using controls::qtext;
+using platform::qtext;
 
 constexpr core::Bilingual loadingUnit{"Cargando unidad: ", "Loading unit: "};
 constexpr core::Bilingual counting{"  Contando carpetas y archivos ...", "  Counting folders and files ..."};

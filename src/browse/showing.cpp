@@ -2,12 +2,12 @@
 
 #include <QAction>
 
-#include "controls/qtext.h"
 #include "core/failure.h"
 #include "core/kilobytes.h"
 #include "frame/catalogue.h"
 #include "frame/menus.h"
 #include "frame/status_band.h"
+#include "platform/qtext.h"
 
 namespace browse {
 
@@ -19,7 +19,7 @@ void dropPathItem(Surface& surface) {
 void showPathItem(Surface& surface, const std::string& fullPath) {
     dropPathItem(surface);
     const int number = surface.estado.indicecombo + 1;
-    surface.imageCombo1.addItem(number, controls::qtext(fullPath), 2);
+    surface.imageCombo1.addItem(number, platform::qtext(fullPath), 2);
     surface.imageCombo1.setSelected(number);
 }
 

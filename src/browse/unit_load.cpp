@@ -3,12 +3,12 @@
 #include <array>
 
 #include "browse/showing.h"
-#include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "engine/unit_copy.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "platform/files.h"
+#include "platform/qtext.h"
 
 namespace browse {
 namespace {
@@ -31,7 +31,7 @@ class TreeFiller : public FolderSink {
 
     void addFolder(int nivel, std::string_view carpeta) override {
         if (m_names == UnitLoad::Names::Learn) m_surface.nombres.addFolder(nivel + 1, m_disco, carpeta);
-        m_open[nivel] = m_surface.treeView1.addNode(m_open[nivel - 1], controls::qtext(carpeta), 2, 3);
+        m_open[nivel] = m_surface.treeView1.addNode(m_open[nivel - 1], platform::qtext(carpeta), 2, 3);
         m_surface.frame.status.advanceProgress();
     }
 

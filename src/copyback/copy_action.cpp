@@ -36,7 +36,7 @@ class ListReader : public ItemReader {
 };
 
 std::string chosenFolder(frame::Frame& frame) {
-    const QString chosen = frame.dialogs.chooseFolder(controls::qtext(chooserTitle.in(frame.idioma)));
+    const QString chosen = frame.dialogs.chooseFolder(platform::qtext(chooserTitle.in(frame.idioma)));
     return QFile::encodeName(chosen).toStdString();
 }
 

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QTabBar>
 
-#include "controls/qtext.h"
+#include "platform/qtext.h"
 
 namespace frame {
 
@@ -125,7 +125,7 @@ constexpr Caption table[] = {
 const QHash<QString, core::Bilingual>& textsByName() {
     static const auto built = [] {
         QHash<QString, core::Bilingual> texts;
-        for (const Caption& entry : table) texts.insert(controls::qtext(entry.control), entry.text);
+        for (const Caption& entry : table) texts.insert(platform::qtext(entry.control), entry.text);
         return texts;
     }();
     return built;
@@ -160,13 +160,13 @@ std::span<const Caption> captions() {
 
 QString caption(QStringView objectName, core::Language language) {
     const auto found = textsByName().constFind(objectName.toString());
-    return found == textsByName().constEnd() ? QString() : controls::qtext(found->in(language));
+    return found == textsByName().constEnd() ? QString() : platform::qtext(found->in(language));
 }
 
 QString toolbarToolTip(int button, core::Language language) {
     const QString name = QStringLiteral("Toolbar1(%1)").arg(button);
-    if (name == controls::qtext(statisticsToolTip.control))
-        return controls::qtext(statisticsToolTip.text.in(language));
+    if (name == platform::qtext(statisticsToolTip.control))
+        return platform::qtext(statisticsToolTip.text.in(language));
     return caption(name, language);
 }
 

@@ -2,9 +2,9 @@
 
 #include <QMenu>
 
-#include "controls/qtext.h"
 #include "frame/captions.h"
 #include "frame/icons.h"
+#include "platform/qtext.h"
 
 namespace frame {
 
@@ -112,9 +112,9 @@ void keepMarkOnClick(QAction* entry) {
 QAction* makeEntry(const Row& row, core::Language idioma, QObject* owner) {
     auto* entry = new QAction(owner);
     entry->setSeparator(row.kind == Separator);
-    entry->setText(caption(controls::qtext(row.name), idioma));
+    entry->setText(caption(platform::qtext(row.name), idioma));
     if (!row.shortcuts.empty())
-        entry->setShortcuts(QKeySequence::listFromString(controls::qtext(row.shortcuts)));
+        entry->setShortcuts(QKeySequence::listFromString(platform::qtext(row.shortcuts)));
     entry->setEnabled(row.enabled);
     entry->setMenuRole(QAction::NoRole);
     if (row.kind == Checked || row.kind == Unchecked) {
@@ -129,8 +129,8 @@ QAction* makeEntry(const Row& row, core::Language idioma, QObject* owner) {
 
 MenuBar::MenuBar(core::Language idioma, QWidget* parent) : QMenuBar(parent) {
     for (const Row& row : rows) {
-        const QString name = controls::qtext(row.name);
-        const QString parentName = controls::qtext(row.parent);
+        const QString name = platform::qtext(row.name);
+        const QString parentName = platform::qtext(row.parent);
         if (row.kind == Menu || row.kind == Popup) {
             auto* menu = new QMenu(caption(name, idioma), this);
             menu->setObjectName(name);

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-#include "controls/qtext.h"
 #include "core/notice.h"
+#include "platform/qtext.h"
 
 namespace frame {
 
@@ -11,7 +11,7 @@ enum class MessageStyle { Exclamation = 48, Information = 64 };
 
 // The title of every box that has none of its own.
 [[nodiscard]] inline QString boxTitle() {
-    return controls::qtext(core::boxTitle);
+    return platform::qtext(core::boxTitle);
 }
 
 // Message boxes stand behind this seam; tests put in a recorder that answers by itself.

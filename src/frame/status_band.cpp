@@ -6,10 +6,10 @@
 #include <algorithm>
 
 #include "controls/pictures.h"
-#include "controls/qtext.h"
 #include "controls/twips.h"
 #include "frame/captions.h"
 #include "frame/elided_label.h"
+#include "platform/qtext.h"
 
 namespace frame {
 
@@ -47,7 +47,7 @@ QLabel* makeLabel(QWidget* parent, const QString& name, const QString& purpose) 
 }  // namespace
 
 StatusBand::StatusBand(core::Language idioma, QWidget* parent) : QWidget(parent) {
-    const auto in = [idioma](core::Bilingual words) { return controls::qtext(words.in(idioma)); };
+    const auto in = [idioma](core::Bilingual words) { return platform::qtext(words.in(idioma)); };
     setObjectName(QStringLiteral("Picture4"));
     setAccessibleName(in(statusName));
     m_text = makeLabel(this, QStringLiteral("Text9"), in(statusName));
@@ -68,7 +68,7 @@ StatusBand::StatusBand(core::Language idioma, QWidget* parent) : QWidget(parent)
 // A scan writes this line once for every file: the text is kept each time, but painting it costs more than
 // the file does, so long work shows it only as often as an eye can follow.
 void StatusBand::setText(std::string_view text) {
-    m_text->setText(controls::qtext(text));
+    m_text->setText(platform::qtext(text));
     m_text->setToolTip({});
     if (m_lastPaint.isValid() && m_lastPaint.elapsed() < millisecondsBetweenPaints) return;
     arrange();
@@ -77,16 +77,16 @@ void StatusBand::setText(std::string_view text) {
 }
 
 void StatusBand::explainText(std::string_view explanation) {
-    m_text->setToolTip(controls::qtext(explanation));
+    m_text->setToolTip(platform::qtext(explanation));
 }
 
 void StatusBand::setSize(std::string_view text) {
-    m_size->setText(controls::qtext(text));
+    m_size->setText(platform::qtext(text));
     arrange();
 }
 
 void StatusBand::setKind(std::string_view text) {
-    m_kind->setText(controls::qtext(text));
+    m_kind->setText(platform::qtext(text));
     arrange();
 }
 

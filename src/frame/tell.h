@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/qtext.h"
 #include "core/notice.h"
 #include "frame/messages.h"
+#include "platform/qtext.h"
 
 namespace frame {
 
@@ -10,7 +10,7 @@ namespace frame {
 [[nodiscard]] inline core::Tell tellThrough(Messages& messages) {
     return [&messages](const core::Notice& notice) {
         const bool information = notice.style == core::Notice::Style::Information;
-        messages.show(controls::qtext(notice.text), controls::qtext(notice.title),
+        messages.show(platform::qtext(notice.text), platform::qtext(notice.title),
                       information ? MessageStyle::Information : MessageStyle::Exclamation);
     };
 }

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "controls/qtext.h"
 #include "lists/column_sort.h"
 #include "lists/item_model.h"
+#include "platform/qtext.h"
 
 namespace lists {
 namespace {
@@ -197,11 +197,11 @@ int ItemList::count() const {
 }
 
 QString ItemList::text(int position) const {
-    return holds(position) ? controls::qtext(store().text(static_cast<std::size_t>(position))) : QString();
+    return holds(position) ? platform::qtext(store().text(static_cast<std::size_t>(position))) : QString();
 }
 
 QString ItemList::subItem(int position, int number) const {
-    return holds(position) ? controls::qtext(store().subItem(static_cast<std::size_t>(position), number))
+    return holds(position) ? platform::qtext(store().subItem(static_cast<std::size_t>(position), number))
                            : QString();
 }
 

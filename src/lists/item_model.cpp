@@ -4,11 +4,11 @@
 
 #include "controls/list_view.h"
 #include "controls/pictures.h"
-#include "controls/qtext.h"
+#include "platform/qtext.h"
 
 namespace lists {
 
-using controls::qtext;
+using platform::qtext;
 
 ItemModel::ItemModel(QObject* parent) : QAbstractTableModel(parent) {
     for (int number = 1; number <= columns; ++number) m_columns.push_back({number, {}, Qt::AlignLeft});

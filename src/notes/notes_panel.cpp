@@ -7,12 +7,12 @@
 #include <algorithm>
 
 #include "controls/named.h"
-#include "controls/qtext.h"
 #include "controls/twips.h"
 #include "core/failure.h"
 #include "frame/captions.h"
 #include "frame/catalogue.h"
 #include "frame/status_band.h"
+#include "platform/qtext.h"
 
 namespace notes {
 namespace {
@@ -59,7 +59,7 @@ NotesPanel::NotesPanel(frame::Frame& frame, lists::Lists& lists, const lists::Cl
     setObjectName(QStringLiteral("Picture12"));
     setAutoFillBackground(true);
     m_Text10->setTabChangesFocus(true);
-    const QString name = controls::qtext(panelName.in(frame.idioma));
+    const QString name = platform::qtext(panelName.in(frame.idioma));
     setAccessibleName(name);
     m_Text10->setAccessibleName(name);
     for (QPushButton* button : {m_Command4, m_Command6}) {
@@ -93,7 +93,7 @@ void NotesPanel::vercomentarios() {
     const auto read = database ? readNote(*database, target(), idioma) : std::unexpected(database.error());
     if (!read) return tell(read.error());
     if (read->end == ReadEnd::NoRow) return;
-    m_Text10->setPlainText(controls::qtext(read->end == ReadEnd::Note ? read->note : noNote.in(idioma)));
+    m_Text10->setPlainText(platform::qtext(read->end == ReadEnd::Note ? read->note : noNote.in(idioma)));
     begin(*m_Timer1);
 }
 
@@ -108,7 +108,7 @@ void NotesPanel::storeNote() {
     if (stored && *stored == StoreEnd::Stored) showInList(text);
     if (stored) return;
     if (stored.error().number == engine::error::syntaxInExpression)
-        m_frame.messages.show(controls::qtext(restricted.in(m_frame.idioma)));
+        m_frame.messages.show(platform::qtext(restricted.in(m_frame.idioma)));
     else
         tell(stored.error());
 }

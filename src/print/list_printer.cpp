@@ -9,7 +9,7 @@
 #include <cmath>
 
 #include "controls/pictures.h"
-#include "controls/qtext.h"
+#include "platform/qtext.h"
 
 namespace print {
 namespace {
@@ -19,7 +19,7 @@ constexpr int fontSize = 10;
 constexpr int pixelsOfPicture = 64;  // sharp enough at 200 twips, and stored once a document
 
 void drawText(QPainter& painter, const PlacedText& placed, const QFontMetricsF& metrics) {
-    const QString text = controls::qtext(placed.text);
+    const QString text = platform::qtext(placed.text);
     const double left = placed.x + placed.blanks * metrics.horizontalAdvance(u' ');
     const double baseline = placed.y + metrics.ascent();
     const double width = placed.room > 0 ? metrics.horizontalAdvance(text) : 0;

@@ -4,7 +4,6 @@
 #include <QWidget>
 
 #include "controls/image_combo.h"
-#include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "core/unit_name.h"
 #include "frame/captions.h"
@@ -14,6 +13,7 @@
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
 #include "platform/drives.h"
+#include "platform/qtext.h"
 #include "scan/manual_unit.h"
 #include "scan/row_writer.h"
 #include "scan/scan_request.h"
@@ -23,8 +23,8 @@
 namespace scan {
 namespace {
 
-using controls::qtext;
 using frame::Toolbar;
+using platform::qtext;
 
 constexpr int newScannedUnitPicture = 4;  // until the catalogue is opened anew
 constexpr core::Bilingual canceled{"Operación cancelada.", "Canceled operation."};

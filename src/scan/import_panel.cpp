@@ -16,11 +16,11 @@
 #include "controls/link_label.h"
 #include "controls/named.h"
 #include "controls/pictures.h"
-#include "controls/qtext.h"
 #include "controls/tab_strip.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
 #include "frame/captions.h"
+#include "platform/qtext.h"
 #include "scan/allowed_keys.h"
 #include "scan/folder.h"
 #include "scan/refusal.h"
@@ -29,7 +29,7 @@ namespace scan {
 namespace {
 
 using controls::named;
-using controls::qtext;
+using platform::qtext;
 
 constexpr int directoryPane = 0;
 constexpr int manualPane = 1;

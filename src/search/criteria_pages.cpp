@@ -12,12 +12,12 @@
 #include "controls/accessible.h"
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
-#include "controls/qtext.h"
 #include "controls/step_buttons.h"
 #include "controls/tool_tip.h"
 #include "core/serial_date.h"
 #include "core/text.h"
 #include "frame/captions.h"
+#include "platform/qtext.h"
 #include "search/criterion_heading.h"
 #include "search/recent_combo.h"
 #include "search/typed_text.h"
@@ -128,7 +128,7 @@ void CriteriaPages::fillTypes() {
     m_imageCombo2->clear();
     for (int item = 1; const FileType type : fileTypes) {
         const int picture = type == FileType::All ? pictureOfAll : pictureOfAudio + item - 2;
-        m_imageCombo2->addItem(item++, controls::qtext(captionOf(type, core::rotulos(m_idioma))), picture);
+        m_imageCombo2->addItem(item++, platform::qtext(captionOf(type, core::rotulos(m_idioma))), picture);
     }
     m_imageCombo2->setSelected(1);
 }
@@ -174,7 +174,7 @@ QLineEdit* CriteriaPages::makeSizeField(const QString& name, const QString& labe
         field, [](char32_t typed) { return core::isAllowed(typed, sizeCharacters); },
         [this] { emit enterPressed(); });
     const auto stepBy = [field](double step) {
-        field->setText(controls::qtext(steppedSize(field->text().toStdString(), step)));
+        field->setText(platform::qtext(steppedSize(field->text().toStdString(), step)));
     };
     connect(steps, &UpDown::up, field, [stepBy] { stepBy(sizeStep); });
     connect(steps, &UpDown::down, field, [stepBy] { stepBy(-sizeStep); });

@@ -10,7 +10,6 @@
 
 #include "controls/image_combo.h"
 #include "controls/pictures.h"
-#include "controls/qtext.h"
 #include "controls/tab_strip.h"
 #include "core/failure.h"
 #include "engine/database.h"
@@ -19,6 +18,7 @@
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "lists/item_list.h"
+#include "platform/qtext.h"
 #include "search/criteria_pages.h"
 #include "search/recent_combo.h"
 #include "search/search_messages.h"
@@ -152,12 +152,12 @@ void SearchPanel::setUnits(std::span<const core::UnitItem> units) {
 }
 
 void SearchPanel::addUnit(const core::UnitItem& unit) {
-    imageCombo3().addItem(imageCombo3().count() + 1, controls::qtext(unit.disco), unit.picture);
+    imageCombo3().addItem(imageCombo3().count() + 1, platform::qtext(unit.disco), unit.picture);
 }
 
 void SearchPanel::removeUnit(const std::string& disco) {
     const int place =
-        imageCombo3().findText(controls::qtext(disco), Qt::MatchExactly | Qt::MatchCaseSensitive);
+        imageCombo3().findText(platform::qtext(disco), Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (place >= 0) imageCombo3().removeItem(place + 1);
     if (imageCombo3().selectedItem() == 0) imageCombo3().setSelected(1);
 }
@@ -239,7 +239,7 @@ void SearchPanel::fail(const engine::Error& error) {
     m_counters = {};
     showCounters();
     m_frame.messages.show(
-        controls::qtext(core::failureMessage(m_frame.catalogue.path(), error, m_frame.idioma)));
+        platform::qtext(core::failureMessage(m_frame.catalogue.path(), error, m_frame.idioma)));
 }
 
 void SearchPanel::showCounters() {
@@ -247,7 +247,7 @@ void SearchPanel::showCounters() {
 }
 
 void SearchPanel::warn(core::Bilingual message) {
-    m_frame.messages.show(controls::qtext(message.in(m_frame.idioma)));
+    m_frame.messages.show(platform::qtext(message.in(m_frame.idioma)));
 }
 
 }  // namespace search

@@ -2,7 +2,6 @@
 
 #include <QFile>
 
-#include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "core/failure.h"
 #include "frame/catalogue.h"
@@ -11,12 +10,13 @@
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
 #include "platform/files.h"
+#include "platform/qtext.h"
 #include "shell/switching.h"
 
 namespace shell {
 namespace {
 
-using controls::qtext;
+using platform::qtext;
 
 constexpr auto fileFilter = "Archivos de Zarquelin (*.zrq)|*.zrq|";
 constexpr core::Bilingual newTitle{"Nuevo catálogo", "New catalog"};

@@ -15,7 +15,7 @@
 #include "frame/pointer.h"
 #include "platform/files.h"
 #include "scan/allowed_keys.h"
-#include "shell/language_choice.h"
+#include "shell/kept_choices.h"
 #include "shell/main_window.h"
 
 namespace shell {

@@ -7,10 +7,10 @@
 #include "controls/pictures.h"
 #include "controls/screen_fit.h"
 #include "frame/pointer.h"
+#include "shell/kept_choices.h"
 #include "shell/logo.h"
 #include "shell/main_window_parts.h"
 #include "shell/properties.h"
-#include "shell/quick_start_setting.h"
 #include "shell/selection.h"
 
 namespace shell {

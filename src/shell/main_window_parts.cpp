@@ -4,10 +4,10 @@
 
 #include "controls/accessible.h"
 #include "controls/named.h"
-#include "controls/qtext.h"
 #include "controls/twips.h"
 #include "frame/captions.h"
 #include "frame/pointer.h"
+#include "platform/qtext.h"
 #include "shell/main_window.h"
 
 namespace shell {
@@ -37,7 +37,7 @@ WindowControls::WindowControls(Form1& window, core::Language idioma)
         return controls::Divider::Bounds{controls::pixels(500), client->width() - controls::pixels(500)};
     });
     frame1->setAccessibleName(frame::caption(u"barradetareas", idioma));
-    imgSplitter->setAccessibleName(controls::qtext(dividerName.in(idioma)));
+    imgSplitter->setAccessibleName(platform::qtext(dividerName.in(idioma)));
     label4->setText(frame::caption(u"Label4", idioma));
     label4->setBuddy(imageCombo1);
     controls::nameField(*imageCombo1, label4->text());

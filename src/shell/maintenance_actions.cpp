@@ -3,7 +3,6 @@
 #include <type_traits>
 
 #include "browse/showing.h"
-#include "controls/qtext.h"
 #include "core/catalogue_file.h"
 #include "core/failure.h"
 #include "core/maintenance.h"
@@ -12,13 +11,14 @@
 #include "frame/long_work.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
+#include "platform/qtext.h"
 #include "search/search_panel.h"
 #include "shell/switching.h"
 
 namespace shell {
 namespace {
 
-using controls::qtext;
+using platform::qtext;
 
 constexpr core::Bilingual compacting{"  Compactando el catálogo ...", "  Compacting the catalogue ..."};
 constexpr core::Bilingual repairing{"  Reparando el catálogo ...", "  Repairing the catalogue ..."};

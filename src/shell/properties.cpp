@@ -9,11 +9,11 @@
 #include <QStyle>
 
 #include "controls/pictures.h"
-#include "controls/qtext.h"
 #include "controls/screen_fit.h"
 #include "controls/separator.h"
 #include "controls/tool_tip.h"
 #include "frame/captions.h"
+#include "platform/qtext.h"
 #include "shell/logo.h"
 
 namespace shell {
@@ -103,7 +103,7 @@ Form3::Form3(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     grid->addWidget(heading, 0, 1);
     grid->addWidget(controls::makeSeparator(this), 1, 0, 1, 2);
     for (int i = 0; i < int(lines.size()); ++i) {
-        auto* label = new QLabel(controls::qtext(lines[i].caption.in(idioma)), this);
+        auto* label = new QLabel(platform::qtext(lines[i].caption.in(idioma)), this);
         label->setObjectName(QLatin1String(lines[i].label));
         label->setAccessibleName(label->text());
         label->setBuddy(m_texts[i]);
@@ -111,7 +111,7 @@ Form3::Form3(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
         grid->addWidget(label, i + 2, 0);
         grid->addWidget(m_texts[i], i + 2, 1);
     }
-    auto* command = new QPushButton(controls::qtext(accept.in(idioma)), this);
+    auto* command = new QPushButton(platform::qtext(accept.in(idioma)), this);
     command->setObjectName(QStringLiteral("Command1"));
     command->setAccessibleName(command->text());
     command->setDefault(true);
@@ -126,7 +126,7 @@ void Form3::showProperties(const browse::Properties& properties) {
     const std::string* texts[] = {&properties.type, &properties.name, &properties.size, &properties.contents,
                                   &properties.name};
     for (size_t i = 0; i < m_texts.size(); ++i) {
-        m_texts[i]->setText(controls::qtext(*texts[i]));
+        m_texts[i]->setText(platform::qtext(*texts[i]));
         m_texts[i]->setCursorPosition(0);
     }
     m_picture->setPixmap(controls::picture(properties.picture).pixmap(pictureSide, pictureSide));

@@ -7,13 +7,13 @@
 #include <QToolButton>
 
 #include "controls/pictures.h"
-#include "controls/qtext.h"
 #include "controls/screen_fit.h"
 #include "controls/separator.h"
 #include "frame/captions.h"
 #include "frame/elided_label.h"
+#include "platform/qtext.h"
+#include "shell/kept_choices.h"
 #include "shell/logo.h"
-#include "shell/quick_start_setting.h"
 
 namespace shell {
 
@@ -38,16 +38,16 @@ Form8::Form8(core::Language idioma, QWidget* parent) : QWidget(parent, Qt::Dialo
     m_recent = addButton(QStringLiteral("Command3"), "document-open-recent", &Form8::recentChosen);
     m_open = addButton(QStringLiteral("Command2"), "document-open", &Form8::openChosen);
     m_create = addButton(QStringLiteral("Command1"), "document-new", &Form8::createChosen);
-    m_recentHeading = addLabel(new QLabel(controls::qtext(recentFile.in(idioma)), this),
+    m_recentHeading = addLabel(new QLabel(platform::qtext(recentFile.in(idioma)), this),
                                QStringLiteral("Label2"), m_recent);
     m_recentName =
         addLabel(new frame::ElidedLabel(this, Qt::ElideMiddle), QStringLiteral("Label1"), m_recent);
     m_recentName->setFixedWidth(nameWidth);
     auto* open =
-        addLabel(new QLabel(controls::qtext(openFile.in(idioma)), this), QStringLiteral("Label3"), m_open);
-    auto* create = addLabel(new QLabel(controls::qtext(createFile.in(idioma)), this),
+        addLabel(new QLabel(platform::qtext(openFile.in(idioma)), this), QStringLiteral("Label3"), m_open);
+    auto* create = addLabel(new QLabel(platform::qtext(createFile.in(idioma)), this),
                             QStringLiteral("Label4"), m_create);
-    m_notAgain = new QCheckBox(controls::qtext(notAgain.in(idioma)), this);
+    m_notAgain = new QCheckBox(platform::qtext(notAgain.in(idioma)), this);
     m_notAgain->setObjectName(QStringLiteral("Check1"));
     m_notAgain->setAccessibleName(m_notAgain->text());
 

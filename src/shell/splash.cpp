@@ -6,8 +6,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "controls/qtext.h"
 #include "frame/captions.h"
+#include "platform/qtext.h"
 #include "shell/links.h"
 #include "shell/logo.h"
 
@@ -58,15 +58,15 @@ void Form2::buildContents() {
     large.setPointSizeF(large.pointSizeF() * 2.4);
     large.setBold(true);
     name->setFont(large);
-    auto* line = new QLabel(controls::qtext(purpose.in(m_idioma)), this);
+    auto* line = new QLabel(platform::qtext(purpose.in(m_idioma)), this);
     line->setObjectName(QStringLiteral("Label3"));
     auto* number =
-        new QLabel(controls::qtext(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
+        new QLabel(platform::qtext(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
     number->setObjectName(QStringLiteral("Label2"));
     auto* mail = new QLabel(
-        QStringLiteral("<a href=\"mail\">%1</a>").arg(controls::qtext(writeToUs.in(m_idioma))), this);
+        QStringLiteral("<a href=\"mail\">%1</a>").arg(platform::qtext(writeToUs.in(m_idioma))), this);
     mail->setObjectName(QStringLiteral("Label4"));
-    mail->setAccessibleName(controls::qtext(writeToUs.in(m_idioma)));
+    mail->setAccessibleName(platform::qtext(writeToUs.in(m_idioma)));
     mail->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(mail, &QLabel::linkActivated, this, [] { openAuthorMail(); });
 

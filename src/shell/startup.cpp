@@ -8,11 +8,10 @@
 #include "platform/command_line.h"
 #include "platform/files.h"
 #include "platform/settings.h"
-#include "shell/language_choice.h"
+#include "shell/kept_choices.h"
 #include "shell/language_chooser.h"
 #include "shell/logo.h"
 #include "shell/quick_start.h"
-#include "shell/quick_start_setting.h"
 #include "shell/splash.h"
 #include "shell/toolkit_words.h"
 

@@ -8,7 +8,7 @@
 
 #include "lists/column_sort.h"
 #include "print/print_action.h"
-#include "shell/language_choice.h"
+#include "shell/kept_choices.h"
 #include "shell/links.h"
 #include "shell/main_window.h"
 #include "shell/main_window_parts.h"

@@ -1,12 +1,12 @@
 #include "stats/statistics_action.h"
 
-#include "controls/qtext.h"
 #include "core/failure.h"
 #include "frame/catalogue.h"
 #include "frame/frame.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
+#include "platform/qtext.h"
 #include "stats/statistics_window.h"
 
 namespace stats {
@@ -44,7 +44,7 @@ void StatisticsAction::graficar1(const Selection& selection, core::Counters& cou
             m_frame.status.setProgress(0);
             m_frame.status.hideProgress();
             hourglass.reset();  // the box is answered with an ordinary pointer
-            m_frame.messages.show(controls::qtext(noFiles.in(m_frame.idioma)));
+            m_frame.messages.show(platform::qtext(noFiles.in(m_frame.idioma)));
             return;
         }
     }

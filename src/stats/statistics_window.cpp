@@ -12,9 +12,9 @@
 
 #include "controls/accessible.h"
 #include "controls/pictures.h"
-#include "controls/qtext.h"
 #include "controls/screen_fit.h"
 #include "frame/dialogs.h"
+#include "platform/qtext.h"
 #include "stats/bar_chart_2d.h"
 #include "stats/bar_chart_3d.h"
 #include "stats/pie_chart.h"
@@ -23,7 +23,7 @@
 namespace stats {
 namespace {
 
-using controls::qtext;
+using platform::qtext;
 
 constexpr core::Bilingual heading{"Estadisticas", "Statistics"};
 constexpr core::Bilingual columnHeads[] = {

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "platform/qtext.h"
-
-namespace controls {
-
-using platform::qtext;
-
-}  // namespace controls
