@@ -56,7 +56,7 @@ TEST_F(CopyTest, WhoWaitsIsToldHowFarItIs) {
     };
     ASSERT_TRUE(engine::CopyDatabase(path, copy));
     expectAllTold();
-    ASSERT_TRUE(engine::CompactInPlace(path, folder / "between"));
+    ASSERT_TRUE(engine::CompactDatabase(path, folder / "between"));
     EXPECT_LT(shares.front(), 1);
     expectAllTold();
     signs = 0;
