@@ -1,11 +1,17 @@
 #include "engine/repair/raw_pages.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <bit>
+#include <cerrno>
+#include <limits>
 
 #include "engine/file/sqlite_error.h"
 #include "engine/format.h"
+#include "platform/held_files.h"
 
 namespace engine {
 
@@ -44,7 +50,13 @@ RawPages::RawPages(sqlite3* database) {
     if (!isPageSize(m_pageSize))
         m_pageSize = engine::pageSize;  // the header is damaged; ours are of this size
     if (m_reserved > m_pageSize - 480) m_reserved = 0;
-    m_count = static_cast<std::uint32_t>((size + m_pageSize - 1) / m_pageSize);
+    constexpr sqlite3_int64 mostPages = std::numeric_limits<std::uint32_t>::max() - 1;
+    m_count = static_cast<std::uint32_t>(std::min((size + m_pageSize - 1) / m_pageSize, mostPages));
+    m_descriptor = ::open(sqlite3_db_filename(database, "main"), O_RDONLY | O_CLOEXEC);
+}
+
+RawPages::~RawPages() {
+    if (m_descriptor >= 0) platform::closeKeepingLocks(m_descriptor);
 }
 
 bool RawPages::readAt(std::int64_t offset, Page& bytes) const {
@@ -59,6 +71,13 @@ RawPages::Page RawPages::read(std::uint32_t number) const {
     Page page(m_pageSize);
     if (!readAt(static_cast<std::int64_t>(number - 1) * m_pageSize, page)) return {};
     return page;
+}
+
+std::uint32_t RawPages::nextWritten(std::uint32_t number) const {
+    if (number > m_count) return 0;
+    const off_t at = ::lseek(m_descriptor, static_cast<off_t>(number - 1) * m_pageSize, SEEK_DATA);
+    if (at < 0) return errno == ENXIO ? 0 : number;  // not every file system knows its holes
+    return static_cast<std::uint32_t>(at / m_pageSize) + 1;
 }
 
 std::set<std::uint32_t> RawPages::freePages() const {

@@ -12,15 +12,17 @@ struct sqlite3_file;
 
 namespace engine {
 
-// The pages of a database file that may be damaged, as they lie in the file that SQLite has opened: by its
-// descriptor, since closing one of our own would drop its locks. Page numbers count from 1, as SQLite's do;
-// the last page may be cut short and is filled up with zeros.
+// The pages of a database file that may be damaged, as they lie in the file that SQLite has opened. Page
+// numbers count from 1, as SQLite's do; the last page may be cut short and is filled up with zeros.
 class RawPages {
   public:
     using Page = std::vector<unsigned char>;
 
     // `database` must outlive it. A file without a whole header has no pages.
     explicit RawPages(sqlite3* database);
+    ~RawPages();
+    RawPages(const RawPages&) = delete;
+    RawPages& operator=(const RawPages&) = delete;
 
     // The disk's failure, if there was one: what was read until now may lack something.
     [[nodiscard]] const std::optional<Error>& failure() const { return m_failure; }
@@ -32,6 +34,10 @@ class RawPages {
     // Empty when there is no such page.
     [[nodiscard]] Page read(std::uint32_t number) const;
 
+    // The first page from `number` on that was ever written; 0 when there is none. A damaged journal can
+    // leave a file of many terabytes that is nearly all hole.
+    [[nodiscard]] std::uint32_t nextWritten(std::uint32_t number) const;
+
     // The pages that the file's own list calls free, as far as the list can be followed.
     [[nodiscard]] std::set<std::uint32_t> freePages() const;
 
@@ -39,6 +45,7 @@ class RawPages {
     [[nodiscard]] bool readAt(std::int64_t offset, Page& bytes) const;
 
     sqlite3_file* m_file = nullptr;
+    int m_descriptor = -1;  // of our own, which only looks for holes
     mutable std::optional<Error> m_failure;
     std::uint32_t m_pageSize = 0;
     std::uint32_t m_reserved = 0;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -23,8 +24,7 @@ struct RawRow {
 // of pages. Damage makes a few do so, which a small multiple of an honest file's cost allows.
 class DecodingLimit {
   public:
-    explicit DecodingLimit(const RawPages& pages)
-        : m_pageSize(pages.pageSize()), m_reads(std::size_t{pages.count()} + 1) {}
+    explicit DecodingLimit(const RawPages& pages) : m_pageSize(pages.pageSize()) {}
 
     void beginPage() { m_left = timesEach * std::uint64_t{m_pageSize}; }
     [[nodiscard]] bool allowsBytes(std::uint64_t bytes) {
@@ -32,15 +32,13 @@ class DecodingLimit {
         m_left -= bytes;
         return true;
     }
-    [[nodiscard]] bool allowsOverflowPage(std::uint32_t number) {
-        return number < m_reads.size() && ++m_reads[number] <= timesEach;
-    }
+    [[nodiscard]] bool allowsOverflowPage(std::uint32_t number) { return ++m_reads[number] <= timesEach; }
 
   private:
-    static constexpr std::uint8_t timesEach = 8;
+    static constexpr unsigned timesEach = 8;
     std::uint32_t m_pageSize;
-    std::uint64_t m_left = 0;           // of the page's own bytes
-    std::vector<std::uint8_t> m_reads;  // of each page as a part of a longer row
+    std::uint64_t m_left = 0;                             // of the page's own bytes
+    std::unordered_map<std::uint32_t, unsigned> m_reads;  // of each page as a part of a longer row
 };
 
 // The row whose cell begins at `at` of a leaf page. Nothing when what lies there is no whole row of our

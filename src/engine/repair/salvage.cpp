@@ -73,7 +73,8 @@ class Walk {
 
     void takeLostLeaves() {
         const auto free = m_pages.freePages();
-        for (std::uint32_t number = 2; number <= m_pages.count() && !m_stopped; ++number) {
+        for (std::uint32_t number = m_pages.nextWritten(2); number != 0 && !m_stopped;
+             number = m_pages.nextWritten(number + 1)) {
             if (m_seen.contains(number) || free.contains(number)) continue;
             const RawPages::Page page = m_pages.read(number);
             if (!page.empty()) takeLeaf(TreePage(page, number), false);
