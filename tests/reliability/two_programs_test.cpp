@@ -1,7 +1,7 @@
 // Several copies of the program on one catalogue: none crashes, and what one of them reported as done stays
 // done.
 //
-//     reliability_two_programs_test [SECONDS]      of four programs at once; 1 unless told
+//     ROUNDS=SECONDS reliability_two_programs_test     of four programs at once; 1 unless told
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,6 @@
 #include <atomic>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -17,11 +16,10 @@
 
 #include "reliability/catalogue_check.h"
 #include "reliability/program.h"
+#include "support/rounds.h"
 #include "support/temporary_folder.h"
 
 namespace {
-
-int crowdedSeconds = 1;
 
 class TwoPrograms : public testing::Test {
   protected:
@@ -40,7 +38,7 @@ class TwoPrograms : public testing::Test {
 };
 
 TEST_F(TwoPrograms, FourOfThemLoseNothing) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(crowdedSeconds);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(test::rounds(1));
     const auto repeat = [&](const std::function<void(const std::string& round)>& work) {
         return std::thread([end, work] {
             for (int i = 1; i == 1 || std::chrono::steady_clock::now() < end; ++i) work(std::to_string(i));
@@ -115,9 +113,3 @@ TEST_F(TwoPrograms, ARequestToTerminateLeavesNoTemporaryFile) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    if (argc > 1) crowdedSeconds = std::atoi(argv[1]);
-    return RUN_ALL_TESTS();
-}
