@@ -13,7 +13,7 @@
 #include "cli/interrupt.h"
 #include "cli/output.h"
 #include "cli/progress.h"
-#include "core/serial_date.h"
+#include "core/first_use.h"
 #include "platform/settings.h"
 #include "platform/temporary_file.h"
 
@@ -67,7 +67,7 @@ int run(const cli::Arguments& arguments) {
         return cli::Done;
     }
     cli::endOnInterrupt(language);
-    static_cast<void>(core::dateText(0));  // memory that Qt lacks for its calendar later ends the program
+    core::loadLibraryTables();
     const cli::Progress progress("zarquelin-cli " + std::string(arguments.command->name));
     return arguments.command->run({arguments, language});
 }

@@ -7,6 +7,7 @@
 #include <new>
 #include <system_error>
 
+#include "core/first_use.h"
 #include "core/language.h"
 #include "platform/settings.h"
 
@@ -39,6 +40,7 @@ void tellThatItFailed() {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     (void)reserve();
+    core::loadLibraryTables();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
