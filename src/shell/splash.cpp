@@ -63,11 +63,12 @@ void Form2::buildContents() {
     auto* number =
         new QLabel(platform::qtext(version.in(m_idioma)) + QStringLiteral(ZARQUELIN_VERSION), this);
     number->setObjectName(QStringLiteral("Label2"));
-    auto* mail = new QLabel(
-        QStringLiteral("<a href=\"mail\">%1</a>").arg(platform::qtext(writeToUs.in(m_idioma))), this);
+    auto* mail = new QLabel(this);
     mail->setObjectName(QStringLiteral("Label4"));
-    mail->setAccessibleName(platform::qtext(writeToUs.in(m_idioma)));
     mail->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    // With the first text screen readers learn what it is.
+    mail->setText(QStringLiteral("<a href=\"mail\">%1</a>").arg(platform::qtext(writeToUs.in(m_idioma))));
+    mail->setAccessibleName(platform::qtext(writeToUs.in(m_idioma)));
     connect(mail, &QLabel::linkActivated, this, [] { openAuthorMail(); });
 
     auto* words = new QVBoxLayout;

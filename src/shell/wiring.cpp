@@ -6,6 +6,7 @@
 #include <functional>
 #include <utility>
 
+#include "frame/pointer.h"
 #include "lists/column_sort.h"
 #include "print/print_action.h"
 #include "shell/kept_choices.h"
@@ -135,6 +136,7 @@ void Form1::connectControls() {
         connect(list, &lists::ItemList::itemActivated, this,
                 [&parts, list](int) { parts.listActivation.doubleClicked(*list); });
         connect(list, &lists::ItemList::columnClicked, list, [list](int column) {
+            const frame::Hourglass hourglass;  // millions of rows take seconds
             list->sort(lists::sortingAfterClick(list->store().sorting(), column));
         });
         connect(list, &lists::ItemList::mousePressed, this, [this] { listPressed(); });
