@@ -205,7 +205,10 @@ TEST_F(Program, SaysThatItWasInterrupted) {
         test::Program import({ZARQUELIN_CLI, "import", cat, pipe});
         std::ofstream given(pipe);
         given << others << std::flush;
-        import.send(signal);
+        if (signal == SIGINT)
+            import.send(signal);
+        else
+            while (import.isRunning()) import.send(signal);  // the second one ends whatever it is
         given.close();
         EXPECT_EQ(import.wait(), 128 + signal);
     }

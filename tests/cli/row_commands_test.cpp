@@ -86,6 +86,8 @@ TEST_F(RowCommands, ListShowsWhatAClickOnTheNodeDoes) {
     EXPECT_EQ(listed({"list", "zoo", "zoo"}), "Año|a.txt|");
     EXPECT_EQ(listed({"list", "Zoo", "\\ZOO\\aÑo\\"}), "b.txt|") << "spelled otherwise than in the catalogue";
     EXPECT_EQ(listed({"list", "Zoo", "Fotos :"}), "in.txt|") << "not what lies in the unit of that name";
+    catalogue.add(test::fileRow("ZOO :", "E:\\", "a.txt"));
+    EXPECT_EQ(run({"delete", "Zoo"}).status, cli::WrongUsage) << "the other unit would go with it";
     EXPECT_TRUE(run({"list", "Zoo", "zoo/Año", "--json"})
                     .output.starts_with(R"({"numero":9,"ruta":"E:\\zoo\\Año","carpeta":"Año",)"));
     for (const char* path : {"Año", "arte\\none", "zoo/a.txt", "x'; delete * from datos"}) {

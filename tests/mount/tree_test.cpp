@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QUtf8StringView>
 #include <filesystem>
 #include <limits>
 #include <map>
@@ -117,7 +118,7 @@ TEST_F(TheTree, KeepsNamesApartThatDifferAndShowsEqualOnesOnce) {
 }
 
 TEST_F(TheTree, GivesEveryNameBackAsAFileName) {
-    const std::string quote = "O'Hara :", longest(300, 'x');
+    const std::string quote = "O'Hara :", longest = 'x' + core::replaceAll(std::string(150, 'n'), "n", "ñ");
     {
         auto database = catalogue.open();  // as no field lets them be typed
         for (const std::string& disco :
@@ -135,6 +136,7 @@ TEST_F(TheTree, GivesEveryNameBackAsAFileName) {
     for (const std::string& unit : units) {
         EXPECT_TRUE(!unit.empty() && unit.size() <= 255 && unit != "." && unit != "..") << unit;
         EXPECT_EQ(unit.find('/'), unit.npos) << unit;
+        EXPECT_TRUE(QUtf8StringView(unit).isValidUtf8()) << unit;
         const Names files = list({unit});
         ASSERT_EQ(files.size(), 1U) << unit;
         found[at({unit, files[0]})->row.name] = unit;
@@ -173,6 +175,14 @@ TEST_F(TheTree, ShowsAChangeAndKeepsTheNumbersOfWhatStays) {
     std::filesystem::rename(other.path, catalogue.path);
     ASSERT_TRUE(tree.refresh());
     EXPECT_EQ(list({}), Names{"W"});
+}
+
+TEST_F(TheTree, ReadsAnewWhatChangedWhileItWasRead) {
+    add({test::folderRow("U :", "E:\\a"), test::folderRow("U :", "E:\\a\\b"),
+         test::fileRow("U :", "E:\\a", "x")});
+    ASSERT_TRUE(at({"U", "a", "b"}));  // the folders are known, the files not yet
+    ASSERT_TRUE(catalogue.open().Execute("delete * from datos where carpeta=('b')"));
+    EXPECT_EQ(list({"U", "a"}), Names{"x"});
 }
 
 TEST_F(TheTree, FailsInsteadOfListingLess) {

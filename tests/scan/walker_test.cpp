@@ -108,6 +108,7 @@ TEST_F(Walk, GivesLinksAndPipesARowAndOpensNone) {
     EXPECT_EQ(scanned("t"), (Lines{R"(1 E:\t\away away - -)", R"(1 E:\t\real real - -)",
                                    R"(2 E:\t\real\loop loop - -)", R"(1 E:\t t dangling 0)",
                                    R"(1 E:\t t pipe 0)", R"(1 E:\t t ring 0)", R"(1 E:\t t tofile 4)"}));
+    EXPECT_EQ(watcher.unread, Lines());
 }
 
 // What was listed is gone, or a link to elsewhere, when its turn comes.

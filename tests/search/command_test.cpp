@@ -76,7 +76,7 @@ TEST(SearchCommand, ExplainNeedsNoCatalogue) {
 TEST(SearchCommand, RefusesWhatCouldNotBeAsked) {
     for (const char* words :
          {"c", "c|", "c|x|--note|", "c|x|--type|all", "c|x|--from|2003-01-01", "c|x|--max-kb|5",
-          "c|x|--from|2003-02-30|--to|2003-03-01", "c|x|--from|2003-2-3|--to|2003-03-01",
+          "c|x|--from|2003-02-30|--to|2003-03-05", "c|x|--from|2003-2-3|--to|2003-03-01",
           "c|x|--from|2003-01-02|--to|2003-01-01", "c|x|--min-kb|a|--max-kb|5", "c|x|--min-kb||--max-kb|5",
           "c|x|--min-kb| 1|--max-kb|5", "c|x|--min-kb|1e3|--max-kb|5000", "c|x|--min-kb|6|--max-kb|5"})
         EXPECT_EQ(run(test::parts(words)).status, cli::WrongUsage) << words;
