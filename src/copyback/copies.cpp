@@ -18,7 +18,7 @@ std::string lastFolders(std::string_view base, std::size_t count) {
     std::string path;
     while (base.ends_with('\\')) base.remove_suffix(1);
     for (; count > 0 && !base.empty(); --count) {
-        path = '/' + platform::toDiskName(core::lastComponent(base)) + path;
+        path.insert(0, '/' + platform::toDiskName(core::lastComponent(base)));
         const std::size_t at = base.rfind('\\');
         base = base.substr(0, at == base.npos ? 0 : at);
     }

@@ -19,7 +19,8 @@ void Waiting::giveSign(std::optional<double> share) noexcept {
     if (!newest) return;
     try {
         newest->m_sign(share);
-    } catch (...) {  // a sign that is not seen is no reason to break off the work
+    } catch (...) {
+        return;  // a sign that is not seen is no reason to break off the work
     }
 }
 

@@ -39,7 +39,7 @@ bool holdsHalfOf(const TopLevel& expected, const std::string& nativePath) {
 std::optional<std::string> descend(const platform::Drives& drives, const std::string& there,
                                    std::string_view rest) {
     while (rest.starts_with('\\')) rest.remove_prefix(1);
-    const auto native = drives.toNativePath(there);
+    auto native = drives.toNativePath(there);
     if (!native || !platform::FolderExists(*native)) return std::nullopt;
     if (rest.empty()) return native;
     const std::string_view component = rest.substr(0, rest.find('\\'));
