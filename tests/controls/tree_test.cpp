@@ -40,8 +40,6 @@ class TreeTest : public testing::Test {
     QSignalSpy clicks;
 };
 
-using Nodes = std::vector<int>;
-
 TEST_F(TreeTest, RemovalTakesAllBelowAndClosesTheGapInTheIndices) {
     EXPECT_EQ(tree.addNode(99, "lost", 1, 1), noNode);
     EXPECT_EQ(tree.nodes().indexOf(c), 5);

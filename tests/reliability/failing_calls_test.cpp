@@ -3,16 +3,12 @@
 // hold.
 //
 //     ROUNDS=CALLS reliability_failing_calls_test     of each kind and command; 1 unless told, 0 is every one
-//
-// Prints a table of the outcomes when it is told a number.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <map>
 #include <random>
 
@@ -27,7 +23,6 @@ using Words = std::vector<std::string>;
 
 constexpr int done = 0, nothingThere = 1, unusable = 3;
 const int callsOfEach = test::rounds(1);
-const bool printsTable = std::getenv("ROUNDS") != nullptr;
 
 enum class Kind {
     Reads,    // and prints what it finds
@@ -185,7 +180,6 @@ TEST_F(FailingCalls, EndInTheOldStateOrTheNewOneAndAreTold) {
         const auto counts = countsOf(command);
         ASSERT_LE(whole.status, nothingThere) << name << ": " << whole.output;
         for (const auto& [kind, count] : counts) {
-            std::map<int, int> outcomes;  // by status
             for (const bool on : {false, true})
                 for (int i = 0; i < (callsOfEach > 0 ? std::min(callsOfEach, count) : count); ++i) {
                     const int n = callsOfEach > 0
@@ -194,13 +188,8 @@ TEST_F(FailingCalls, EndInTheOldStateOrTheNewOneAndAreTold) {
                     const std::string failing = kind + ' ' + std::to_string(n) + (on ? " on" : "");
                     SCOPED_TRACE(name + ", " + failing);
                     const Outcome now = run(command, "FAILING_CALLS=" + failing);
-                    ++outcomes[now.status];
                     expectTrue(command, failing, now);
                 }
-            if (!printsTable || outcomes.empty()) continue;
-            std::cout << name << '\t' << kind;
-            for (const auto& [status, times] : outcomes) std::cout << '\t' << times << " x status " << status;
-            std::cout << std::endl;
         }
     }
 }

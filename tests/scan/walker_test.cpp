@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "core/serial_date.h"
@@ -165,6 +166,22 @@ TEST_F(Walk, CountsOnFromTheNumberOfRows) {
     std::vector<std::int64_t> numeros;
     for (const auto& row : catalogue.rows()) numeros.push_back(row.numero);
     EXPECT_EQ(numeros, (std::vector<std::int64_t>{4, 4, 5, 5, 6, 6}));
+}
+
+TEST(Listing, OrdersByNameWithoutRegardToCaseThenByBytes) {
+    const Lines expected{".x", "10",     "9",      "a",      "A b",  "abcdefgh", "ABCDEFGHa", "abcdefghB",
+                         "Ba", "README", "Readme", "readme", "zeta", "áb",       "Ác",        "Ñu"};
+    Lines shuffled = expected;
+    for (int i = 0; i < 50; ++i) {
+        std::ranges::rotate(shuffled, shuffled.begin() + 5);
+        std::swap(shuffled.front(), shuffled[i % shuffled.size()]);
+        scan::Listing listing;
+        for (const std::string& name : shuffled) listing.addFile(name, false);
+        listing.sort();
+        Lines inOrder;
+        for (const auto& entry : listing.files()) inOrder.emplace_back(listing.name(entry));
+        EXPECT_EQ(inOrder, expected);
+    }
 }
 
 }  // namespace

@@ -2,15 +2,13 @@
 
 #include <QScreen>
 
-#include "shell/language_chooser.h"
-#include "shell/quick_start.h"
-#include "support/main_window.h"
+#include "support/every_window.h"
 
 namespace {
 
 using core::Language;
 
-class Screens : public test::MainWindow {
+class Screens : public test::EveryWindow {
   protected:
     // The window and every control that shows in it lie within the screen.
     void expectInside(const QWidget& window) {
@@ -30,30 +28,13 @@ class Screens : public test::MainWindow {
 };
 
 TEST_F(Screens, HoldEveryWindow) {
-    for (const Language idioma : {Language::Spanish, Language::English}) {
-        startWithFotos(idioma);
-        choose("explorar");
-        click("Fotos :");
-        for (const char* size : {"Pequeño", "Grande"}) {
-            choose(size);
-            expectInside(*form);
-        }
-        choose("graficos");
-        expectInside(control("Form4"));
-        choose("Propiedades");
-        expectInside(control("Form3"));
-        choose("buscar");
-        expectInside(*form);
-        choose("explore");
-        expectInside(*form);
-        shell::Form8 quickStart(idioma);
-        quickStart.setRecent(QString(300, u'a'));
-        shell::Form5 chooser;
-        for (QWidget* window : {static_cast<QWidget*>(&quickStart), static_cast<QWidget*>(&chooser)}) {
-            window->show();
-            expectInside(*window);
-        }
-    }
+    for (const Language idioma : {Language::Spanish, Language::English})
+        showEach(idioma, [this](QWidget& window) {
+            for (const char* size : {"Pequeño", "Grande"}) {
+                choose(size);
+                expectInside(window);
+            }
+        });
 }
 
 }  // namespace
