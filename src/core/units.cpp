@@ -87,23 +87,13 @@ engine::Result<long long> totalRows(engine::Database& database) {
 }
 
 engine::Result<Counters> countAll(engine::Database& database) {
-    struct Count {
-        long long Counters::*counter;
-        std::string_view select;
-    };
-    constexpr Count counts[]{
-        {&Counters::contadorunidades, "select disco from datos group by disco"},
-        {&Counters::contadorcarpetas,
-         "select * from datos where  tipo =('Carpeta de archivos')  order by carpeta "},
-        {&Counters::contadorarchivos, "select * from datos where  tipo =('archivo')  order by archivo "},
-    };
-    Counters counters;
-    for (const Count& count : counts) {
-        const auto number = recordCount(database, count.select);
-        if (!number) return std::unexpected(number.error());
-        counters.*count.counter = *number;
-    }
-    return counters;
+    const auto units = recordCount(database, "select disco from datos group by disco");
+    if (!units) return std::unexpected(units.error());
+    constexpr std::string_view kinds[]{folderTipo, fileTipo};
+    const auto counts = database.CountKinds(kinds);
+    if (!counts) return std::unexpected(counts.error());
+    return Counters{
+        .contadorunidades = *units, .contadorcarpetas = (*counts)[0], .contadorarchivos = (*counts)[1]};
 }
 
 std::string statusText(const Counters& counters, Language language) {

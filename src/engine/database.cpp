@@ -72,6 +72,24 @@ Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     });
 }
 
+Result<std::vector<long long>> Database::CountKinds(std::span<const std::string_view> tipos) {
+    return guarded([&]() -> Result<std::vector<long long>> {
+        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        std::string sql;
+        for (std::size_t i = 0; i < tipos.size(); ++i)
+            sql.append(i == 0 ? "select " : ", ")
+                .append("count(*) filter (where tipo = ? collate engine_folded)");
+        auto row = m_impl->connection->prepare(sql + " from datos");
+        if (!row) return std::unexpected(row.error());
+        int column = 0;
+        for (const std::string_view tipo : tipos) row->bind(column++, tipo);
+        if (row->step() != Prepared::Step::Row) return std::unexpected(m_impl->connection->lastError());
+        std::vector<long long> counts;
+        for (int i = 0; i < column; ++i) counts.push_back(row->integer(i));
+        return counts;
+    });
+}
+
 // What was written is in the old file; what is still to be written belongs to the new one.
 Result<> Database::followReplacement() {
     const Connection& connection = *m_impl->connection;
