@@ -65,7 +65,9 @@ void TreeModel::tell(Node node) {
     for (auto parent = above.rbegin(); parent != above.rend(); ++parent) fetchMore(place(*parent));
 }
 
+// What is below a node was added behind it.
 void TreeModel::forget(Node node) {
+    const int first = entry(node).index - 1;
     std::vector<Node> pending{node};
     while (!pending.empty()) {
         const Node next = pending.back();
@@ -74,9 +76,9 @@ void TreeModel::forget(Node node) {
         pending.insert(pending.end(), gone.children.begin(), gone.children.end());
         gone = Entry{};
     }
-    std::erase_if(m_inOrder, [this](Node kept) { return entry(kept).index == 0; });
-    for (std::size_t at = 0; at < m_inOrder.size(); ++at)
-        entry(m_inOrder[at]).index = static_cast<int>(at) + 1;
+    const auto isGone = [this](Node kept) { return entry(kept).index == 0; };
+    m_inOrder.erase(std::remove_if(m_inOrder.begin() + first, m_inOrder.end(), isGone), m_inOrder.end());
+    for (int at = first; at < count(); ++at) entry(nodeAt(at + 1)).index = at + 1;
 }
 
 void TreeModel::remove(Node node) {
