@@ -14,6 +14,7 @@ namespace cli {
 // Text as a terminal may show it: no character of it breaks the line, moves the cursor or turns the reading
 // direction. Such characters, and bytes that are no UTF-8, show as \n, \t, \xNN or \u{NNNN}.
 [[nodiscard]] std::string shown(std::string_view text);
+void appendShown(std::string& out, std::string_view text);
 // The same of a note, which keeps its line ends.
 [[nodiscard]] std::string shownNote(std::string_view note);
 

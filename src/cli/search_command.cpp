@@ -36,18 +36,25 @@ class Printer : public search::ResultSink {
         const core::CatalogRow row = core::readRow(rows);
         if (!m_disco.empty() && row.disco != m_disco) return;  // a unit whose name differs in case
         m_foundAny = true;
-        if (!m_output.forPrograms(row)) print(m_prefix + plainRow(row));
+        if (!m_output.forPrograms(row)) printPlain(row);
     }
     [[nodiscard]] int status() const { return m_output.status(m_foundAny); }
 
   private:
-    static std::string plainRow(const core::CatalogRow& row) {
-        return shown(core::unitName(row.disco)) + '\t' + shown(core::drivePathOf(row)) + '\t' +
-               (row.largo ? std::to_string(*row.largo) : std::string()) + '\n';
+    void printPlain(const core::CatalogRow& row) {
+        m_line = m_prefix;
+        appendShown(m_line, core::unitName(row.disco));
+        m_line += '\t';
+        appendShown(m_line, core::drivePathOf(row));
+        m_line += '\t';
+        if (row.largo) m_line += std::to_string(*row.largo);
+        m_line += '\n';
+        print(m_line);
     }
 
     RowOutput m_output;
     std::string m_prefix;
+    std::string m_line;  // keeps its room from row to row
     std::string m_disco;
     bool m_foundAny = false;
 };

@@ -39,7 +39,7 @@ class Prepared {
     void release();
 
     [[nodiscard]] sqlite3_stmt* get() const { return m_entry ? m_entry->statement : nullptr; }
-    [[nodiscard]] std::string_view text(int column) const;  // holds until the next step
+    [[nodiscard]] std::string_view text(int column) const;  // until the next step; no data for a null
     [[nodiscard]] std::int64_t integer(int column) const;
     [[nodiscard]] double number(int column) const;
     [[nodiscard]] bool isNull(int column) const;

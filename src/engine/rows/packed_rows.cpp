@@ -45,12 +45,12 @@ const char* PackedRows::add(const Prepared& row, const std::vector<Column>& fiel
     for (std::size_t i = 0; i < count; ++i) {
         const int column = static_cast<int>(i);
         size += sizeof(Tag);
-        if (row.isNull(column)) continue;
         if (info(fields[i]).type == Type::Text) {
             const std::string_view text = row.text(column);
+            if (!text.data()) continue;
             sources[i] = {static_cast<Tag>(text.size()) + firstText, text.data()};
             size += text.size();
-        } else {
+        } else if (!row.isNull(column)) {
             sources[i] = {numberTag, nullptr, row.number(column)};
             size += sizeof(double);
         }
