@@ -33,8 +33,12 @@ struct Line {
              !changed.wait_for(lock, wait, [this] { return !wanted; }); wait = progressEvery) {
             const auto seconds =
                 std::chrono::floor<std::chrono::seconds>(std::chrono::steady_clock::now() - begun);
-            const std::string told = text.empty() ? std::to_string(seconds.count()) + " s" : text;
-            std::fprintf(stderr, "\r%s: %s\x1b[K", title.c_str(), told.c_str());
+            // Without a copy of the text: nobody would catch it if there was no memory for one.
+            if (text.empty())
+                std::fprintf(stderr, "\r%s: %lld s\x1b[K", title.c_str(),
+                             static_cast<long long>(seconds.count()));
+            else
+                std::fprintf(stderr, "\r%s: %s\x1b[K", title.c_str(), text.c_str());
             shown = true;
         }
     }

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <mutex>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -66,13 +67,17 @@ bool HeldFile::isHeld(const std::string& path) {
     return file && isHeld(*file);
 }
 
-bool closeKeepingLocks(int descriptor) {
+bool closeKeepingLocks(int descriptor) noexcept {
     struct stat status {};
     if (::fstat(descriptor, &status) != 0) return ::close(descriptor) == 0;
     const std::scoped_lock lock(theRegister().guard);
     const auto found = theRegister().files.find({status.st_dev, status.st_ino});
     if (found == theRegister().files.end()) return ::close(descriptor) == 0;
-    found->second.closedLater.push_back(descriptor);
+    try {
+        found->second.closedLater.push_back(descriptor);
+    } catch (const std::bad_alloc&) {
+        // It stays open, which is worth less than the locks.
+    }
     return true;
 }
 

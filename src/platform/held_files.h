@@ -35,6 +35,6 @@ class HeldFile {
 };
 
 // Closes a descriptor: at once, or with the last hold on its file. False when closing fails.
-bool closeKeepingLocks(int descriptor);
+bool closeKeepingLocks(int descriptor) noexcept;
 
 }  // namespace platform
