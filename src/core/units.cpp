@@ -89,8 +89,11 @@ engine::Result<long long> totalRows(engine::Database& database) {
 engine::Result<Counters> countAll(engine::Database& database) {
     const auto units = recordCount(database, "select disco from datos group by disco");
     if (!units) return std::unexpected(units.error());
-    constexpr std::string_view kinds[]{folderTipo, fileTipo};
-    const auto counts = database.CountKinds(kinds);
+    constexpr std::string_view foldersAndFiles[]{
+        "select * from datos where  tipo =('Carpeta de archivos')  order by carpeta ",
+        "select * from datos where  tipo =('archivo')  order by archivo ",
+    };
+    const auto counts = database.RecordCounts(foldersAndFiles);
     if (!counts) return std::unexpected(counts.error());
     return Counters{
         .contadorunidades = *units, .contadorcarpetas = (*counts)[0], .contadorarchivos = (*counts)[1]};

@@ -4,6 +4,7 @@
 #include "engine/guarded.h"
 #include "engine/recordset_impl.h"
 #include "engine/rows/change.h"
+#include "engine/rows/joint_count.h"
 #include "engine/rows/path_lookup.h"
 
 namespace engine {
@@ -72,21 +73,18 @@ Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     });
 }
 
-Result<std::vector<long long>> Database::CountKinds(std::span<const std::string_view> tipos) {
+Result<std::vector<long long>> Database::RecordCounts(std::span<const std::string_view> selects) {
     return guarded([&]() -> Result<std::vector<long long>> {
         if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-        std::string sql;
-        for (std::size_t i = 0; i < tipos.size(); ++i)
-            sql.append(i == 0 ? "select " : ", ")
-                .append("count(*) filter (where tipo = ? collate engine_folded)");
-        auto row = m_impl->connection->prepare(sql + " from datos");
-        if (!row) return std::unexpected(row.error());
-        int column = 0;
-        for (const std::string_view tipo : tipos) row->bind(column++, tipo);
-        if (row->step() != Prepared::Step::Row) return std::unexpected(m_impl->connection->lastError());
-        std::vector<long long> counts;
-        for (int i = 0; i < column; ++i) counts.push_back(row->integer(i));
-        return counts;
+        std::vector<Query> queries;
+        for (const std::string_view sql : selects) {
+            auto statement = m_impl->reader.read(sql);
+            if (!statement) return std::unexpected(statement.error());
+            if ((*statement)->kind != Statement::Select || !(*statement)->groupBy.empty())
+                return std::unexpected(syntaxError(sql));
+            queries.emplace_back(*statement, m_impl->reader.literals());
+        }
+        return countTogether(*m_impl->connection, *m_impl->units, queries);
     });
 }
 

@@ -40,9 +40,9 @@ class Database {
     // Opens the rows of a `select`, positioned on the first one. Rows are fetched as they are asked for.
     [[nodiscard]] Result<Recordset> OpenRecordset(std::string_view sql);
 
-    // How many rows have each of these words as their `tipo`, in one pass for all of them: a million rows
-    // take 0.08 s instead of 0.11 s for two.
-    [[nodiscard]] Result<std::vector<long long>> CountKinds(std::span<const std::string_view> tipos);
+    // The record counts of selects that group nothing, in one pass for all of them: for two of them over a
+    // million rows 0.08 s instead of 0.11 s.
+    [[nodiscard]] Result<std::vector<long long>> RecordCounts(std::span<const std::string_view> selects);
 
     // Explicit transactions; see Transaction for the scoped form. Not nested.
     [[nodiscard]] Result<> BeginTrans();

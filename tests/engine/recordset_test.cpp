@@ -1,3 +1,4 @@
+#include <array>
 #include <random>
 
 #include "catalogue_fixture.h"
@@ -5,6 +6,7 @@
 
 namespace {
 
+using namespace std::string_view_literals;
 using RecordsetTest = CatalogueTest;
 
 TEST_F(RecordsetTest, CountsWithoutMoving) {
@@ -30,6 +32,25 @@ TEST_F(RecordsetTest, CountsWithoutMoving) {
         EXPECT_TRUE(rows->Field("archivo").isNull());
         EXPECT_EQ(rows->error(), nullptr);
     }
+}
+
+TEST_F(RecordsetTest, CountsSeveralAtOnceAsOneByOne) {
+    auto db = open();
+    for (const char* name : {"b", "a", "C"}) addFile(db, "r", name);
+    constexpr std::string_view selects[]{
+        "select * from datos where  tipo =('ARCHIVO')  order by archivo ",
+        "select archivo from datos where archivo like '[a-b]' and largo=7",
+        "select * from datos where not disco =('other') or archivo =('c')",
+        "select * from datos",
+        "select * from datos where archivo is null",
+    };
+    const auto counts = db.RecordCounts(selects);
+    ASSERT_TRUE(counts);
+    for (std::size_t i = 0; i < std::size(selects); ++i)
+        EXPECT_EQ((*counts)[i], count(db, std::string(selects[i])));
+    EXPECT_EQ(counts->front(), 3);
+    EXPECT_FALSE(db.RecordCounts(std::array{"select disco from datos group by disco"sv}));
+    EXPECT_FALSE(db.RecordCounts(std::array{"delete * from datos"sv}));
 }
 
 TEST_F(RecordsetTest, EndsWithItsDatabase) {
