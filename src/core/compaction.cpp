@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 #include "core/catalogue_file.h"
 #include "engine/maintenance.h"
@@ -23,9 +24,11 @@ std::unexpected<engine::Error> failure(int number, std::string text) {
 // use; what a killed program left is replaced.
 class CompactedFile {
   public:
+    CompactedFile() = default;
+
     // "compactada.zrq" in the current directory or, where somebody's file of that name stands, the next free
-    // name.
-    CompactedFile() {
+    // name. What fails behind the making of the file leaves it to the destructor.
+    void create() {
         constexpr int namesToTry = 100;
         std::error_code failed;
         const fs::path folder = fs::current_path(failed);
@@ -33,14 +36,14 @@ class CompactedFile {
         const fs::path wanted(compactedName);
         for (int n = 1; n <= namesToTry && m_path.empty(); ++n) {
             const std::string number = n == 1 ? "" : '-' + std::to_string(n);
-            const fs::path path = folder / (wanted.stem().string() + number + wanted.extension().string());
+            std::string path = folder / (wanted.stem().string() + number + wanted.extension().string());
             if (engine::IsLeftByCompaction(path)) ::unlink(path.c_str());
             const int fd = ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
             if (fd < 0 && errno != EEXIST) return;
             if (fd < 0) continue;
             (void)platform::claimed(fd);
             m_descriptor = fd;
-            m_path = path;
+            m_path = std::move(path);
             m_registered.emplace(m_path);
         }
     }
@@ -71,7 +74,8 @@ engine::Result<> compactCatalogue(const std::string& path) {
         fs::perms::none)
         return failure(engine::error::readOnly, path + ": the file is read-only");
 
-    const CompactedFile compacted;
+    CompactedFile compacted;
+    compacted.create();
     if (compacted.path().empty())
         return failure(engine::error::cannotOpenFile, "no file can be made in the current directory");
     return engine::CompactDatabase(catalogue, compacted.path());
