@@ -56,7 +56,7 @@ class AccessibleButton : public ToldOnce {
     }
     // A button without a name of its own is called by what is written on it.
     [[nodiscard]] QString text(QAccessible::Text which) const override {
-        const QString told = ToldOnce::text(which);
+        QString told = ToldOnce::text(which);
         if (which != QAccessible::Name || !told.isEmpty()) return told;
         static const QRegularExpression mnemonic(QStringLiteral("&(.)"));
         return button().text().replace(mnemonic, QStringLiteral("\\1"));

@@ -67,16 +67,15 @@ void LikePattern::append(char32_t character) {
 }
 
 void LikePattern::compile(std::string_view pattern, Read read) {
+    const bool allWildcards = read == Read::AllWildcards;
     for (std::size_t i = 0; i < pattern.size();) {
         const char sign = pattern[i];
-        const std::size_t end = sign == '[' ? pattern.find(']', i) : pattern.npos;
+        const std::size_t end = allWildcards && sign == '[' ? pattern.find(']', i) : pattern.npos;
         if (sign == '*') {
             if (m_steps.empty() || m_steps.back().kind != Step::AnyRun)
                 m_steps.push_back({.kind = Step::AnyRun});
             ++i;
-        } else if (read == Read::StarsOnly) {
-            append(nextCharacter(pattern, i));
-        } else if (sign == '?' || sign == '#') {
+        } else if (allWildcards && (sign == '?' || sign == '#')) {
             m_steps.push_back({.kind = sign == '?' ? Step::AnyOne : Step::Digit});
             ++i;
         } else if (end != pattern.npos) {
