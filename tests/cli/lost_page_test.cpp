@@ -48,7 +48,7 @@ TEST(LostPage, OfTheIndexIsNeverAShorterAnswer) {
                                               {"units", path},
                                               {"rename", path, "Disc number 10", "Other"},
                                               {"delete", path, "Disc number 29"}};
-    int damaged = 0, told = 0;
+    int told = 0;
     for (const auto& command : commands) {
         // What the command says, and the rows as they are then.
         const auto outcomeOf = [&](const std::string& bytes, test::Outcome& outcome) {
@@ -66,7 +66,6 @@ TEST(LostPage, OfTheIndexIsNeverAShorterAnswer) {
                 hurt.replace(page, pageSize, pageSize, filler);
                 test::Outcome outcome;
                 const std::string found = outcomeOf(hurt, outcome);
-                ++damaged;
                 if (outcome.status == cli::Done) {
                     EXPECT_TRUE(found == expected) << command[0];
                     continue;
@@ -78,7 +77,6 @@ TEST(LostPage, OfTheIndexIsNeverAShorterAnswer) {
         }
     }
     EXPECT_GT(told, 0);
-    EXPECT_GT(damaged, 5 * std::ssize(commands));
 }
 
 }  // namespace

@@ -238,16 +238,15 @@ TEST_F(Rescan, RefusesWhatNoScanMade) {
 }
 
 TEST(Exclusion, MatchesNamesWithoutRegardToCase) {
-    const auto excludes = [](const char* pattern, const char* name) {
-        return scan::Exclusion{{"never", pattern}}.excludes(name);
-    };
-    EXPECT_TRUE(excludes("*.TMP", "a.tmp"));
-    EXPECT_TRUE(excludes("Ñ?[a-c]*", "ñéb"));
-    EXPECT_TRUE(excludes("*", ".hidden"));
-    EXPECT_TRUE(excludes("a*b", "a\xff/b"));
-    EXPECT_TRUE(excludes("[!a]", "b"));
-    EXPECT_FALSE(excludes("tmp", "a.tmp"));
-    EXPECT_FALSE(excludes("[", "a"));
+    using Pattern = std::pair<const char*, const char*>;  // and a name
+    for (const auto& [pattern, name] : {Pattern{"*.TMP", "a.tmp"},
+                                        {"Ñ?[a-c]*", "ñéb"},
+                                        {"*", ".hidden"},
+                                        {"a*b", "a\xff/b"},
+                                        {"[!a]", "b"}})
+        EXPECT_TRUE((scan::Exclusion{{"never", pattern}}.excludes(name))) << pattern;
+    for (const auto& [pattern, name] : {Pattern{"tmp", "a.tmp"}, {"[", "a"}})
+        EXPECT_FALSE((scan::Exclusion{{pattern}}.excludes(name))) << pattern;
     EXPECT_TRUE((scan::Exclusion{{}, true}).excludes(".git"));
     EXPECT_FALSE((scan::Exclusion{{}, true}).excludes("git."));
 }

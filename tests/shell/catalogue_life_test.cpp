@@ -1,7 +1,6 @@
 // How the window opens, copies and closes catalogue files, and what it makes of files that are none.
 
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <QMenu>
 #include <functional>
@@ -232,12 +231,6 @@ TEST_F(Bad, FoldersAndLockedAndReadOnlyFilesDoNoHarm) {
     useInEveryWay(readOnly);
     EXPECT_EQ(tree().nodes().count(), 5) << "the working copy can be cut down all the same";
     EXPECT_TRUE(test::readFile(readOnly) == bytes);
-
-    if (::geteuid() != 0) {
-        fs::permissions(readOnly, fs::perms::none);
-        useInEveryWay(readOnly);
-        EXPECT_EQ(roots(), Names{});
-    }
 }
 
 TEST_F(Bad, ALoadThatFailsLeavesNoHalfOfTheUnit) {
