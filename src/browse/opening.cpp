@@ -79,11 +79,14 @@ void Opening::setColumns() {
 }
 
 void Opening::inicio() {
-    m_surface.nombres.blank();
+    const int opening = ++m_openings;
     m_events.begins();
     setColumns();
     frame::yieldToQueue();
+    if (opening != m_openings) return;
 
+    m_surface.nombres.blank();
+    m_surface.treeView1.clear();  // of what was catalogued meanwhile
     auto database = engine::OpenDatabase(m_surface.frame.catalogue.path());
     m_surface.imageCombo1.clear();
     const auto listed = database ? agregarcombos(*database) : std::unexpected(database.error());
@@ -91,6 +94,7 @@ void Opening::inicio() {
         m_surface.estado.indicecombo = 0;
         m_events.unitsListed({});
     }
+    if (opening != m_openings) return;
     m_surface.contadores = {};
     if (listed)
         count(*database);

@@ -23,9 +23,12 @@ class Opening {
   public:
     Opening(Surface& surface, OpeningEvents events) : m_surface(surface), m_events(std::move(events)) {}
 
+    // Gives way to the event queue. If another catalogue is opened meanwhile, or this one closed, that
+    // stands.
     void inicio();
-    void agregarcombo3();  // lists the units anew, after one was renamed
-    void actualizar();     // the global counters and the geometry; neither tree nor list
+    void abandon() { ++m_openings; }  // an opening that gives way just now goes no further
+    void agregarcombo3();             // lists the units anew, after one was renamed
+    void actualizar();                // the global counters and the geometry; neither tree nor list
 
     // A unit that has just been made: its root in the tree and its items in the combos, the path combo's
     // selected.
@@ -40,6 +43,7 @@ class Opening {
 
     Surface& m_surface;
     OpeningEvents m_events;
+    int m_openings = 0;
 };
 
 }  // namespace browse

@@ -91,7 +91,6 @@ void CatalogueActions::abrir1() {
         m_surface.frame.catalogue.saveLast(m_surface.frame.catalogue.path());
         openStateChange();
         hidePanels();
-        frame::yieldToQueue();
         m_opening.inicio();
         m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     }
@@ -120,7 +119,6 @@ void CatalogueActions::abrirdesdearchivo() {
     if (!m_surface.frame.catalogue.isSet()) return;
     openStateChange();
     hidePanels();
-    frame::yieldToQueue();
     m_opening.inicio();
     rememberAsLast();
 }
@@ -155,6 +153,7 @@ void CatalogueActions::guardar() {
 }
 
 void CatalogueActions::cerrar() {
+    m_opening.abandon();
     m_switching.endScan();
     clearSurface();
     m_surface.imageCombo1.clear();

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <QMenu>
+#include <QTimer>
 #include <functional>
 
 #include "support/main_window.h"
@@ -27,6 +28,32 @@ class CatalogueLife : public test::MainWindow {
         EXPECT_EQ(roots(), units);
     }
 };
+
+TEST_F(CatalogueLife, OfOpeningsWithinEachOtherTheLastOneStands) {
+    start();
+    newCatalogue("a.zrq");
+    addByHand("Cds", "pelis");
+    const std::string second = newCatalogue("b.zrq");
+    addByHand("Dvds", "mas");
+    addByHand("Mas", "mas");
+    for (int yield = 0; yield < 4; ++yield) {
+        const auto atYield = [&](const std::function<void()>& act) {
+            std::function<void(int)> wait = [&](int left) {
+                QTimer::singleShot(0, form.get(), [&, left] { left > 0 ? wait(left - 1) : act(); });
+            };
+            wait(yield);
+            open(folder / "a.zrq");
+            QApplication::processEvents();
+        };
+        atYield([&] { open(second); });
+        expectOpen(second, {"Dvds :", "Mas :"});
+        EXPECT_EQ(items(combo()), (Names{"Dvds :", "Mas :"}));
+        EXPECT_EQ(status(), "  Units: 2  Folders: 0  Files: 0");
+        atYield([&] { choose("cerrar"); });
+        EXPECT_EQ(roots(), Names{});
+        EXPECT_EQ(items(combo()), Names{});
+    }
+}
 
 TEST_F(CatalogueLife, SaveAsGoesOnWithTheCopy) {
     start();
