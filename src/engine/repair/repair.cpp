@@ -29,6 +29,14 @@ bool wasCatalogue(const RawPages::Page& first) {
            text.contains("CREATE TABLE datos");
 }
 
+Result<> checkOurs(sqlite3* database, const std::string& path) {
+    const RawPages pages(database);
+    const bool isOurs = wasCatalogue(pages.read(1));
+    if (pages.failure()) return std::unexpected(*pages.failure());
+    if (!isOurs) return std::unexpected(Error{error::unrecognizedFormat, path + " is no catalogue"});
+    return {};
+}
+
 // Whether an error tells of damage. Any other one (no permission, no memory, a disk that fails) tells nothing
 // about the file, which must then stay as it is.
 bool isDamage(const Error& failure) {
@@ -145,6 +153,22 @@ Result<std::string> keepBeside(const std::string& path) {
     return kept;
 }
 
+// Gives the name that the damaged file has from now on. Another program may have put a file in its place,
+// which is none of ours to replace.
+Result<std::string> exchange(sqlite3* damaged, const std::string& path, platform::TemporaryFile& repaired) {
+    int moved = 0;
+    sqlite3_file_control(damaged, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    if (moved != 0) return std::unexpected(errorOfCode(SQLITE_READONLY_DBMOVED));
+    auto kept = keepBeside(path);
+    if (!kept) return kept;
+    if (auto put = putInPlace(repaired, path); !put) {
+        (void)std::rename((*kept + "-journal").c_str(), (path + "-journal").c_str());
+        ::unlink(kept->c_str());
+        return std::unexpected(put.error());
+    }
+    return kept;
+}
+
 }  // namespace
 
 Result<std::string> RepairDatabase(const std::string& nativePath) {
@@ -159,13 +183,7 @@ Result<std::string> RepairDatabase(const std::string& nativePath) {
         auto damaged = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
         if (!damaged) return std::unexpected(damaged.error());
         sqlite3* const database = damaged->get();
-        {
-            const RawPages pages(database);
-            const bool isOurs = wasCatalogue(pages.read(1));
-            if (pages.failure()) return std::unexpected(*pages.failure());
-            if (!isOurs)
-                return std::unexpected(Error{error::unrecognizedFormat, nativePath + " is no catalogue"});
-        }
+        if (auto ours = checkOurs(database, nativePath); !ours) return std::unexpected(ours.error());
         const auto soundness = soundnessOf(database, nativePath);
         if (!soundness) return std::unexpected(soundness.error());
         if (*soundness == Soundness::Sound) return std::string();
@@ -174,14 +192,7 @@ Result<std::string> RepairDatabase(const std::string& nativePath) {
         if (!repaired) return std::unexpected(repaired.error());
         if (auto written = rebuild(database, *soundness, repaired->path()); !written)
             return std::unexpected(written.error());
-        auto kept = keepBeside(nativePath);
-        if (!kept) return kept;
-        if (auto put = putInPlace(*repaired, nativePath); !put) {
-            (void)std::rename((*kept + "-journal").c_str(), (nativePath + "-journal").c_str());
-            ::unlink(kept->c_str());
-            return std::unexpected(put.error());
-        }
-        return kept;
+        return exchange(database, nativePath, *repaired);
     });
 }
 
