@@ -2,7 +2,7 @@
 
 namespace browse {
 
-engine::Result<> list(engine::Database& database, const Listing& listing, core::Language language,
+engine::Result<> list(engine::Database& database, const ListingStatements& listing, core::Language language,
                       lists::RowMemory& memory, const ItemSink& sink, bool lowerCaseKeys) {
     const lists::RowItems items(language, memory, {.lowerCaseKeys = lowerCaseKeys});
     const auto run = [&](const std::string& sql, const auto& itemOf) -> engine::Result<> {

@@ -56,15 +56,15 @@ std::string deepFiles(int level, std::string_view disco, std::string_view path) 
 
 }  // namespace
 
-Listing unitListing(std::string_view disco, bool collapsed) {
+ListingStatements unitListing(std::string_view disco, bool collapsed) {
     return {joined("select * from datos where disco=('", disco, "') and tipo <>('",
                    collapsed ? "Archivo" : "archivo", "') and nivel =('1')  order by carpeta "),
             joined("select * from datos where disco =('", disco,
                    "')  and tipo =('archivo') and nivel =('1') order by carpeta ")};
 }
 
-Listing clickedFolderListing(int level, std::string_view disco, std::span<const std::string> chain,
-                             std::string_view node) {
+ListingStatements clickedFolderListing(int level, std::string_view disco, std::span<const std::string> chain,
+                                       std::string_view node) {
     if (level == 2)
         return {joined("select * from datos where disco =('", disco, "')  and ruta like('*\\", node,
                        "*') and tipo <>('archivo') and nivel =('2') order by carpeta "),
@@ -77,8 +77,8 @@ Listing clickedFolderListing(int level, std::string_view disco, std::span<const 
                    spacings[level].beforeOrder)};
 }
 
-Listing raisedFolderListing(int level, std::string_view disco, std::span<const std::string> chain,
-                            std::string_view node) {
+ListingStatements raisedFolderListing(int level, std::string_view disco, std::span<const std::string> chain,
+                                      std::string_view node) {
     if (level == 2)
         return {joined("select * from datos where disco like('", disco, "')  and ruta like('*\\", node,
                        "*') and tipo <>('archivo') and nivel =('2')  order by carpeta "),
@@ -88,7 +88,7 @@ Listing raisedFolderListing(int level, std::string_view disco, std::span<const s
     return {deepFolders(level, disco, path), joined(deepFiles(level, disco, path), "')  order by carpeta ")};
 }
 
-Listing steppedFolderListing(int level, std::string_view disco, std::string_view ruta) {
+ListingStatements steppedFolderListing(int level, std::string_view disco, std::string_view ruta) {
     const std::string number = decimal(level);
     if (level == 2)
         return {joined("select * from datos where disco like('", disco, "') and ruta like('*", ruta,
@@ -101,9 +101,9 @@ Listing steppedFolderListing(int level, std::string_view disco, std::string_view
                    "') and tipo =('archivo') and nivel =('", number, "')  order by carpeta ")};
 }
 
-Listing steppedResultListing(int level, std::string_view disco, std::string_view ruta,
-                             std::string_view name) {
-    Listing listing = steppedFolderListing(level, disco, ruta);
+ListingStatements steppedResultListing(int level, std::string_view disco, std::string_view ruta,
+                                       std::string_view name) {
+    ListingStatements listing = steppedFolderListing(level, disco, ruta);
     // From level 4 on, any folder of that name and depth in the unit supplies files.
     if (level >= 4)
         listing.files =

@@ -10,7 +10,7 @@ std::optional<FolderListing> clickedListing(const NameLists& lists, const NodeNa
     return FolderListing{level, clickedFolderListing(level, disco, node.chain(level), node.text)};
 }
 
-Listing listingOf(const core::FoundRow& place) {
+ListingStatements listingOf(const core::FoundRow& place) {
     if (place.kind == core::FoundRow::Unit) return unitListing(place.row.disco);
     const int level = static_cast<int>(place.folders.size()) + 1;
     // A click shows nothing of the deepest level; stepping into a folder would.

@@ -12,7 +12,7 @@ namespace browse {
 // The statements that a click on a folder lists by, and the `nivel` of their rows.
 struct FolderListing {
     int nivel;
-    Listing listing;
+    ListingStatements listing;
 };
 
 // What a click on a folder of the tree lists; nothing when the names tell no depth for it.
@@ -20,6 +20,6 @@ struct FolderListing {
 
 // What a click lists on a unit or folder that was found by its path, whatever other nodes its names would
 // fit.
-[[nodiscard]] Listing listingOf(const core::FoundRow& place);
+[[nodiscard]] ListingStatements listingOf(const core::FoundRow& place);
 
 }  // namespace browse

@@ -31,7 +31,8 @@ void showFailure(Surface& surface, const engine::Error& error) {
                                         : core::failureLine(frame.catalogue.path(), error, frame.idioma));
 }
 
-bool fillList(Surface& surface, engine::Database& database, const Listing& listing, bool lowerCaseKeys) {
+bool fillList(Surface& surface, engine::Database& database, const ListingStatements& listing,
+              bool lowerCaseKeys) {
     lists::ItemList& shown = surface.lists.listView1;
     ++surface.estado.listados;
     shown.clear();

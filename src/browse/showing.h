@@ -18,7 +18,7 @@ void showFailure(Surface& surface, const engine::Error& error);
 
 // Empties ListView1 and fills it with a listing. Where not all of it can be read the list stays empty, the
 // status band says why, and the result is false.
-[[nodiscard]] bool fillList(Surface& surface, engine::Database& database, const Listing& listing,
+[[nodiscard]] bool fillList(Surface& surface, engine::Database& database, const ListingStatements& listing,
                             bool lowerCaseKeys = false);
 
 // `cantidadytamaños`: the summary of the folder that ImageCombo1 shows, written to Label3, Text9 and

@@ -47,7 +47,7 @@ int runList(const Invocation& invocation) {
     if (place->kind != core::FoundRow::Unit && place->kind != core::FoundRow::Folder)
         return fail(NothingFound, path, isNoFolder.in(invocation.language));
 
-    const browse::Listing listing = browse::listingOf(*place);
+    const browse::ListingStatements listing = browse::listingOf(*place);
     RowOutput output(invocation);
     long long count = 0;
     for (const std::string& select : {listing.folders, listing.files}) {

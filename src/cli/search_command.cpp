@@ -91,7 +91,7 @@ int searchIn(const std::string& catalogue, search::SearchRequest request, bool i
     }
     printer.begin(catalogue, isOnly, std::move(disco));
     const auto passes = search::passesOf(request, core::rotulos(invocation.language));
-    search::Counters counters;
+    search::FoundCounts counters;
     if (const auto done = runPasses(*database, passes, counters, printer); !done)
         return fail(UnusableCatalogue, catalogue, done.error().text);
     return Done;

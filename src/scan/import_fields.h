@@ -11,7 +11,7 @@ class ImageCombo;
 
 namespace scan {
 
-struct Refusal;
+struct UnitRefusal;
 
 // The import panel's controls, as the job behind its button reads and writes them.
 struct ImportFields {

@@ -62,7 +62,7 @@ void ImportJob::catalogueDirectory() {
     const QString name = m_fields.Text3.text();
     const ScanRequest request{name.toStdString(),
                               m_fields.Text4.text().isEmpty() ? std::string() : m_fields.directory};
-    const engine::Result<const Refusal*> refusal =
+    const engine::Result<const UnitRefusal*> refusal =
         database ? refusalOf(request, *database) : refusalOf(request);
     const engine::Result<WalkStart> start =
         database ? walkStart(request, *database, platform::Drives::current()) : WalkStart();
@@ -89,7 +89,7 @@ void ImportJob::catalogueDirectory() {
     m_events.walkEnds();
 }
 
-bool ImportJob::isRefused(const Refusal* refusal) {
+bool ImportJob::isRefused(const UnitRefusal* refusal) {
     if (!refusal) return false;
     m_frame.messages.show(qtext(refusal->text.in(m_frame.idioma)), qtext(refusal->title));
     if (refusal->emptiesName) m_fields.Text3.clear();
@@ -122,7 +122,8 @@ void ImportJob::generarunidad() {
     const int kind = m_fields.ImageCombo4.selectedItem();
     const QString name = m_fields.Text3.text();
     const ManualUnit unit{name.toStdString(), m_fields.Text11.text().toStdString(), kind};
-    const engine::Result<const Refusal*> refusal = database ? refusalOf(unit, *database) : refusalOf(unit);
+    const engine::Result<const UnitRefusal*> refusal =
+        database ? refusalOf(unit, *database) : refusalOf(unit);
     if (!refusal || isRefused(*refusal) || !database) return;
     if (const auto inserted = insertManualUnit(unit, m_tipo, *database); !inserted) {
         m_missing = missingText({}, {.lost = 1, .firstError = inserted.error()}, m_frame.idioma);

@@ -29,7 +29,7 @@ class ImportJob {
   private:
     void catalogueDirectory();
     void generarunidad();
-    [[nodiscard]] bool isRefused(const Refusal* refusal);
+    [[nodiscard]] bool isRefused(const UnitRefusal* refusal);
     void finish(const Counts& counts);
     void close(std::optional<engine::Database>& database);
     void emptyFields();

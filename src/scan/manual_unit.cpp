@@ -8,14 +8,14 @@
 
 namespace scan {
 
-const Refusal* refusalOf(const ManualUnit& unit) {
+const UnitRefusal* refusalOf(const ManualUnit& unit) {
     if (unit.content.empty()) return &refusal::manualWithoutContent;
     if (unit.name.empty()) return &refusal::manualWithoutName;
     return nullptr;
 }
 
-engine::Result<const Refusal*> refusalOf(const ManualUnit& unit, engine::Database& database) {
-    if (const Refusal* incomplete = refusalOf(unit)) return incomplete;
+engine::Result<const UnitRefusal*> refusalOf(const ManualUnit& unit, engine::Database& database) {
+    if (const UnitRefusal* incomplete = refusalOf(unit)) return incomplete;
     const auto taken = unitExists(database, unit.name);
     if (!taken) return std::unexpected(taken.error());
     return *taken ? &refusal::manualNameTaken : nullptr;

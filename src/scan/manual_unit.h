@@ -15,9 +15,10 @@ struct ManualUnit {
 };
 
 // A field that is empty, as a reason not to make it.
-[[nodiscard]] const Refusal* refusalOf(const ManualUnit& unit);
+[[nodiscard]] const UnitRefusal* refusalOf(const ManualUnit& unit);
 // The first reason not to make it; nullptr to go ahead.
-[[nodiscard]] engine::Result<const Refusal*> refusalOf(const ManualUnit& unit, engine::Database& database);
+[[nodiscard]] engine::Result<const UnitRefusal*> refusalOf(const ManualUnit& unit,
+                                                           engine::Database& database);
 
 // Inserts the unit's row. `tipo` is the word of the last hand-made unit of this run: a kind that is none of
 // the five leaves it in force, any other replaces it.

@@ -10,7 +10,7 @@ namespace scan {
 enum class Field { Name, Directory };
 
 // Why a unit is not made, and what the panel does about it.
-struct Refusal {
+struct UnitRefusal {
     core::Bilingual text;
     std::string_view title;
     Field focus;
@@ -27,14 +27,14 @@ inline constexpr core::Bilingual writeContent{"Introduzca el contenido de la uni
                                               "write the content of the unit."};
 
 namespace refusal {
-inline constexpr Refusal scanWithoutName{writeName, core::boxTitle, Field::Name};
-inline constexpr Refusal scanWithoutDirectory{selectDirectory, core::boxTitle, Field::Directory};
-inline constexpr Refusal scanNameTaken{selectOtherName, "Nompre existente", Field::Name, true};
+inline constexpr UnitRefusal scanWithoutName{writeName, core::boxTitle, Field::Name};
+inline constexpr UnitRefusal scanWithoutDirectory{selectDirectory, core::boxTitle, Field::Directory};
+inline constexpr UnitRefusal scanNameTaken{selectOtherName, "Nompre existente", Field::Name, true};
 
-inline constexpr Refusal manualWithoutContent{writeContent, core::boxTitle,
-                                              Field::Name};  // not the content's field
-inline constexpr Refusal manualWithoutName{writeName, core::boxTitle, Field::Name};
-inline constexpr Refusal manualNameTaken{selectOtherName, "Zarquelin", Field::Name, true};
+inline constexpr UnitRefusal manualWithoutContent{writeContent, core::boxTitle,
+                                                  Field::Name};  // not the content's field
+inline constexpr UnitRefusal manualWithoutName{writeName, core::boxTitle, Field::Name};
+inline constexpr UnitRefusal manualNameTaken{selectOtherName, "Zarquelin", Field::Name, true};
 }  // namespace refusal
 
 }  // namespace scan

@@ -29,14 +29,14 @@ engine::Result<std::int64_t> lastNumero(engine::Database& database) {
     return count;
 }
 
-const Refusal* refusalOf(const ScanRequest& request) {
+const UnitRefusal* refusalOf(const ScanRequest& request) {
     if (request.name.empty()) return &refusal::scanWithoutName;
     if (request.directory.empty()) return &refusal::scanWithoutDirectory;
     return nullptr;
 }
 
-engine::Result<const Refusal*> refusalOf(const ScanRequest& request, engine::Database& database) {
-    if (const Refusal* incomplete = refusalOf(request)) return incomplete;
+engine::Result<const UnitRefusal*> refusalOf(const ScanRequest& request, engine::Database& database) {
+    if (const UnitRefusal* incomplete = refusalOf(request)) return incomplete;
     const auto taken = unitExists(database, request.name);
     if (!taken) return std::unexpected(taken.error());
     return *taken ? &refusal::scanNameTaken : nullptr;

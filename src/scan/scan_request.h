@@ -18,10 +18,10 @@ struct ScanRequest {
 };
 
 // A field that is empty, as a reason not to scan.
-[[nodiscard]] const Refusal* refusalOf(const ScanRequest& request);
+[[nodiscard]] const UnitRefusal* refusalOf(const ScanRequest& request);
 // The first reason not to scan; nullptr to go ahead. Fails where the catalogue cannot be read.
-[[nodiscard]] engine::Result<const Refusal*> refusalOf(const ScanRequest& request,
-                                                       engine::Database& database);
+[[nodiscard]] engine::Result<const UnitRefusal*> refusalOf(const ScanRequest& request,
+                                                           engine::Database& database);
 
 // True when the catalogue has rows of a unit of that name.
 [[nodiscard]] engine::Result<bool> unitExists(engine::Database& database, const std::string& name);

@@ -4,13 +4,13 @@
 
 namespace search {
 
-std::optional<Refusal> refusalOf(const SearchRequest& request, Road road) {
+std::optional<SearchRefusal> refusalOf(const SearchRequest& request, Road road) {
     using namespace messages;
     if (request.note && request.noteText.empty())
-        return Refusal{road == Road::Button ? noteOnButton : noteForSize};
+        return SearchRefusal{road == Road::Button ? noteOnButton : noteForSize};
     if (!request.name.empty()) return std::nullopt;
-    if (request.size || road == Road::Straight) return Refusal{itemForSize, true};
-    return Refusal{request.note ? itemForNote : itemForName, true};
+    if (request.size || road == Road::Straight) return SearchRefusal{itemForSize, true};
+    return SearchRefusal{request.note ? itemForNote : itemForName, true};
 }
 
 }  // namespace search

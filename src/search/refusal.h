@@ -11,10 +11,10 @@ namespace search {
 enum class Road { Button, Straight };
 
 // Why a request isn't run.
-struct Refusal {
+struct SearchRefusal {
     core::Bilingual message;
     bool asksForName = false;  // the name field gets the focus once the message is confirmed
 };
-[[nodiscard]] std::optional<Refusal> refusalOf(const SearchRequest& request, Road road);
+[[nodiscard]] std::optional<SearchRefusal> refusalOf(const SearchRequest& request, Road road);
 
 }  // namespace search

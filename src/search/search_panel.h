@@ -47,7 +47,7 @@ class SearchPanel : public QWidget {
     void removeUnit(const std::string& disco);
 
     [[nodiscard]] SearchRequest request() const;
-    [[nodiscard]] const Counters& counters() const { return m_counters; }
+    [[nodiscard]] const FoundCounts& counters() const { return m_counters; }
 
     // True from the first search on until the names are in memory that later ones look in.
     [[nodiscard]] bool isFillingMemory() const { return m_idle.isActive(); }
@@ -71,7 +71,7 @@ class SearchPanel : public QWidget {
     const frame::Frame& m_frame;
     lists::ItemList& m_listView2;
     lists::RowMemory& m_memory;
-    Counters m_counters;
+    FoundCounts m_counters;
     engine::SearchMemory m_searchMemory;
     QTimer m_idle;  // runs while there is more to remember
     QComboBox* m_combo2;

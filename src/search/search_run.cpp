@@ -21,12 +21,12 @@ engine::Result<> runPass(engine::Database& database, const Pass& pass, long long
 
 }  // namespace
 
-std::string countersText(const Counters& counters, const core::Rotulos& rotulos) {
+std::string countersText(const FoundCounts& counters, const core::Rotulos& rotulos) {
     return rotulos.rotulocarpetas + std::to_string(counters.carpetasencontradas) + rotulos.rotuloarchivos +
            std::to_string(counters.archivosencontrados);
 }
 
-engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& passes, Counters& counters,
+engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& passes, FoundCounts& counters,
                            ResultSink& sink) {
     sink.clear();
     for (const Pass& pass : passes) {

@@ -10,15 +10,15 @@ namespace search {
 
 // The counters of the status line. A search sets those of the passes that it makes and leaves the other as it
 // was.
-struct Counters {
+struct FoundCounts {
     long long carpetasencontradas = 0;
     long long archivosencontrados = 0;
 
-    bool operator==(const Counters&) const = default;
+    bool operator==(const FoundCounts&) const = default;
 };
 
 // The four texts and numbers of the status line, joined.
-[[nodiscard]] std::string countersText(const Counters& counters, const core::Rotulos& rotulos);
+[[nodiscard]] std::string countersText(const FoundCounts& counters, const core::Rotulos& rotulos);
 
 // Where the rows of a search go.
 class ResultSink {
@@ -32,6 +32,6 @@ class ResultSink {
 // Runs the passes one after the other, to the last one even if the engine refuses the statements of silent
 // ones; another failure ends the search with its error.
 [[nodiscard]] engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& passes,
-                                         Counters& counters, ResultSink& sink);
+                                         FoundCounts& counters, ResultSink& sink);
 
 }  // namespace search

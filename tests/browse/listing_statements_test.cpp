@@ -10,7 +10,7 @@ constexpr auto unit = "U :", node = "n", ruta = R"(C:\a)";
 // The statements of every way to a folder, at every level.
 test::Statements allStatements() {
     test::Statements statements;
-    const auto add = [&](const std::string& way, const browse::Listing& listing) {
+    const auto add = [&](const std::string& way, const browse::ListingStatements& listing) {
         statements[way + "\tfolders"] = listing.folders;
         statements[way + "\tfiles"] = listing.files;
     };

@@ -67,12 +67,13 @@ class CatalogueTest : public testing::Test {
         return done ? 0 : done.error().number;
     }
 
-    // What the bare engine answers to a statement; its error when it refuses.
+    // What the bare engine answers to a statement, a blank between the rows; its error when it refuses.
     static std::string plainly(const std::string& file, const char* sql) {
         sqlite3* database = nullptr;
         std::string answer;
         const auto add = [](void* to, int, char** values, char**) {
-            *static_cast<std::string*>(to) += values[0];
+            auto& text = *static_cast<std::string*>(to);
+            text.append(text.empty() ? "" : " ").append(values[0]);
             return 0;
         };
         if (sqlite3_open(file.c_str(), &database) != SQLITE_OK ||

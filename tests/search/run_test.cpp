@@ -51,7 +51,7 @@ class SearchRun : public testing::Test {
     SampleCatalogue sample;
     engine::Database database = sample.open(engine::Use::ReadOnly);
     lists::RowMemory memory;
-    search::Counters counters;
+    search::FoundCounts counters;
     engine::Result<> outcome;
     std::vector<lists::ListItem> items;
     const double ofTheYears[2] = {core::serialOfDate(2000, 1, 1), core::serialOfDate(2010, 1, 1)};
@@ -59,9 +59,9 @@ class SearchRun : public testing::Test {
 
 TEST_F(SearchRun, FoldersComeFirstThenFilesEachInOrderOfName) {
     EXPECT_EQ(find([](auto& r) { r.name = "FOTO"; }), (Names{"fotos", "foto1.jpg", "foto2.JPG"}));
-    EXPECT_EQ(counters, (search::Counters{1, 2}));
+    EXPECT_EQ(counters, (search::FoundCounts{1, 2}));
     EXPECT_EQ(find([](auto& r) { r.name = "?.a"; }), (Names{"a.asfa", "a.avi"}));
-    EXPECT_EQ(counters, (search::Counters{0, 2}));
+    EXPECT_EQ(counters, (search::FoundCounts{0, 2}));
     EXPECT_EQ(find([](auto& r) { r.unit = "Fotos :"; }),
               (Names{"fotos", "cinta.mpeg", "foto1.jpg", "foto2.JPG"}));
 }
@@ -118,7 +118,7 @@ TEST_F(SearchRun, RefusedStatementsAndForgottenNotes) {
         counters = {7, 7};
         EXPECT_EQ(find([&](auto& r) { all(r), r.type = type; }), Names{}) << type;
         EXPECT_TRUE(outcome);
-        EXPECT_EQ(counters, (search::Counters{7, 0}));
+        EXPECT_EQ(counters, (search::FoundCounts{7, 0}));
     }
     EXPECT_EQ(find([&](auto& r) { all(r), r.type = captions.rotuloejecutable; }), Names{"z.exe"});
     EXPECT_EQ(find([&](auto& r) { all(r), r.type = captions.rotulovideo; }), Names{"a.avi"});
