@@ -18,6 +18,9 @@ class Waiting {
 
     // For the long calls: costs next to nothing when nobody waits, and never fails.
     static void giveSign(std::optional<double> share = {}) noexcept;
+    // For a call that cannot give signs itself. When somebody waits it runs on a thread of its own, unless
+    // none is to be had.
+    static void giveSignsDuring(const std::function<void()>& call);
 
   private:
     Sign m_sign;

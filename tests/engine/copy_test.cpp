@@ -1,3 +1,5 @@
+#include <atomic>
+
 #include "catalogue_fixture.h"
 #include "engine/unit_copy.h"
 #include "platform/files.h"
@@ -63,6 +65,9 @@ TEST_F(CopyTest, WhoWaitsIsToldHowFarItIs) {
     ASSERT_TRUE(open().Execute("update datos set comentario='x' where archivo like ('old*')"));
     EXPECT_GT(signs, 0);
     EXPECT_TRUE(shares.empty()) << "of a statement nobody knows";
+    std::atomic<bool> isTold = false;
+    const platform::Waiting another([&](std::optional<double>) { isTold = true, isTold.notify_all(); });
+    platform::Waiting::giveSignsDuring([&] { isTold.wait(false); });
 }
 
 TEST_F(CopyTest, ACatalogueIsNotReplacedInTheMidstOfAChange) {

@@ -9,6 +9,7 @@
 #include "engine/file/prepared.h"
 #include "engine/file/sqlite_error.h"
 #include "engine/format.h"
+#include "platform/waiting.h"
 
 namespace engine {
 
@@ -52,7 +53,10 @@ Result<> checkPages(sqlite3* database, Check& check) {
     auto found = statements.lend("pragma integrity_check(" + std::to_string(mostFaults) + ")");
     if (!found) return told(found.error(), check);
     Prepared::Step step{};
-    while ((step = found->step()) == Prepared::Step::Row) {
+    const auto next = [&] { step = found->step(); };  // most of it is one step of SQLite's machine
+    for (;;) {
+        platform::Waiting::giveSignsDuring(next);
+        if (step != Prepared::Step::Row) break;
         const std::string fault(found->text(0));
         if (int code = 0; isOfTheDisk(fault, code)) return std::unexpected(errorOfCode(code));
         if (fault != "ok") check.faults.push_back(fault);
