@@ -70,6 +70,16 @@ const char* PackedRows::add(const Prepared& row, const std::vector<Column>& fiel
     return packed;
 }
 
+std::size_t PackedRows::size(const char* row, std::size_t fields) {
+    const char* at = row;
+    for (; fields > 0; --fields) {
+        Tag tag;
+        std::memcpy(&tag, at, sizeof tag);
+        at += sizeof tag + (tag >= firstText ? tag - firstText : tag == numberTag ? sizeof(double) : 0);
+    }
+    return static_cast<std::size_t>(at - row);
+}
+
 void PackedRows::unpack(const char* row, std::span<Value> values) {
     for (Value& value : values) {
         Tag tag;

@@ -20,6 +20,9 @@ class PackedRows {
 
     [[nodiscard]] std::size_t bytes() const { return m_bytes; }
 
+    // How many bytes a row with so many fields takes.
+    [[nodiscard]] static std::size_t size(const char* row, std::size_t fields);
+
     // Unpacks a row into one value for each field it was packed with.
     static void unpack(const char* row, std::span<Value> values);
 

@@ -67,8 +67,19 @@ void RowTable::sortFrom(std::span<Row> rows, std::size_t depth) {
     }
 }
 
-void RowTable::sort() {
+std::span<const RowTable::Row> RowTable::inOrder() {
     if (!std::is_sorted(m_rows.begin(), m_rows.end(), isBefore)) sortFrom(m_rows, 0);
+    return m_rows;
+}
+
+void RowTable::sort() {
+    static_cast<void>(inOrder());
+    m_keys = PackedRows();
+}
+
+void RowTable::clear() {
+    m_rows.clear();
+    m_store = PackedRows();
     m_keys = PackedRows();
 }
 

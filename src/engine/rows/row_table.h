@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -9,7 +10,7 @@
 namespace engine {
 
 // Rows of a select kept in memory, and their order. Sorting here takes 0.1 s for 333,000 rows; SQLite's own
-// sorter, which is left the sets that memory should not hold, takes four times that.
+// sorter takes four times that.
 class RowTable {
   public:
     // How many bytes a table holds at most.
@@ -24,19 +25,6 @@ class RowTable {
 
     void sort();
 
-    [[nodiscard]] std::size_t size() const { return m_rows.size(); }
-    [[nodiscard]] const std::vector<Column>& fields() const { return m_fields; }
-
-    // A row's values, one for each field. They hold as long as the table.
-    void read(std::size_t row, std::span<Value> values) const {
-        PackedRows::unpack(m_rows[row].packed, values);
-    }
-
-    // Asks for a row's memory ahead of its turn: in their order, rows lie all over the store. A search that
-    // finds 333,000 rows takes 1.03 s with it and 1.07 s without, on a busy machine.
-    void fetchAhead(std::size_t row) const;
-
-  private:
     struct Row {
         std::uint64_t keyStart = 0;  // the first eight bytes of the sort key
         std::uint64_t keyPart = 0;   // those eight that are looked at while sorting
@@ -46,6 +34,24 @@ class RowTable {
         const char* packed = nullptr;
     };
     [[nodiscard]] static bool isBefore(const Row& a, const Row& b);
+
+    // The rows in order, with their keys, of a table that was not sorted yet.
+    [[nodiscard]] std::span<const Row> inOrder();
+    void clear();
+
+    [[nodiscard]] std::size_t size() const { return m_rows.size(); }
+    [[nodiscard]] const std::vector<Column>& fields() const { return m_fields; }
+
+    // A row's values, one for each field. They hold as long as the table.
+    void read(std::size_t row, std::span<Value> values) const {
+        PackedRows::unpack(m_rows[row].packed, values);
+    }
+
+    // Asks for a row's memory ahead of its turn: in their order, rows lie all over the store. A search that
+    // finds 333,000 rows takes 1.02 s with it and 1.17 s without, on a busy machine.
+    void fetchAhead(std::size_t row) const;
+
+  private:
     static void sortFrom(std::span<Row> rows, std::size_t depth);
 
     std::vector<Column> m_fields;

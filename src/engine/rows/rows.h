@@ -10,8 +10,8 @@
 
 namespace engine {
 
-// The rows of a select, walked forward once. There are two kinds: Cursor takes them from SQLite one by one,
-// TableRows from a table of kept rows.
+// The rows of a select, walked forward once. Cursor takes them from SQLite one by one, TableRows from a table
+// of kept rows, RowRuns from sorted runs on the disk.
 class Rows {
   public:
     virtual ~Rows() = default;

@@ -6,6 +6,7 @@
 #include "engine/file/read_transaction.h"
 #include "engine/rows/cursor.h"
 #include "engine/rows/ordering.h"
+#include "engine/rows/row_runs.h"
 #include "engine/rows/table_rows.h"
 
 namespace engine {
@@ -122,11 +123,8 @@ Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
     const auto sorted = isOrderNeeded();
     if (!sorted) return std::unexpected(sorted.error());
     if (*sorted) {
-        auto kept = table(bound);
-        if (!kept) return std::unexpected(kept.error());
-        if (*kept)
-            return std::make_unique<TableRows>(std::make_shared<RowTable>(std::move(**kept)),
-                                               statement().fields);
+        auto rows = sortedRows(bound);
+        if (!rows || *rows) return rows;
     }
     const auto where = stretch();
     if (!where) return std::unexpected(where.error());
@@ -193,11 +191,11 @@ std::optional<RowTable> Select::tableOf(const KnownNames::Found& rowids, std::si
         if (row->integer(meets) == 0) continue;
         if (const auto added = addTo(table, *row, key); !added || !*added) return std::nullopt;
     }
-    table.sort();
     return table;
 }
 
-Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
+template <class MakeRoom>
+Result<std::optional<RowTable>> Select::unsorted(std::size_t bound, MakeRoom makeRoom) const {
     const ReadTransaction oneState(*m_connection);
     if (oneState.failure()) return std::unexpected(*oneState.failure());
     if (auto known = tableOfKnown(bound)) return known;
@@ -212,13 +210,33 @@ Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
     std::string key;
     auto step = rows->step();
     for (; step == Prepared::Step::Row; step = rows->step()) {
-        const auto added = addTo(table, *rows, key);
+        auto added = addTo(table, *rows, key);
+        if (added && !*added && makeRoom(table)) added = addTo(table, *rows, key);
         if (!added) return std::unexpected(added.error());
         if (!*added) return std::nullopt;
     }
     if (step == Prepared::Step::Failed) return std::unexpected(m_connection->lastError());
-    table.sort();
     return table;
+}
+
+Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
+    auto table = unsorted(bound, [](const RowTable&) { return false; });
+    if (table && *table) (*table)->sort();
+    return table;
+}
+
+// Nothing where they can be sorted neither in memory nor in a file of ours; SQLite may know of another place.
+Result<std::unique_ptr<Rows>> Select::sortedRows(std::size_t bound) const {
+    RowRuns runs;
+    auto left = unsorted(bound, [&runs](RowTable& full) { return runs.take(full); });
+    if (!left) return std::unexpected(left.error());
+    if (!*left) return nullptr;
+    if (!runs.empty()) {
+        if (!runs.take(**left)) return nullptr;
+        return RowRuns::merged(std::move(runs), statement().fields);
+    }
+    (*left)->sort();
+    return std::make_unique<TableRows>(std::make_shared<RowTable>(std::move(**left)), statement().fields);
 }
 
 Result<long long> Select::number(Result<Prepared> rows) const {

@@ -32,7 +32,7 @@ class Select {
     [[nodiscard]] Select with(Statement statement) const;
 
     // The rows in the statement's order, at the first one. More than `bound` bytes of rows that have to be
-    // sorted are left to SQLite, which sorts them on disk.
+    // sorted are sorted on disk.
     [[nodiscard]] Result<std::unique_ptr<Rows>> rows(std::size_t bound = RowTable::usualBound) const;
 
     // The same rows in a table. Nothing where they are too many.
@@ -50,6 +50,11 @@ class Select {
     [[nodiscard]] Result<long long> number(Result<Prepared> rows) const;
     void writeSorted(SqlWriter& writer) const;
     [[nodiscard]] Result<bool> addTo(RowTable& table, const Prepared& row, std::string& key) const;
+    // The rows unsorted. `makeRoom` may empty the table whenever it is full; nothing is given when it does
+    // not.
+    template <class MakeRoom>
+    [[nodiscard]] Result<std::optional<RowTable>> unsorted(std::size_t bound, MakeRoom makeRoom) const;
+    [[nodiscard]] Result<std::unique_ptr<Rows>> sortedRows(std::size_t bound) const;
     [[nodiscard]] std::optional<RowTable> tableOfKnown(std::size_t bound) const;
     [[nodiscard]] std::optional<RowTable> tableOf(const KnownNames::Found& rowids, std::size_t bound) const;
 
