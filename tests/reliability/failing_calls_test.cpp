@@ -3,12 +3,15 @@
 // hold.
 //
 //     ROUNDS=CALLS reliability_failing_calls_test     of each kind and command; 1 unless told, 0 is every one
+//
+// Prints for each how often the command was done all the same, and how often it told that it failed.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <map>
 #include <random>
 
@@ -179,7 +182,9 @@ TEST_F(FailingCalls, EndInTheOldStateOrTheNewOneAndAreTold) {
         const std::string name = command.words[0] + (command.words[1] == "DAMAGED" ? " (damaged)" : "");
         const auto counts = countsOf(command);
         ASSERT_LE(whole.status, nothingThere) << name << ": " << whole.output;
+        std::cout << name;
         for (const auto& [kind, count] : counts) {
+            int finished = 0, told = 0;
             for (const bool on : {false, true})
                 for (int i = 0; i < (callsOfEach > 0 ? std::min(callsOfEach, count) : count); ++i) {
                     const int n = callsOfEach > 0
@@ -189,8 +194,11 @@ TEST_F(FailingCalls, EndInTheOldStateOrTheNewOneAndAreTold) {
                     SCOPED_TRACE(name + ", " + failing);
                     const Outcome now = run(command, "FAILING_CALLS=" + failing);
                     expectTrue(command, failing, now);
+                    ++(now.status == whole.status ? finished : told);
                 }
+            if (finished + told > 0) std::cout << '\t' << kind << ' ' << finished << '/' << told;
         }
+        std::cout << std::endl;
     }
 }
 
