@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QStyleOption>
 #include <QTextLayout>
 #include <QToolTip>
 #include <algorithm>
