@@ -10,6 +10,7 @@
 
 #include "controls/pictures.h"
 #include "platform/qtext.h"
+#include "platform/waiting.h"
 
 namespace print {
 namespace {
@@ -74,6 +75,7 @@ bool printList(QPainter& painter, QPrinter& printer, const RowSource& rows, core
     for (std::int64_t number = 1; number <= layout.pageCount(); ++number) {
         if (number > 1 && !printer.newPage()) return false;
         drawPage(painter, layout.page(number));
+        platform::Waiting::giveSign(double(number) / double(layout.pageCount()));
     }
     return true;
 }

@@ -7,7 +7,7 @@
 #include "frame/catalogue.h"
 #include "frame/dialogs.h"
 #include "frame/frame.h"
-#include "frame/pointer.h"
+#include "frame/long_work.h"
 #include "frame/print_job.h"
 #include "frame/toolbar.h"
 #include "lists/item_list.h"
@@ -15,6 +15,8 @@
 
 namespace print {
 namespace {
+
+constexpr core::Bilingual printing{"  Imprimiendo ...", "  Printing ..."};
 
 class ListRows : public RowSource {
   public:
@@ -43,7 +45,7 @@ void Imprimir1(frame::Frame& frame, const lists::Lists& lists) {
     printer.setDocName(QStringLiteral("Zarquelin - ") + catalogue.fileName());
     const auto copies = frame.dialogs.print(printer);
     if (!copies) return;
-    const frame::Hourglass hourglass;
+    const frame::LongWork work(frame, printing);
     const bool whole = frame::printCopies(printer, *copies, [&](QPainter& painter, QPrinter& target) {
         return printList(painter, target, rows, frame.idioma);
     });

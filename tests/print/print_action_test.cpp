@@ -9,6 +9,7 @@
 #include <QPrinter>
 #include <QTextLayout>
 
+#include "platform/waiting.h"
 #include "print/list_printer.h"
 #include "support/catalogue_fixture.h"
 #include "support/main_window.h"
@@ -76,6 +77,22 @@ TEST(ListPrinter, WordsCanBeFoundInAPdf) {
     qsizetype glyphs = 0;
     for (const QGlyphRun& run : layout.glyphRuns()) glyphs += run.glyphIndexes().size();
     EXPECT_EQ(glyphs, 8) << "no ligature";
+}
+
+struct Rows : print::RowSource {
+    [[nodiscard]] std::int64_t count() const override { return 61; }
+    [[nodiscard]] print::ReportRow row(std::int64_t) const override { return {"a.txt", "", "", "", 1}; }
+};
+
+TEST(ListPrinter, TellsHowFarItIs) {
+    const test::TemporaryFolder folder;
+    QPrinter printer;
+    printer.setOutputFileName(QString::fromStdString(folder / "list.pdf"));
+    QPainter painter(&printer);
+    std::vector<double> shares;
+    const platform::Waiting waiting([&](std::optional<double> share) { shares.push_back(share.value()); });
+    EXPECT_TRUE(print::printList(painter, printer, Rows(), core::Language::English));
+    EXPECT_EQ(shares, (std::vector{1 / 3.0, 2 / 3.0, 1.0}));
 }
 
 TEST(ListPrinter, WideTextsStayInTheirColumn) {
