@@ -76,7 +76,7 @@ bool closeKeepingLocks(int descriptor) noexcept {
     try {
         found->second.closedLater.push_back(descriptor);
     } catch (const std::bad_alloc&) {
-        // It stays open, which is worth less than the locks.
+        return true;  // it stays open, which is worth less than the locks
     }
     return true;
 }

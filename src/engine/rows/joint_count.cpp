@@ -30,8 +30,8 @@ Result<std::vector<long long>> countTogether(Connection& connection, UnitList& u
     if (!row) return std::unexpected(row.error());
     row->bind(values);
     if (row->step() != Prepared::Step::Row) return std::unexpected(connection.lastError());
-    std::vector<long long> counts;
-    for (std::size_t i = 0; i < selects.size(); ++i) counts.push_back(row->integer(static_cast<int>(i)));
+    std::vector<long long> counts(selects.size());
+    for (std::size_t i = 0; i < counts.size(); ++i) counts[i] = row->integer(static_cast<int>(i));
     return counts;
 }
 
