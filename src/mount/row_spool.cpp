@@ -1,12 +1,12 @@
 #include "mount/row_spool.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
+
+#include "platform/temporary_file.h"
 
 namespace mount {
 namespace {
@@ -31,12 +31,9 @@ std::unexpected<engine::Error> failed(const char* doing, int reason) {
 }  // namespace
 
 engine::Result<std::shared_ptr<RowSpool>> RowSpool::create() {
-    std::error_code noFolder;
-    std::string path = std::filesystem::temp_directory_path(noFolder) / "zarquelin-XXXXXX";
-    const int file = ::mkostemp(path.data(), O_CLOEXEC);
-    if (file < 0) return failed("A temporary file cannot be made", errno);
-    ::unlink(path.c_str());
-    return std::shared_ptr<RowSpool>(new RowSpool(file));
+    const auto file = platform::namelessFile();
+    if (!file) return std::unexpected(engine::Error{engine::error::general, file.error().text});
+    return std::shared_ptr<RowSpool>(new RowSpool(*file));
 }
 
 RowSpool::~RowSpool() {

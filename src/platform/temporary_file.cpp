@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <mutex>
 #include <set>
@@ -124,6 +125,17 @@ bool isStillThere(int descriptor) {
 
 bool claimed(int descriptor) {
     return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+}
+
+FileResult<int> namelessFile() {
+    std::error_code failure;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
+    if (failure) return std::unexpected(FileError{FileError::pathNotFound, failure.message()});
+    std::string path = folder / "zarquelin-XXXXXX";
+    const int file = ::mkostemp(path.data(), O_CLOEXEC);
+    if (file < 0) return systemFailure(path);
+    ::unlink(path.c_str());
+    return file;
 }
 
 FileResult<TemporaryFile> TemporaryFile::beside(const std::string& target) {

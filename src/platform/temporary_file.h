@@ -47,6 +47,10 @@ class RegisteredName {
     int m_registered;
 };
 
+// The descriptor of an empty file without a name, gone as soon as it is closed, in the folder that the
+// environment names for such files. It is not handed on to other programs.
+[[nodiscard]] FileResult<int> namelessFile();
+
 // From now on an interrupt, a hang-up or a request to terminate deletes the temporary files of this process
 // before it ends it. For the programs' main().
 void removeTemporariesOnSignals();

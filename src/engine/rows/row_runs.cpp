@@ -9,6 +9,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/temporary_file.h"
+
 namespace engine {
 
 namespace {
@@ -44,7 +46,10 @@ bool RowRuns::write(const RowTable::Row& row, std::size_t fields) {
 
 bool RowRuns::take(RowTable& table) {
     if (!m_file) {
-        m_file.reset(std::tmpfile());
+        const auto file = platform::namelessFile();
+        if (!file) return false;
+        m_file.reset(::fdopen(*file, "w"));
+        if (!m_file) ::close(*file);
         if (!m_file || std::setvbuf(m_file.get(), nullptr, _IOFBF, writtenAtOnce) != 0) return false;
     }
     const std::int64_t begin = m_size;
