@@ -25,7 +25,7 @@ std::optional<FoundFile> findWhereScanned(const platform::Drives& drives, const 
 
 std::optional<FoundFile> locate(const platform::Drives& drives, const CataloguedFile& file, Spelling first) {
     if (first == Spelling::Restored) {
-        const auto found = findFile(drives, file.ruta, file.name, restoredFirst);
+        auto found = findFile(drives, file.ruta, file.name, restoredFirst);
         if (found || isOnFixedDisk(drives, file)) return found;
         return scanDrives(drives, file, restoredFirst);
     }

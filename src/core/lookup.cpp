@@ -187,6 +187,7 @@ Lookup<FoundRow> RowSearch::best() {
         std::erase_if(m_best, [&](const MatchedRow& candidate) { return !isPreferred(candidate); });
     if (!isExact(m_best.front().fit)) {
         std::vector<std::string> paths;
+        paths.reserve(m_best.size());
         for (const MatchedRow& candidate : m_best) paths.push_back(candidate.path);
         std::ranges::sort(paths);
         paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
