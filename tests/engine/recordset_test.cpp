@@ -1,4 +1,7 @@
+#include <unistd.h>
+
 #include <array>
+#include <filesystem>
 #include <random>
 
 #include "catalogue_fixture.h"
@@ -126,6 +129,33 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
         EXPECT_EQ(sorted(1000), inMemory) << order;
         ::unsetenv("TMPDIR");
     }
+}
+
+// The file of sorted runs, which has no name any more, is cut off behind what was read of it.
+TEST_F(RecordsetTest, SortedRowsThatCannotBeReadBackAreAFailure) {
+    auto db = open();
+    ASSERT_TRUE(db.BeginTrans());
+    for (int i = 0; i < 6000; ++i) addFile(db, "r", std::string(200, 'a' + i % 26) + std::to_string(i));
+    ASSERT_TRUE(db.CommitTrans());
+    const auto connection = engine::Connection::open(path, engine::Use::ReadOnly).value();
+    engine::StatementReader reader;
+    const auto statement = reader.read("select * from datos order by archivo").value();
+    const engine::Select select(connection, std::make_shared<engine::UnitList>(*connection),
+                                {statement, reader.literals()});
+    const auto rows = select.rows(1'000'000).value();
+    int cut = 0;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code closed;
+        const std::string leadsTo = std::filesystem::read_symlink(entry, closed);
+        if (leadsTo.contains("/zarquelin-") && leadsTo.ends_with(" (deleted)"))
+            cut += ::truncate(entry.path().c_str(), 0) == 0;
+    }
+    ASSERT_EQ(cut, 1);
+    int given = 0;
+    engine::Result<> moved;
+    for (; moved && !rows->atEnd(); moved = rows->moveNext()) ++given;
+    EXPECT_FALSE(moved);
+    EXPECT_LT(given, 6000);
 }
 
 TEST_F(RecordsetTest, CountsAfterAnotherHandlesChange) {
