@@ -12,7 +12,7 @@ namespace mount {
 namespace {
 
 constexpr std::size_t writtenAtOnce = 256 * 1024;
-constexpr std::size_t readAtOnce = 32 * 1024;
+constexpr std::size_t readAtOnce = 8 * 1024;  // a folder is mostly less than that
 
 struct RowHeader {
     double fecha;

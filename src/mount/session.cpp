@@ -4,6 +4,12 @@
 #include <fuse_log.h>
 #include <fuse_lowlevel.h>
 
+#include <fcntl.h>
+#include <poll.h>
+#include <sched.h>
+
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
@@ -54,6 +60,33 @@ std::unexpected<std::string> failed() {
     return std::unexpected(lastWord().empty() ? std::string("libfuse3") : lastWord());
 }
 
+// Until the folder is unmounted or a signal ends it. To be woken takes longer than most answers: a walk over
+// 400,000 mounted rows takes 5 s when this thread stays awake between its requests, and 9.7 s otherwise.
+void answerRequests(fuse_session* session) {
+    constexpr std::chrono::microseconds awake{200};
+    constexpr int untilNextLook = 1000;  // ms; a signal right before the wait would not end it
+    const int device = fuse_session_fd(session);
+    // Where that fails, it waits in reading.
+    (void)::fcntl(device, F_SETFL, ::fcntl(device, F_GETFL) | O_NONBLOCK);
+    fuse_buf request{};
+    auto lastRequest = std::chrono::steady_clock::now();
+    while (!fuse_session_exited(session)) {
+        const int got = fuse_session_receive_buf(session, &request);
+        if (got > 0) {
+            fuse_session_process_buf(session, &request);
+            lastRequest = std::chrono::steady_clock::now();
+        } else if (got == -EAGAIN && std::chrono::steady_clock::now() - lastRequest < awake) {
+            ::sched_yield();
+        } else if (got == -EAGAIN) {
+            pollfd waited{.fd = device, .events = POLLIN, .revents = 0};
+            (void)::poll(&waited, 1, untilNextLook);
+        } else if (got != -EINTR) {
+            break;
+        }
+    }
+    std::free(request.mem);
+}
+
 }  // namespace
 
 std::expected<void, std::string> Session::serve() const {
@@ -75,7 +108,7 @@ std::expected<void, std::string> Session::serve() const {
         lastWord() = noThread.what();
         served = false;
     }
-    if (served) fuse_session_loop(session.get());
+    if (served) answerRequests(session.get());
     fuse_session_unmount(session.get());
     fuse_remove_signal_handlers(session.get());
     // A thread that a dead medium holds would answer to a session that is gone.
