@@ -123,7 +123,7 @@ TEST(ItemStore, SortsLikeAPlainSort) {
         ItemStore store;
         Texts expected;
         for (int added = 0; added < 3000; ++added) {
-            std::string name;
+            std::string name = "shared";
             for (int piece = 0; piece < 5; ++piece) name += pieces[random() % pieces.size()];
             store.add(file(name, 1));
             expected.push_back(name);
@@ -134,6 +134,8 @@ TEST(ItemStore, SortsLikeAPlainSort) {
         store.sort({.on = true, .key = 0, .descending = descending});
         EXPECT_EQ(texts(store), expected);
         EXPECT_TRUE(store.isConsistent());
+        for (std::size_t at = 1; at < store.size(); ++at)
+            EXPECT_TRUE(store.text(at - 1) != store.text(at) || store.numberOf(at - 1) < store.numberOf(at));
     }
 }
 
