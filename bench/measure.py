@@ -327,6 +327,19 @@ def result_list(bench, _):
     return both
 
 
+def sort_by_column(bench, rows):
+    """The slowest column of the longest list, in seconds."""
+
+    def measure(series):
+        done = run(bench.program("list_bench"), str(rows), keep_output=True)
+        took = {name: float(value) for name, value in (line.split() for line in done.output.splitlines())}
+        of_rows = {"microseconds_to_fill_a_row": took.pop("fill"), "bytes_held_a_row": took.pop("held"),
+                   "bytes_a_row_at_most": took.pop("most")}
+        series.add(max(took.values()), 1.0, done.megabytes, **of_rows)
+
+    return bench.rounds(measure)
+
+
 @dataclass
 class Work:
     key: str
@@ -357,6 +370,7 @@ WORKS = (
          by_command(FOLDER_SELECTS, "list", CROWDED_UNIT, FULL_FOLDER), M),
     Work("mount", "walk a mounted catalogue", "find -printf, the tree", "≤ 5", 5, walk_mounted, 100_000, True),
     Work("list", "result list filled, shown and sorted", "1 s", "≤ 0.25", 0.25, result_list, 300_000),
+    Work("list-columns", "result list sorted by its slowest column", "1 s", "≤ 2", 2, sort_by_column, M, True),
 )
 
 COLUMNS = "{:<37} {:>9} {:>9}  {:<24} {:>9} {:>6} {:>6} {:>6} {:>6} {:>8}"
@@ -388,6 +402,9 @@ def measure_all(bench, works, growth):
         if work.measure is result_list:
             sizes = work.small, work.small * 4
             series = result_list(bench, 0)
+        elif work.measure is sort_by_column:
+            sizes = work.small, work.small * 4
+            series = tuple(sort_by_column(bench, size) for size in sizes)
         else:
             sizes = tuple(size // bench.scale for size in sizes)
             series = tuple(work.measure(bench, size) for size in sizes)
