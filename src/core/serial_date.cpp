@@ -78,7 +78,7 @@ std::int64_t timeOfSerial(double serial) {
 }
 
 std::string pointedDecimalText(double number) {
-    if (!std::isfinite(number)) return "0";
+    if (!std::isfinite(number) || number == 0) return "0";  // nor a zero with a sign
     char digits[512];
     auto [end, error] = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed);
     if (error != std::errc{}) end = std::to_chars(digits, digits + sizeof digits, number).ptr;
