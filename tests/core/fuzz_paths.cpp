@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QUtf8StringView>
 #include <algorithm>
 #include <ranges>
@@ -7,7 +5,7 @@
 #include "core/path_readings.h"
 #include "platform/mount_table.h"
 #include "platform/names.h"
-#include "support/rounds.h"
+#include "support/fuzz.h"
 
 // Paths as a disk has them, as a stranger's catalogue may hold them and as a person may type them: any name
 // comes back as it was, and nothing leads out of a drive.
@@ -87,29 +85,31 @@ bool haveLettersOfTheirOwn(const std::vector<platform::Drive>& drives) {
     return true;
 }
 
-TEST(Fuzz, PathsComeBackAndLeadOutOfNoDrive) {
-    const auto usual = platform::Drives::parse("C=/;D=/mnt;E=/mnt/a,optical;F=,optical");
-    const platform::MountProbe probe{[](const std::string&) { return true; },
-                                     [](const platform::Mount&) { return platform::DriveType::Fixed; }};
-    std::mt19937 random = test::seeded();
-    for (int i = test::rounds(20'000); i > 0; --i) {
+struct PathsComeBackAndLeadOutOfNoDrive : test::Fuzz {
+    void round(test::Random& random) {
         std::string text = test::randomText(random, pieces, 8);
-        if (random() % 4 == 0 && !text.empty())
-            text[random() % text.size()] = static_cast<char>(1 + random() % 255);
+        test::spoil(text, random);
+        std::erase(text, '\0');
         const auto parsed = platform::Drives::parse(test::randomText(random, drivePieces, 6));
-        const auto& drives = random() % 4 == 0 ? parsed : usual;
+        const auto& drives = random(4) == 0 ? parsed : usual;
         const auto mounted =
             assignLetters(platform::parseMountInfo(test::randomText(random, mountPieces, 9)), probe);
-        std::string hostile = "CDEFc"[random() % 5] + (":" + text);
-        if (random() % 8 == 0) hostile.insert(2 + random() % (hostile.size() - 1), 1, '\0');
+        std::string hostile = "CDEFc"[random(5)] + (":" + text);
+        if (random(8) == 0) hostile.insert(2 + random(hostile.size() - 1), 1, '\0');
         std::string name = text;
         std::erase(name, '/');
         ASSERT_TRUE(nameComesBack(name)) << name;
         ASSERT_TRUE(pathComesBack(usual, '/' + text)) << text;
         ASSERT_TRUE(staysInItsDrive(drives, hostile)) << hostile;
         ASSERT_TRUE(isReadRightly(usual, text) && isReadRightly(usual, '/' + text)) << text;
-        ASSERT_TRUE(haveLettersOfTheirOwn(parsed.list()) && haveLettersOfTheirOwn(mounted)) << i;
+        ASSERT_TRUE(haveLettersOfTheirOwn(parsed.list()) && haveLettersOfTheirOwn(mounted)) << text;
+        if (drives.toNativePath(hostile)) ++useful;
     }
-}
+
+    const platform::Drives usual = platform::Drives::parse("C=/;D=/mnt;E=/mnt/a,optical;F=,optical");
+    const platform::MountProbe probe{[](const std::string&) { return true; },
+                                     [](const platform::Mount&) { return platform::DriveType::Fixed; }};
+};
+FUZZED(PathsComeBackAndLeadOutOfNoDrive, 20'000)
 
 }  // namespace

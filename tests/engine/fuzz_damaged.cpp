@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,7 +7,7 @@
 
 #include "engine/database.h"
 #include "engine/maintenance.h"
-#include "support/rounds.h"
+#include "support/fuzz.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -56,14 +55,14 @@ void interrupt(const std::string& path) {
 
 // Some bits flipped, pages put in each other's place or over each other, pointers and counts near the start
 // of a page made others, the end cut off.
-void hurt(std::string& bytes, std::mt19937& random) {
+void hurt(std::string& bytes, test::Random& random) {
     constexpr std::size_t page = 8192;
     if (bytes.size() < page) return;
-    const auto somePage = [&] { return random() % (bytes.size() / page) * page; };
-    for (unsigned faults = 1 + random() % 20; faults > 0; --faults) {
-        const std::size_t at = random() % 4 ? random() % bytes.size() : somePage() + random() % 64;
+    const auto somePage = [&] { return random(bytes.size() / page) * page; };
+    for (std::size_t faults = 1 + random(20); faults > 0; --faults) {
+        const std::size_t at = random(4) ? random(bytes.size()) : somePage() + random(64);
         const std::size_t from = somePage(), to = somePage();
-        switch (random() % 16) {
+        switch (random(16)) {
             case 0:
                 std::swap_ranges(&bytes[from], &bytes[from] + page, &bytes[to]);
                 break;
@@ -71,42 +70,49 @@ void hurt(std::string& bytes, std::mt19937& random) {
                 bytes.replace(to, page, std::string(bytes, from, page));
                 break;
             case 2:
-                bytes.replace(to + random() % 40, 4, std::string(bytes, from + random() % 40, 4));
+                bytes.replace(to + random(40), 4, std::string(bytes, from + random(40), 4));
                 break;
             default:
-                bytes[std::min(at, bytes.size() - 1)] ^= static_cast<char>(1 << random() % 8);
+                bytes[std::min(at, bytes.size() - 1)] ^= static_cast<char>(1 << random(8));
         }
     }
-    if (random() % 4 == 0) bytes.resize(random() % bytes.size());
+    if (random(4) == 0) bytes.resize(random(bytes.size()));
 }
 
 // A damaged catalogue, with a journal beside it or without: reading ends in rows or an error, and what a
 // repair calls repaired is sound.
-TEST(Fuzz, WhatIsCalledRepairedIsSound) {
-    const test::TemporaryFolder folder;
-    const std::string path = folder / "a.zrq", journal = path + "-journal";
-    ASSERT_TRUE(engine::CreateDatabase(path));
-    fill(path);
-    const std::string whole = test::readFile(path);
-    interrupt(path);
-    const std::string changed = test::readFile(path), wayBack = test::readFile(journal);
-    std::mt19937 random = test::seeded();
-    for (int i = test::rounds(30); i > 0; --i) {
+struct WhatIsCalledRepairedIsSound : test::Fuzz {
+    WhatIsCalledRepairedIsSound() {
+        engine::CreateDatabase(path).value();
+        fill(path);
+        whole = test::readFile(path);
+        interrupt(path);
+        changed = test::readFile(path);
+        wayBack = test::readFile(journal);
+    }
+
+    void round(test::Random& random) {
         for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
             std::filesystem::remove(entry);
-        const bool interrupted = random() % 2 == 0;
+        const bool interrupted = random(2) == 0;
         std::string file = interrupted ? changed : whole, beside = wayBack;
-        if (!interrupted || random() % 3 != 0) hurt(file, random);
-        if (interrupted && random() % 2 == 0) hurt(beside, random);
+        if (!interrupted || random(3) != 0) hurt(file, random);
+        if (interrupted && random(2) == 0) hurt(beside, random);
         test::writeFile(path, file);
         if (interrupted) test::writeFile(journal, beside);
         useAll(path);
-        if (!engine::RepairDatabase(path)) continue;
+        if (!engine::RepairDatabase(path)) return;
+        ++useful;
         useAll(path);
         const auto check = engine::CheckDatabase(path);
         ASSERT_TRUE(check) << check.error().text;
         ASSERT_EQ(check->faults, std::vector<std::string>());
     }
-}
+
+    const test::TemporaryFolder folder;
+    const std::string path = folder / "a.zrq", journal = path + "-journal";
+    std::string whole, changed, wayBack;
+};
+FUZZED(WhatIsCalledRepairedIsSound, 30)
 
 }  // namespace
