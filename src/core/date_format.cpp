@@ -14,7 +14,6 @@ struct DateFormat::Moment {
 
 namespace {
 
-constexpr std::int64_t secondsInDay = 86'400;
 constexpr double greatestSerial =
     10'000'000;  // about the year 29,000; beyond it a number says more than a date
 

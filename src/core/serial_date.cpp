@@ -12,7 +12,6 @@
 namespace core {
 namespace {
 
-constexpr std::int64_t secondsInDay = 86'400;
 constexpr std::int64_t serialOfEpoch = 25'569;  // 1 January 1970
 
 // Seconds to add to universal time. A moment that the C library cannot place counts as universal time.

@@ -7,6 +7,8 @@
 
 namespace core {
 
+inline constexpr std::int64_t secondsInDay = 86'400;
+
 // Dates are serial numbers: whole days since 30 December 1899 in local time, the time of day as the fraction.
 [[nodiscard]] double serialOfTime(std::int64_t unixSeconds);
 // The way back, to the nearest second. A moment outside the years 1 to 9999 is the beginning of 1970.

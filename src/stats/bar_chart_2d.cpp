@@ -11,9 +11,7 @@
 namespace stats {
 namespace {
 
-constexpr double barWidth = 0.72;  // of its eighth of the plot
-constexpr int iconSize = 20;
-constexpr double gap = 4;
+constexpr double flatBarWidth = 0.72;  // of its eighth of the plot
 
 }  // namespace
 
@@ -23,7 +21,7 @@ BarChart2D::BarChart2D(CategoryIcons icons, QWidget* parent)
       m_series(new QStackedBarSeries),
       m_values(new QValueAxis) {
     auto* places = new QBarCategoryAxis;
-    m_series->setBarWidth(barWidth);
+    m_series->setBarWidth(flatBarWidth);
     // Only a set of bars has a colour, so each category is a set of its own with one bar, at its own place.
     for (std::size_t category = 0; category < categoryCount; ++category) {
         m_bars[category] = new QBarSet(QString());
@@ -88,10 +86,10 @@ void BarChart2D::drawForeground(QPainter* painter, const QRectF&) {
         const auto count = m_statistics.cantidadcategoria[category];
         const QPointF end =
             chart()->mapToPosition({static_cast<double>(category), static_cast<double>(count)}, m_series);
-        const double top = count < 0 ? end.y() + gap / 2 : end.y() - height - gap / 2;
+        const double top = count < 0 ? end.y() + iconGap / 2 : end.y() - height - iconGap / 2;
         painter->drawText(QRectF(end.x() - pitch, top, 2 * pitch, height), Qt::AlignCenter,
                           QString::number(count));
-        const QRectF foot(end.x() - iconSize / 2.0, plot.bottom() + gap, iconSize, iconSize);
+        const QRectF foot(end.x() - iconSize / 2.0, plot.bottom() + iconGap, iconSize, iconSize);
         m_icons[category].paint(painter, foot.toRect());
     }
 }

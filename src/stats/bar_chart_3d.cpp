@@ -17,9 +17,6 @@ constexpr double rowRise = -0.13;
 constexpr double depthRun = 0.62;
 constexpr double depthRise = 0.42;
 
-constexpr int iconSize = 20;
-constexpr double gap = 4;
-
 double barLeft(std::size_t category) {
     return static_cast<double>(category) + (1 - barWidth) / 2;
 }
@@ -61,9 +58,9 @@ void BarChart3D::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double line = fontMetrics().height();
-    const double axis = fontMetrics().horizontalAdvance(QString::number(m_scale.high) + u'0') + 2 * gap;
-    const Projection space(m_scale,
-                           QRectF(rect()).adjusted(axis, line + 2 * gap, -3 * gap, -iconSize - 3 * gap));
+    const double axis = fontMetrics().horizontalAdvance(QString::number(m_scale.high) + u'0') + 2 * iconGap;
+    const Projection space(
+        m_scale, QRectF(rect()).adjusted(axis, line + 2 * iconGap, -3 * iconGap, -iconSize - 3 * iconGap));
 
     drawRoom(painter, space);
     // What hangs below the floor is seen through it; nearer bars cover farther ones.
@@ -94,7 +91,7 @@ void BarChart3D::drawRoom(QPainter& painter, const Projection& space) const {
                                        space.at(rowLength, value, floorDepth)});
         painter.setPen(colours.color(QPalette::WindowText));
         const QPointF end = space.at(0, value, 0);
-        painter.drawText(QRectF(0, end.y() - 50, end.x() - gap, 100), Qt::AlignRight | Qt::AlignVCenter,
+        painter.drawText(QRectF(0, end.y() - 50, end.x() - iconGap, 100), Qt::AlignRight | Qt::AlignVCenter,
                          QString::number(step));
     }
 }
@@ -137,7 +134,8 @@ void BarChart3D::drawTexts(QPainter& painter, const Projection& space) const {
         const QPointF end = count < 0
                                 ? space.at(middle, static_cast<double>(count), barFront)
                                 : space.at(middle, static_cast<double>(count), (barFront + barBack) / 2);
-        const double base = count < 0 ? end.y() + gap + metrics.ascent() : end.y() - gap - metrics.descent();
+        const double base =
+            count < 0 ? end.y() + iconGap + metrics.ascent() : end.y() - iconGap - metrics.descent();
         QPainterPath path;
         path.addText(end.x() - metrics.horizontalAdvance(text) / 2, base, font(), text);
         QColor halo = palette().color(QPalette::Base);
@@ -147,7 +145,7 @@ void BarChart3D::drawTexts(QPainter& painter, const Projection& space) const {
 
         const QPointF foot = space.at(middle, static_cast<double>(m_scale.low), 0);
         m_icons[category].paint(
-            &painter, QRectF(foot.x() - iconSize / 2.0, foot.y() + gap, iconSize, iconSize).toRect());
+            &painter, QRectF(foot.x() - iconSize / 2.0, foot.y() + iconGap, iconSize, iconSize).toRect());
     }
 }
 

@@ -15,6 +15,8 @@ namespace stats {
 [[nodiscard]] QColor categoryColour(std::size_t category);
 [[nodiscard]] QColor categoryOutline(std::size_t category);
 
+inline constexpr int iconSize = 20;
+inline constexpr double iconGap = 4;  // between a bar and its picture or text
 using CategoryIcons = std::array<QIcon, categoryCount>;
 
 // "12 (34 %)", the label of a slice.

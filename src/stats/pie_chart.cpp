@@ -17,8 +17,8 @@ namespace {
 constexpr double largestPie = 0.78;  // of the plot's shorter side
 constexpr double smallestPie = 0.3;
 constexpr double leaderLength = 16;  // beyond the rim, in pixels
-constexpr int iconSize = 16;
-constexpr double gap = 5;
+constexpr int pieIconSize = 16;
+constexpr double pieGap = 5;
 
 QPointF onCircle(QPointF centre, double radius, double degrees) {
     const double angle = degrees * std::numbers::pi / 180;
@@ -75,7 +75,7 @@ void PieChart::fitPie() {
         if (m_statistics.cantidadcategoria[category] > 0)
             widest =
                 std::max<double>(widest, fontMetrics().horizontalAdvance(shareText(m_statistics, category)));
-    const double room = width() / 2.0 - leaderLength - 4 * gap - iconSize - widest;
+    const double room = width() / 2.0 - leaderLength - 4 * pieGap - pieIconSize - widest;
     const QRectF plot = chart()->plotArea();
     const double side = std::max(1.0, std::min(plot.width(), plot.height()));
     m_series->setPieSize(std::clamp(2 * room / side, smallestPie, largestPie));
@@ -97,7 +97,7 @@ void PieChart::changeEvent(QEvent* event) {
 void PieChart::drawForeground(QPainter* painter, const QRectF&) {
     const QRectF plot = chart()->plotArea();
     const double radius = std::min(plot.width(), plot.height()) / 2 * m_series->pieSize();
-    const double height = std::max<double>(fontMetrics().height(), iconSize) + 2;
+    const double height = std::max<double>(fontMetrics().height(), pieIconSize) + 2;
 
     const double reach = radius + leaderLength;
 
@@ -127,16 +127,16 @@ void PieChart::drawForeground(QPainter* painter, const QRectF&) {
 
 void PieChart::drawLabel(QPainter& painter, const Label& label) const {
     const double direction = label.right ? 1 : -1;
-    const QPointF end = label.elbow + QPointF(direction * gap, 0);
+    const QPointF end = label.elbow + QPointF(direction * pieGap, 0);
     painter.setPen(QPen(categoryOutline(label.category), 1.2));
     painter.drawPolyline(QPolygonF{label.rim, label.knee, label.elbow, end});
 
     const QString text = shareText(m_statistics, label.category);
     const double width = fontMetrics().horizontalAdvance(text);
-    const double iconLeft = label.right ? end.x() + gap : end.x() - gap - iconSize;
-    m_icons[label.category].paint(&painter,
-                                  QRectF(iconLeft, end.y() - iconSize / 2.0, iconSize, iconSize).toRect());
-    const double textLeft = label.right ? iconLeft + iconSize + gap : iconLeft - gap - width;
+    const double iconLeft = label.right ? end.x() + pieGap : end.x() - pieGap - pieIconSize;
+    m_icons[label.category].paint(
+        &painter, QRectF(iconLeft, end.y() - pieIconSize / 2.0, pieIconSize, pieIconSize).toRect());
+    const double textLeft = label.right ? iconLeft + pieIconSize + pieGap : iconLeft - pieGap - width;
     painter.setFont(font());
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(QRectF(textLeft, end.y() - 50, width + 2, 100), Qt::AlignLeft | Qt::AlignVCenter, text);

@@ -33,7 +33,6 @@ constexpr core::Bilingual tabTitles[] = {
 constexpr core::Bilingual closeCaption{"Cerrar", "Close"};
 constexpr core::Bilingual printCaption{"Imprimir", "Print"};
 
-constexpr int iconSize = 20;
 constexpr int swatchSize = 14;
 enum Column { Swatch, Icon, Name, Share, Count };
 
