@@ -28,7 +28,7 @@ MAY_INCLUDE = {
 }
 WIDGETS = ("frame", "controls")  # folders that logic knows nothing of
 
-INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
+INCLUDE = re.compile(r'^\s*#\s*include\s+"((?!moc_)[^"]+)"', re.M)
 SLEEP = re.compile(r"\b(sleep_for|sleep_until|u?sleep|nanosleep|qSleep|qWait)\s*\(|\bQThread::m?sleep|^\s*sleep\s+\d", re.M)
 
 

@@ -40,3 +40,5 @@ bool ClosedCombo::eventFilter(QObject* watched, QEvent* event) {
 }
 
 }  // namespace controls
+
+#include "moc_closed_combo.cpp"

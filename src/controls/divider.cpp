@@ -74,3 +74,5 @@ void Divider::paintEvent(QPaintEvent*) {
 }
 
 }  // namespace controls
+
+#include "moc_divider.cpp"

@@ -91,3 +91,5 @@ void ImageCombo::setText(const QString& text) {
 }
 
 }  // namespace controls
+
+#include "moc_image_combo.cpp"

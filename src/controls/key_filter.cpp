@@ -70,3 +70,5 @@ bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
 }
 
 }  // namespace controls
+
+#include "moc_key_filter.cpp"

@@ -83,3 +83,5 @@ void ClickableLabel::paintEvent(QPaintEvent*) {
 }
 
 }  // namespace controls
+
+#include "moc_link_label.cpp"

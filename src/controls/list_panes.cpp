@@ -248,3 +248,5 @@ void IconsView::arrange(ListView::View view) {
 }
 
 }  // namespace controls
+
+#include "moc_list_panes.cpp"

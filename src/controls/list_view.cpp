@@ -116,3 +116,5 @@ void ListView::repaintNow() {
 }
 
 }  // namespace controls
+
+#include "moc_list_view.cpp"

@@ -68,3 +68,5 @@ void UpDown::paintEvent(QPaintEvent*) {
 }
 
 }  // namespace controls
+
+#include "moc_step_buttons.cpp"

@@ -90,3 +90,5 @@ void TabStrip::tabLayoutChange() {
 }
 
 }  // namespace controls
+
+#include "moc_tab_strip.cpp"

@@ -239,3 +239,5 @@ Qt::ItemFlags TreeModel::flags(const QModelIndex& place) const {
 }
 
 }  // namespace controls
+
+#include "moc_tree_model.cpp"

@@ -182,3 +182,5 @@ bool TreeView::selectCurrent() {
 }
 
 }  // namespace controls
+
+#include "moc_tree_view.cpp"

@@ -28,3 +28,5 @@ void ValueButton::initStyleOption(QStyleOptionToolButton* option) const {
 }
 
 }  // namespace controls
+
+#include "moc_value_button.cpp"

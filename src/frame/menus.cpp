@@ -182,3 +182,5 @@ void MenuBar::attachIcons() {
 }
 
 }  // namespace frame
+
+#include "moc_menus.cpp"

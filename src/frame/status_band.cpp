@@ -191,3 +191,5 @@ void StatusBand::arrange() {
 }
 
 }  // namespace frame
+
+#include "moc_status_band.cpp"

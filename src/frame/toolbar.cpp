@@ -185,3 +185,5 @@ void Toolbar::mousePressEvent(QMouseEvent*) {
 }
 
 }  // namespace frame
+
+#include "moc_toolbar.cpp"

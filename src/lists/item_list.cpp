@@ -276,3 +276,5 @@ void ItemList::showEvent(QShowEvent* event) {
 }
 
 }  // namespace lists
+
+#include "moc_item_list.cpp"

@@ -120,3 +120,5 @@ QModelIndexList ItemModel::match(const QModelIndex& start, int role, const QVari
 }
 
 }  // namespace lists
+
+#include "moc_item_model.cpp"

@@ -243,3 +243,5 @@ void NotesPanel::applyFontSize(int points) {
 }
 
 }  // namespace notes
+
+#include "moc_notes_panel.cpp"

@@ -250,3 +250,5 @@ void ImportPanel::setDirectory(const std::string& directory) {
 }
 
 }  // namespace scan
+
+#include "moc_import_panel.cpp"

@@ -279,3 +279,5 @@ void CriteriaPages::readInto(SearchRequest& request) const {
 }
 
 }  // namespace search
+
+#include "moc_criteria_pages.cpp"

@@ -35,3 +35,5 @@ void CriterionHeading::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 }  // namespace search
+
+#include "moc_criterion_heading.cpp"

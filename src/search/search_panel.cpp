@@ -251,3 +251,5 @@ void SearchPanel::warn(core::Bilingual message) {
 }
 
 }  // namespace search
+
+#include "moc_search_panel.cpp"

@@ -80,3 +80,5 @@ void Form5::keyPressEvent(QKeyEvent* event) {
 }
 
 }  // namespace shell
+
+#include "moc_language_chooser.cpp"

@@ -205,3 +205,5 @@ void Form1::closeEvent(QCloseEvent* event) {
 }
 
 }  // namespace shell
+
+#include "moc_main_window.cpp"

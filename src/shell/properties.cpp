@@ -141,3 +141,5 @@ void Form3::keyPressEvent(QKeyEvent* event) {
 }
 
 }  // namespace shell
+
+#include "moc_properties.cpp"

@@ -131,3 +131,5 @@ bool Form8::eventFilter(QObject* watched, QEvent* event) {
 }
 
 }  // namespace shell
+
+#include "moc_quick_start.cpp"

@@ -119,3 +119,5 @@ void Form2::keyPressEvent(QKeyEvent* event) {
 }
 
 }  // namespace shell
+
+#include "moc_splash.cpp"

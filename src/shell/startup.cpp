@@ -97,3 +97,5 @@ void salida() {
 }
 
 }  // namespace shell
+
+#include "moc_startup.cpp"

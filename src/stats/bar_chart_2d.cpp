@@ -95,3 +95,5 @@ void BarChart2D::drawForeground(QPainter* painter, const QRectF&) {
 }
 
 }  // namespace stats
+
+#include "moc_bar_chart_2d.cpp"

@@ -150,3 +150,5 @@ void BarChart3D::drawTexts(QPainter& painter, const Projection& space) const {
 }
 
 }  // namespace stats
+
+#include "moc_bar_chart_3d.cpp"

@@ -143,3 +143,5 @@ void PieChart::drawLabel(QPainter& painter, const Label& label) const {
 }
 
 }  // namespace stats
+
+#include "moc_pie_chart.cpp"

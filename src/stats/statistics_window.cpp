@@ -245,3 +245,5 @@ void Form4::print() {
 }
 
 }  // namespace stats
+
+#include "moc_statistics_window.cpp"
