@@ -4,7 +4,7 @@
 #include "engine/guarded.h"
 #include "engine/recordset_impl.h"
 #include "engine/rows/change.h"
-#include "engine/rows/joint_count.h"
+#include "engine/rows/one_pass.h"
 #include "engine/rows/path_lookup.h"
 
 namespace engine {
@@ -57,19 +57,49 @@ Result<long long> Database::Execute(std::string_view sql) {
     });
 }
 
+Result<std::unique_ptr<Recordset::Impl>> Database::opened(std::string_view select) {
+    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+    auto statement = m_impl->reader.read(select);
+    if (!statement) return std::unexpected(statement.error());
+    if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(select));
+    Select read(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()),
+                m_impl->names);
+    auto known = m_impl->paths.rows(read);
+    if (!known) return std::unexpected(known.error());
+    auto opened = std::make_unique<Recordset::Impl>(std::move(read), std::move(*known));
+    if (auto readable = opened->begin(); !readable) return std::unexpected(readable.error());
+    return opened;
+}
+
 Result<Recordset> Database::OpenRecordset(std::string_view sql) {
     return guarded([&]() -> Result<Recordset> {
-        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-        auto statement = m_impl->reader.read(sql);
-        if (!statement) return std::unexpected(statement.error());
-        if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(sql));
-        Select select(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()),
-                      m_impl->names);
-        auto known = m_impl->paths.rows(select);
-        if (!known) return std::unexpected(known.error());
-        auto opened = std::make_unique<Recordset::Impl>(std::move(select), std::move(*known));
-        if (auto readable = opened->begin(); !readable) return std::unexpected(readable.error());
-        return Recordset(std::move(opened));
+        auto rows = opened(sql);
+        return rows ? Result<Recordset>(std::move(*rows)) : std::unexpected(rows.error());
+    });
+}
+
+Result<std::vector<Result<Recordset>>> Database::OpenRecordsets(std::span<const std::string_view> selects) {
+    return guarded([&]() -> Result<std::vector<Result<Recordset>>> {
+        std::vector<Recordset::Impl*> unread;
+        std::vector<const Select*> left;
+        std::vector<Result<Recordset>> recordsets;
+        for (const std::string_view sql : selects) {
+            auto rows = opened(sql);
+            if (!rows) {
+                recordsets.emplace_back(std::unexpected(rows.error()));
+                continue;
+            }
+            if (!(*rows)->rows) {
+                unread.push_back(rows->get());
+                left.push_back(&(*rows)->select);
+            }
+            recordsets.emplace_back(std::move(*rows));
+        }
+        if (left.size() < 2) return recordsets;
+        // After a failure each of them reads for itself, and tells.
+        if (auto rows = rowsTogether(*m_impl->connection, left))
+            for (std::size_t i = 0; i < unread.size(); ++i) unread[i]->rows = std::move((*rows)[i]);
+        return recordsets;
     });
 }
 

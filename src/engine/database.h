@@ -40,6 +40,11 @@ class Database {
     // Opens the rows of a `select`, positioned on the first one. Rows are fetched as they are asked for.
     [[nodiscard]] Result<Recordset> OpenRecordset(std::string_view sql);
 
+    // The same for several selects, each with its own outcome. Those that would each pass over all rows are
+    // read in one pass, and then show one state of the file.
+    [[nodiscard]] Result<std::vector<Result<Recordset>>> OpenRecordsets(
+        std::span<const std::string_view> selects);
+
     // The record counts of selects that group nothing, in one pass for all of them: for two of them over a
     // million rows 0.08 s instead of 0.11 s.
     [[nodiscard]] Result<std::vector<long long>> RecordCounts(std::span<const std::string_view> selects);
@@ -69,6 +74,7 @@ class Database {
   private:
     struct Impl;
     [[nodiscard]] Result<> followReplacement();
+    [[nodiscard]] Result<std::unique_ptr<Recordset::Impl>> opened(std::string_view select);
     std::unique_ptr<Impl> m_impl;
 };
 

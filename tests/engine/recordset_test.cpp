@@ -5,7 +5,7 @@
 #include <random>
 
 #include "catalogue_fixture.h"
-#include "engine/rows/select.h"
+#include "engine/rows/one_pass.h"
 
 namespace {
 
@@ -54,6 +54,39 @@ TEST_F(RecordsetTest, CountsSeveralAtOnceAsOneByOne) {
     EXPECT_EQ(counts->front(), 3);
     EXPECT_FALSE(db.RecordCounts(std::array{"select disco from datos group by disco"sv}));
     EXPECT_FALSE(db.RecordCounts(std::array{"delete * from datos"sv}));
+}
+
+TEST_F(RecordsetTest, OpensSeveralAsOneByOne) {
+    auto db = open();
+    for (const char* name : {"b", "a", "C"}) addFile(db, "r", name);
+    addFolder(db, "r", "b", 2);
+    constexpr std::string_view selects[]{
+        "select * from datos where carpeta like ('*b*') and tipo <>('archivo') order by carpeta",
+        "select * from datos where archivo like ('*') order by archivo desc",
+        "select * from datos where archivo like ('*b*') or carpeta like ('*b*') order by largo, ruta",
+        "select * from datos where archivo like ('*c*",
+        "select archivo from datos where archivo like ('*[a-b]*') order by largo, archivo",
+        "select * from datos where disco=('u :') and archivo like ('*c*') order by archivo",
+        "select * from datos where archivo like ('*c*')",
+        "select archivo from datos where archivo like ('*') group by archivo order by archivo",
+        "select * from datos order by archivo",
+    };
+    auto all = db.OpenRecordsets(selects);
+    ASSERT_TRUE(all);
+    for (std::size_t i = 0; i < std::size(selects); ++i) {
+        auto& rows = (*all)[i];
+        auto alone = db.OpenRecordset(selects[i]);
+        ASSERT_EQ(rows.has_value(), alone.has_value()) << selects[i];
+        if (!rows) continue;
+        EXPECT_EQ(rows->RecordCount(), alone->RecordCount()) << selects[i];
+        for (; !alone->Eof(); alone->MoveNext(), rows->MoveNext())
+            for (const char* field : {"archivo", "carpeta", "disco"})
+                EXPECT_EQ(rows->Field(field).text(), alone->Field(field).text()) << selects[i];
+        EXPECT_TRUE(rows->Eof()) << selects[i];
+    }
+    EXPECT_EQ((*all)[2]->RecordCount(), 2);
+    db.Close();
+    EXPECT_FALSE(db.OpenRecordsets(selects)->front());
 }
 
 TEST_F(RecordsetTest, EndsWithItsDatabase) {
@@ -106,28 +139,35 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
     ASSERT_TRUE(db.CommitTrans());
     const auto connection = engine::Connection::open(path, engine::Use::ReadOnly).value();
     const auto units = std::make_shared<engine::UnitList>(*connection);
+    const auto numbersOf = [](engine::Rows& rows) {
+        std::string numbers;
+        while (!rows.atEnd()) {
+            numbers += std::to_string(rows.field(engine::Column::numero).integer()) + ' ';
+            EXPECT_TRUE(rows.moveNext());
+        }
+        return numbers;
+    };
+    std::vector<engine::Select> selects;
+    std::vector<std::string> inMemory;
     for (const std::string order :
          {"archivo", "archivo desc, largo", "carpeta, largo desc", "nivel, numero"}) {
-        const std::string sql =
-            "select numero from datos where archivo like ('*ÑAME*7*') and tipo=('archivo') order by " + order;
         engine::StatementReader reader;
-        const auto statement = reader.read(sql).value();
-        const engine::Select select(connection, units, {statement, reader.literals()});
-        const auto sorted = [&select](std::size_t bound) {
-            const auto rows = select.rows(bound).value();
-            std::string numbers;
-            while (!rows->atEnd()) {
-                numbers += std::to_string(rows->field(engine::Column::numero).integer()) + ' ';
-                EXPECT_TRUE(rows->moveNext());
-            }
-            return numbers;
-        };
-        const std::string inMemory = sorted(engine::RowTable::usualBound);
-        EXPECT_GT(inMemory.size(), 10'000u);
-        EXPECT_EQ(sorted(1000), inMemory) << order;
+        const auto statement = reader.read(
+            "select numero from datos where archivo like ('*ÑAME*7*') and tipo=('archivo') order by " +
+            order);
+        selects.emplace_back(connection, units, engine::Query(statement.value(), reader.literals()));
+        inMemory.push_back(numbersOf(*selects.back().rows().value()));
+        EXPECT_GT(inMemory.back().size(), 10'000u);
+        EXPECT_EQ(numbersOf(*selects.back().rows(1000).value()), inMemory.back()) << order;
         ::setenv("TMPDIR", "/nowhere", 1);  // SQLite sorts what no file of ours can hold
-        EXPECT_EQ(sorted(1000), inMemory) << order;
+        EXPECT_EQ(numbersOf(*selects.back().rows(1000).value()), inMemory.back()) << order;
         ::unsetenv("TMPDIR");
+    }
+    const auto several = std::to_array({&std::as_const(selects[0]), &std::as_const(selects[3])});
+    for (const std::size_t bound : {engine::RowTable::usualBound, std::size_t{1000}}) {
+        const auto together = engine::rowsTogether(*connection, several, bound).value();
+        EXPECT_EQ(numbersOf(*together[0]), inMemory[0]) << bound;
+        EXPECT_EQ(numbersOf(*together[1]), inMemory[3]) << bound;
     }
 }
 

@@ -101,7 +101,7 @@ void SqlWriter::writeOperand(const Operand& operand, Type type) {
             // A fraction compared with whole numbers stays one.
             if (type == Type::Integer) type = Type::Real;
             writeValue(
-                converted(m_literals[operand.literal], operand.negative, type, m_storage.emplace_back()));
+                converted((*m_literals)[operand.literal], operand.negative, type, m_storage.emplace_back()));
             break;
     }
 }
@@ -152,7 +152,7 @@ void SqlWriter::writeLike(const Condition& condition) {
     m_sql += "engine_like(";
     writeOperand(condition.operands[0], Type::Text);
     m_sql += ", ";
-    writeValue(patternOf(condition, m_literals));
+    writeValue(patternOf(condition, *m_literals));
     m_sql += ')';
 }
 
@@ -170,7 +170,7 @@ void SqlWriter::writeCompared(const Condition& condition, const Operand& operand
 bool SqlWriter::writeUnits(const Condition& condition) {
     constexpr std::size_t mostListed = 500;
     if (!UnitNames::decide(condition)) return false;
-    const auto names = m_units.named(condition, m_literals);
+    const auto names = m_units->named(condition, *m_literals);
     if (names.size() > mostListed) return false;
     const bool excluded = condition.kind == Condition::Unequal;
     if (names.size() <= 1) {
@@ -198,7 +198,7 @@ void SqlWriter::writeFields(const std::vector<Column>& fields) {
 void SqlWriter::writeWhere(const Statement& statement) {
     if (!statement.where) return;
     m_sql += " where ";
-    writeCondition(withUnitFirst(*statement.where, m_literals));
+    writeCondition(withUnitFirst(*statement.where, *m_literals));
 }
 
 void SqlWriter::writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow) {
@@ -208,7 +208,7 @@ void SqlWriter::writeWhere(const Statement& statement, std::int64_t firstRow, st
     writeValue(lastRow);
     if (!statement.where) return;
     m_sql += " and ";
-    writeCondition(withUnitFirst(*statement.where, m_literals));
+    writeCondition(withUnitFirst(*statement.where, *m_literals));
 }
 
 void SqlWriter::writeGroupBy(const Statement& statement) {
@@ -246,7 +246,7 @@ void SqlWriter::writeAssignments(const Statement& statement) {
 
 void SqlWriter::writeAssigned(const Operand& value, Type type) {
     if (value.kind == Operand::Text || value.kind == Operand::Number)
-        writeValue(converted(m_literals[value.literal], value.negative, type, m_storage.emplace_back()));
+        writeValue(converted((*m_literals)[value.literal], value.negative, type, m_storage.emplace_back()));
     else
         writeOperand(value, type);
 }

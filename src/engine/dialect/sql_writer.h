@@ -15,8 +15,14 @@ namespace engine {
 // literal ever becomes part of the text.
 class SqlWriter {
   public:
-    SqlWriter(const std::vector<Literal>& literals, const UnitNames& units)
-        : m_literals(literals), m_units(units) {}
+    SqlWriter() = default;
+    SqlWriter(const std::vector<Literal>& literals, const UnitNames& units) { turnTo(literals, units); }
+
+    // From here on it writes conditions of the statement with these literals.
+    void turnTo(const std::vector<Literal>& literals, const UnitNames& units) {
+        m_literals = &literals;
+        m_units = &units;
+    }
 
     SqlWriter& write(std::string_view sql) {
         m_sql += sql;
@@ -45,8 +51,8 @@ class SqlWriter {
     void writeAssigned(const Operand& value, Type type);
     void writeValue(const BoundValue& value);
 
-    const std::vector<Literal>& m_literals;
-    const UnitNames& m_units;
+    const std::vector<Literal>* m_literals = nullptr;
+    const UnitNames* m_units = nullptr;
     std::string m_sql;
     std::vector<BoundValue> m_values;
     std::deque<std::string> m_storage;  // for values that no literal holds as they are

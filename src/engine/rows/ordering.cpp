@@ -31,10 +31,10 @@ Result<> appendColumnKey(std::string& key, Column column, const Prepared& row, i
 }  // namespace
 
 Result<> appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy, const Prepared& row,
-                        int first) {
+                        const std::vector<int>& places) {
     for (std::size_t i = 0; i < orderBy.size(); ++i) {
         const std::size_t begin = key.size();
-        auto appended = appendColumnKey(key, orderBy[i].column, row, first + static_cast<int>(i));
+        auto appended = appendColumnKey(key, orderBy[i].column, row, places[i]);
         if (!appended) return appended;
         if (!orderBy[i].descending) continue;
         for (std::size_t at = begin; at < key.size(); ++at) key[at] = static_cast<char>(~key[at]);

@@ -8,9 +8,9 @@
 
 namespace engine {
 
-// The key of `order by` for a row: keys compare byte by byte as their rows sort. The ordered columns are the
-// columns of `row` from `first` on. Nulls come first.
+// The key of `order by` for a row: keys compare byte by byte as their rows sort. `places` are the columns of
+// `row` in which the ordered ones stand. Nulls come first.
 [[nodiscard]] Result<> appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy,
-                                      const Prepared& row, int first);
+                                      const Prepared& row, const std::vector<int>& places);
 
 }  // namespace engine

@@ -34,7 +34,7 @@ bool RowTable::isBefore(const Row& a, const Row& b) {
 }
 
 bool RowTable::add(const Prepared& row, std::string_view key, std::int64_t rowid) {
-    if (m_store.bytes() + m_keys.bytes() + m_rows.size() * sizeof(Row) >= m_bound) return false;
+    if (bytes() >= m_bound) return false;
     Row added;
     added.rowid = rowid;
     added.keyStart = numberOf(key.data(), key.size());

@@ -40,6 +40,9 @@ class RowTable {
     void clear();
 
     [[nodiscard]] std::size_t size() const { return m_rows.size(); }
+    [[nodiscard]] std::size_t bytes() const {
+        return m_store.bytes() + m_keys.bytes() + m_rows.size() * sizeof(Row);
+    }
     [[nodiscard]] const std::vector<Column>& fields() const { return m_fields; }
 
     // A row's values, one for each field. They hold as long as the table.

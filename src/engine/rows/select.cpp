@@ -5,9 +5,6 @@
 #include "engine/dialect/unit_first.h"
 #include "engine/file/read_transaction.h"
 #include "engine/rows/cursor.h"
-#include "engine/rows/ordering.h"
-#include "engine/rows/row_runs.h"
-#include "engine/rows/table_rows.h"
 
 namespace engine {
 
@@ -143,100 +140,79 @@ Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
     return Cursor::open(m_connection, std::move(*found), statement().fields);
 }
 
-// The fields of a row that is to be sorted: those asked for, what sorts it, and its number.
-void Select::writeSorted(SqlWriter& writer) const {
-    writer.write("select ");
-    writer.writeFields(statement().fields);
-    for (const Ordering& ordering : statement().orderBy) writer.write(", ").write(info(ordering.column).name);
-    writer.write(", rowid");
+bool Select::isSortedPass() const {
+    const Statement& asked = statement();
+    return asked.where && asked.groupBy.empty() && !asked.orderBy.empty() &&
+           !UnitNames::areAskedBy(*asked.where);
 }
 
-// False, with the row left out, when the table is full. `key` keeps its room from row to row.
-Result<bool> Select::addTo(RowTable& table, const Prepared& row, std::string& key) const {
-    const auto& orderBy = statement().orderBy;
-    const int firstOrdered = static_cast<int>(statement().fields.size());
-    key.clear();
-    if (auto appended = appendOrderKey(key, orderBy, row, firstOrdered); !appended)
-        return std::unexpected(appended.error());
-    return table.add(row, key, row.integer(firstOrdered + static_cast<int>(orderBy.size())));
-}
-
-// Asks one by one for the rows that the known names leave. Nothing where no names are known, and where a row
-// cannot be read or is not there.
-std::optional<RowTable> Select::tableOfKnown(std::size_t bound) const {
-    if (!m_names || !statement().where) return std::nullopt;
-    const auto known = m_names->rowsFor(*m_connection, *statement().where, m_query.literals());
-    if (!known) return std::nullopt;
-    auto table = tableOf(*known, bound);
-    if (!table) m_names->drop();
-    return table;
-}
-
-std::optional<RowTable> Select::tableOf(const KnownNames::Found& rowids, std::size_t bound) const {
+bool Select::addKnown(const KnownNames::Found& rowids, const RowSorter::Columns& columns,
+                      RowSorter& sorter) const {
     std::size_t conditionValues = 0;
     auto row = prepared([&](SqlWriter& writer) {
-        writeSorted(writer);
-        writer.write(", ").writeCondition(*statement().where);
+        writer.write("select ").writeFields(columns);
+        writer.write(", rowid, ").writeCondition(*statement().where);
         writer.write(" from datos where rowid = ?");
         conditionValues = writer.values().size();
     });
-    if (!row) return std::nullopt;
-    const int meets = static_cast<int>(statement().fields.size() + statement().orderBy.size()) + 1;
-    RowTable table(statement().fields, bound);
-    std::string key;
-    for (const std::int64_t rowid : rowids) {
+    if (!row) return false;
+    const int meets = static_cast<int>(columns.size()) + 1;
+    return std::ranges::all_of(rowids, [&](std::int64_t rowid) {
         row->reset();
         row->bind(static_cast<int>(conditionValues), rowid);
-        if (row->step() != Prepared::Step::Row) return std::nullopt;
-        if (row->integer(meets) == 0) continue;
-        if (const auto added = addTo(table, *row, key); !added || !*added) return std::nullopt;
-    }
-    return table;
+        if (row->step() != Prepared::Step::Row) return false;
+        if (row->integer(meets) == 0) return true;
+        const auto added = sorter.add(*row);
+        return added && *added;
+    });
 }
 
-template <class MakeRoom>
-Result<std::optional<RowTable>> Select::unsorted(std::size_t bound, MakeRoom makeRoom) const {
-    const ReadTransaction oneState(*m_connection);
-    if (oneState.failure()) return std::unexpected(*oneState.failure());
-    if (auto known = tableOfKnown(bound)) return known;
+Result<std::unique_ptr<Rows>> Select::knownRows(std::size_t bound) const {
+    if (!m_names || !statement().where) return nullptr;
+    const auto rowids = m_names->rowsFor(*m_connection, *statement().where, m_query.literals());
+    if (!rowids) return nullptr;
+    const auto columns = RowSorter::columnsFor(statement());
+    RowSorter sorter(statement(), columns, bound);
+    if (addKnown(*rowids, columns, sorter)) return std::move(sorter).rows();
+    m_names->drop();
+    return nullptr;
+}
+
+Result<bool> Select::addAll(const RowSorter::Columns& columns, RowSorter& sorter) const {
     const auto lying = stretch();
     if (!lying) return std::unexpected(lying.error());
     auto rows = prepared([&](SqlWriter& writer) {
-        writeSorted(writer);
+        writer.write("select ").writeFields(columns);
+        writer.write(", rowid");
         writeFrom(writer, *lying);
     });
     if (!rows) return std::unexpected(rows.error());
-    RowTable table(statement().fields, bound);
-    std::string key;
     auto step = rows->step();
-    for (; step == Prepared::Step::Row; step = rows->step()) {
-        auto added = addTo(table, *rows, key);
-        if (added && !*added && makeRoom(table)) added = addTo(table, *rows, key);
-        if (!added) return std::unexpected(added.error());
-        if (!*added) return std::nullopt;
-    }
+    for (; step == Prepared::Step::Row; step = rows->step())
+        if (auto added = sorter.add(*rows); !added || !*added) return added;
     if (step == Prepared::Step::Failed) return std::unexpected(m_connection->lastError());
-    return table;
+    return true;
 }
 
 Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
-    auto table = unsorted(bound, [](const RowTable&) { return false; });
-    if (table && *table) (*table)->sort();
-    return table;
+    const ReadTransaction oneState(*m_connection);
+    if (oneState.failure()) return std::unexpected(*oneState.failure());
+    const auto columns = RowSorter::columnsFor(statement());
+    RowSorter sorter(statement(), columns, bound, RowSorter::Beyond::Refused);
+    const auto isWhole = addAll(columns, sorter);
+    if (!isWhole) return std::unexpected(isWhole.error());
+    return *isWhole ? std::optional(std::move(sorter).table()) : std::nullopt;
 }
 
 // Nothing where they can be sorted neither in memory nor in a file of ours; SQLite may know of another place.
 Result<std::unique_ptr<Rows>> Select::sortedRows(std::size_t bound) const {
-    RowRuns runs;
-    auto left = unsorted(bound, [&runs](RowTable& full) { return runs.take(full); });
-    if (!left) return std::unexpected(left.error());
-    if (!*left) return nullptr;
-    if (!runs.empty()) {
-        if (!runs.take(**left)) return nullptr;
-        return RowRuns::merged(std::move(runs), statement().fields);
-    }
-    (*left)->sort();
-    return std::make_unique<TableRows>(std::make_shared<RowTable>(std::move(**left)), statement().fields);
+    if (auto known = knownRows(bound); !known || *known) return known;
+    const auto columns = RowSorter::columnsFor(statement());
+    RowSorter sorter(statement(), columns, bound);
+    const auto isWhole = addAll(columns, sorter);
+    if (!isWhole) return std::unexpected(isWhole.error());
+    if (!*isWhole) return nullptr;
+    return std::move(sorter).rows();
 }
 
 Result<long long> Select::number(Result<Prepared> rows) const {

@@ -7,8 +7,7 @@
 #include "engine/dialect/query.h"
 #include "engine/dialect/sql_writer.h"
 #include "engine/rows/known_names.h"
-#include "engine/rows/row_table.h"
-#include "engine/rows/rows.h"
+#include "engine/rows/row_sorter.h"
 #include "engine/rows/unit_list.h"
 
 namespace engine {
@@ -41,6 +40,12 @@ class Select {
     // Fetching none.
     [[nodiscard]] Result<long long> count() const;
 
+    // True when all rows have to be looked at, and those that are found sorted.
+    [[nodiscard]] bool isSortedPass() const;
+
+    // The rows of such a select where the known names tell them without a pass; nothing where they do not.
+    [[nodiscard]] Result<std::unique_ptr<Rows>> knownRows(std::size_t bound = RowTable::usualBound) const;
+
   private:
     template <class Write>
     [[nodiscard]] Result<Prepared> prepared(Write write) const;
@@ -48,15 +53,11 @@ class Select {
     void writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch = {}) const;
     [[nodiscard]] Result<std::optional<Stretch>> stretch() const;
     [[nodiscard]] Result<long long> number(Result<Prepared> rows) const;
-    void writeSorted(SqlWriter& writer) const;
-    [[nodiscard]] Result<bool> addTo(RowTable& table, const Prepared& row, std::string& key) const;
-    // The rows unsorted. `makeRoom` may empty the table whenever it is full; nothing is given when it does
-    // not.
-    template <class MakeRoom>
-    [[nodiscard]] Result<std::optional<RowTable>> unsorted(std::size_t bound, MakeRoom makeRoom) const;
+    // Both are false, with a sorter that is of no use, when they cannot give all rows.
+    [[nodiscard]] bool addKnown(const KnownNames::Found& rowids, const RowSorter::Columns& columns,
+                                RowSorter& sorter) const;
+    [[nodiscard]] Result<bool> addAll(const RowSorter::Columns& columns, RowSorter& sorter) const;
     [[nodiscard]] Result<std::unique_ptr<Rows>> sortedRows(std::size_t bound) const;
-    [[nodiscard]] std::optional<RowTable> tableOfKnown(std::size_t bound) const;
-    [[nodiscard]] std::optional<RowTable> tableOf(const KnownNames::Found& rowids, std::size_t bound) const;
 
     std::shared_ptr<Connection> m_connection;
     std::shared_ptr<UnitList> m_units;
