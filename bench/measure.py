@@ -298,6 +298,8 @@ FOLDER_SELECTS = "".join(
     for kind, name in (("<> 'Archivo'", "carpeta"), ("= 'Archivo'", "archivo"))
 )
 
+TWINS = "select lower(archivo), largo, count(*) from datos where tipo = 'Archivo' group by 1, 2 having count(*) > 1;"
+
 THREE_COUNTS = (
     "select count(*) from (select disco from datos group by disco);"
     "select count(*) from datos where tipo = 'Carpeta de archivos';"
@@ -368,6 +370,7 @@ WORKS = (
     Work("units", "units, command line", "sqlite3, the sums", "≤ 1", 1, by_command(UNIT_SUMS, "units"), M),
     Work("folder", "list a folder, command line", SQLITE, "≤ 2", 2,
          by_command(FOLDER_SELECTS, "list", CROWDED_UNIT, FULL_FOLDER), M),
+    Work("duplicates", "duplicates, command line", "sqlite3, group by", "≤ 1", 1, by_command(TWINS, "duplicates"), M),
     Work("mount", "walk a mounted catalogue", "find -printf, the tree", "≤ 5", 5, walk_mounted, 100_000, True),
     Work("list", "result list filled, shown and sorted", "1 s", "≤ 0.25", 0.25, result_list, 300_000),
     Work("list-columns", "result list sorted by its slowest column", "1 s", "≤ 2", 2, sort_by_column, M, True),

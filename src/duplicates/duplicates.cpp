@@ -1,15 +1,15 @@
 #include "duplicates/duplicates.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
-#include <tuple>
+#include <compare>
 #include <utility>
 
 #include "core/literals.h"
 #include "core/text.h"
 #include "core/unit_kinds.h"
 #include "core/units.h"
+#include "lists/text_arena.h"
 
 namespace duplicates {
 namespace {
@@ -48,22 +48,43 @@ Facts factsOf(const engine::Recordset& row) {
     return facts;
 }
 
-// Which keys were met more than once, with two bits for each of many places. It takes one of sixteen single
-// keys for a twin, but no twin for a single one.
+template <class Use>
+engine::Result<> forEach(engine::Recordset& rows, Use use) {
+    for (; !rows.Eof(); rows.MoveNext()) use();
+    if (rows.error()) return std::unexpected(*rows.error());
+    return {};
+}
+
+// Which rows may be of files that have a twin: those that share 32 bits of a hash. Eight bytes a row; to mark
+// them in a table by their hash took as much, and waiting for the memory at each row was a quarter of the
+// time.
 class Twins {
   public:
-    explicit Twins(long long keys)
-        : m_met(std::bit_ceil(16 * static_cast<std::size_t>(keys) + 1)), m_metAgain(m_met.size()) {}
+    explicit Twins(long long rows) { m_met.reserve(static_cast<std::size_t>(rows)); }
 
-    void meet(std::size_t key) {
-        const std::size_t place = key % m_met.size();
-        if (m_met[place]) m_metAgain[place] = true;
-        m_met[place] = true;
+    void meet(std::uint32_t hash, std::size_t row) {
+        m_met.push_back(std::uint64_t{hash} << 32 | shortOf(row));
     }
-    [[nodiscard]] bool maybeTwin(std::size_t key) const { return m_metAgain[key % m_met.size()]; }
+    // When all have been met.
+    void settle(std::size_t rows) {
+        m_isTwin.resize(std::min(rows, std::size_t{1} << 32));
+        std::ranges::sort(m_met);
+        for (std::size_t at = 1; at < m_met.size(); ++at)
+            if (m_met[at - 1] >> 32 == m_met[at] >> 32)
+                m_isTwin[shortOf(m_met[at - 1])] = m_isTwin[shortOf(m_met[at])] = true;
+        m_met = {};
+    }
+    [[nodiscard]] bool maybeTwin(std::size_t row) const { return m_isTwin[shortOf(row)]; }
+    [[nodiscard]] std::size_t count() const {
+        return static_cast<std::size_t>(std::ranges::count(m_isTwin, true));
+    }
 
   private:
-    std::vector<bool> m_met, m_metAgain;
+    // Rows that share it with a twin count as one too.
+    static std::uint32_t shortOf(std::uint64_t row) { return static_cast<std::uint32_t>(row); }
+
+    std::vector<std::uint64_t> m_met;  // hash and row
+    std::vector<bool> m_isTwin;
 };
 
 // A catalogue's files that may have a twin.
@@ -76,23 +97,22 @@ class Files {
 
   private:
     struct File {
-        std::size_t name = 0;          // offset into the text
-        std::uint32_t nameLength = 0;  // behind it the name in lower case, where that differs
-        std::uint32_t lowerLength = 0;
-        std::uint32_t place = 0;
+        const char* name = nullptr;
         std::int64_t largo = 0;
         std::int64_t second = 0;
+        std::uint32_t nameLength = 0;
+        std::uint32_t hash = 0;
+        std::uint32_t number = 0;  // in the catalogue's order
+        std::uint32_t place = 0;
     };
     struct Place {
-        std::string disco, ruta;
+        std::string_view disco, ruta;
     };
     struct Run {
         std::size_t begin = 0, end = 0;
-        std::int64_t largo = 0, waste = 0;
+        std::int64_t waste = 0;
     };
 
-    template <class Use>
-    [[nodiscard]] engine::Result<> forEach(engine::Recordset& rows, Use use) const;
     void add(const Facts& facts, std::string_view ruta);
     [[nodiscard]] std::uint32_t placeOf(std::string_view disco, std::string_view ruta);
     [[nodiscard]] bool isAskedFor(const Facts& facts) const {
@@ -100,29 +120,18 @@ class Files {
         return facts.largo >= m_request.leastKilobytes &&
                (discos.empty() || std::ranges::find(discos, facts.disco) != discos.end());
     }
-    [[nodiscard]] std::string_view name(const File& file) const {
-        return std::string_view(m_text).substr(file.name, file.nameLength);
-    }
-    [[nodiscard]] std::string_view lower(const File& file) const {
-        if (file.lowerLength == 0) return name(file);
-        return std::string_view(m_text).substr(file.name + file.nameLength, file.lowerLength);
-    }
-    // What files are told apart by; what does not count is the same for all.
-    [[nodiscard]] auto key(std::int64_t largo, std::int64_t second, std::string_view lower) const {
-        return std::tuple(m_request.bySize ? largo : 0, m_request.byDate ? second : 0,
-                          m_request.byName ? lower : std::string_view());
-    }
-    [[nodiscard]] auto key(const File& file) const { return key(file.largo, file.second, lower(file)); }
-    [[nodiscard]] std::size_t hash(const Facts& facts) const;
+    [[nodiscard]] static std::string_view name(const File& file) { return {file.name, file.nameLength}; }
+    [[nodiscard]] std::uint32_t hash(const Facts& facts) const;
+    [[nodiscard]] std::weak_ordering compare(const File& a, const File& b) const;
     [[nodiscard]] std::vector<Run> runs() const;
 
     const Request& m_request;
     std::vector<File> m_files;
     std::vector<Place> m_places;
-    std::string m_text;
+    lists::TextArena m_texts;
 };
 
-// Two passes, since most files have no twin and need not be kept: of 10,000,000 files 100 MB instead of
+// Two passes, since most files have no twin and need not be kept: of 10,000,000 files 86 MB instead of
 // 1.2 GB.
 engine::Result<> Files::read(engine::Database& database) {
     const auto total = core::totalRows(database);
@@ -134,83 +143,92 @@ engine::Result<> Files::read(engine::Database& database) {
     (void)second->Field("archivo");  // from its first row on it holds the state that the first pass reads
 
     Twins twins(*total);
-    if (auto read = forEach(*first, [&](const Facts& facts) { twins.meet(hash(facts)); }); !read) return read;
-    return forEach(*second, [&](const Facts& facts) {
-        if (twins.maybeTwin(hash(facts))) add(facts, second->Field("ruta").text());
+    std::size_t row = 0;
+    auto read = forEach(*first, [&] {
+        const Facts facts = factsOf(*first);
+        if (isAskedFor(facts)) twins.meet(hash(facts), row);
+        ++row;
+    });
+    if (!read) return read;
+    twins.settle(row);
+    m_files.reserve(twins.count());
+    row = 0;
+    return forEach(*second, [&] {
+        if (twins.maybeTwin(row++)) add(factsOf(*second), second->Field("ruta").text());
     });
 }
 
-template <class Use>
-engine::Result<> Files::forEach(engine::Recordset& rows, Use use) const {
-    for (; !rows.Eof(); rows.MoveNext()) {
-        const Facts facts = factsOf(rows);
-        if (isAskedFor(facts)) use(facts);
-    }
-    if (rows.error()) return std::unexpected(*rows.error());
-    return {};
-}
-
-std::size_t Files::hash(const Facts& facts) const {
-    const auto [largo, second, lower] = key(facts.largo, facts.second, facts.lower);
-    constexpr std::size_t odd = 0x9E37'79B9'7F4A'7C15;  // spreads numbers that lie close together
-    return ((std::hash<std::string_view>()(lower) ^ static_cast<std::size_t>(largo)) * odd ^
-            static_cast<std::size_t>(second)) *
-               odd >>
-           20;
+// Of what files are told apart by.
+std::uint32_t Files::hash(const Facts& facts) const {
+    constexpr std::uint64_t odd = 0x9E37'79B9'7F4A'7C15;  // spreads numbers that lie close together
+    std::uint64_t hash = m_request.byName ? std::hash<std::string_view>()(facts.lower) : 0;
+    if (m_request.bySize) hash = (hash ^ static_cast<std::uint64_t>(facts.largo)) * odd;
+    if (m_request.byDate) hash = (hash ^ static_cast<std::uint64_t>(facts.second)) * odd;
+    return static_cast<std::uint32_t>(hash >> 32);
 }
 
 void Files::add(const Facts& facts, std::string_view ruta) {
     File& file = m_files.emplace_back();
-    file.place = placeOf(facts.disco, ruta);
+    const std::string_view name = m_texts.add(facts.archivo);
+    file.name = name.data();
+    file.nameLength = static_cast<std::uint32_t>(name.size());
     file.largo = facts.largo;
     file.second = facts.second;
-    file.name = m_text.size();
-    file.nameLength = static_cast<std::uint32_t>(facts.archivo.size());
-    m_text += facts.archivo;
-    if (facts.lower == facts.archivo) return;
-    file.lowerLength = static_cast<std::uint32_t>(facts.lower.size());
-    m_text += facts.lower;
+    file.hash = hash(facts);
+    file.number = static_cast<std::uint32_t>(m_files.size());
+    file.place = placeOf(facts.disco, ruta);
 }
 
 // Files of one folder follow each other.
 std::uint32_t Files::placeOf(std::string_view disco, std::string_view ruta) {
-    if (m_places.empty() || m_places.back().ruta != ruta || m_places.back().disco != disco)
-        m_places.push_back({std::string(disco), std::string(ruta)});
+    const Place last = m_places.empty() ? Place() : m_places.back();
+    if (m_places.empty() || last.ruta != ruta || last.disco != disco)
+        m_places.push_back({last.disco == disco ? last.disco : m_texts.add(disco), m_texts.add(ruta)});
     return static_cast<std::uint32_t>(m_places.size() - 1);
+}
+
+// Files that agree are equivalent. The names of most are the same to the letter.
+std::weak_ordering Files::compare(const File& a, const File& b) const {
+    if (a.hash != b.hash) return a.hash <=> b.hash;
+    if (m_request.bySize && a.largo != b.largo) return a.largo <=> b.largo;
+    if (m_request.byDate && a.second != b.second) return a.second <=> b.second;
+    if (!m_request.byName || name(a) == name(b)) return std::weak_ordering::equivalent;
+    return core::lowerCase(name(a)) <=> core::lowerCase(name(b));
 }
 
 std::vector<Files::Run> Files::runs() const {
     std::vector<Run> found;
     for (std::size_t begin = 0, end = 0; begin < m_files.size(); begin = end) {
-        Run run{begin, begin};
-        std::int64_t sum = 0;
-        for (; end < m_files.size() && key(m_files[end]) == key(m_files[begin]); ++end) {
+        std::int64_t sum = 0, largest = 0;
+        for (; end < m_files.size() && std::is_eq(compare(m_files[begin], m_files[end])); ++end) {
             sum += m_files[end].largo;
-            run.largo = std::max(run.largo, m_files[end].largo);
+            largest = std::max(largest, m_files[end].largo);
         }
-        run.end = end;
-        run.waste = sum - run.largo;
-        if (end - begin > 1) found.push_back(run);
+        if (end - begin > 1) found.push_back({begin, end, sum - largest});
     }
     return found;
 }
 
 void Files::group(const std::function<void(const Group&)>& take) {
-    // Names lie in the catalogue's order, so that a stable sort with its buffer is not needed.
     std::ranges::sort(m_files, [this](const File& a, const File& b) {
-        return std::pair(key(a), a.name) < std::pair(key(b), b.name);
+        const auto order = compare(a, b);
+        return order == 0 ? a.number < b.number : order < 0;
     });
     std::vector<Run> found = runs();
-    std::ranges::stable_sort(found, std::greater(), &Run::waste);
+    std::ranges::sort(found, [this](const Run& a, const Run& b) {
+        return a.waste != b.waste ? a.waste > b.waste : m_files[a.begin].number < m_files[b.begin].number;
+    });
     std::vector<Copy> copies;
     for (const Run& run : found) {
         copies.clear();
+        std::int64_t largest = 0;
         for (std::size_t i = run.begin; i < run.end; ++i) {
             const File& file = m_files[i];
             const Place& place = m_places[file.place];
             copies.push_back({place.disco, place.ruta, name(file), file.largo});
+            largest = std::max(largest, file.largo);
         }
-        take({run.largo, run.waste, copies});
+        take({largest, run.waste, copies});
     }
 }
 

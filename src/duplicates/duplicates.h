@@ -35,8 +35,9 @@ struct Group {
 };
 
 // Finds the files of which a catalogue has more than one and hands them over group by group, the largest
-// waste first. Two passes over the rows; memory grows with the number of rows by four to eight bytes, and
-// with the files that have a twin by some sixty and the name of each.
+// waste first, of equal waste in the catalogue's order. Two passes over the rows; memory grows with the
+// number of rows by eight bytes, and with the files that have a twin by forty, the name of each and its
+// folder.
 [[nodiscard]] engine::Result<> find(engine::Database& database, const Request& request,
                                     const std::function<void(const Group&)>& take);
 

@@ -58,6 +58,18 @@ TEST_F(Duplicates, AgreeInWhatIsAskedFor) {
               Lines{R"(1000 1801 A :E:\xone A :E:\xBig.iso B :F:\yone)"});
 }
 
+TEST_F(Duplicates, AreToldFromFilesWithTheSameHash) {
+    constexpr long long small = 2000, sameHash = small + 2'971'215'073;
+    for (const long long largo : {small, sameHash, small, sameHash}) {
+        auto row = test::fileRow("C :", "F:\\", std::to_string(largo));
+        row.largo = largo;
+        catalogue.add({row});
+    }
+    EXPECT_EQ(found({.leastKilobytes = small, .byName = false}),
+              (Lines{"2971217073 2971217073 C :F:\\2971217073 C :F:\\2971217073",
+                     "2000 2000 C :F:\\2000 C :F:\\2000"}));
+}
+
 TEST_F(Duplicates, LieInTheUnitsThatAreNamedToTheLetter) {
     EXPECT_EQ(found({.discos = {"B :"}}), Lines());
     EXPECT_EQ(found({.discos = {"b :", "B :"}, .leastKilobytes = 1}),
