@@ -63,6 +63,7 @@ Result<> CopyUnreadable(const std::string& source, const std::string& destinatio
         auto replaced = heldStill(destination);
         if (!replaced) return std::unexpected(replaced.error());
         if (!*replaced) forgetInterruptedChange(destination);
+        platform::flushFolder(platform::folderOf(destination));  // as putInPlace() does
         if (const auto copied = platform::CopyFile(source, destination); !copied)
             return std::unexpected(errorOf(copied.error()));
         return {};

@@ -5,8 +5,6 @@
 
 #include <array>
 
-#include "platform/files.h"
-
 namespace engine {
 namespace {
 
@@ -26,8 +24,7 @@ bool isJournal(const std::string& path) {
 
 void forgetInterruptedChange(const std::string& path) {
     const std::string journal = path + "-journal";
-    // For good, before another file gets the name.
-    if (isJournal(journal) && ::unlink(journal.c_str()) == 0) platform::flushFolder(platform::folderOf(path));
+    if (isJournal(journal)) ::unlink(journal.c_str());
 }
 
 }  // namespace engine

@@ -19,6 +19,8 @@ Result<> putInPlace(platform::TemporaryFile& replacement, const std::string& mod
     struct stat status {};
     // Not every file system keeps permissions; without them it is still the whole file.
     if (::stat(model.c_str(), &status) == 0) (void)::fchmod(replacement.descriptor(), status.st_mode & 0777);
+    // A journal that was undone or moved away must not come back beside the new file.
+    platform::flushFolder(platform::folderOf(replacement.path()));
     if (const auto put = replacement.putInPlace(); !put) return std::unexpected(errorOf(put.error()));
     return {};
 }

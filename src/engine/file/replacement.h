@@ -12,7 +12,8 @@ namespace engine {
 // The file that is written beside `target`, to be put in its place.
 [[nodiscard]] Result<platform::TemporaryFile> replacementFor(const std::string& target);
 
-// Puts it there with the permissions of `model`.
+// Puts it there with the permissions of `model`. What was done to names in the folder until now is certain
+// before.
 [[nodiscard]] Result<> putInPlace(platform::TemporaryFile& replacement, const std::string& model);
 
 }  // namespace engine

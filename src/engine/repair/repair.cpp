@@ -143,9 +143,7 @@ Result<std::string> keepBeside(const std::string& path) {
         if (const auto copied = platform::CopyFile(path, kept); !copied)
             return std::unexpected(errorOf(copied.error()));
     }
-    if (std::rename((path + "-journal").c_str(), (kept + "-journal").c_str()) == 0) {
-        platform::flushFolder(platform::folderOf(path));
-    } else if (errno != ENOENT) {
+    if (std::rename((path + "-journal").c_str(), (kept + "-journal").c_str()) != 0 && errno != ENOENT) {
         const auto failure = platform::systemFailure(path + "-journal").error();
         ::unlink(kept.c_str());
         return std::unexpected(errorOf(failure));
