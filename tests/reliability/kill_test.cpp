@@ -33,6 +33,11 @@ class Killed : public testing::Test {
         before = test::contentOf(original);
     }
 
+    void damageACopy() const {
+        std::string bytes = test::readFile(original);
+        test::writeFile(damaged, bytes.replace(bytes.size() - 8192, 8192, 8192, '\0'));
+    }
+
     void restore() const { fs::copy_file(start, catalogue, fs::copy_options::overwrite_existing); }
 
     // How often the command changes a file; it is done.
@@ -112,8 +117,7 @@ TEST_F(Killed, AllElseLeavesTheOldStateOrTheNewOne) {
     ASSERT_EQ(test::cliStatus({"export", imported}, {.output = rows}), 0);
     ASSERT_EQ(test::cliStatus({"note", original, "Victim", file, "kept"}), 0);
     before = test::contentOf(original);
-    std::string bytes = test::readFile(original);
-    test::writeFile(damaged, bytes.replace(bytes.size() - 8192, 8192, 8192, '\0'));
+    damageACopy();
 
     for (const Words& words : {Words{"note", catalogue, "Victim", file, "noted"},
                                {"rename", catalogue, "Victim", "Renamed"},
@@ -133,6 +137,20 @@ TEST_F(Killed, AllElseLeavesTheOldStateOrTheNewOne) {
         const Content done = test::contentOf(catalogue);
         killAnywhere(command, [&](const Content& after) { EXPECT_TRUE(after == before || after == done); });
     }
+}
+
+// Somebody puts a sound copy in the place of a damaged catalogue while that is being repaired.
+TEST_F(Killed, ARepairReplacesNoFileButTheOneItReads) {
+    damageACopy();
+    start = damaged;
+    restore();
+    test::Program repair({ZARQUELIN_CLI, "repair", catalogue}, {.environment = {preload, "STOPPED_AT=1"}});
+    ASSERT_TRUE(repair.waitForStop());
+    fs::rename(original, catalogue);
+    repair.send(SIGCONT);
+    EXPECT_EQ(repair.wait(), 3);
+    EXPECT_EQ(test::contentOf(catalogue), before);
+    EXPECT_EQ(std::distance(fs::directory_iterator(work.path()), {}), 2) << "nothing else was left";
 }
 
 }  // namespace

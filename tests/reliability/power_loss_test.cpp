@@ -1,165 +1,177 @@
-// The power is cut at any moment: of what was written but not flushed, each part may have reached the disk or
-// not. The catalogue opens, is sound, and holds what was reported as done.
+// The power is cut at any moment: of what was written, made, renamed or deleted but not flushed, each part
+// may have reached the disk or not. The catalogue opens, is sound, and holds what was reported as done.
 //
-//     ROUNDS=CUTS reliability_power_loss_test     of each work; 60 unless told
+//     ROUNDS=CUTS reliability_power_loss_test     of each work; 8 unless told
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <functional>
-#include <map>
-#include <optional>
+#include <iostream>
 #include <random>
 #include <span>
 
-#include "core/catalogue_file.h"
 #include "core/maintenance.h"
 #include "reliability/catalogue_check.h"
-#include "support/faulty_vfs.h"
+#include "reliability/program.h"
+#include "reliability/recorded_disk.h"
+#include "support/another_program.h"
 #include "support/rounds.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-namespace disk = test::disk;
+using Words = std::vector<std::string>;
+using Disk = test::RecordedDisk;
+using Chance = Disk::Chance;
 
-const int cutsOfEach = test::rounds(60);
+const int cutsOfEach = test::rounds(8);
+constexpr Chance chances[]{Chance::Nothing, Chance::Everything, Chance::Newest, Chance::Any};
 
-// What a disk may hold of one file.
-struct DiskFile {
-    std::optional<std::string> flushed;  // nothing: no such name
-    std::vector<const disk::Event*> pending;
-};
-using Disk = std::map<std::string, DiskFile>;
-
-void apply(const disk::Event& event, std::optional<std::string>& content) {
-    if (const auto* write = std::get_if<disk::Write>(&event.what)) {
-        if (!content) content.emplace();
-        const std::size_t end = std::size_t(write->offset) + write->bytes.size();
-        if (content->size() < end) content->resize(end);
-        content->replace(std::size_t(write->offset), write->bytes.size(), write->bytes);
-    } else if (const auto* truncate = std::get_if<disk::Truncate>(&event.what)) {
-        if (content) content->resize(std::size_t(truncate->size));
-    } else if (std::holds_alternative<disk::Delete>(event.what)) {
-        content.reset();
-    }
+// When the power is cut: at the end, and before flushes, when most is pending; then at any time.
+std::vector<std::size_t> momentsIn(const std::vector<test::DiskEvent>& events, std::minstd_rand& random) {
+    std::vector<std::size_t> moments;
+    for (std::size_t i = 0; i < events.size(); ++i)
+        if (events[i].what == "flush") moments.push_back(i);
+    std::ranges::shuffle(moments, random);
+    moments.insert(moments.begin(), events.size());
+    while (moments.size() < std::size_t(cutsOfEach)) moments.push_back(random() % events.size());
+    moments.resize(std::size_t(cutsOfEach));
+    return moments;
 }
 
-// Everything up to a moment, as far as flushes have made it certain.
-Disk diskAt(const disk::Record& record, std::size_t moment, Disk disk) {
-    for (const disk::Event& event : std::span(record).first(moment)) {
-        DiskFile& file = disk[event.path];
-        const auto* removal = std::get_if<disk::Delete>(&event.what);
-        file.pending.push_back(&event);
-        if (!std::holds_alternative<disk::Flush>(event.what) && !(removal && removal->flushed)) continue;
-        for (const disk::Event* certain : file.pending) apply(*certain, file.flushed);
-        file.pending.clear();
-    }
-    return disk;
+bool isStartOf(const test::Content& less, const test::Content& more) {
+    return std::ranges::all_of(less, [&](const auto& unit) {
+        const auto whole = more.find(unit.first);
+        return whole != more.end() && unit.second.size() <= whole->second.size() &&
+               std::equal(unit.second.begin(), unit.second.end(), whole->second.begin());
+    });
 }
-
-enum class Chance { Nothing, Everything, Any };
 
 class PowerLoss : public testing::Test {
   protected:
     void SetUp() override {
-        fs::current_path(work.path());
+        for (const std::string& path : {folder, after}) fs::create_directory(path);
+        fs::current_path(folder);
         test::makeCatalogue(catalogue, {"Earlier", "Victim"}, 300);
-        before = test::readFile(catalogue);
-        states.push_back(test::contentOf(catalogue));
     }
     void TearDown() override { fs::current_path("/"); }
 
-    using Step = std::function<bool(const std::string& catalogue)>;
-
-    // Does one step after the other, each reported when it is done, and cuts the power all over them.
-    void cutEverywhere(const std::vector<Step>& steps) {
-        const std::string other = work / "other.zrq";
-        fs::copy_file(catalogue, other);
-        for (const Step& step : steps) {
-            ASSERT_TRUE(step(other));
-            states.push_back(test::contentOf(other));
+    // What the catalogue of a folder holds: of one that no program opens, that it is as it was; of a damaged
+    // one, what a repair still finds.
+    test::Content contentOf(const Disk::Image& image) {
+        for (const auto& entry : fs::directory_iterator(after)) fs::remove(entry);
+        for (const auto& [name, bytes] : image) test::writeFile(after + '/' + name, bytes);
+        const auto found = image.find("catalogue.zrq");
+        if (found == image.end()) return {{"none", {}}};
+        if (found->second == unreadable) return {{"as it was", {}}};
+        const std::string path = after + "/catalogue.zrq";
+        if (!repaired.empty() && found->second != repaired) {
+            EXPECT_TRUE(core::repairCatalogue(path));
         }
-        disk::startRecord();
-        for (const Step& step : steps) {
-            ASSERT_TRUE(step(catalogue));
-            reports.push_back(disk::record().size());
-        }
-        const disk::Record record = disk::record();
-        ASSERT_GT(record.size(), 5U);
-        std::minstd_rand random(7);
-        for (int cut = 0; cut < cutsOfEach && !HasFailure(); ++cut) {
-            const std::size_t moment = cut == 0 ? record.size() : random() % (record.size() + 1);
-            for (const Chance chance : {Chance::Nothing, Chance::Everything, Chance::Any, Chance::Any}) {
-                SCOPED_TRACE("event " + std::to_string(moment) + " of " + std::to_string(record.size()) +
-                             ", chance " + std::to_string(static_cast<int>(chance)));
-                expectWhole(record, moment, chance, random);
-            }
-        }
+        return test::contentOf(path);
     }
 
-    void expectWhole(const disk::Record& record, std::size_t moment, Chance chance,
-                     std::minstd_rand& random) {
-        Disk disk = diskAt(record, moment, {{catalogue, {before, {}}}});
-        for (const char* ending : {"", "-journal"}) {
-            const std::string after = work / ("after.zrq" + std::string(ending));
-            fs::remove(after);
-            DiskFile& file = disk[catalogue + ending];
-            for (const disk::Event* maybe : file.pending)
-                if (chance == Chance::Everything || (chance == Chance::Any && random() % 2 == 0))
-                    apply(*maybe, file.flushed);
-            if (file.flushed) test::writeFile(after, *file.flushed);
+    // Runs one command after the other, each reported as done when it ends, and cuts the power all over them.
+    void cutEverywhere(const std::vector<Words>& commands) {
+        const Disk before(folder);
+        std::vector<Disk::Image> images{before.now()};
+        std::vector<std::size_t> reports;  // how much was recorded when each was done
+        for (const Words& words : commands) {
+            Words command = words;
+            command.insert(command.begin(), ZARQUELIN_CLI);
+            if (words[0] == "save as") command = {ZARQUELIN_SAVE_AS, words[1], words[2]};
+            ASSERT_EQ(
+                test::statusOf(command, {.environment = {"LD_PRELOAD=" FAILING_CALLS_LIBRARY,
+                                                         "CALL_RECORD=" + record, "ZARQUELIN_DRIVES=C=/"}}),
+                0)
+                << words[0];
+            reports.push_back(test::recordedEvents(record).size());
+            images.push_back(Disk(folder).now());
         }
-        const auto reported = std::size_t(std::ranges::upper_bound(reports, moment) - reports.begin());
-        const test::Content now = test::contentOf(work / "after.zrq");
-        const bool isOneOf = std::ranges::any_of(std::span(states).subspan(reported),
-                                                 [&](const test::Content& state) { return state == now; });
-        EXPECT_TRUE(isOneOf) << reported << " steps were reported as done";
+        if (commands[0][0] == "repair") repaired = images[1].at("catalogue.zrq");
+        std::vector<test::Content> states;
+        for (const auto& image : images) states.push_back(contentOf(image));
+        const auto events = test::recordedEvents(record);
+        ASSERT_GT(events.size(), 5U);
+        std::minstd_rand random(7);
+        int cuts = 0;
+        for (const std::size_t moment : momentsIn(events, random)) {
+            Disk disk = before;
+            for (const auto& event : std::span(events).first(moment)) disk.add(event);
+            const auto done = std::size_t(std::ranges::upper_bound(reports, moment) - reports.begin());
+            for (const Chance ofNames : chances)
+                for (const Chance ofBytes : chances) {
+                    SCOPED_TRACE("event " + std::to_string(moment) + " of " + std::to_string(events.size()) +
+                                 ", chances " + std::to_string(int(ofNames)) + std::to_string(int(ofBytes)));
+                    const auto image = disk.cut(ofNames, ofBytes, random);
+                    expectOneOf(image, states, done, done < commands.size() && commands[done][0] == "scan");
+                    if (HasFailure()) return;
+                    ++cuts;
+                }
+        }
+        std::cout << commands[0][0] << '\t' << events.size() << " events, " << cuts << " images\n";
+    }
+
+    void expectOneOf(const Disk::Image& image, const std::vector<test::Content>& states, std::size_t done,
+                     bool grows) {
+        const test::Content now = contentOf(image);
+        const auto left = std::span(states).subspan(done);
+        EXPECT_TRUE(std::ranges::find(left, now) != left.end() ||
+                    (grows && isStartOf(left[0], now) && isStartOf(now, left[1])))
+            << done << " commands were reported as done";
+        if (!repaired.empty() && image.at("catalogue.zrq") == repaired) {
+            EXPECT_TRUE(image.contains("catalogue.zrq.damaged") &&
+                        image.at("catalogue.zrq.damaged") == test::readFile(catalogue + ".damaged"));
+        }
     }
 
     test::TemporaryFolder work;
-    const std::string catalogue = work / "catalogue.zrq";
-    std::string before;
-    std::vector<test::Content> states;  // before anything, and after each step
-    std::vector<std::size_t> reports;   // the events before each step was reported as done
+    const std::string folder = work / "run", after = work / "after", record = work / "record";
+    const std::string catalogue = folder + "/catalogue.zrq", other = work / "other.zrq";
+    std::string unreadable;  // bytes of the catalogue, when no program can open it
+    std::string repaired;    // its bytes at the end, when it was damaged
 };
 
 TEST_F(PowerLoss, WhatIsReportedAsDoneIsThere) {
-    const auto changing = [](auto change) {
-        return [change](const std::string& path) {
-            auto database = engine::OpenDatabase(path);
-            return database && change(*database).has_value();
-        };
-    };
-    std::vector<Step> steps{
-        changing([](auto& database) {
-            return database.Execute("update datos set comentario='noted' where archivo=('file 65.txt')");
-        }),
-        changing([](auto& database) { return core::renameUnit(database, "Victim :", "Renamed"); }),
-        changing([](auto& database) { return core::deleteUnit(database, "Renamed :"); }),
-        changing([](auto& database) -> engine::Result<> {  // many at once, as an import or an update
-            engine::Transaction whole(database);
-            if (auto begun = whole.begin(); !begun) return begun;
-            for (const core::CatalogRow& row : test::unitOf("Imported", 400))
-                if (const auto done = database.Execute(core::insertFile(row)); !done)
-                    return std::unexpected(done.error());
-            return whole.commit();
-        })};
-    for (int i = 0; i < 3; ++i)
-        steps.push_back(changing([i](auto& database) {
-            core::CatalogRow row = test::fileRow("New :", "E:\\new", "file");
-            row.numero = i;
-            return database.Execute(core::insertFile(row));
-        }));
-    cutEverywhere(steps);
+    const std::string tree = work / "tree", rows = work / "rows.csv";
+    test::makeTree(tree, 4, 12);
+    test::makeCatalogue(other, {"Imported"}, 400);
+    ASSERT_EQ(test::cliStatus({"export", other}, {.output = rows}), 0);
+    cutEverywhere({{"note", catalogue, "Victim", "E:\\folder3\\file 65.txt", "noted"},
+                   {"rename", catalogue, "Victim", "Renamed"},
+                   {"import", catalogue, rows},
+                   {"scan", catalogue, "New", tree},
+                   {"add", catalogue, "Disc", "content"},
+                   {"update", catalogue, "Renamed", tree},
+                   {"delete", catalogue, "Imported"},
+                   {"compact", catalogue}});
 }
 
-TEST_F(PowerLoss, ACompactedCatalogueHoldsTheSame) {
-    ASSERT_TRUE(engine::OpenDatabase(catalogue).value().Execute("delete * from datos where numero > 300"));
-    before = test::readFile(catalogue);
-    states = {test::contentOf(catalogue)};
-    cutEverywhere({[](const std::string& path) { return core::compactCatalogue(path).has_value(); }});
+TEST_F(PowerLoss, ACopyIsTheOldFileOrTheNewOne) {
+    test::makeCatalogue(other, {"Other"}, 400);
+    fs::remove(catalogue);
+    cutEverywhere({{"backup", other, catalogue}});
+}
+
+// The way back of an interrupted change of the file that is replaced must not be played into the new one.
+TEST_F(PowerLoss, ACopyIsNotSpoiltByTheJournalOfTheOldFile) {
+    test::makeCatalogue(other, {"Other"}, 400);
+    test::inTheMidstOfAChange(catalogue);
+    cutEverywhere({{"save as", other, catalogue}});
+    if (HasFailure()) return;
+    fs::remove(record);
+    test::inTheMidstOfAChange(catalogue);
+    test::writeFile(catalogue, unreadable = "no catalogue");
+    cutEverywhere({{"save as", other, catalogue}});
+}
+
+TEST_F(PowerLoss, ARepairedFileHasItsOriginalBesideItAndNoJournal) {
+    test::inTheMidstOfAChange(catalogue);
+    std::string damaged = test::readFile(catalogue);
+    test::writeFile(catalogue,
+                    damaged.replace(2 * 8192, 8192, 8192, '\0'));  // the index, which did not change
+    cutEverywhere({{"repair", catalogue}});
 }
 
 }  // namespace

@@ -37,6 +37,13 @@ class Program {
             m_status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
         return m_status;
     }
+    // True when it was stopped, and not ended, meanwhile.
+    [[nodiscard]] bool waitForStop() const {
+        siginfo_t info{};
+        return m_child > 0 &&
+               waitid(P_PID, static_cast<id_t>(m_child), &info, WSTOPPED | WEXITED | WNOWAIT) == 0 &&
+               info.si_code == CLD_STOPPED;
+    }
     void send(int signal) const {
         if (m_child > 0) ::kill(m_child, signal);
     }

@@ -3,23 +3,16 @@
 #include <sqlite3.h>
 
 #include <new>
-#include <utility>
 
 namespace test::disk {
 namespace {
 
 int failing = 0, count = 0;
-bool failingAlways = false, recording = false;
-Record events;
+bool failingAlways = false;
 
 bool fails() {
     ++count;
     return failing > 0 && (failingAlways ? count >= failing : count == failing);
-}
-
-template <class What>
-void note(const std::string& path, What what) {
-    if (recording) events.push_back({path, std::move(what)});
 }
 
 sqlite3_vfs* system() {
@@ -30,7 +23,6 @@ sqlite3_vfs* system() {
 // SQLite's view of a file comes first; the system's own lies behind it in the same memory.
 struct File {
     sqlite3_file base;
-    const char* path;
     [[nodiscard]] sqlite3_file* real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
 File& of(sqlite3_file* file) {
@@ -49,19 +41,15 @@ int read(sqlite3_file* file, void* bytes, int size, sqlite3_int64 offset) {
 }
 int write(sqlite3_file* file, const void* bytes, int size, sqlite3_int64 offset) {
     if (fails()) return count % 2 == 0 ? SQLITE_IOERR_WRITE : SQLITE_FULL;
-    if (of(file).path)
-        note(of(file).path, Write{offset, std::string(static_cast<const char*>(bytes), std::size_t(size))});
     return of(file).real()->pMethods->xWrite(of(file).real(), bytes, size, offset);
 }
 int truncate(sqlite3_file* file, sqlite3_int64 size) {
     if (fails()) return SQLITE_IOERR_TRUNCATE;
-    if (of(file).path) note(of(file).path, Truncate{size});
     return of(file).real()->pMethods->xTruncate(of(file).real(), size);
 }
-int flush(sqlite3_file* file, int) {
+int flush(sqlite3_file*, int) {
     if (fails()) return SQLITE_IOERR_FSYNC;
-    if (of(file).path) note(of(file).path, Flush{});
-    return SQLITE_OK;  // the record tells what a power cut leaves, so the real disk need not be waited for
+    return SQLITE_OK;  // nobody cuts the power meanwhile, so the real disk need not be waited for
 }
 int size(sqlite3_file* file, sqlite3_int64* bytes) {
     return of(file).real()->pMethods->xFileSize(of(file).real(), bytes);
@@ -94,14 +82,12 @@ constexpr sqlite3_io_methods methods{
 int open(sqlite3_vfs*, const char* path, sqlite3_file* file, int flags, int* outFlags) {
     auto* mine = new (file) File{};
     if (fails()) return SQLITE_CANTOPEN;
-    mine->path = path;  // SQLite keeps it as long as the file is open
     const int code = system()->xOpen(system(), path, mine->real(), flags, outFlags);
     if (mine->real()->pMethods) mine->base.pMethods = &methods;
     return code;
 }
-int remove(sqlite3_vfs*, const char* path, int withFolder) {
+int remove(sqlite3_vfs*, const char* path, int) {
     if (fails()) return SQLITE_IOERR_DELETE;
-    note(path, Delete{withFolder != 0});
     return system()->xDelete(system(), path, 0);
 }
 
@@ -126,12 +112,4 @@ void failAt(int n, bool always) {
 int calls() {
     return count;
 }
-void startRecord() {
-    events.clear();
-    recording = true;
-}
-const Record& record() {
-    return events;
-}
-
 }  // namespace test::disk
