@@ -19,13 +19,17 @@ class Sums {
         return counted;
     }
 
-    std::int64_t kilobytes(const std::string& sql) {
+    struct Files {
+        long long count = 0;
+        std::int64_t kilobytes = 0;
+    };
+    Files files(const std::string& sql) {
         auto rows = open(sql);
-        std::int64_t sum = 0;
-        for (; rows && !rows->Eof(); rows->MoveNext())
-            sum = core::addKilobytes(sum, rows->Field("largo").integer());
+        Files all;
+        for (; rows && !rows->Eof(); rows->MoveNext(), ++all.count)
+            all.kilobytes = core::addKilobytes(all.kilobytes, rows->Field("largo").integer());
         if (rows) note(*rows);
-        return sum;
+        return all;
     }
 
     [[nodiscard]] engine::Result<Totals> whole(const Totals& totals) const {
@@ -67,23 +71,22 @@ engine::Result<Totals> clickedUnitTotals(engine::Database& database, std::string
     Sums sums(database);
     const long long folders = sums.count(foldersOf(unit));
     const long long files = sums.count(filesOf(unit));
-    return sums.whole({folders, files, sums.kilobytes(sizesOf(unit))});
+    return sums.whole({folders, files, sums.files(sizesOf(unit)).kilobytes});
 }
 
 engine::Result<Totals> raisedUnitTotals(engine::Database& database, std::string_view disco) {
     const std::string unit(disco);
     Sums sums(database);
     const long long folders = sums.count(foldersOf(unit));
-    const long long files = sums.count(filesOf(unit));
-    return sums.whole({folders, files,
-                       sums.kilobytes("select * from datos where  disco=('" + unit +
-                                      "')and tipo =('archivo') order by numero ")});
+    const auto files =
+        sums.files("select * from datos where  disco=('" + unit + "')and tipo =('archivo') order by numero ");
+    return sums.whole({folders, files.count, files.kilobytes});
 }
 
 engine::Result<Totals> propertiesTotals(engine::Database& database, const std::string& disco) {
     Sums sums(database);
     const long long files = sums.count(filesOf(disco));
-    const std::int64_t kilobytes = sums.kilobytes(sizesOf(disco));
+    const std::int64_t kilobytes = sums.files(sizesOf(disco)).kilobytes;
     const long long folders = sums.count("select * from datos where disco =('" + disco +
                                          "') and  tipo =('Carpeta de archivos')  order by carpeta ");
     return sums.whole({folders, files, kilobytes});
@@ -91,18 +94,17 @@ engine::Result<Totals> propertiesTotals(engine::Database& database, const std::s
 
 engine::Result<Totals> folderTotals(engine::Database& database, std::string_view discoactual,
                                     std::string_view rutaactual, int nivelactual) {
-    const std::string below = "select * from datos where disco=('" + std::string(discoactual) +
-                              "')and ruta like('*" + std::string(rutaactual) + "*') and ";
-    const std::string sized = "select * from datos where  disco=('" + std::string(discoactual) +
-                              "')and ruta like('*" + std::string(rutaactual) + "*') and ";
-    const std::string nivel = std::to_string(nivelactual);
+    const std::string below = "ruta like('*" + std::string(rutaactual) + "*') and ";
+    const std::string deeper = "nivel >('" + std::to_string(nivelactual) + "')";
+    const std::string disco(discoactual);
     Sums sums(database);
-    Totals totals;
-    totals.kilobytes = sums.kilobytes(sized + "tipo =('archivo') and nivel >('" + nivel + "')");
-    totals.folders =
-        sums.count(below + " tipo =('Carpeta de archivos')and nivel >('" + nivel + "')  order by carpeta ");
-    totals.files = sums.count(below + " tipo =('archivo')and nivel >('" + nivel + "')order by archivo ");
-    return sums.whole(totals);
+    // Their count has the sizes' condition: the rows are gone through once for both.
+    const auto files = sums.files("select * from datos where  disco=('" + disco + "')and " + below +
+                                  "tipo =('archivo') and " + deeper);
+    const long long folders =
+        sums.count("select * from datos where disco=('" + disco + "')and " + below +
+                   " tipo =('Carpeta de archivos')and " + deeper + "  order by carpeta ");
+    return sums.whole({folders, files.count, files.kilobytes});
 }
 
 std::string unitStatus(std::string_view disco, const Totals& totals, const core::Rotulos& rotulos) {
