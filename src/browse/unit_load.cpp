@@ -24,9 +24,8 @@ class TreeFiller : public FolderSink {
     bool yieldAndTestStop() override {
         frame::yieldToQueue();
         const BrowseState& estado = m_surface.estado;
-        // A catalogue opened or closed during the yield has taken the unit's node away.
-        return estado.cargaparada || estado.cargando != m_open[0] ||
-               !m_surface.treeView1.nodes().contains(m_open[0]);
+        // Whatever took the unit's node away during the yield has said so.
+        return estado.cargaparada || estado.cargando != m_open[0];
     }
 
     void addFolder(int nivel, std::string_view carpeta) override {
