@@ -48,8 +48,13 @@ TEST_F(OpenTest, RefusesCataloguesItCannotTrust) {
         EXPECT_EQ(plainly(spoilt, spoil), "");
         EXPECT_EQ(openError(spoilt), engine::error::corrupt) << spoil;
     }
-    EXPECT_EQ(plainly(path, "pragma user_version = 99"), "");
-    EXPECT_EQ(openError(path), engine::error::unrecognizedFormat);
+    constexpr int utf16At = 59, laterVersionAt = 63;
+    for (const int at : {utf16At, laterVersionAt}) {
+        std::string bytes = readFile(path);
+        bytes.at(at) = 2;
+        writeFile(spoilt, bytes);
+        EXPECT_EQ(openError(spoilt), engine::error::unrecognizedFormat) << at;
+    }
 }
 
 TEST_F(OpenTest, DisarmsTriggersAndForeignModes) {

@@ -18,6 +18,7 @@ namespace {
 
 // Where SQLite keeps its marks.
 constexpr std::string_view magic("SQLite format 3\0", 16);
+constexpr std::size_t encodingAt = 56;
 constexpr std::size_t userVersionAt = 60;
 constexpr std::size_t applicationIdAt = 68;
 constexpr std::size_t headerLength = 100;
@@ -30,15 +31,18 @@ int bigEndian(std::span<const unsigned char> bytes, std::size_t at) {
 
 FileMarks marksOf(std::span<const unsigned char> firstBytes) {
     if (firstBytes.size() < headerLength) return {};
+    const int encoding = bigEndian(firstBytes, encodingAt);  // 2 and 3 for either byte order
     return {.isDatabase = std::memcmp(firstBytes.data(), magic.data(), magic.size()) == 0,
             .isOurs = bigEndian(firstBytes, applicationIdAt) == applicationId,
-            .isLater = bigEndian(firstBytes, userVersionAt) > formatVersion};
+            .isLater = bigEndian(firstBytes, userVersionAt) > formatVersion,
+            .isUtf16 = encoding == 2 || encoding == 3};
 }
 
 Result<> checkMarks(const std::string& path, const FileMarks& marks) {
     const char* why = !marks.isDatabase ? "it is no database"
                       : !marks.isOurs   ? "it is another program's database"
                       : marks.isLater   ? "a later version wrote it"
+                      : marks.isUtf16   ? "its texts are not in UTF-8"
                                         : nullptr;
     if (why) return std::unexpected(Error{error::unrecognizedFormat, path + " is no catalogue: " + why});
     return {};

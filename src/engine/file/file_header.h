@@ -12,6 +12,7 @@ struct FileMarks {
     bool isDatabase = false;
     bool isOurs = false;   // bears a catalogue's mark
     bool isLater = false;  // of a format that is not known yet
+    bool isUtf16 = false;  // which sorts otherwise than UTF-8, and which we never write
 };
 [[nodiscard]] FileMarks marksOf(std::span<const unsigned char> firstBytes);
 

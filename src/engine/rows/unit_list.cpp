@@ -30,14 +30,10 @@ Result<UnitNames> UnitList::read() {
     auto rows = m_connection.prepare(std::string(sql));
     if (!rows) return std::unexpected(rows.error());
     UnitNames names;
-    std::string last;
     auto step = rows->step();
     for (; step == Prepared::Step::Row; step = rows->step()) {
         if (rows->isNull(0)) continue;
-        const std::string_view name = rows->text(0);
-        if (name < last)
-            return std::unexpected(Error{error::corrupt, "The catalogue's index is out of order"});
-        names.add(last = name);
+        names.add(std::string(rows->text(0)));
     }
     if (step == Prepared::Step::Failed) return std::unexpected(m_connection.lastError());
     return names;
