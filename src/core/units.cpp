@@ -25,22 +25,26 @@ engine::Result<long long> recordCount(engine::Database& database, std::string_vi
 struct Hash : std::hash<std::string_view> {
     using is_transparent = void;
 };
-using UnitsByName = std::unordered_map<std::string, Unit*, Hash, std::equal_to<>>;
+using UnitsByName = std::unordered_map<std::string, Unit, Hash, std::equal_to<>>;
 
-engine::Result<> addTotals(engine::Database& database, const UnitsByName& unitsByName) {
+// What the rows of each unit come to.
+engine::Result<UnitsByName> totals(engine::Database& database) {
     auto rows = database.OpenRecordset("select disco, tipo, largo from datos");
     if (!rows) return std::unexpected(rows.error());
+    UnitsByName units;
     for (; !rows->Eof(); rows->MoveNext()) {
-        const auto found = unitsByName.find(rows->Field("disco").text());
-        if (found == unitsByName.end()) continue;
-        Unit& unit = *found->second;
+        const std::string_view disco = rows->Field("disco").text();
+        auto found = units.find(disco);
+        if (found == units.end()) found = units.emplace(disco, Unit{}).first;
+        Unit& unit = found->second;
         const std::string_view tipo = rows->Field("tipo").text();
         if (tipo == folderTipo) ++unit.folders;
         if (tipo != fileTipo) continue;
         ++unit.files;
         unit.kilobytes = addKilobytes(unit.kilobytes, rows->Field("largo").integer());
     }
-    return walkedToTheEnd(*rows);
+    if (auto whole = walkedToTheEnd(*rows); !whole) return std::unexpected(whole.error());
+    return units;
 }
 
 }  // namespace
@@ -66,19 +70,19 @@ engine::Result<std::string> unitTipo(engine::Database& database, std::string_vie
 engine::Result<std::vector<Unit>> units(engine::Database& database) {
     const auto names = unitNames(database);
     if (!names) return std::unexpected(names.error());
-    std::vector<Unit> units(names->size());
-    UnitsByName unitsByName;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        units[i].disco = (*names)[i];
+    auto totalsOf = totals(database);
+    if (!totalsOf) return std::unexpected(totalsOf.error());
+    std::vector<Unit> units;
+    for (const std::string& disco : *names) {
         // A name that no statement can carry has no kind, but its rows count.
-        auto tipo = unitTipo(database, (*names)[i]);
+        auto tipo = unitTipo(database, disco);
         if (!tipo && tipo.error().number != engine::error::syntaxInExpression)
             return std::unexpected(tipo.error());
-        units[i].tipo = std::move(tipo).value_or("");
-        units[i].picture = unitPicture(units[i].tipo);
-        unitsByName.emplace((*names)[i], &units[i]);
+        Unit& unit = units.emplace_back(std::move((*totalsOf)[disco]));
+        unit.disco = disco;
+        unit.tipo = std::move(tipo).value_or("");
+        unit.picture = unitPicture(unit.tipo);
     }
-    if (auto added = addTotals(database, unitsByName); !added) return std::unexpected(added.error());
     return units;
 }
 
