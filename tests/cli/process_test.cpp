@@ -208,6 +208,11 @@ TEST_F(Program, SaysThatItWasInterrupted) {
         import.send(signal);
         given.close();
         EXPECT_EQ(import.wait(), 128 + signal);
+        // A second signal ends it at once.
+        test::Program held({ZARQUELIN_CLI, "import", cat, pipe});
+        const std::ofstream open(pipe);
+        while (held.isRunning()) held.send(signal);
+        EXPECT_EQ(held.wait(), 128 + signal);
     }
     EXPECT_EQ(cliTells({"export", cat}).text, rows);
 }
