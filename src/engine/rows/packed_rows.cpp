@@ -9,11 +9,34 @@ namespace engine {
 namespace {
 
 // A field is its tag, then its bytes: a number's eight, or a text's. The tag of a text is its size +
-// firstText.
+// firstText. Seven bits of a tag stand in a byte, the lowest first; the eighth tells that more follow.
 using Tag = std::uint32_t;
 constexpr Tag nullTag = 0;
 constexpr Tag numberTag = 1;
 constexpr Tag firstText = 2;
+constexpr int tagBits = 7;
+constexpr Tag moreBits = 1U << tagBits;
+
+std::size_t sizeOfTag(Tag tag) {
+    std::size_t size = 1;
+    for (; tag >= moreBits; tag >>= tagBits) ++size;
+    return size;
+}
+
+char* putTag(char* to, Tag tag) {
+    for (; tag >= moreBits; tag >>= tagBits) *to++ = static_cast<char>(tag | moreBits);
+    *to++ = static_cast<char>(tag);
+    return to;
+}
+
+Tag takeTag(const char*& at) {
+    Tag tag = 0;
+    for (int bits = 0;; bits += tagBits) {
+        const auto byte = static_cast<unsigned char>(*at++);
+        tag |= (byte & (moreBits - 1)) << bits;
+        if (byte < moreBits) return tag;
+    }
+}
 
 }  // namespace
 
@@ -33,58 +56,41 @@ const char* PackedRows::addBytes(std::string_view bytes) {
     return to;
 }
 
-const char* PackedRows::add(const Prepared& row, const std::vector<Column>& fields) {
+std::string_view PackedRows::add(const Prepared& row, const std::vector<Column>& fields) {
     struct Source {
         Tag tag = nullTag;
-        const char* text = nullptr;
-        double number = 0;
+        const char* bytes = nullptr;
+        std::size_t size = 0;
     };
     std::array<Source, columns.size()> sources;
+    std::array<double, columns.size()> numbers;
     const std::size_t count = std::min(fields.size(), sources.size());
     std::size_t size = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const int column = static_cast<int>(i);
-        size += sizeof(Tag);
         if (info(fields[i]).type == Type::Text) {
             const std::string_view text = row.text(column);
-            if (!text.data()) continue;
-            sources[i] = {static_cast<Tag>(text.size()) + firstText, text.data()};
-            size += text.size();
+            if (text.data())
+                sources[i] = {static_cast<Tag>(text.size()) + firstText, text.data(), text.size()};
         } else if (!row.isNull(column)) {
-            sources[i] = {numberTag, nullptr, row.number(column)};
-            size += sizeof(double);
+            numbers[i] = row.number(column);
+            sources[i] = {numberTag, reinterpret_cast<const char*>(&numbers[i]), sizeof(double)};
         }
+        size += sizeOfTag(sources[i].tag) + sources[i].size;
     }
     char* const packed = room(size);
     char* to = packed;
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto& [tag, text, number] = sources[i];
-        std::memcpy(to, &tag, sizeof tag);
-        to += sizeof tag;
-        if (tag == nullTag) continue;
-        const std::size_t bytes = tag == numberTag ? sizeof number : tag - firstText;
-        if (bytes > 0)
-            std::memcpy(to, tag == numberTag ? reinterpret_cast<const char*>(&number) : text, bytes);
-        to += bytes;
+    for (const Source& source : std::span(sources).first(count)) {
+        to = putTag(to, source.tag);
+        if (source.size > 0) std::memcpy(to, source.bytes, source.size);
+        to += source.size;
     }
-    return packed;
-}
-
-std::size_t PackedRows::size(const char* row, std::size_t fields) {
-    const char* at = row;
-    for (; fields > 0; --fields) {
-        Tag tag;
-        std::memcpy(&tag, at, sizeof tag);
-        at += sizeof tag + (tag >= firstText ? tag - firstText : tag == numberTag ? sizeof(double) : 0);
-    }
-    return static_cast<std::size_t>(at - row);
+    return {packed, size};
 }
 
 void PackedRows::unpack(const char* row, std::span<Value> values) {
     for (Value& value : values) {
-        Tag tag;
-        std::memcpy(&tag, row, sizeof tag);
-        row += sizeof tag;
+        const Tag tag = takeTag(row);
         if (tag == nullTag) {
             value = Value();
         } else if (tag == numberTag) {

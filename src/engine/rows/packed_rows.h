@@ -15,13 +15,10 @@ namespace engine {
 class PackedRows {
   public:
     // Packs a statement's current row, whose first columns are `fields`.
-    [[nodiscard]] const char* add(const Prepared& row, const std::vector<Column>& fields);
+    [[nodiscard]] std::string_view add(const Prepared& row, const std::vector<Column>& fields);
     [[nodiscard]] const char* addBytes(std::string_view bytes);
 
     [[nodiscard]] std::size_t bytes() const { return m_bytes; }
-
-    // How many bytes a row with so many fields takes.
-    [[nodiscard]] static std::size_t size(const char* row, std::size_t fields);
 
     // Unpacks a row into one value for each field it was packed with.
     static void unpack(const char* row, std::span<Value> values);

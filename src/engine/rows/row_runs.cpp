@@ -18,43 +18,48 @@ namespace {
 constexpr std::size_t writtenAtOnce = std::size_t{1} << 20;
 constexpr std::size_t readAtOnce = std::size_t{256} << 10;
 
-// Before a row's key, without its first bytes, and the packed row.
+// Before the rest of a row's key and the packed row.
 struct Header {
     std::uint64_t keyStart;
     std::int64_t rowid;
     std::uint32_t keySize;
-    std::uint32_t keyRestSize;
-    std::uint64_t packedSize;
+    std::uint32_t packedSize;
 };
 
 }  // namespace
 
-bool RowRuns::write(const RowTable::Row& row, std::size_t fields) {
-    Header header{};
-    header.keyStart = row.keyStart;
-    header.rowid = row.rowid;
-    header.keySize = row.keySize;
-    header.keyRestSize = row.keyRest ? row.keySize - static_cast<std::uint32_t>(sizeof row.keyStart) : 0;
-    header.packedSize = PackedRows::size(row.packed, fields);
+bool RowRuns::begin() {
+    const auto file = platform::namelessFile();
+    if (!file) return false;
+    m_file.reset(::fdopen(*file, "w"));
+    if (!m_file) ::close(*file);
+    // The library makes a buffer of a size that it chooses, of a page.
+    m_buffer = std::make_unique<char[]>(writtenAtOnce);
+    return m_file && std::setvbuf(m_file.get(), m_buffer.get(), _IOFBF, writtenAtOnce) == 0;
+}
+
+bool RowRuns::write(const RowTable::Row& row) {
+    const Header header{row.keyStart, row.rowid, row.keySize, row.packedSize};
     const auto put = [this](const void* bytes, std::size_t size) {
         m_size += static_cast<std::int64_t>(size);
         return size == 0 || std::fwrite(bytes, size, 1, m_file.get()) == 1;
     };
-    return put(&header, sizeof header) && put(row.keyRest, header.keyRestSize) &&
-           put(row.packed, header.packedSize);
+    return put(&header, sizeof header) && put(row.keyRest, row.keyRestSize()) &&
+           put(row.packed, row.packedSize);
 }
 
 bool RowRuns::take(RowTable& table) {
-    if (!m_file) {
-        const auto file = platform::namelessFile();
-        if (!file) return false;
-        m_file.reset(::fdopen(*file, "w"));
-        if (!m_file) ::close(*file);
-        if (!m_file || std::setvbuf(m_file.get(), nullptr, _IOFBF, writtenAtOnce) != 0) return false;
-    }
+    if (!m_file && !begin()) return false;
     const std::int64_t begin = m_size;
-    for (const RowTable::Row& row : table.inOrder())
-        if (!write(row, table.fields().size())) return false;
+    const std::span<const RowTable::Row> rows = table.inOrder();
+    for (std::size_t at = 0; at < rows.size(); ++at) {
+        constexpr std::size_t rowsAhead = 8;
+        if (at + rowsAhead < rows.size()) {
+            table.fetchAhead(at + rowsAhead);
+            __builtin_prefetch(rows[at + rowsAhead].keyRest);
+        }
+        if (!write(rows[at])) return false;
+    }
     if (std::fflush(m_file.get()) != 0) return false;
     m_runs.push_back({begin, m_size});
     m_rows += static_cast<long long>(table.size());
@@ -75,14 +80,13 @@ class RowRuns::Reader {
         Header header{};
         if (auto there = fetch(sizeof header); !there) return std::unexpected(there.error());
         std::memcpy(&header, m_buffer.data() + m_begin, sizeof header);
-        const std::size_t size = sizeof header + header.keyRestSize + header.packedSize;
-        if (auto there = fetch(size); !there) return std::unexpected(there.error());
-        const char* key = m_buffer.data() + m_begin + sizeof header;
         m_row.keyStart = header.keyStart;
         m_row.rowid = header.rowid;
         m_row.keySize = header.keySize;
-        m_row.keyRest = key;
-        m_row.packed = key + header.keyRestSize;
+        const std::size_t size = sizeof header + m_row.keyRestSize() + header.packedSize;
+        if (auto there = fetch(size); !there) return std::unexpected(there.error());
+        m_row.keyRest = m_buffer.data() + m_begin + sizeof header;
+        m_row.packed = m_row.keyRest + m_row.keyRestSize();
         m_used = size;
         return true;
     }

@@ -8,7 +8,7 @@ namespace engine {
 namespace {
 
 constexpr std::size_t partSize = sizeof(std::uint64_t);
-constexpr std::size_t keyStartSize = partSize;
+constexpr std::size_t keyStartSize = sizeof(RowTable::Row::keyStart);
 constexpr std::ptrdiff_t fewRows = 12;
 
 // Up to eight bytes as a number that compares as they do. What is missing counts as zeros.
@@ -40,7 +40,9 @@ bool RowTable::add(const Prepared& row, std::string_view key, std::int64_t rowid
     added.keyStart = numberOf(key.data(), key.size());
     added.keySize = static_cast<std::uint32_t>(key.size());
     if (key.size() > keyStartSize) added.keyRest = m_keys.addBytes(key.substr(keyStartSize));
-    added.packed = m_store.add(row, m_fields);
+    const std::string_view packed = m_store.add(row, m_fields);
+    added.packed = packed.data();
+    added.packedSize = static_cast<std::uint32_t>(packed.size());
     m_rows.push_back(added);
     return true;
 }

@@ -29,9 +29,14 @@ class RowTable {
         std::uint64_t keyStart = 0;  // the first eight bytes of the sort key
         std::uint64_t keyPart = 0;   // those eight that are looked at while sorting
         const char* keyRest = nullptr;
-        std::uint32_t keySize = 0;
-        std::int64_t rowid = 0;
         const char* packed = nullptr;
+        std::int64_t rowid = 0;
+        std::uint32_t keySize = 0;
+        std::uint32_t packedSize = 0;
+
+        [[nodiscard]] std::size_t keyRestSize() const {
+            return keySize > sizeof keyStart ? keySize - sizeof keyStart : 0;
+        }
     };
     [[nodiscard]] static bool isBefore(const Row& a, const Row& b);
 
