@@ -26,8 +26,9 @@ int runExport(const Invocation& invocation) {
     const bool empty = rows->Eof() && !rows->error();
     const platform::Drives drives = csv ? platform::Drives() : platform::Drives::current();
     if (csv) print(csvHeader());
+    core::CatalogRow row;
     for (; !rows->Eof(); rows->MoveNext()) {
-        const core::CatalogRow row = core::readRow(*rows);
+        core::readRow(*rows, row);
         print(csv ? csvRow(row) : jsonRow(row, drives));
     }
     if (rows->error()) return fail(UnusableCatalogue, catalogue, rows->error()->text);

@@ -33,10 +33,10 @@ class Printer : public search::ResultSink {
 
     void clear() override {}
     void add(const engine::Recordset& rows, const search::Pass&) override {
-        const core::CatalogRow row = core::readRow(rows);
-        if (!m_disco.empty() && row.disco != m_disco) return;  // a unit whose name differs in case
+        core::readRow(rows, m_row);
+        if (!m_disco.empty() && m_row.disco != m_disco) return;  // a unit whose name differs in case
         m_foundAny = true;
-        if (!m_output.forPrograms(row)) printPlain(row);
+        if (!m_output.forPrograms(m_row)) printPlain(m_row);
     }
     [[nodiscard]] int status() const { return m_output.status(m_foundAny); }
 
@@ -54,7 +54,8 @@ class Printer : public search::ResultSink {
 
     RowOutput m_output;
     std::string m_prefix;
-    std::string m_line;  // keeps its room from row to row
+    core::CatalogRow m_row;  // it and the line keep their room from row to row
+    std::string m_line;
     std::string m_disco;
     bool m_foundAny = false;
 };

@@ -25,5 +25,7 @@ struct CatalogRow {
 
 // The current row of a `select *`; columns that the select lacks stay empty.
 [[nodiscard]] CatalogRow readRow(const engine::Recordset& rows);
+// The same into a row whose texts keep their room, where many rows are read one after the other.
+void readRow(const engine::Recordset& rows, CatalogRow& row);
 
 }  // namespace core

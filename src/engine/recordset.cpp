@@ -24,7 +24,11 @@ long long Recordset::RecordCount() {
 
 Value Recordset::Field(std::string_view column) const {
     const auto known = columnNamed(column);
-    return known ? m_impl->guarded(Value(), [&] { return m_impl->field(*known); }) : Value();
+    return known ? Field(*known) : Value();
+}
+
+Value Recordset::Field(Column column) const {
+    return m_impl->guarded(Value(), [&] { return m_impl->field(column); });
 }
 
 const Error* Recordset::error() const {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "engine/error.h"
+#include "engine/format.h"
 #include "engine/value.h"
 
 namespace engine {
@@ -26,8 +27,9 @@ class Recordset {
     // The number of rows of the whole set, counted in the engine; the position is kept.
     [[nodiscard]] long long RecordCount();
 
-    // A column of the current row by name; null at the end, and for a column that the select lacks.
+    // A column of the current row; null at the end, and for a column that the select lacks.
     [[nodiscard]] Value Field(std::string_view column) const;
+    [[nodiscard]] Value Field(Column column) const;
 
     // Why reading ended early; nullptr while nothing failed.
     [[nodiscard]] const Error* error() const;
