@@ -8,7 +8,7 @@ namespace {
 constexpr auto unit = "U :", node = "n", ruta = R"(C:\a)";
 
 // The statements of every way to a folder, at every level.
-test::Statements allStatements() {
+test::Statements listingStatements() {
     test::Statements statements;
     const auto add = [&](const std::string& way, const browse::ListingStatements& listing) {
         statements[way + "\tfolders"] = listing.folders;
@@ -34,7 +34,7 @@ test::Statements allStatements() {
 }
 
 TEST(ListingStatements, StandInTheList) {
-    test::expectListed(allStatements(), STATEMENTS_EXPECTED);
+    test::expectListed(listingStatements(), ZARQUELIN_TESTS "/browse/statements_expected.tsv");
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 constexpr auto disco = "Disc :";
 
 // Each folder as its depth and name, in the order in which the tree gets them.
-struct Collected : browse::FolderSink {
+struct FoundFolders : browse::FolderSink {
     static constexpr std::size_t enough = 3000;  // a folder with a name of the base path lists everything
     std::vector<std::string> folders;
     bool yieldAndTestStop() override { return folders.size() == enough; }
@@ -23,7 +23,7 @@ struct Collected : browse::FolderSink {
 
 // The load by statements that are no repeated look-ups: they test their path twice. False when there is
 // enough.
-bool loadPlainly(engine::Database& database, std::vector<std::string>& folders, Collected& to) {
+bool loadPlainly(engine::Database& database, std::vector<std::string>& folders, FoundFolders& to) {
     const int nivel = static_cast<int>(folders.size()) + 1;
     std::string sql = browse::foldersOfLevel(disco, nivel, folders);
     if (const std::size_t path = sql.find("ruta like"), level = sql.find(" and  nivel"); nivel > 1)
@@ -88,18 +88,18 @@ TEST(TreeLoad, TheWorkingCopyGivesWhatPlainScansGive) {
         engine::Database& copy = **copied;
         const auto deleted = copy.Execute(std::string("delete * from datos where disco<>('") + disco + "') ");
         EXPECT_EQ(deleted.value_or(-1), 0);
-        Collected loaded;
+        FoundFolders loaded;
         ASSERT_TRUE(browse::loadFolders(copy, disco, browse::FirstLevel::NoFiles, loaded));
 
         auto catalogue = disc.catalogue.open();
-        Collected plain;
+        FoundFolders plain;
         std::vector<std::string> path;
         loadPlainly(catalogue, path, plain);
         ASSERT_EQ(loaded.folders, plain.folders) << seed;
         folders += loaded.folders.size();
         for (const std::string& folder : loaded.folders) deepest = std::max(deepest, std::stoul(folder));
 
-        Collected direct;
+        FoundFolders direct;
         ASSERT_TRUE(browse::loadFolders(catalogue, disco, browse::FirstLevel::FoldersOnly, direct));
         EXPECT_EQ(direct.folders, loaded.folders) << seed;
     }

@@ -12,9 +12,9 @@
 namespace {
 
 using exchange::Format;
-using Kind = exchange::ImportFailure::Kind;
+using exchange::ImportFailure;
 
-std::expected<long long, exchange::ImportFailure> importInto(
+std::expected<long long, ImportFailure> importInto(
     const test::CatalogueFixture& catalogue, std::string text,
     const std::function<bool()>& stopped = [] { return false; }) {
     std::FILE* file = fmemopen(text.data(), text.size(), "rb");
@@ -30,7 +30,7 @@ std::string damageIn(const std::string& text) {
     static const test::CatalogueFixture catalogue;
     const auto imported = importInto(catalogue, text);
     EXPECT_TRUE(catalogue.rows().empty());
-    if (imported || imported.error().kind != Kind::Damaged) return "none";
+    if (imported || imported.error().kind != ImportFailure::Kind::Damaged) return "none";
     return std::to_string(imported.error().damage.line) + ' ' + imported.error().damage.column;
 }
 
@@ -69,13 +69,13 @@ TEST(Import, MergesUnitsBehindThoseThatAreThere) {
     const auto again = importInto(catalogue, header + "1,E:\\b,b,,1,1,,Carpeta de archivos,New :,\r\n" +
                                                  "2,C:it's,it's,,1,1,,Unidad de audio,u :,\r\n");
     ASSERT_FALSE(again);
-    EXPECT_EQ(again.error().kind, Kind::UnitExists);
+    EXPECT_EQ(again.error().kind, ImportFailure::Kind::UnitExists);
     EXPECT_EQ(again.error().unit, "u :");
     EXPECT_EQ(again.error().damage.line, 3);
     EXPECT_EQ(catalogue.rows().size(), 3U);
     EXPECT_EQ(importInto(catalogue, header + "1,C:it's,it's,,1,1,,Unidad de audio,V :,\n").value_or(-1), 1);
     EXPECT_EQ(catalogue.rows().back().carpeta, "it´s");
-    EXPECT_EQ(importInto(catalogue, header, [] { return true; }).error().kind, Kind::Stopped);
+    EXPECT_EQ(importInto(catalogue, header, [] { return true; }).error().kind, ImportFailure::Kind::Stopped);
 }
 
 TEST(Import, TellsTheLineAndColumnOfDamagedCsv) {

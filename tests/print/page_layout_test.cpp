@@ -10,9 +10,9 @@ using print::PageLayout;
 
 namespace {
 
-class Rows : public print::RowSource {
+class ReportRows : public print::RowSource {
   public:
-    explicit Rows(std::int64_t count) : m_count(count) {}
+    explicit ReportRows(std::int64_t count) : m_count(count) {}
     [[nodiscard]] std::int64_t count() const override { return m_count; }
     [[nodiscard]] print::ReportRow row(std::int64_t position) const override {
         return {"name" + std::to_string(position + 1), "Archivo", "7 KB", "12/03/2004", 9};
@@ -36,7 +36,7 @@ using Texts = std::vector<std::string>;
 TEST(PageLayout, BreaksBehindEveryThirtiethRow) {
     for (const auto& [rows, pages, onLast] :
          std::vector<std::array<int, 3>>{{1, 1, 1}, {30, 1, 30}, {31, 2, 1}, {60, 2, 30}, {61, 3, 1}}) {
-        const Rows source(rows);
+        const ReportRows source(rows);
         const PageLayout layout(source, Language::Spanish, 240);
         ASSERT_EQ(layout.pageCount(), pages);
         const Page last = layout.page(pages);
@@ -45,11 +45,11 @@ TEST(PageLayout, BreaksBehindEveryThirtiethRow) {
         EXPECT_EQ(last.texts[last.texts.size() - 4].text, "name" + std::to_string(rows));
         EXPECT_LT(last.texts.back().y + 240, 15840) << "runs off a letter page";
     }
-    EXPECT_EQ(PageLayout(Rows(0), Language::Spanish, 240).pageCount(), 0);
+    EXPECT_EQ(PageLayout(ReportRows(0), Language::Spanish, 240).pageCount(), 0);
 }
 
 TEST(PageLayout, PlacesHeadsAndRows) {
-    const Rows source(31);
+    const ReportRows source(31);
     const Page first = PageLayout(source, Language::Spanish, 240).page(1);
     EXPECT_EQ(textsAt(first, 0), Texts{"  Página: 1"});
     EXPECT_EQ(textsAt(first, 300), (Texts{"Nombre ", "Tipo", "Tamaño", "Modificado"}));

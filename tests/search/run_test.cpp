@@ -15,9 +15,9 @@ using Names = std::vector<std::string>;
 
 const core::Rotulos& captions = core::rotulos(core::Language::English);
 
-class Collected : public search::ResultSink {
+class FoundItems : public search::ResultSink {
   public:
-    explicit Collected(lists::RowMemory& memory) : m_memory(memory) {}
+    explicit FoundItems(lists::RowMemory& memory) : m_memory(memory) {}
     void clear() override { items.clear(); }
     void add(const engine::Recordset& row, const search::Pass& pass) override {
         items.push_back(search::resultItem(row, pass, core::Language::English, m_memory));
@@ -35,7 +35,7 @@ class SearchRun : public testing::Test {
         SearchRequest request = search::requestFor("", captions);
         request.maximum = "100000";
         state(request);
-        Collected collected(memory);
+        FoundItems collected(memory);
         outcome = search::runPasses(database, search::passesOf(request, captions), counters, collected);
         items = collected.items;
         Names names;

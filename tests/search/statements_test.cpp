@@ -12,7 +12,7 @@ using namespace search;
 const StatementValues placeholders{"{T}", "{U}", "{N}", "{D1}", "{D2}", "{S1}", "{S2}"};
 
 // Every statement by its row and its place within it.
-test::Statements allStatements() {
+test::Statements searchStatements() {
     test::Statements statements;
     for (const StatementRow& row : allRows()) {
         int index = 0;
@@ -24,9 +24,9 @@ test::Statements allStatements() {
 
 TEST(Statements, StandInTheList) {
     EXPECT_EQ(allRows().size(), 144u);
-    EXPECT_EQ(allStatements().size(), 204u);
+    EXPECT_EQ(searchStatements().size(), 204u);
     EXPECT_EQ(std::ranges::count_if(allRows(), isSplit), 16);
-    test::expectListed(allStatements(), STATEMENTS_EXPECTED);
+    test::expectListed(searchStatements(), ZARQUELIN_TESTS "/search/statements_expected.tsv");
 }
 
 }  // namespace
