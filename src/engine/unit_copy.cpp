@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "engine/file/connection.h"
-#include "engine/file/interrupted_change.h"
 #include "engine/file/page_copy.h"
 #include "engine/file/replacement.h"
 #include "engine/format.h"

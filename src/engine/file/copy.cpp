@@ -1,7 +1,6 @@
 #include <sqlite3.h>
 
 #include "engine/file/connection.h"
-#include "engine/file/interrupted_change.h"
 #include "engine/file/page_copy.h"
 #include "engine/file/replacement.h"
 #include "engine/guarded.h"
