@@ -1,7 +1,6 @@
 #include "browse/going_up.h"
 
 #include "browse/showing.h"
-#include "browse/tree_names.h"
 #include "frame/catalogue.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"

@@ -6,8 +6,8 @@
 #include "browse/showing.h"
 #include "engine/database.h"
 #include "frame/catalogue.h"
+#include "frame/messages.h"
 #include "frame/pointer.h"
-#include "frame/tell.h"
 
 namespace browse {
 namespace {

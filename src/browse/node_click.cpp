@@ -4,11 +4,10 @@
 
 #include "browse/node_listing.h"
 #include "browse/showing.h"
-#include "browse/tree_names.h"
 #include "browse/unit_load.h"
 #include "frame/catalogue.h"
+#include "frame/long_work.h"
 #include "frame/pointer.h"
-#include "frame/running.h"
 #include "frame/status_band.h"
 
 namespace browse {

@@ -3,8 +3,8 @@
 #include "browse/showing.h"
 #include "browse/unit_load.h"
 #include "frame/catalogue.h"
+#include "frame/long_work.h"
 #include "frame/pointer.h"
-#include "frame/running.h"
 
 namespace browse {
 

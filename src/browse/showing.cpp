@@ -16,6 +16,13 @@ void dropPathItem(Surface& surface) {
     if (combo.count() != surface.estado.indicecombo) combo.removeItem(surface.estado.indicecombo + 1);
 }
 
+NodeNames namesOf(const controls::TreeModel& nodes, controls::Node node) {
+    NodeNames names{nodes.text(node).toStdString(), {}, nodes.fullPath(node).toStdString()};
+    for (auto above = nodes.parentOf(node); above != controls::noNode; above = nodes.parentOf(above))
+        names.ancestors.push_back(nodes.text(above).toStdString());
+    return names;
+}
+
 void showPathItem(Surface& surface, const std::string& fullPath) {
     dropPathItem(surface);
     const int number = surface.estado.indicecombo + 1;

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "browse/listing.h"
+#include "browse/node_names.h"
 #include "browse/surface.h"
 #include "browse/totals.h"
 
 namespace browse {
 
 // What the browsing procedures end with, and the small steps that several of them share.
+
+// The names that place a node of the tree.
+[[nodiscard]] NodeNames namesOf(const controls::TreeModel& nodes, controls::Node node);
 
 // Puts the path item behind the units of ImageCombo1, in place of an earlier one, and selects it.
 void showPathItem(Surface& surface, const std::string& fullPath);

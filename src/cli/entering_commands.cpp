@@ -12,8 +12,8 @@
 #include "core/unit_name.h"
 #include "platform/drives.h"
 #include "platform/files.h"
-#include "scan/allowed_keys.h"
 #include "scan/manual_unit.h"
+#include "scan/refusal.h"
 #include "scan/row_writer.h"
 #include "scan/scan_request.h"
 

@@ -8,7 +8,7 @@
 #include "core/serial_date.h"
 #include "core/text.h"
 #include "platform/names.h"
-#include "search/search_messages.h"
+#include "search/refusal.h"
 
 namespace cli {
 namespace {

@@ -12,7 +12,7 @@
 #include "core/unit_name.h"
 #include "core/units.h"
 #include "engine/text/folding.h"
-#include "scan/allowed_keys.h"
+#include "scan/refusal.h"
 #include "scan/scan_request.h"
 
 namespace cli {

@@ -7,6 +7,13 @@ class QWidget;
 
 namespace controls {
 
+// Gives an object the name by which it is found, and hands it on.
+template <class Object>
+Object* named(Object* object, const char* name) {
+    object->setObjectName(QString::fromUtf8(name));
+    return object;
+}
+
 // What screen readers are told of the controls that the toolkit would call by their value, by a wrong role or
 // twice: combos, our own buttons, the divider, the step buttons, links. Can be called as often as one likes.
 void installAccessibility();

@@ -5,9 +5,9 @@
 
 #include "copyback/copy_run.h"
 #include "core/failure.h"
+#include "frame/messages.h"
 #include "frame/pointer.h"
 #include "frame/status_band.h"
-#include "frame/tell.h"
 
 namespace copyback {
 namespace {

@@ -16,6 +16,14 @@ void letWindowsPaint() {
 
 }  // namespace
 
+Running::Running(Frame& frame) : m_frame(frame) {
+    if (m_frame.setRunning) m_frame.setRunning(true);
+}
+
+Running::~Running() {
+    if (m_frame.setRunning) m_frame.setRunning(false);
+}
+
 LongWork::LongWork(Frame& frame, const core::Bilingual& what)
     : m_frame(frame),
       m_what(what.in(frame.idioma)),

@@ -11,6 +11,19 @@
 
 namespace frame {
 
+// Long work that the user may stop: while the object lives, the stop entry and button are enabled and
+// compaction and repair are not.
+class Running {
+  public:
+    explicit Running(Frame& frame);
+    ~Running();
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+  private:
+    Frame& m_frame;
+};
+
 // Work that cannot be stopped: while the object lives there is the hourglass, the window is painted, and the
 // status line says what goes on and how much of it is done or, where nobody knows that, how long it has
 // taken. Then the line reads as before.

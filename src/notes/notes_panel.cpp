@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "controls/named.h"
+#include "controls/accessible.h"
 #include "controls/twips.h"
 #include "core/failure.h"
 #include "frame/captions.h"

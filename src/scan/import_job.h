@@ -1,16 +1,27 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <optional>
 #include <string>
+#include "core/units.h"
 
 #include "engine/database.h"
 #include "frame/frame.h"
-#include "scan/import_events.h"
 #include "scan/import_fields.h"
 #include "scan/walker.h"
 
 namespace scan {
+
+// What the import panel has to tell the window around it.
+struct ImportEvents {
+    std::function<void()> walkBegins;  // tree and lists are to be seen
+    std::function<void(const core::UnitItem& unit)> unitScanned;
+    std::function<void(const core::UnitItem& unit)> unitTyped;
+    std::function<void()> walkEnds;  // to its end: the button of what is seen by now is to be down
+    std::function<void()> stopped;   // by the user: what the catalogue holds is to be shown anew
+    std::function<void()> ended;     // however; the totals may be others now
+};
 
 // The job behind Label20: makes a unit of the chosen folder or of what was typed. Runs to its end within the
 // click; other handlers get their turn where the walk gives way, and Parar() may be one of them.

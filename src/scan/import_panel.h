@@ -4,7 +4,6 @@
 #include <string>
 
 #include "frame/frame.h"
-#include "scan/import_events.h"
 #include "scan/import_job.h"
 
 class QHBoxLayout;

@@ -1,7 +1,5 @@
 #include "search/refusal.h"
 
-#include "search/search_messages.h"
-
 namespace search {
 
 std::optional<SearchRefusal> refusalOf(const SearchRequest& request, Road road) {

@@ -21,7 +21,7 @@
 #include "platform/qtext.h"
 #include "search/criteria_pages.h"
 #include "search/recent_combo.h"
-#include "search/search_messages.h"
+#include "search/refusal.h"
 
 namespace search {
 namespace {

@@ -14,7 +14,7 @@
 #include "frame/menus.h"
 #include "frame/pointer.h"
 #include "platform/files.h"
-#include "scan/allowed_keys.h"
+#include "scan/refusal.h"
 #include "shell/kept_choices.h"
 #include "shell/main_window.h"
 

@@ -3,7 +3,6 @@
 #include <QFile>
 
 #include "controls/accessible.h"
-#include "controls/named.h"
 #include "controls/twips.h"
 #include "frame/captions.h"
 #include "frame/pointer.h"
