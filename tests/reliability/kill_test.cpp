@@ -13,7 +13,7 @@
 #include <span>
 
 #include "reliability/catalogue_check.h"
-#include "reliability/program.h"
+#include "reliability/work.h"
 #include "support/rounds.h"
 #include "support/temporary_folder.h"
 
@@ -125,12 +125,10 @@ TEST_F(Killed, AllElseLeavesTheOldStateOrTheNewOne) {
                                {"import", catalogue, rows},
                                {"update", catalogue, "Victim", tree},
                                {"compact", catalogue},
-                               {"save as", saved, catalogue},
+                               {"save-as", saved, catalogue},
                                {"repair", catalogue}}) {
         SCOPED_TRACE(words[0]);
-        Words command = words;
-        command.insert(command.begin(), ZARQUELIN_CLI);
-        if (words[0] == "save as") command = {ZARQUELIN_SAVE_AS, saved, catalogue};
+        const Words command = test::programFor(words);
         start = words[0] == "repair" ? damaged : original;
         restore();
         ASSERT_EQ(test::statusOf(command), 0);

@@ -13,8 +13,8 @@
 
 #include "core/maintenance.h"
 #include "reliability/catalogue_check.h"
-#include "reliability/program.h"
 #include "reliability/recorded_disk.h"
+#include "reliability/work.h"
 #include "support/another_program.h"
 #include "support/rounds.h"
 
@@ -78,11 +78,8 @@ class PowerLoss : public testing::Test {
         std::vector<Disk::Image> images{before.now()};
         std::vector<std::size_t> reports;  // how much was recorded when each was done
         for (const Words& words : commands) {
-            Words command = words;
-            command.insert(command.begin(), ZARQUELIN_CLI);
-            if (words[0] == "save as") command = {ZARQUELIN_SAVE_AS, words[1], words[2]};
             ASSERT_EQ(
-                test::statusOf(command, {.environment = {"LD_PRELOAD=" FAILING_CALLS_LIBRARY,
+                test::workStatus(words, {.environment = {"LD_PRELOAD=" FAILING_CALLS_LIBRARY,
                                                          "CALL_RECORD=" + record, "ZARQUELIN_DRIVES=C=/"}}),
                 0)
                 << words[0];
@@ -158,12 +155,12 @@ TEST_F(PowerLoss, ACopyIsTheOldFileOrTheNewOne) {
 TEST_F(PowerLoss, ACopyIsNotSpoiltByTheJournalOfTheOldFile) {
     test::makeCatalogue(other, {"Other"}, 400);
     test::inTheMidstOfAChange(catalogue);
-    cutEverywhere({{"save as", other, catalogue}});
+    cutEverywhere({{"save-as", other, catalogue}});
     if (HasFailure()) return;
     fs::remove(record);
     test::inTheMidstOfAChange(catalogue);
     test::writeFile(catalogue, unreadable = "no catalogue");
-    cutEverywhere({{"save as", other, catalogue}});
+    cutEverywhere({{"save-as", other, catalogue}});
 }
 
 TEST_F(PowerLoss, ARepairedFileHasItsOriginalBesideItAndNoJournal) {

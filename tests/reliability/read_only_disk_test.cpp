@@ -5,7 +5,7 @@
 #include <sys/mount.h>
 
 #include "reliability/catalogue_check.h"
-#include "reliability/program.h"
+#include "reliability/work.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ TEST(ReadOnlyDisk, IsReadAndRefusesChanges) {
                                 {"compact", catalogue},
                                 {"new", disk / "new.zrq"}})
         EXPECT_EQ(cliStatus(change), unusable) << change[0];
-    EXPECT_EQ(statusOf({ZARQUELIN_SAVE_AS, catalogue, elsewhere / "copy.zrq"}), done);
+    EXPECT_EQ(test::workStatus({"save-as", catalogue, elsewhere / "copy.zrq"}), done);
     EXPECT_EQ(test::contentOf(elsewhere / "copy.zrq"), content);
     EXPECT_EQ(test::readFile(catalogue), bytes);
     umount2(disk.path().c_str(), MNT_DETACH);

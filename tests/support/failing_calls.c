@@ -25,9 +25,9 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
-enum Kind { Open, Read, Write, Flush, Rename, Unlink, Truncate, Map, Thread, Allocation, kinds };
-static const char* const names[kinds] = {"open",   "read",     "write", "flush",  "rename",
-                                         "unlink", "truncate", "map",   "thread", "allocation"};
+enum Kind { Open, Lock, Read, Write, Flush, Rename, Unlink, Truncate, Map, Thread, Allocation, kinds };
+static const char* const names[kinds] = {"open",   "lock",     "read", "write",  "flush",     "rename",
+                                         "unlink", "truncate", "map",  "thread", "allocation"};
 static atomic_long calls[kinds];
 static atomic_bool active;
 static atomic_bool works;  // has opened a catalogue: what ICU and Qt load before bears no failing allocation
@@ -150,6 +150,16 @@ FAILING_SEEN(int, mkostemp, (char* path, int flags), (path, flags), fails(Open, 
              note("create", done, path, "", 0, "", 0))
 FAILING_SEEN(int, mkostemp64, (char* path, int flags), (path, flags), fails(Open, EMFILE), -1,
              note("create", done, path, "", 0, "", 0))
+
+int fcntl64(int file, int command, ...) {
+    static int (*_Atomic real)(int, int, ...);
+    if (!real) real = dlsym(RTLD_NEXT, "fcntl64");
+    va_list more;
+    va_start(more, command);
+    void* const argument = va_arg(more, void*);
+    va_end(more);
+    return command == F_SETLK && fails(Lock, ENOLCK) ? -1 : real(file, command, argument);
+}
 
 #define isFile(file) ((file) > STDERR_FILENO)
 FAILING(ssize_t, read, (int file, void* bytes, size_t size), (file, bytes, size),
