@@ -14,6 +14,7 @@
 #include "cli/output.h"
 #include "cli/progress.h"
 #include "core/first_use.h"
+#include "platform/memory.h"
 #include "platform/settings.h"
 #include "platform/temporary_file.h"
 
@@ -87,6 +88,7 @@ int runProgram(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    platform::needMemory("zarquelin-cli", std::size_t{4} << 20);
     platform::removeTemporariesOnSignals();
     try {
         return runProgram(argc, argv);

@@ -6,6 +6,7 @@
 #include "frame/desktop_dialogs.h"
 #include "frame/message_boxes.h"
 #include "platform/command_line.h"
+#include "platform/memory.h"
 #include "platform/temporary_file.h"
 #include "shell/application.h"
 #include "shell/headless.h"
@@ -58,6 +59,7 @@ int main(int argc, char** argv) {
     const auto asksFor = [&](const char* option) { return argc == 2 && std::strcmp(argv[1], option) == 0; };
     if (asksFor("--help") || asksFor("--version"))
         return std::fputs(asksFor("--help") ? help : version, stdout) < 0 ? 1 : 0;
+    platform::needMemory("zarquelin", std::size_t{48} << 20);
     platform::removeTemporariesOnSignals();
     if (argc == 5 && std::strcmp(argv[1], "--headless") == 0) {
         shell::Application application(argc, argv);
