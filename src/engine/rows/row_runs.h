@@ -10,8 +10,8 @@
 namespace engine {
 
 // Sorted rows that are more than memory should hold: runs of them in a temporary file without a name, merged
-// as they are read. A search that finds 3,300,000 rows takes 11.0 s of processor time with it, and a quarter
-// more when SQLite sorts them.
+// as they are read. A search that finds 3,300,000 rows takes 9.9 s of processor time with it, and 14.6 s when
+// SQLite sorts them.
 class RowRuns {
   public:
     // Takes all rows out of a table. False when they could not be written, here or before; then the whole is
