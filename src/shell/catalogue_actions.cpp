@@ -50,10 +50,6 @@ void CatalogueActions::openStateChange() {
     m_surface.contadores = {};
 }
 
-void CatalogueActions::rememberAsLast() {
-    if (m_surface.frame.catalogue.isSet()) m_surface.frame.catalogue.rememberAsLast();
-}
-
 void CatalogueActions::reportFailure(const std::string& path, const engine::Error& error) {
     m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) +
                                   QFile::decodeName(path.c_str()) + QStringLiteral("\n") +
@@ -61,7 +57,7 @@ void CatalogueActions::reportFailure(const std::string& path, const engine::Erro
 }
 
 void CatalogueActions::nuevo1() {
-    rememberAsLast();
+    m_surface.frame.catalogue.rememberAsLast();
     const QString chosen = m_surface.frame.dialogs.saveCatalogue(qtext(newTitle.in(m_surface.frame.idioma)),
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
@@ -77,11 +73,11 @@ void CatalogueActions::nuevo1() {
         m_opening.inicio();
         m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     }
-    rememberAsLast();
+    m_surface.frame.catalogue.rememberAsLast();
 }
 
 void CatalogueActions::abrir1() {
-    rememberAsLast();
+    m_surface.frame.catalogue.rememberAsLast();
     const QString chosen = m_surface.frame.dialogs.openCatalogue(qtext(openTitle.in(m_surface.frame.idioma)),
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
@@ -94,7 +90,7 @@ void CatalogueActions::abrir1() {
         m_opening.inicio();
         m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
     }
-    rememberAsLast();
+    m_surface.frame.catalogue.rememberAsLast();
 }
 
 void CatalogueActions::reciente1() {
@@ -107,7 +103,7 @@ void CatalogueActions::reciente1() {
         openStateChange();
         hidePanels();
         m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);
-        rememberAsLast();
+        m_surface.frame.catalogue.rememberAsLast();
         m_opening.inicio();
     } else {
         m_switching.showSearchPanel();
@@ -120,7 +116,7 @@ void CatalogueActions::abrirdesdearchivo() {
     openStateChange();
     hidePanels();
     m_opening.inicio();
-    rememberAsLast();
+    m_surface.frame.catalogue.rememberAsLast();
 }
 
 void CatalogueActions::guardar() {

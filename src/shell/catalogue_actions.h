@@ -31,7 +31,6 @@ class CatalogueActions {
     void clearSurface();
     void hidePanels();
     void openStateChange();  // up to, but without, Inicio
-    void rememberAsLast();
     void reportFailure(const std::string& path, const engine::Error& error);
 
     browse::Surface& m_surface;

@@ -156,7 +156,7 @@ void MainWindowParts::reopenAfterStop() {
     surface.imageCombo1.clear();
     surface.estado.indicecombo = 0;
     picture1->setUnits({});
-    if (catalogue.isSet()) catalogue.rememberAsLast();
+    catalogue.rememberAsLast();
     catalogueActions.reciente1();
     switching.explorar1();
 }

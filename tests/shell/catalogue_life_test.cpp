@@ -92,9 +92,10 @@ TEST_F(CatalogueLife, SaveAsGoesOnWithTheCopy) {
 
 TEST_F(CatalogueLife, CancelledAndFailedDialogsChangeNothing) {
     start();
+    platform::SaveSetting("lastfile", "/last.zrq");
     choose("nuevo");
     choose("abrir");
-    EXPECT_EQ(caption() + platform::GetSetting("lastfile"), "Zarquelin");
+    EXPECT_EQ(caption() + platform::GetSetting("lastfile"), "Zarquelin/last.zrq");
     EXPECT_FALSE(isOn("cerrar"));
 
     const std::string path = newCatalogue();
