@@ -30,7 +30,7 @@ TEST(NameLists, LevelsComeFromTheNamesOfNodeAndAncestors) {
     const NameLists lists = listsOfTwoUnits();
     EXPECT_EQ(lists.levelOf("Fotos :", "2003", Ancestors{"Fotos :"}), 2);
     EXPECT_EQ(lists.levelOf("Fotos :", "playa", Ancestors{"2003", "Fotos :"}), 3);
-    EXPECT_EQ(lists.levelOf("Fotos :", "unknown", Ancestors{"Fotos :"}), 0);
+    EXPECT_EQ(lists.levelOf("Fotos :", "Fotos :", Ancestors{"Fotos :"}), 0) << "which another unit holds";
     // The name is right but its ancestor is no unit.
     EXPECT_EQ(lists.levelOf("Fotos :", "2003", Ancestors{"elsewhere"}), 0);
 }

@@ -57,6 +57,8 @@ TEST_F(RowCommands, NoteIsWrittenPrintedAndRemoved) {
     EXPECT_EQ(note({"C:Pelis"}).output, "of a unit\n");
     EXPECT_EQ(note({"E:\\root.txt", "of the root\x1b"}).status, cli::Done);
     EXPECT_EQ(note({"E:\\\\root.txt"}).output, "of the root\\x1b\n");
+    fs::create_directory_symlink(folder / "dvd", folder / "link");
+    EXPECT_EQ(note({folder / "link/root.txt"}).output, "of the root\\x1b\n");
     EXPECT_EQ(note({"a", "of the folder"}).status, cli::Done);
     EXPECT_EQ(note({"E:\\a"}).output, "of the folder\n");
     EXPECT_EQ(note({"a/it's.txt"}).status, cli::NothingFound) << "the folder's note is not its files'";

@@ -54,10 +54,10 @@ core::CatalogRow folderRow() {
 }
 
 // Names that would colour the screen, forge a line, turn the reading direction, or are no UTF-8.
-constexpr const char* hostile = "a\x1b[31m\n\t\x7f\xc2\x9b\xe2\x80\xae\x9b\xff";
+constexpr const char* hostile = "a\x1b[31m\n\t\x7f\xc2\x9b\xe2\x80\xae\xe2\x81\xa7\x9b\xff";
 
 TEST(Output, ShowsNoControlCharacter) {
-    EXPECT_EQ(cli::shown(hostile), R"(a\x1b[31m\n\t\x7f\u{009b}\u{202e}\x9b\xff)");
+    EXPECT_EQ(cli::shown(hostile), R"(a\x1b[31m\n\t\x7f\u{009b}\u{202e}\u{2067}\x9b\xff)");
     EXPECT_EQ(cli::shown("año\\e´\xf0\x9f\x98\x80 \xef\x83\xbf"), "año\\e´\xf0\x9f\x98\x80 \xef\x83\xbf");
     EXPECT_EQ(cli::shownNote("a\r\nb\n\nc\rd\n"), "a\nb\n\nc\\x0dd\n");
 }

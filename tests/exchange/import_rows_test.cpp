@@ -90,7 +90,7 @@ TEST(Import, TellsTheLineAndColumnOfDamagedCsv) {
         {"1,E:\\,E:,\"a\"b,1,1,3,Archivo,U :,", "4 "},
         {"1,E:\\,E:,a\"b\",1,1,3,Archivo,U :,", "4 "},
         {"1,E:\\,E:,\"a,1,1,3,Archivo,U :,", "4 "},
-        {"1,E:\\\r,E:,a,1,1,3,Archivo,U :,", "4 "},
+        {"1,E:\\,E:,a,1,1,3,Archivo,U :,\r\r1,E:\\,E:,b,1,1,3,Archivo,U :,", "4 "},
         {"1x,E:\\,E:,a,1,1,3,Archivo,U :,", "4 numero"},
         {"9007199254740993,E:\\,E:,a,1,1,3,Archivo,U :,", "4 numero"},
         {"1,,E:,a,1,1,3,Archivo,U :,", "4 ruta"},

@@ -65,6 +65,12 @@ TEST_F(Writing, WaitsBetweenItsTriesForALockedCatalogue) {
     rows.insert(statement(1));
     rows.commit();
     EXPECT_EQ(rows.summary().written, 1);
+    rows.insert(statement(2));
+    database.Close();
+    rows.commit();
+    database = catalogue.open();
+    rows.insert(statement(3));
+    EXPECT_EQ(rows.summary().lost, 10'002) << "nor does it try at once where a commit failed";
 }
 
 TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {
