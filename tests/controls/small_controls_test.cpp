@@ -14,6 +14,7 @@
 #include "controls/key_filter.h"
 #include "controls/link_label.h"
 #include "controls/pictures.h"
+#include "controls/tab_strip.h"
 #include "controls/tool_tip.h"
 #include "controls/twips.h"
 
@@ -115,6 +116,17 @@ TEST(ToolTip, ShowsTheCharactersOfANameAndNoOthers) {
         EXPECT_EQ(shown.toPlainText(), name);
     }
     EXPECT_EQ(toolTipOf({}), "");
+}
+
+TEST(Tabs, FitTheirLettersWhenTheirPanelsFontChanges) {
+    QWidget panel;
+    TabStrip strip(&panel);
+    strip.addTab("Type");
+    strip.resize(60, 30);
+    panel.setFont(QFont("", 40));
+    EXPECT_LT(strip.font().pointSize(), 40);
+    panel.setFont(QFont("", 7));
+    EXPECT_EQ(strip.font().pointSize(), 7);
 }
 
 TEST(Label, IsAButtonToMouseKeyboardAndScreenReader) {
