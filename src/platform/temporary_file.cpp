@@ -183,9 +183,14 @@ TemporaryFile::~TemporaryFile() {
     if (m_descriptor >= 0) ::close(m_descriptor);
 }
 
+FileResult<> TemporaryFile::flush() const {
+    if (!flushed(m_descriptor)) return systemFailure(m_target);
+    return {};
+}
+
 FileResult<> TemporaryFile::putInPlace() {
-    if (!flushed(m_descriptor) || std::rename(m_path.c_str(), m_target.c_str()) != 0)
-        return systemFailure(m_target);
+    if (auto whole = flush(); !whole) return whole;
+    if (std::rename(m_path.c_str(), m_target.c_str()) != 0) return systemFailure(m_target);
     m_path.clear();
     flushFolder(folderOf(m_target));
     return {};

@@ -20,6 +20,9 @@ class TemporaryFile {
     [[nodiscard]] const std::string& path() const { return m_path; }
     [[nodiscard]] int descriptor() const { return m_descriptor; }
 
+    // Brings the file to the disk, which may take long.
+    [[nodiscard]] FileResult<> flush() const;
+
     // Brings the file to the disk, gives it the target's name and brings the name there too. What the name
     // led to until now is replaced; of a link the link itself.
     [[nodiscard]] FileResult<> putInPlace();

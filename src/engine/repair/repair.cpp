@@ -154,6 +154,8 @@ Result<std::string> keepBeside(const std::string& path) {
 // Gives the name that the damaged file has from now on. Another program may have put a file in its place,
 // which is none of ours to replace.
 Result<std::string> exchange(sqlite3* damaged, const std::string& path, platform::TemporaryFile& repaired) {
+    // Before the look, so that nothing takes long between it and the exchange.
+    if (const auto whole = repaired.flush(); !whole) return std::unexpected(errorOf(whole.error()));
     int moved = 0;
     sqlite3_file_control(damaged, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
     if (moved != 0) return std::unexpected(errorOfCode(SQLITE_READONLY_DBMOVED));
