@@ -111,6 +111,7 @@ void PieChart::drawForeground(QPainter* painter, const QRectF&) {
     for (auto& side : sides) {
         std::ranges::sort(side, {}, [](const Label& label) { return label.knee.y(); });
         std::vector<double> centres;
+        centres.reserve(side.size());
         for (const Label& label : side) centres.push_back(label.knee.y());
         centres = spreadLabels(std::move(centres), height, plot.top(), plot.bottom());
         for (std::size_t i = 0; i < side.size(); ++i) {
