@@ -32,6 +32,7 @@ engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& 
                            ResultSink& sink) {
     sink.clear();
     std::vector<std::string_view> statements;
+    statements.reserve(passes.size());
     for (const Pass& pass : passes) statements.push_back(pass.sql);
     auto found = database.OpenRecordsets(statements);
     if (!found) return std::unexpected(found.error());

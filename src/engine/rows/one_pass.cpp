@@ -124,6 +124,7 @@ Result<std::vector<std::unique_ptr<Rows>>> rowsTogether(Connection& connection,
     RowSorter::Columns columns;
     for (const std::size_t i : left) RowSorter::addColumns(columns, selects[i]->statement());
     std::vector<Part> parts;
+    parts.reserve(left.size());
     for (const std::size_t i : left)
         parts.push_back({selects[i], &rows[i], {selects[i]->statement(), columns, bound}});
     const auto isWhole = passOver(connection, columns, parts, bound);
