@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "search/statement_rows.h"
+#include "search/statement_row.h"
 #include "support/statement_list.h"
 
 namespace {
@@ -10,6 +10,29 @@ namespace {
 using namespace search;
 
 const StatementValues placeholders{"{T}", "{U}", "{N}", "{D1}", "{D2}", "{S1}", "{S2}"};
+
+// All combinations that have a statement of their own.
+std::vector<StatementRow> allRows() {
+    std::vector<StatementRow> rows;
+    for (const Family family : {Family::Name, Family::Size, Family::Note, Family::SizeNote})
+        for (const Case criteria : {Case::A, Case::B, Case::C, Case::D})
+            for (const PassKind pass : {PassKind::Folder, PassKind::File})
+                for (const bool date : {false, true})
+                    for (const FileType type : fileTypes)
+                        if (choosesType(criteria) != (type == FileType::All) &&
+                            !(choosesType(criteria) && pass == PassKind::Folder))
+                            rows.push_back({family, criteria, pass, date, type});
+    return rows;
+}
+
+// "size+note/D/file/on/web".
+std::string nameOf(const StatementRow& row) {
+    constexpr const char *families[]{"name", "size", "note", "size+note"}, *cases[]{"A", "B", "C", "D"},
+        *types[]{"all", "audio", "picture", "video", "application", "text", "web", "zipped"};
+    return std::string(families[static_cast<int>(row.family)]) + "/" + cases[static_cast<int>(row.criteria)] +
+           (row.pass == PassKind::Folder ? "/folder" : "/file") + (row.date ? "/on/" : "/off/") +
+           types[static_cast<int>(row.type)];
+}
 
 // Every statement by its row and its place within it.
 test::Statements searchStatements() {
