@@ -151,10 +151,10 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
     std::vector<std::string> inMemory;
     for (const std::string order :
          {"archivo", "archivo desc, largo", "carpeta, largo desc", "nivel, numero"}) {
+        const std::string sql =
+            "select numero from datos where archivo like ('*ÑAME*7*') and tipo=('archivo') order by " + order;
         engine::StatementReader reader;
-        const auto statement = reader.read(
-            "select numero from datos where archivo like ('*ÑAME*7*') and tipo=('archivo') order by " +
-            order);
+        const auto statement = reader.read(sql);
         selects.emplace_back(connection, units, engine::Query(statement.value(), reader.literals()));
         inMemory.push_back(numbersOf(*selects.back().rows().value()));
         EXPECT_GT(inMemory.back().size(), 10'000u);

@@ -13,7 +13,7 @@ namespace engine {
 // parsed once, and shapes that say the same share what they say.
 class StatementReader {
   public:
-    // The literals are those of the statement until the next one is read.
+    // The literals are those of the statement until the next one is read, and look at its text.
     [[nodiscard]] Result<std::shared_ptr<const Statement>> read(std::string_view sql);
     [[nodiscard]] const std::vector<Literal>& literals() const { return m_lifted.literals; }
 
