@@ -250,7 +250,7 @@ TEST_F(TheWindow, RowsThatCannotBeReadAreTold) {
     click("U :");
     EXPECT_EQ(tree().nodes().count(), 1);
     EXPECT_EQ(listed(), Names{});
-    EXPECT_TRUE(status().ends_with(": The catalogue is damaged.")) << status();
+    EXPECT_TRUE(status().ends_with(": The catalogue is damaged; it can be repaired.")) << status();
 }
 
 TEST_F(TheWindow, ViewsFontsAndTexts) {
