@@ -31,9 +31,12 @@ std::string GetSetting(std::string_view key) {
     return toDiskName(openStore().value(storedKey(key)).toString().toStdString());
 }
 
+// Storing flushes the disk twice, which a start with the catalogue of the last time need not wait for.
 void SaveSetting(std::string_view key, std::string_view value) {
     QSettings store = openStore();
-    store.setValue(storedKey(key), QString::fromStdString(toStoredName(value)));
+    const QString place = storedKey(key), text = QString::fromStdString(toStoredName(value));
+    if (store.value(place) == text && !unstored().contains(key)) return;
+    store.setValue(place, text);
     store.sync();
     if (store.status() == QSettings::NoError)
         unstored().erase(std::string(key));
