@@ -37,45 +37,42 @@ Database::~Database() {
 }
 
 Result<Database> OpenDatabase(const std::string& nativePath, Use use) {
-    return guarded([&]() -> Result<Database> {
-        auto connection = Connection::open(nativePath, use);
-        if (!connection) return std::unexpected(connection.error());
-        return Database(std::move(*connection));
-    });
+    return guarded([&]() -> Result<Database> { return Database(TRY(Connection::open(nativePath, use))); });
+}
+
+Result<> Database::checkOpen() const {
+    if (isOpen()) return {};
+    return std::unexpected(Error{error::general, "The database is closed"});
+}
+
+Result<std::shared_ptr<const Statement>> Database::read(std::string_view sql) {
+    TRY(checkOpen());
+    return m_impl->reader.read(sql);
 }
 
 Result<long long> Database::Execute(std::string_view sql) {
     return guarded([&]() -> Result<long long> {
-        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-        if (auto current = followReplacement(); !current) return std::unexpected(current.error());
-        auto statement = m_impl->reader.read(sql);
-        if (!statement) return std::unexpected(statement.error());
-        if ((*statement)->kind == Statement::Select) {
+        TRY(followReplacement());
+        const auto statement = TRY(read(sql));
+        if (statement->kind == Statement::Select)
             return std::unexpected(Error{error::general, "A select cannot be executed"});
-        }
-        return m_impl->changes.run(*statement, m_impl->reader.literals());
+        return m_impl->changes.run(statement, m_impl->reader.literals());
     });
 }
 
 Result<std::unique_ptr<Recordset::Impl>> Database::opened(std::string_view select) {
-    if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-    auto statement = m_impl->reader.read(select);
-    if (!statement) return std::unexpected(statement.error());
-    if ((*statement)->kind != Statement::Select) return std::unexpected(syntaxError(select));
-    Select read(m_impl->connection, m_impl->units, Query(*statement, m_impl->reader.literals()),
-                m_impl->names);
-    auto known = m_impl->paths.rows(read);
-    if (!known) return std::unexpected(known.error());
-    auto opened = std::make_unique<Recordset::Impl>(std::move(read), std::move(*known));
-    if (auto readable = opened->begin(); !readable) return std::unexpected(readable.error());
+    const auto statement = TRY(read(select));
+    if (statement->kind != Statement::Select) return std::unexpected(syntaxError(select));
+    Select asked(m_impl->connection, m_impl->units, Query(statement, m_impl->reader.literals()),
+                 m_impl->names);
+    auto known = TRY(m_impl->paths.rows(asked));
+    auto opened = std::make_unique<Recordset::Impl>(std::move(asked), std::move(known));
+    TRY(opened->begin());
     return opened;
 }
 
 Result<Recordset> Database::OpenRecordset(std::string_view sql) {
-    return guarded([&]() -> Result<Recordset> {
-        auto rows = opened(sql);
-        return rows ? Result<Recordset>(std::move(*rows)) : std::unexpected(rows.error());
-    });
+    return guarded([&]() -> Result<Recordset> { return Recordset(TRY(opened(sql))); });
 }
 
 Result<std::vector<Result<Recordset>>> Database::OpenRecordsets(std::span<const std::string_view> selects) {
@@ -105,14 +102,13 @@ Result<std::vector<Result<Recordset>>> Database::OpenRecordsets(std::span<const 
 
 Result<std::vector<long long>> Database::RecordCounts(std::span<const std::string_view> selects) {
     return guarded([&]() -> Result<std::vector<long long>> {
-        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        TRY(checkOpen());
         std::vector<Query> queries;
         for (const std::string_view sql : selects) {
-            auto statement = m_impl->reader.read(sql);
-            if (!statement) return std::unexpected(statement.error());
-            if ((*statement)->kind != Statement::Select || !(*statement)->groupBy.empty())
+            const auto statement = TRY(read(sql));
+            if (statement->kind != Statement::Select || !statement->groupBy.empty())
                 return std::unexpected(syntaxError(sql));
-            queries.emplace_back(*statement, m_impl->reader.literals());
+            queries.emplace_back(statement, m_impl->reader.literals());
         }
         return countTogether(*m_impl->connection, *m_impl->units, queries);
     });
@@ -120,28 +116,26 @@ Result<std::vector<long long>> Database::RecordCounts(std::span<const std::strin
 
 // What was written is in the old file; what is still to be written belongs to the new one.
 Result<> Database::followReplacement() {
+    TRY(checkOpen());
     const Connection& connection = *m_impl->connection;
     if (connection.isInTransaction() || !connection.isReplaced()) return {};
     if (connection.hasWritten())
         return std::unexpected(
             Error{error::replaced, connection.path() + ": another program has replaced it"});
-    auto current = OpenDatabase(connection.path(), connection.use());
-    if (!current) return std::unexpected(current.error());
-    m_impl = std::move(current->m_impl);
+    m_impl = TRY(OpenDatabase(connection.path(), connection.use())).m_impl;
     return {};
 }
 
 Result<> Database::BeginTrans() {
     return guarded([&]() -> Result<> {
-        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
-        if (auto current = followReplacement(); !current) return current;
+        TRY(followReplacement());
         return m_impl->connection->run("begin immediate");
     });
 }
 
 Result<> Database::CommitTrans() {
     return guarded([&]() -> Result<> {
-        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        TRY(checkOpen());
         return m_impl->connection->commit();
     });
 }
@@ -174,7 +168,7 @@ bool Database::FillMemory() {
 
 Result<long long> Database::Version() {
     return guarded([&]() -> Result<long long> {
-        if (!isOpen()) return std::unexpected(Error{error::general, "The database is closed"});
+        TRY(checkOpen());
         return m_impl->connection->version();
     });
 }

@@ -14,6 +14,7 @@
 namespace engine {
 
 class Connection;
+struct Statement;
 
 // One open database file. Statements are the dialect's texts, UTF-8; every literal in them is lifted to a
 // bound parameter and the prepared statement is kept by its shape, so that repeating a statement with other
@@ -73,7 +74,9 @@ class Database {
 
   private:
     struct Impl;
+    [[nodiscard]] Result<> checkOpen() const;
     [[nodiscard]] Result<> followReplacement();
+    [[nodiscard]] Result<std::shared_ptr<const Statement>> read(std::string_view sql);
     [[nodiscard]] Result<std::unique_ptr<Recordset::Impl>> opened(std::string_view select);
     std::unique_ptr<Impl> m_impl;
 };

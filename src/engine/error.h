@@ -2,6 +2,7 @@
 
 #include <expected>
 #include <string>
+#include <utility>
 
 namespace engine {
 
@@ -35,3 +36,12 @@ template <class T = void>
 using Result = std::expected<T, Error>;
 
 }  // namespace engine
+
+// The value of a result; without one, leaves the function with its error. What the value looks at must
+// outlive the expression.
+#define TRY(expression)                                               \
+    __extension__({                                                   \
+        auto tried = (expression);                                    \
+        if (!tried) return std::unexpected(std::move(tried).error()); \
+        *std::move(tried);                                            \
+    })

@@ -6,6 +6,12 @@
 
 namespace engine {
 
+std::string columnNames() {
+    std::string names;
+    for (const ColumnInfo& column : columns) names.append(names.empty() ? "" : ", ").append(column.name);
+    return names;
+}
+
 std::optional<Column> columnNamed(std::string_view name) {
     // Asked for each field of each row, and nearly always spelled as here.
     const auto exact = std::ranges::find(columns, name, &ColumnInfo::name);

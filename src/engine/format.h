@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace engine {
@@ -37,6 +38,8 @@ inline constexpr std::array<ColumnInfo, 10> columns{{
 [[nodiscard]] constexpr const ColumnInfo& info(Column column) {
     return columns[static_cast<std::size_t>(column)];
 }
+
+[[nodiscard]] std::string columnNames();  // all of them, with commas between
 
 // Case does not count in names.
 [[nodiscard]] std::optional<Column> columnNamed(std::string_view name);

@@ -57,8 +57,8 @@ Result<> Recordset::Impl::open() {
 Result<> Recordset::Impl::begin() {
     if (rows) return {};
     if (select.statement().orderBy.empty()) return open();
-    const auto version = select.connection()->version();
-    return version ? Result<>() : std::unexpected(version.error());
+    (void)TRY(select.connection()->version());
+    return {};
 }
 
 template <class T>

@@ -22,12 +22,6 @@ namespace {
 constexpr std::size_t rowsBetweenLooks = 4096;  // some 10 ms
 constexpr int triesUnlocking = 3;
 
-std::string columnNames() {
-    std::string names;
-    for (const ColumnInfo& column : columns) names.append(names.empty() ? "" : ", ").append(column.name);
-    return names;
-}
-
 // The address under which a connection may only read the file.
 std::string readOnlyAddress(const std::string& path) {
     std::string address = path.starts_with('/') ? "file://" : "file:./";
@@ -52,14 +46,12 @@ class UnitCopy {
     // False when it was stopped; the copy then has some of the rows. A catalogue that changes meanwhile is
     // read anew; one that other programs write to all the time is kept locked at last.
     [[nodiscard]] Result<bool> run() {
-        if (auto attached = attachSource(); !attached) return std::unexpected(attached.error());
+        TRY(attachSource());
         for (int left = triesUnlocking;; --left) {
-            const auto end = copyOnce(left > 0);
-            if (!end) return std::unexpected(end.error());
-            if (*end == End::Changed) continue;
-            if (auto detached = m_to.run("detach source"); !detached)
-                return std::unexpected(detached.error());
-            return *end == End::Complete;
+            const End end = TRY(copyOnce(left > 0));
+            if (end == End::Changed) continue;
+            TRY(m_to.run("detach source"));
+            return end == End::Complete;
         }
     }
 
@@ -71,37 +63,34 @@ class UnitCopy {
     // between two shares.
     Result<> attachSource() {
         const std::string address = readOnlyAddress(m_from.path());
-        auto attach = m_to.prepare("attach ? as source");
-        if (!attach) return std::unexpected(attach.error());
-        attach->bind(0, address);
-        if (attach->step() == Prepared::Step::Failed) return std::unexpected(m_to.lastError());
+        auto attach = TRY(m_to.prepare("attach ? as source"));
+        attach.bind(0, address);
+        TRY(attach.run());
         if (m_from.isReplaced())
             return std::unexpected(Error{error::fileNotFound, m_from.path() + " has been replaced"});
         return m_to.run("pragma source.locking_mode = normal");
     }
 
     Result<End> copyOnce(bool unlocking) {
-        if (auto emptied = m_to.run("delete from main.datos"); !emptied)
-            return std::unexpected(emptied.error());
+        TRY(m_to.run("delete from main.datos"));
         const auto end = copyRows(unlocking);
         if (auto left = m_from.run("rollback"); !left && end) return std::unexpected(left.error());
         return end;
     }
 
     Result<End> copyRows(bool unlocking) {
-        if (auto begun = lockSource(); !begun) return std::unexpected(begun.error());
+        TRY(lockSource());
         const unsigned version = fileVersion(m_from.handle());
-        const auto rowids = rowidsOfUnit();
-        if (!rowids) return std::unexpected(rowids.error());
-        for (std::span<const std::int64_t> left = *rowids; !left.empty();) {
+        const auto rowids = TRY(rowidsOfUnit());
+        for (std::span<const std::int64_t> left = rowids; !left.empty();) {
             const std::size_t share = std::min(left.size(), rowsBetweenLooks);
-            if (auto copied = copyShare(left.first(share)); !copied) return std::unexpected(copied.error());
+            TRY(copyShare(left.first(share)));
             left = left.subspan(share);
             if (!unlocking || left.empty()) continue;
             // What runs meanwhile may want to write to the catalogue.
-            if (auto unlocked = m_from.run("rollback"); !unlocked) return std::unexpected(unlocked.error());
+            TRY(m_from.run("rollback"));
             const bool goesOn = m_goOn();
-            if (auto begun = lockSource(); !begun) return std::unexpected(begun.error());
+            TRY(lockSource());
             if (!goesOn) return End::Stopped;
             if (fileVersion(m_from.handle()) != version) return End::Changed;
         }
@@ -113,32 +102,29 @@ class UnitCopy {
     // All spellings of the unit's name, found through the index; and the rows in the table's own order, which
     // decides where nothing else does.
     Result<std::vector<std::int64_t>> rowidsOfUnit() {
-        auto found = m_from.prepare("select rowid from datos where disco in (select disco from (" +
-                                    std::string(UnitList::sql) + ") where disco = ? collate engine_folded)");
-        if (!found) return std::unexpected(found.error());
-        found->bind(0, m_disco);
+        auto found =
+            TRY(m_from.prepare("select rowid from datos where disco in (select disco from (" +
+                               std::string(UnitList::sql) + ") where disco = ? collate engine_folded)"));
+        found.bind(0, m_disco);
         std::vector<std::int64_t> rowids;
-        auto step = found->step();
-        for (; step == Prepared::Step::Row; step = found->step()) rowids.push_back(found->integer(0));
-        if (step == Prepared::Step::Failed) return std::unexpected(m_from.lastError());
+        while (TRY(found.next())) rowids.push_back(found.integer(0));
         std::ranges::sort(rowids);
         return rowids;
     }
 
     // Rows that lie side by side in the table go over together.
     Result<> copyShare(std::span<const std::int64_t> rowids) {
-        auto copy = m_to.prepare("insert into main.datos (" + columnNames() + ") select " + columnNames() +
-                                 " from source.datos where rowid between ? and ?");
-        if (!copy) return std::unexpected(copy.error());
-        if (auto begun = m_to.run("begin"); !begun) return begun;
+        auto copy = TRY(m_to.prepare("insert into main.datos (" + columnNames() + ") select " +
+                                     columnNames() + " from source.datos where rowid between ? and ?"));
+        TRY(m_to.run("begin"));
         const auto isGap = [](std::uint64_t rowid, std::uint64_t next) { return next - rowid != 1; };
         while (!rowids.empty()) {
             const auto last = std::ranges::adjacent_find(rowids, isGap);
             const auto run = rowids.first(last - rowids.begin() + (last == rowids.end() ? 0 : 1));
-            copy->reset();
-            copy->bind(0, run.front());
-            copy->bind(1, run.back());
-            if (copy->step() == Prepared::Step::Failed) return std::unexpected(m_to.lastError());
+            copy.reset();
+            copy.bind(0, run.front());
+            copy.bind(1, run.back());
+            TRY(copy.run());
             if (sqlite3_changes64(m_to.handle()) != std::ssize(run))
                 return std::unexpected(
                     Error{error::corrupt, "The catalogue's index leads to a row that is not there"});
@@ -159,7 +145,7 @@ Result<std::shared_ptr<Connection>> emptied(const std::string& source, const std
         return std::unexpected(errorOf(allowed.error()));
     ::unlink(scratch.c_str());
     forgetInterruptedChange(scratch);
-    if (auto created = CreateDatabase(scratch); !created) return std::unexpected(created.error());
+    TRY(CreateDatabase(scratch));
     return Connection::open(scratch, Use::Scratch);
 }
 
@@ -168,17 +154,15 @@ Result<std::shared_ptr<Connection>> emptied(const std::string& source, const std
 Result<std::optional<Database>> CopyUnit(const std::string& source, const std::string& scratch,
                                          std::string_view disco, const std::function<bool()>& goOn) {
     return guarded([&]() -> Result<std::optional<Database>> {
-        auto from = Connection::open(source, Use::ReadOnly);
-        if (!from) return std::unexpected(from.error());
-        auto to = emptied(source, scratch);
-        if (!to) return std::unexpected(to.error());
-        const auto copied = UnitCopy(**from, **to, disco, goOn).run();
+        const auto from = TRY(Connection::open(source, Use::ReadOnly));
+        auto to = TRY(emptied(source, scratch));
+        const auto copied = UnitCopy(*from, *to, disco, goOn).run();
         if (!copied) {
             ::unlink(scratch.c_str());
             return std::unexpected(copied.error());
         }
         if (!*copied) return std::nullopt;
-        return Database(std::move(*to));
+        return Database(std::move(to));
     });
 }
 

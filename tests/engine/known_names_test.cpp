@@ -126,7 +126,7 @@ TEST_F(KnownNamesTest, AreReadFromTheSecondSearchOn) {
     engine::StatementReader reader;
     const auto known = [&](const std::string& sql) -> long long {
         const auto statement = reader.read(sql).value();
-        const engine::ReadTransaction locked(*connection);
+        const auto locked = engine::ReadTransaction::begin(*connection);
         const auto found = names.rowsFor(*connection, *statement->where, reader.literals());
         return found ? static_cast<long long>(found->size()) : -1;
     };

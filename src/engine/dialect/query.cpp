@@ -8,22 +8,18 @@ namespace engine {
 Result<std::shared_ptr<const Statement>> StatementReader::read(std::string_view sql) {
     if (sql.size() > longestValue) return std::unexpected(Error{error::general, "The statement is too long"});
     const auto last = std::exchange(m_last, nullptr);
-    if (auto lifted = liftLiterals(sql, m_lifted); !lifted) return std::unexpected(lifted.error());
-    if (m_lifted.repeated && last) return m_last = last;
-    auto statement = parsed(m_lifted.shape);
-    if (statement) m_last = *statement;
-    return statement;
+    TRY(liftLiterals(sql, m_lifted));
+    return m_last = m_lifted.repeated && last ? last : TRY(parsed(m_lifted.shape));
 }
 
 Result<std::shared_ptr<const Statement>> StatementReader::parsed(const std::string& shape) {
     if (const auto found = m_shapes.find(shape); found != m_shapes.end()) return found->second;
-    auto statement = parseShape(shape);
-    if (!statement) return std::unexpected(statement.error());
+    Statement statement = TRY(parseShape(shape));
     if (m_shapes.size() >= mostKept) m_shapes.clear();
     const auto same = std::find_if(m_shapes.begin(), m_shapes.end(),
-                                   [&](const auto& known) { return *known.second == *statement; });
+                                   [&](const auto& known) { return *known.second == statement; });
     const auto shared =
-        same == m_shapes.end() ? std::make_shared<const Statement>(std::move(*statement)) : same->second;
+        same == m_shapes.end() ? std::make_shared<const Statement>(std::move(statement)) : same->second;
     return m_shapes[shape] = shared;
 }
 

@@ -9,7 +9,6 @@
 #include "engine/file/connection.h"
 #include "engine/file/page_copy.h"
 #include "engine/file/replacement.h"
-#include "engine/file/sqlite_error.h"
 #include "engine/format.h"
 #include "engine/guarded.h"
 #include "engine/maintenance.h"
@@ -22,15 +21,9 @@ namespace {
 constexpr int patienceMilliseconds = 5000;  // of a compaction with programs that write all the time
 constexpr int mostTries = 3;
 constexpr double shareOfReading = 0.5;  // of the time; the rest goes into writing back
-constexpr auto countRows = "select count(*) from datos";
 
 // Behind the last page, where SQLite does not look: what a killed compaction left is known by it.
 constexpr std::string_view leftOverMark = "\nzarquelin: left by a compaction, can be deleted\n";
-
-Result<> refuseOpenFile(const std::string& path) {
-    if (platform::HeldFile::isHeld(path)) return std::unexpected(Error{error::locked, path + " is open"});
-    return {};
-}
 
 // What a vacuum reads of the file, each page once.
 struct Reading {
@@ -47,35 +40,20 @@ int tellPagesRead(void* vacuum) {
     return 0;
 }
 
-Result<long long> numberFrom(sqlite3* database, const char* question) {
-    StatementPool pool(database);
-    auto asked = pool.lend(question);
-    if (!asked) return std::unexpected(asked.error());
-    if (asked->step() != Prepared::Step::Row) return std::unexpected(lastError(database));
-    return asked->integer(0);
-}
-
-Result<> vacuumInto(sqlite3* database, const std::string& path) {
-    const auto pages = numberFrom(database, "pragma page_count");
-    if (!pages) return std::unexpected(pages.error());
-    Reading reading{database, *pages};
-    sqlite3_progress_handler(database, stepsBetweenSigns, tellPagesRead, &reading);
-    StatementPool pool(database);
-    auto vacuum = pool.lend("vacuum into ?");
-    if (!vacuum) return std::unexpected(vacuum.error());
-    vacuum->bind(0, std::string_view(path));
-    const bool written = vacuum->step() != Prepared::Step::Failed;
-    sqlite3_progress_handler(database, 0, nullptr, nullptr);
-    if (!written) return std::unexpected(lastError(database));
-    return {};
+Result<> vacuum(const std::string& source, const std::string& path) {
+    const auto database = TRY(openSqlite(source, SQLITE_OPEN_READWRITE));
+    StatementPool pool(database.get());
+    Reading reading{database.get(), TRY(pool.number("pragma page_count"))};
+    sqlite3_progress_handler(database.get(), stepsBetweenSigns, tellPagesRead, &reading);
+    auto statement = TRY(pool.lend("vacuum into ?"));
+    statement.bind(0, std::string_view(path));
+    return statement.run();
 }
 
 Result<> sameRows(sqlite3* source, sqlite3* compacted) {
-    const auto expected = numberFrom(source, countRows);
-    if (!expected) return std::unexpected(expected.error());
-    const auto found = numberFrom(compacted, countRows);
-    if (!found) return std::unexpected(found.error());
-    if (*expected != *found) return std::unexpected(Error{error::corrupt, "Not all rows were copied"});
+    constexpr auto countRows = "select count(*) from datos";
+    if (TRY(StatementPool(source).number(countRows)) != TRY(StatementPool(compacted).number(countRows)))
+        return std::unexpected(Error{error::corrupt, "Not all rows were copied"});
     return {};
 }
 
@@ -83,63 +61,48 @@ Result<> sameRows(sqlite3* source, sqlite3* compacted) {
 // from change.
 Result<platform::TemporaryFile> compacted(sqlite3* locked, const std::string& source,
                                           const std::string& destination) {
-    auto made = replacementFor(destination);
-    if (!made) return made;
-    const auto failed = [](const Error& error) { return std::unexpected(error); };
-    {
-        auto reader = openSqlite(source, SQLITE_OPEN_READWRITE);
-        if (!reader) return failed(reader.error());
-        if (auto written = vacuumInto(reader->get(), made->path()); !written) return failed(written.error());
-    }
-    auto written = openSqlite(made->path(), SQLITE_OPEN_READWRITE);
-    if (!written) return failed(written.error());
-    if (auto set = run(written->get(), "pragma journal_mode = memory"); !set) return failed(set.error());
-    if (auto index = run(written->get(), createIndex); !index) return failed(index.error());
-    if (auto same = sameRows(locked, written->get()); !same) return failed(same.error());
+    auto made = TRY(replacementFor(destination));
+    TRY(vacuum(source, made.path()));
+    const auto written = TRY(openSqlite(made.path(), SQLITE_OPEN_READWRITE));
+    TRY(run(written.get(), "pragma journal_mode = memory"));
+    TRY(run(written.get(), createIndex));
+    TRY(sameRows(locked, written.get()));
     return made;
 }
 
 Result<std::shared_ptr<Connection>> locked(const std::string& path) {
-    auto opened = Connection::open(path, Use::Catalogue);
-    if (!opened) return opened;
-    sqlite3_busy_timeout((*opened)->handle(), patienceMilliseconds);
-    if (sqlite3_db_readonly((*opened)->handle(), "main") != 0)
+    auto opened = TRY(Connection::open(path, Use::Catalogue));
+    sqlite3_busy_timeout(opened->handle(), patienceMilliseconds);
+    if (sqlite3_db_readonly(opened->handle(), "main") != 0)
         return std::unexpected(Error{error::readOnly, path + ": the file is read-only"});
-    if (auto begun = (*opened)->run("begin immediate"); !begun) return std::unexpected(begun.error());
+    TRY(opened->run("begin immediate"));
     return opened;
 }
 
 // False when another program was faster between the lock of the copying and that of the copying back.
 Result<bool> compactThrough(const std::string& path, const std::string& between) {
-    auto held = locked(path);
-    if (!held) return std::unexpected(held.error());
-    const unsigned before = fileVersion((*held)->handle());
-    auto written = compacted((*held)->handle(), path, between);
-    if (!written) return std::unexpected(written.error());
-    const off_t end = ::lseek(written->descriptor(), 0, SEEK_END);
-    if (::pwrite(written->descriptor(), leftOverMark.data(), leftOverMark.size(), end) !=
+    const auto held = TRY(locked(path));
+    const unsigned before = fileVersion(held->handle());
+    auto written = TRY(compacted(held->handle(), path, between));
+    const off_t end = ::lseek(written.descriptor(), 0, SEEK_END);
+    if (::pwrite(written.descriptor(), leftOverMark.data(), leftOverMark.size(), end) !=
         static_cast<ssize_t>(leftOverMark.size()))
         return std::unexpected(errorOf(platform::systemFailure(between).error()));
     // By the name that nobody else uses: whatever another compaction puts at `between`, these rows go back.
-    auto source = openSqlite(written->path(), SQLITE_OPEN_READONLY);
-    if (!source) return std::unexpected(source.error());
-    if (auto begun = run(source->get(), "begin; select count(*) from sqlite_schema"); !begun)
-        return std::unexpected(begun.error());
-    if (auto put = putInPlace(*written, path); !put) return std::unexpected(put.error());
-    if (auto ended = (*held)->run("rollback"); !ended) return std::unexpected(ended.error());
-    return copyPages(source->get(), (*held)->handle(), before, {.from = shareOfReading});
+    const auto source = TRY(openSqlite(written.path(), SQLITE_OPEN_READONLY));
+    TRY(run(source.get(), "begin; select count(*) from sqlite_schema"));
+    TRY(putInPlace(written, path));
+    TRY(held->run("rollback"));
+    return copyPages(source.get(), held->handle(), before, {.from = shareOfReading});
 }
 
 }  // namespace
 
 Result<> CompactDatabase(const std::string& path, const std::string& between) {
     return guarded([&]() -> Result<> {
-        if (auto free = refuseOpenFile(path); !free) return free;
-        for (int i = 0; i < mostTries; ++i) {
-            const auto done = compactThrough(path, between);
-            if (!done) return std::unexpected(done.error());
-            if (*done) return {};
-        }
+        if (platform::HeldFile::isHeld(path)) return std::unexpected(Error{error::locked, path + " is open"});
+        for (int i = 0; i < mostTries; ++i)
+            if (TRY(compactThrough(path, between))) return {};
         return std::unexpected(Error{error::locked, path + ": other programs write to it all the time"});
     });
 }

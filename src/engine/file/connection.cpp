@@ -125,36 +125,26 @@ Connection::Connection(SqliteHandle handle, std::string path, platform::FileIden
       m_use(use) {}
 
 Result<std::shared_ptr<Connection>> Connection::open(const std::string& path, Use use) {
-    if (auto checked = checkCatalogueFile(path); !checked) return std::unexpected(checked.error());
+    TRY(checkCatalogueFile(path));
     const auto file = platform::identityOf(path);
     if (!file) return std::unexpected(Error{error::fileNotFound, path + " has vanished"});
     const platform::HeldFile held(*file);
-    auto handle = openSqlite(path, flagsFor(use));
-    if (!handle) return std::unexpected(handle.error());
-    if (auto set = engine::run(handle->get(), settingsFor(use)); !set) return std::unexpected(set.error());
-    auto sound = checkSchema(handle->get());
-    if (!sound && sqlite3_extended_errcode(handle->get()) == SQLITE_READONLY_ROLLBACK) {
+    auto handle = TRY(openSqlite(path, flagsFor(use)));
+    TRY(engine::run(handle.get(), settingsFor(use)));
+    auto sound = checkSchema(handle.get());
+    if (!sound && sqlite3_extended_errcode(handle.get()) == SQLITE_READONLY_ROLLBACK) {
         undoInterruptedChange(path);
-        sound = checkSchema(handle->get());
+        sound = checkSchema(handle.get());
     }
-    if (!sound) return std::unexpected(sound.error());
-    if (use == Use::Catalogue) {
-        if (auto undone = undoForeignMode(handle->get()); !undone) return std::unexpected(undone.error());
-    }
-    return std::shared_ptr<Connection>(new Connection(std::move(*handle), path, *file, use));
-}
-
-Error Connection::lastError() const {
-    return isOpen() ? engine::lastError(handle()) : Error{error::general, "The database is closed"};
+    TRY(sound);
+    if (use == Use::Catalogue) TRY(undoForeignMode(handle.get()));
+    return std::shared_ptr<Connection>(new Connection(std::move(handle), path, *file, use));
 }
 
 Result<long long> Connection::version() {
     std::int64_t data = m_seenData;
     if (m_use != Use::Scratch) {  // which nobody else can write to
-        auto asked = prepare("pragma data_version");
-        if (!asked) return std::unexpected(asked.error());
-        if (asked->step() != Prepared::Step::Row) return std::unexpected(lastError());
-        data = asked->integer(0);
+        data = TRY(m_pool.number("pragma data_version"));
     }
     if (data != m_seenData || m_writes != m_seenWrites) ++m_version;
     m_seenData = data;

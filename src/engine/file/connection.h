@@ -42,7 +42,6 @@ class Connection {
 
     [[nodiscard]] Result<Prepared> prepare(const std::string& sql) { return m_pool.lend(sql); }
     [[nodiscard]] Result<> run(const char* sql) { return engine::run(handle(), sql); }
-    [[nodiscard]] Error lastError() const;
 
     // Changes whenever rows may have changed since the last call, through this connection or another one.
     // Fails when the file cannot be read now (locked, damaged).

@@ -24,18 +24,17 @@ Result<std::shared_ptr<Connection>> heldStill(const std::string& path) {
                 return there;
         }
     }
-    if (auto held = (*there)->run("begin immediate"); !held) return std::unexpected(held.error());
+    TRY((*there)->run("begin immediate"));
     return there;
 }
 
 Result<> writeCopy(sqlite3* from, const std::string& path) {
-    auto to = openSqlite(path, SQLITE_OPEN_READWRITE);
-    if (!to) return std::unexpected(to.error());
+    const auto to = TRY(openSqlite(path, SQLITE_OPEN_READWRITE));
     // The file is nobody's yet and is flushed as a whole when it is put in place.
-    if (auto set = run(to->get(), "pragma journal_mode = memory; pragma synchronous = off"); !set) return set;
+    TRY(run(to.get(), "pragma journal_mode = memory; pragma synchronous = off"));
     // So that no change comes between two pages.
-    if (auto begun = run(from, "begin; select count(*) from sqlite_schema"); !begun) return begun;
-    if (auto copied = copyPages(from, to->get()); !copied) return std::unexpected(copied.error());
+    TRY(run(from, "begin; select count(*) from sqlite_schema"));
+    (void)TRY(copyPages(from, to.get()));
     return run(from, "commit");
 }
 
@@ -43,25 +42,21 @@ Result<> writeCopy(sqlite3* from, const std::string& path) {
 
 Result<> CopyDatabase(const std::string& source, const std::string& destination) {
     return guarded([&]() -> Result<> {
-        auto from = Connection::open(source, Use::ReadOnly);
-        if (!from) return std::unexpected(from.error());
+        const auto from = TRY(Connection::open(source, Use::ReadOnly));
         if (const auto allowed = platform::checkReplaceable(source, destination); !allowed)
             return std::unexpected(Error{error::readOnly, allowed.error().text});
-        auto replaced = heldStill(destination);
-        if (!replaced) return std::unexpected(replaced.error());
-        auto copy = replacementFor(destination);
-        if (!copy) return std::unexpected(copy.error());
-        if (auto copied = writeCopy((*from)->handle(), copy->path()); !copied) return copied;
-        if (!*replaced) forgetInterruptedChange(destination);
-        return putInPlace(*copy, source);
+        const auto replaced = TRY(heldStill(destination));
+        auto copy = TRY(replacementFor(destination));
+        TRY(writeCopy(from->handle(), copy.path()));
+        if (!replaced) forgetInterruptedChange(destination);
+        return putInPlace(copy, source);
     });
 }
 
 Result<> CopyUnreadable(const std::string& source, const std::string& destination) {
     return guarded([&]() -> Result<> {
-        auto replaced = heldStill(destination);
-        if (!replaced) return std::unexpected(replaced.error());
-        if (!*replaced) forgetInterruptedChange(destination);
+        const auto replaced = TRY(heldStill(destination));
+        if (!replaced) forgetInterruptedChange(destination);
         platform::flushFolder(platform::folderOf(destination));  // as putInPlace() does
         if (const auto copied = platform::CopyFile(source, destination); !copied)
             return std::unexpected(errorOf(copied.error()));

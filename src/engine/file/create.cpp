@@ -17,10 +17,8 @@ Result<> writeSchema(sqlite3* database) {
     const std::string marks = "pragma page_size = " + std::to_string(pageSize) +
                               "; begin; pragma application_id = " + std::to_string(applicationId) +
                               "; pragma user_version = " + std::to_string(formatVersion);
-    if (auto marked = run(database, marks.c_str()); !marked) return marked;
-    if (auto table = run(database, createTable); !table) return table;
-    if (auto index = run(database, createIndex); !index) return index;
-    return run(database, "commit");
+    for (const char* step : {marks.c_str(), createTable, createIndex, "commit"}) TRY(run(database, step));
+    return {};
 }
 
 Result<> CreateDatabase(const std::string& nativePath) {

@@ -33,7 +33,8 @@ void Prepared::bind(std::span<const BoundValue> values, Texts texts) {
 }
 
 void Prepared::bind(int parameter, const BoundValue& value, Texts texts) {
-    if (get() && bound(parameter, value, texts) != SQLITE_OK) m_entry->isUnbound = true;
+    if (!get()) return;
+    if (const int code = bound(parameter, value, texts); code != SQLITE_OK) m_entry->unbound = code;
 }
 
 int Prepared::bound(int parameter, const BoundValue& value, Texts texts) {
@@ -65,17 +66,23 @@ int Prepared::boundPattern(int parameter, const PatternText& pattern) {
     return sqlite3_bind_pointer(get(), parameter + 1, kept.pattern.get(), patternPointerType, nullptr);
 }
 
-Prepared::Step Prepared::step() {
-    if (!get()) return Step::Done;
-    if (m_entry->isUnbound) return Step::Failed;
-    switch (sqlite3_step(get())) {
-        case SQLITE_ROW:
-            return Step::Row;
-        case SQLITE_DONE:
-            return Step::Done;
-        default:
-            return Step::Failed;
+Result<bool> Prepared::next() {
+    if (!get()) return false;
+    if (m_entry->unbound != SQLITE_OK) return std::unexpected(errorOfCode(m_entry->unbound));
+    const int code = sqlite3_step(get());
+    if (code == SQLITE_ROW || code == SQLITE_DONE) return code == SQLITE_ROW;
+    return std::unexpected(lastError(sqlite3_db_handle(get())));
+}
+
+Result<> Prepared::answer() {
+    if (TRY(next())) return {};
+    return std::unexpected(Error{error::general, "A question was not answered"});
+}
+
+Result<> Prepared::run() {
+    while (TRY(next())) {
     }
+    return {};
 }
 
 std::string_view Prepared::text(int column) const {
@@ -105,7 +112,7 @@ Result<Prepared> StatementPool::lend(const std::string& sql) {
         std::find_if(entries.begin(), entries.end(), [](const auto& entry) { return !entry->lent; });
     if (idle != entries.end()) {
         (*idle)->lent = true;
-        (*idle)->isUnbound = false;
+        (*idle)->unbound = SQLITE_OK;
         return Prepared(idle->get());
     }
     auto& entry = entries.emplace_back(std::make_unique<Prepared::Entry>());
@@ -116,6 +123,12 @@ Result<Prepared> StatementPool::lend(const std::string& sql) {
     }
     entry->lent = true;
     return Prepared(entry.get());
+}
+
+Result<std::int64_t> StatementPool::number(const std::string& sql) {
+    auto asked = TRY(lend(sql));
+    TRY(asked.answer());
+    return asked.integer(0);
 }
 
 void StatementPool::dropIdle() {

@@ -33,8 +33,10 @@ class Prepared {
     void bind(std::span<const BoundValue> values, Texts texts = Texts::Copied);
     void bind(int parameter, const BoundValue& value, Texts texts = Texts::Copied);
 
-    enum class Step { Row, Done, Failed };
-    [[nodiscard]] Step step();
+    // Steps to the next row. False behind the last one, and for a statement that gives none and is done.
+    [[nodiscard]] Result<bool> next();
+    [[nodiscard]] Result<> answer();  // to the one row of a statement that always gives one
+    [[nodiscard]] Result<> run();     // all of a statement whose rows nobody looks at
     void reset();
     void release();
 
@@ -54,7 +56,7 @@ class Prepared {
     struct Entry {
         sqlite3_stmt* statement = nullptr;
         bool lent = false;
-        bool isUnbound = false;                 // a value could not be bound since it was lent
+        int unbound = 0;  // why a value could not be bound since it was lent, as SQLite's code
         std::vector<CompiledPattern> patterns;  // by parameter
     };
     explicit Prepared(Entry* entry) : m_entry(entry) {}
@@ -75,6 +77,7 @@ class StatementPool {
     ~StatementPool() { close(); }
 
     [[nodiscard]] Result<Prepared> lend(const std::string& sql);
+    [[nodiscard]] Result<std::int64_t> number(const std::string& sql);  // the one that a question gives
     void close();  // finalizes every statement, lent ones too
 
   private:

@@ -2,31 +2,22 @@
 
 #include <sqlite3.h>
 
-#include "engine/file/sqlite_error.h"
-
 namespace engine {
 
 // What ends it is prepared before it begins, so that it can be ended without memory.
-ReadTransaction::ReadTransaction(Connection& connection) : m_connection(connection) {
-    if (!connection.isOpen() || connection.isInTransaction()) return;
-    auto begin = connection.prepare("begin");
-    auto lock = connection.prepare("select 1 from datos limit 1");  // beginning alone locks nothing
-    auto end = connection.prepare("commit");
-    for (const auto* statement : {&begin, &lock, &end})
-        if (!*statement) m_failure = statement->error();
-    if (m_failure) return;
-    if (begin->step() != Prepared::Step::Failed && lock->step() != Prepared::Step::Failed) {
-        m_end = std::move(*end);
-        return;
-    }
-    const int code = sqlite3_extended_errcode(connection.handle());
-    lock->release();
-    connection.rollBack();
-    m_failure = errorOfCode(code);
+Result<ReadTransaction> ReadTransaction::begin(Connection& connection) {
+    if (!connection.isOpen() || connection.isInTransaction()) return ReadTransaction(connection, {});
+    auto begin = TRY(connection.prepare("begin"));
+    auto lock = TRY(connection.prepare("select 1 from datos limit 1"));  // beginning alone locks nothing
+    auto end = TRY(connection.prepare("commit"));
+    TRY(begin.run());
+    ReadTransaction begun(connection, std::move(end));
+    TRY(lock.run());
+    return begun;
 }
 
 ReadTransaction::~ReadTransaction() {
-    if (m_end.get() && m_end.step() == Prepared::Step::Failed) m_connection.rollBack();
+    if (m_end.get() && sqlite3_step(m_end.get()) != SQLITE_DONE) m_connection.rollBack();
 }
 
 }  // namespace engine

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "engine/file/connection.h"
 
 namespace engine {
@@ -10,18 +8,16 @@ namespace engine {
 // which gives that already, it does nothing.
 class ReadTransaction {
   public:
-    explicit ReadTransaction(Connection& connection);
+    // Fails where the file cannot be locked for reading.
+    [[nodiscard]] static Result<ReadTransaction> begin(Connection& connection);
+    ReadTransaction(ReadTransaction&&) = default;
     ~ReadTransaction();
-    ReadTransaction(const ReadTransaction&) = delete;
-    ReadTransaction& operator=(const ReadTransaction&) = delete;
-
-    // Why the file could not be locked for reading, if it could not: the reads must not be done then.
-    [[nodiscard]] const std::optional<Error>& failure() const { return m_failure; }
 
   private:
+    ReadTransaction(Connection& connection, Prepared end) : m_connection(connection), m_end(std::move(end)) {}
+
     Connection& m_connection;
     Prepared m_end;
-    std::optional<Error> m_failure;
 };
 
 }  // namespace engine

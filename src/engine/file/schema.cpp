@@ -40,30 +40,17 @@ Result<> checkColumn(sqlite3* database, const ColumnInfo& column) {
     return {};
 }
 
-// The number that a statement gives.
-Result<std::int64_t> number(StatementPool& statements, sqlite3* database, const char* sql) {
-    auto rows = statements.lend(sql);
-    if (!rows) return std::unexpected(rows.error());
-    if (rows->step() != Prepared::Step::Row) return std::unexpected(lastError(database));
-    return rows->integer(0);
-}
-
 }  // namespace
 
 Result<> checkSchema(sqlite3* database) {
     StatementPool statements(database);
-    const auto tables = number(statements, database,
-                               "select count(*) from sqlite_schema where type = 'table' and name = 'datos' "
-                               "and rootpage > 0");
-    if (!tables) return std::unexpected(tables.error());
-    if (*tables != 1) return std::unexpected(unusable("is missing"));
-    for (const ColumnInfo& column : columns) {
-        if (auto sound = checkColumn(database, column); !sound) return sound;
-    }
+    const auto tables = TRY(statements.number(
+        "select count(*) from sqlite_schema where type = 'table' and name = 'datos' and rootpage > 0"));
+    if (tables != 1) return std::unexpected(unusable("is missing"));
+    for (const ColumnInfo& column : columns) TRY(checkColumn(database, column));
     const auto computed =
-        number(statements, database, "select count(*) from pragma_table_xinfo('datos') where hidden <> 0");
-    if (!computed) return std::unexpected(computed.error());
-    if (*computed != 0) return std::unexpected(unusable("has computed columns"));
+        TRY(statements.number("select count(*) from pragma_table_xinfo('datos') where hidden <> 0"));
+    if (computed != 0) return std::unexpected(unusable("has computed columns"));
     return {};
 }
 

@@ -14,9 +14,7 @@ Result<Check> CheckDatabase(const std::string& nativePath) {
             check.faults.push_back(connection.error().text);
             return check;
         }
-        for (const auto part : {checkPages, checkValues})
-            if (const auto read = part((*connection)->handle(), check); !read)
-                return std::unexpected(read.error());
+        for (const auto part : {checkPages, checkValues}) TRY(part((*connection)->handle(), check));
         return check;
     });
 }

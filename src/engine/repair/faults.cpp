@@ -52,32 +52,30 @@ Result<> checkPages(sqlite3* database, Check& check) {
     StatementPool statements(database);
     auto found = statements.lend("pragma integrity_check(" + std::to_string(mostFaults) + ")");
     if (!found) return told(found.error(), check);
-    Prepared::Step step{};
-    const auto next = [&] { step = found->step(); };  // most of it is one step of SQLite's machine
+    Result<bool> there;
+    const auto next = [&] { there = found->next(); };  // most of it is one step of SQLite's machine
     for (;;) {
         platform::Waiting::giveSignsDuring(next);
-        if (step != Prepared::Step::Row) break;
+        if (!there) return told(there.error(), check);
+        if (!*there) return {};
         const std::string fault(found->text(0));
         if (int code = 0; isOfTheDisk(fault, code)) return std::unexpected(errorOfCode(code));
         if (fault != "ok") check.faults.push_back(fault);
     }
-    return step == Prepared::Step::Failed ? told(lastError(database), check) : Result<>();
 }
 
 Result<> checkValues(sqlite3* database, Check& check) {
     StatementPool statements(database);
-    std::string sql = "select rowid";
-    for (const ColumnInfo& column : columns) sql.append(",").append(column.name);
-    auto rows = statements.lend(sql + " from datos not indexed");
+    auto rows = statements.lend("select rowid, " + columnNames() + " from datos not indexed");
     if (!rows) return told(rows.error(), check);
-    Prepared::Step step{};
-    for (; (step = rows->step()) == Prepared::Step::Row; ++check.rows) {
+    auto there = rows->next();
+    for (; there && *there; there = rows->next(), ++check.rows) {
         for (std::size_t i = 0; i < columns.size() && check.faults.size() < mostFaults; ++i)
             if (const char* fault = faultOf(*rows, static_cast<int>(i) + 1, columns[i].type))
                 check.faults.push_back("row " + std::to_string(rows->integer(0)) + ": " +
                                        std::string(columns[i].name) + ' ' + fault);
     }
-    return step == Prepared::Step::Failed ? told(lastError(database), check) : Result<>();
+    return there ? Result<>() : told(there.error(), check);
 }
 
 }  // namespace engine

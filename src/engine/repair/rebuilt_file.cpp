@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "engine/file/schema.h"
-#include "engine/file/sqlite_error.h"
 #include "engine/repair/faults.h"
 #include "engine/text/utf8.h"
 
@@ -46,44 +45,33 @@ BoundValue valueOf(const RawRow::Field& field, Type type, std::string& storage) 
 }  // namespace
 
 Result<> RebuiltFile::open(const std::string& path) {
-    auto database = openSqlite(path, SQLITE_OPEN_READWRITE);
-    if (!database) return std::unexpected(database.error());
-    m_database = std::move(*database);
+    m_database = TRY(openSqlite(path, SQLITE_OPEN_READWRITE));
     m_pool.emplace(m_database.get());
-    if (auto written = writeSchema(m_database.get()); !written) return written;
-    if (auto begun =
-            run(m_database.get(),
-                "pragma journal_mode = memory; pragma synchronous = off; begin; drop index datos_unidad");
-        !begun)
-        return begun;
-    auto insert = m_pool->lend(
-        "insert into datos (rowid, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, "
-        "comentario) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    if (!insert) return std::unexpected(insert.error());
-    m_insert = std::move(*insert);
+    TRY(writeSchema(m_database.get()));
+    TRY(run(m_database.get(), "pragma journal_mode = memory; pragma synchronous = off; begin"));
+    TRY(run(m_database.get(), dropIndex));
+    m_insert = TRY(m_pool->lend("insert into datos (rowid, " + columnNames() +
+                                ") values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
     return {};
 }
 
-bool RebuiltFile::add(const RawRow& row) {
+Result<> RebuiltFile::add(const RawRow& row) {
     std::array<std::string, columns.size()> texts;
     m_insert.bind(0, row.rowid);
     for (std::size_t i = 0; i < columns.size(); ++i)
         m_insert.bind(static_cast<int>(i) + 1, valueOf(row.fields[i], columns[i].type, texts[i]),
                       Prepared::Texts::Lent);
-    const bool added = m_insert.step() == Prepared::Step::Done;
-    if (!added) m_failure = lastError(m_database.get());
+    auto added = m_insert.run();
     m_insert.reset();
     return added;
 }
 
 Result<> RebuiltFile::finish() {
     m_insert.release();
-    if (m_failure) return std::unexpected(*m_failure);
-    if (auto index = run(m_database.get(), createIndex); !index) return index;
-    if (auto committed = run(m_database.get(), "commit"); !committed) return committed;
+    TRY(run(m_database.get(), createIndex));
+    TRY(run(m_database.get(), "commit"));
     Check check;
-    for (const auto part : {checkPages, checkValues})
-        if (auto read = part(m_database.get(), check); !read) return read;
+    for (const auto part : {checkPages, checkValues}) TRY(part(m_database.get(), check));
     if (!check.faults.empty()) return std::unexpected(Error{error::corrupt, check.faults.front()});
     return {};
 }

@@ -16,16 +16,15 @@ class RebuiltFile {
 
     // A row as it was, but for values that no catalogue holds: a byte that is no UTF-8 becomes the character
     // that stands for it in names, U+F000 + byte, and what is no number in a column of numbers becomes null.
-    [[nodiscard]] bool add(const RawRow& row);
+    [[nodiscard]] Result<> add(const RawRow& row);
 
-    // Fails when a row could not be added, or when the file would not pass for sound.
+    // Fails when the file would not pass for sound.
     [[nodiscard]] Result<> finish();
 
   private:
     SqliteHandle m_database;
     std::optional<StatementPool> m_pool;
     Prepared m_insert;
-    std::optional<Error> m_failure;
 };
 
 }  // namespace engine

@@ -47,11 +47,11 @@ bool isDamage(const Error& failure) {
 // far as damage lets it, the handle keeps other programs from writing.
 Result<> checkStructure(sqlite3* database) {
     // Another tool may have left it in a mode with a second file beside it.
-    if (auto alone = run(database, "pragma journal_mode = delete"); !alone) return alone;
-    if (auto alone = run(database, "begin exclusive"); !alone) return alone;
-    if (auto table = checkSchema(database); !table) return table;
+    TRY(run(database, "pragma journal_mode = delete"));
+    TRY(run(database, "begin exclusive"));
+    TRY(checkSchema(database));
     Check found;
-    if (auto read = checkPages(database, found); !read) return read;
+    TRY(checkPages(database, found));
     if (!found.faults.empty()) return std::unexpected(Error{error::corrupt, found.faults.front()});
     return {};
 }
@@ -73,7 +73,7 @@ Result<Soundness> soundnessOf(sqlite3* database, const std::string& path) {
     const auto marked = checkMarks(path, marks);
     if (marks.isOurs && marks.isLater) return std::unexpected(marked.error());
     Check values;
-    if (const auto read = checkValues(database, values); !read) return std::unexpected(read.error());
+    TRY(checkValues(database, values));
     return marked && values.faults.empty() ? Soundness::Sound : Soundness::Readable;
 }
 
@@ -92,38 +92,30 @@ RawRow::Field fieldOf(const Prepared& row, int place) {
 
 Result<> copyRows(sqlite3* from, RebuiltFile& to) {
     StatementPool statements(from);
-    auto rows = statements.lend(
-        "select rowid, numero, ruta, carpeta, archivo, nivel, fecha, largo, tipo, disco, comentario from "
-        "datos "
-        "not indexed");
-    if (!rows) return std::unexpected(rows.error());
-    Prepared::Step step{};
-    while ((step = rows->step()) == Prepared::Step::Row) {
+    auto rows = TRY(statements.lend("select rowid, " + columnNames() + " from datos not indexed"));
+    while (TRY(rows.next())) {
         RawRow row;
-        row.rowid = rows->integer(0);
+        row.rowid = rows.integer(0);
         for (std::size_t i = 0; i < columns.size(); ++i)
-            row.fields[i] = fieldOf(*rows, static_cast<int>(i) + 1);
-        if (!to.add(row)) return {};  // which is told at the end
+            row.fields[i] = fieldOf(rows, static_cast<int>(i) + 1);
+        TRY(to.add(row));
     }
-    if (step == Prepared::Step::Failed) return std::unexpected(lastError(from));
     return {};
 }
 
 Result<> salvageRows(sqlite3* from, RebuiltFile& to) {
     const RawPages pages(from);
-    Salvage salvage{[&](const RawRow& row) { return to.add(row); }};
-    salvage.run(pages);
+    const bool tableFound = TRY(salvage(pages, [&](const RawRow& row) { return to.add(row); }));
     if (pages.failure()) return std::unexpected(*pages.failure());
-    if (!salvage.tableFound)
-        return std::unexpected(Error{error::corrupt, "No row and no table can be found"});
+    if (!tableFound) return std::unexpected(Error{error::corrupt, "No row and no table can be found"});
     return {};
 }
 
 Result<> rebuild(sqlite3* from, Soundness soundness, const std::string& path) {
     RebuiltFile to;
-    if (auto opened = to.open(path); !opened) return opened;
-    const auto taken = soundness == Soundness::Damaged ? salvageRows(from, to) : copyRows(from, to);
-    return taken ? to.finish() : taken;
+    TRY(to.open(path));
+    TRY(soundness == Soundness::Damaged ? salvageRows(from, to) : copyRows(from, to));
+    return to.finish();
 }
 
 // The name under which a damaged file is kept: "discs.zrq.damaged", then "discs.zrq.damaged-2".
@@ -159,11 +151,10 @@ Result<std::string> exchange(sqlite3* damaged, const std::string& path, platform
     int moved = 0;
     sqlite3_file_control(damaged, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
     if (moved != 0) return std::unexpected(errorOfCode(SQLITE_READONLY_DBMOVED));
-    auto kept = keepBeside(path);
-    if (!kept) return kept;
+    auto kept = TRY(keepBeside(path));
     if (auto put = putInPlace(repaired, path); !put) {
-        (void)std::rename((*kept + "-journal").c_str(), (path + "-journal").c_str());
-        ::unlink(kept->c_str());
+        (void)std::rename((kept + "-journal").c_str(), (path + "-journal").c_str());
+        ::unlink(kept.c_str());
         return std::unexpected(put.error());
     }
     return kept;
@@ -180,19 +171,13 @@ Result<std::string> RepairDatabase(const std::string& nativePath) {
         if (platform::HeldFile::isHeld(*file))
             return std::unexpected(Error{error::locked, nativePath + " is open"});
         const platform::HeldFile held(*file);
-        auto damaged = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
-        if (!damaged) return std::unexpected(damaged.error());
-        sqlite3* const database = damaged->get();
-        if (auto ours = checkOurs(database, nativePath); !ours) return std::unexpected(ours.error());
-        const auto soundness = soundnessOf(database, nativePath);
-        if (!soundness) return std::unexpected(soundness.error());
-        if (*soundness == Soundness::Sound) return std::string();
-
-        auto repaired = replacementFor(nativePath);
-        if (!repaired) return std::unexpected(repaired.error());
-        if (auto written = rebuild(database, *soundness, repaired->path()); !written)
-            return std::unexpected(written.error());
-        return exchange(database, nativePath, *repaired);
+        const auto damaged = TRY(openSqlite(nativePath, SQLITE_OPEN_READWRITE));
+        TRY(checkOurs(damaged.get(), nativePath));
+        const auto soundness = TRY(soundnessOf(damaged.get(), nativePath));
+        if (soundness == Soundness::Sound) return std::string();
+        auto repaired = TRY(replacementFor(nativePath));
+        TRY(rebuild(damaged.get(), soundness, repaired.path()));
+        return exchange(damaged.get(), nativePath, repaired);
     });
 }
 

@@ -50,18 +50,21 @@ std::size_t fingerprint(const RawRow& row) {
 
 class Walk {
   public:
-    Walk(const RawPages& pages, Salvage& salvage) : m_pages(pages), m_salvage(salvage), m_limit(pages) {}
+    Walk(const RawPages& pages, const std::function<Result<>(const RawRow&)>& take)
+        : m_pages(pages), m_take(take), m_limit(pages) {}
+
+    [[nodiscard]] bool hasFoundTable() const { return m_tableFound; }
 
     // Every leaf that a tree leads to.
-    void followTree(std::uint32_t root) {
+    Result<> followTree(std::uint32_t root) {
         std::vector<std::uint32_t> open{root};
-        while (!open.empty() && !m_stopped) {
+        while (!open.empty()) {
             const std::uint32_t number = open.back();
             open.pop_back();
             const RawPages::Page page = m_pages.read(number);
             if (page.empty() || number == 1 || !m_seen.insert(number).second) continue;
             const TreePage tree(page, number);
-            takeLeaf(tree, number == root);
+            TRY(takeLeaf(tree, number == root));
             if (tree.kind != interiorTablePage) continue;
             open.push_back(tree.rightMost);
             for (std::size_t i = tree.cells; i-- > 0;) {
@@ -69,66 +72,70 @@ class Walk {
                 if (cell != 0 && cell + 4 <= page.size()) open.push_back(fourBytes(page, cell));
             }
         }
+        return {};
     }
 
-    void takeLostLeaves() {
+    Result<> takeLostLeaves() {
         const auto free = m_pages.freePages();
-        for (std::uint32_t number = m_pages.nextWritten(2); number != 0 && !m_stopped;
+        for (std::uint32_t number = m_pages.nextWritten(2); number != 0;
              number = m_pages.nextWritten(number + 1)) {
             if (m_seen.contains(number) || free.contains(number)) continue;
             const RawPages::Page page = m_pages.read(number);
-            if (!page.empty()) takeLeaf(TreePage(page, number), false);
+            if (!page.empty()) TRY(takeLeaf(TreePage(page, number), false));
         }
+        return {};
     }
 
     // A damaged row number may be another row's: such a row is kept under a new number.
-    void takeNamesakes() {
+    Result<> takeNamesakes() {
         for (auto& row : m_namesakes) {
-            if (m_stopped) return;
             row.rowid = ++m_highest;
-            m_stopped = !m_salvage.take(row);
+            TRY(m_take(row));
         }
+        return {};
     }
 
   private:
     // Any page may be a leaf whose kind is damaged: each cell proves itself.
-    void takeLeaf(const TreePage& leaf, bool isRoot) {
-        if (leaf.kind == interiorIndexPage || leaf.kind == leafIndexPage) return;
-        if (isRoot && leaf.kind == leafTablePage && leaf.cells == 0) m_salvage.tableFound = true;
+    Result<> takeLeaf(const TreePage& leaf, bool isRoot) {
+        if (leaf.kind == interiorIndexPage || leaf.kind == leafIndexPage) return {};
+        if (isRoot && leaf.kind == leafTablePage && leaf.cells == 0) m_tableFound = true;
         m_limit.beginPage();
-        for (std::size_t i = 0; i < leaf.cells && !m_stopped; ++i) {
+        for (std::size_t i = 0; i < leaf.cells; ++i) {
             const std::size_t at = leaf.cell(i, leafHeader);
             if (at == 0) break;
             const auto row = rowAt(m_pages, leaf.page, at, m_limit);
             if (!row) continue;
-            m_salvage.tableFound = true;
+            m_tableFound = true;
             const auto [known, isNew] = m_taken.emplace(row->rowid, fingerprint(*row));
             if (!isNew) {
                 if (known->second != fingerprint(*row)) m_namesakes.push_back(*row);
                 continue;
             }
             m_highest = std::max(m_highest, row->rowid);
-            m_stopped = !m_salvage.take(*row);
+            TRY(m_take(*row));
         }
+        return {};
     }
 
     const RawPages& m_pages;
-    Salvage& m_salvage;
+    const std::function<Result<>(const RawRow&)>& m_take;
     DecodingLimit m_limit;
     std::unordered_set<std::uint32_t> m_seen;
     std::unordered_map<std::int64_t, std::size_t> m_taken;  // row numbers with what the rows hold
     std::int64_t m_highest = 0;
     std::vector<RawRow> m_namesakes;  // rows whose number another row has
-    bool m_stopped = false;
+    bool m_tableFound = false;
 };
 
 }  // namespace
 
-void Salvage::run(const RawPages& pages) {
-    Walk walk(pages, *this);
-    walk.followTree(usualRoot);
-    walk.takeLostLeaves();
-    walk.takeNamesakes();
+Result<bool> salvage(const RawPages& pages, const std::function<Result<>(const RawRow&)>& take) {
+    Walk walk(pages, take);
+    TRY(walk.followTree(usualRoot));
+    TRY(walk.takeLostLeaves());
+    TRY(walk.takeNamesakes());
+    return walk.hasFoundTable();
 }
 
 }  // namespace engine

@@ -29,25 +29,21 @@ Result<long long> Changes::change(const Statement& statement, const std::vector<
     const bool asksForUnits = statement.where && UnitNames::areAskedBy(*statement.where);
     if (!asksForUnits || sqlite3_get_autocommit(m_connection.handle()) == 0)
         return changeAtOnce(statement, literals);
-    if (auto begun = m_connection.run("begin immediate"); !begun) return std::unexpected(begun.error());
+    TRY(m_connection.run("begin immediate"));
     const UndoneUnlessCommitted transaction(m_connection);
-    auto changed = changeAtOnce(statement, literals);
-    if (!changed) return changed;
-    if (auto committed = m_connection.run("commit"); !committed) return std::unexpected(committed.error());
+    const long long changed = TRY(changeAtOnce(statement, literals));
+    TRY(m_connection.run("commit"));
     return changed;
 }
 
 Result<long long> Changes::changeAtOnce(const Statement& statement, const std::vector<Literal>& literals) {
-    const auto units = m_units.namesFor(statement);
-    if (!units) return std::unexpected(units.error());
-    SqlWriter writer(literals, **units);
+    SqlWriter writer(literals, *TRY(m_units.namesFor(statement)));
     writer.write(statement.kind == Statement::Update ? "update datos" : "delete from datos");
     writer.writeAssignments(statement);
     writer.writeWhere(statement);
-    auto prepared = m_connection.prepare(writer.sql());
-    if (!prepared) return std::unexpected(prepared.error());
-    prepared->bind(writer.values(), Prepared::Texts::Lent);
-    return runPrepared(*prepared);
+    auto prepared = TRY(m_connection.prepare(writer.sql()));
+    prepared.bind(writer.values(), Prepared::Texts::Lent);
+    return runPrepared(prepared);
 }
 
 Result<long long> Changes::insert(const std::shared_ptr<const Statement>& statement,
@@ -69,15 +65,14 @@ Result<long long> Changes::insert(const std::shared_ptr<const Statement>& statem
             isLiteral ? converted(literals[value.literal], value.negative, info(column).type, m_storage[i])
                       : BoundValue());
     }
-    auto prepared = m_connection.prepare(m_lastInsertSql);
-    if (!prepared) return std::unexpected(prepared.error());
-    prepared->bind(m_values, Prepared::Texts::Lent);
-    return runPrepared(*prepared);
+    auto prepared = TRY(m_connection.prepare(m_lastInsertSql));
+    prepared.bind(m_values, Prepared::Texts::Lent);
+    return runPrepared(prepared);
 }
 
 Result<long long> Changes::runPrepared(Prepared& prepared) {
     m_connection.noteWrite();
-    if (prepared.step() == Prepared::Step::Failed) return std::unexpected(m_connection.lastError());
+    TRY(prepared.run());
     return sqlite3_changes64(m_connection.handle());
 }
 

@@ -5,21 +5,20 @@ namespace engine {
 Result<std::unique_ptr<Rows>> Cursor::open(std::shared_ptr<Connection> connection, Prepared rows,
                                            const std::vector<Column>& fields) {
     std::unique_ptr<Cursor> opened(new Cursor(std::move(connection), std::move(rows), fields));
-    if (auto first = opened->moveNext(); !first) return std::unexpected(first.error());
+    TRY(opened->moveNext());
     return opened;
 }
 
 Result<> Cursor::moveNext() {
-    const auto step = m_rows.step();
-    if (step == Prepared::Step::Row) {
+    const auto there = m_rows.next();
+    if (there && *there) {
         ++m_found;
         return {};
     }
     m_atEnd = true;
-    Result<> ended;
-    if (step == Prepared::Step::Failed) ended = std::unexpected(m_connection->lastError());
     m_rows.release();  // and with it the lock on the file
-    return ended;
+    if (!there) return std::unexpected(there.error());
+    return {};
 }
 
 Value Cursor::field(Column column) {

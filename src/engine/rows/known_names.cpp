@@ -130,8 +130,8 @@ bool KnownNames::read(Connection& connection, long long rows) {
         if (!values) return false;
         if (m_lastRow != last) {
             values->bind(0, m_lastRow ? *m_lastRow + 1 : std::numeric_limits<std::int64_t>::min());
-            for (auto step = values->step(); step != Prepared::Step::Done; step = values->step()) {
-                if (step == Prepared::Step::Failed || !add(values->integer(0), *values)) return false;
+            for (auto there = values->next(); !there || *there; there = values->next()) {
+                if (!there || !add(values->integer(0), *values)) return false;
                 if (bytes() > mostBytes) {
                     m_folders = m_files = m_notes = FoldedTexts();
                     m_names = Names::TooMany;
@@ -149,8 +149,8 @@ bool KnownNames::read(Connection& connection, long long rows) {
 
 bool KnownNames::readOn(Connection& connection, long long rows) {
     if (m_names != Names::Unread || !m_state) return false;
-    const ReadTransaction oneState(connection);
-    const auto state = oneState.failure() ? std::nullopt : lockedState(connection);
+    const auto oneState = ReadTransaction::begin(connection);
+    const auto state = oneState ? lockedState(connection) : std::nullopt;
     if (!state || !isIn(*state) || !read(connection, rows)) {
         drop();
         return false;

@@ -60,19 +60,16 @@ Result<bool> passOver(Connection& connection, const RowSorter::Columns& columns,
                       std::size_t bound) {
     SqlWriter writer;
     writePass(writer, columns, parts);
-    auto rows = connection.prepare(writer.sql());
-    if (!rows) return std::unexpected(rows.error());
-    rows->bind(writer.values());
+    auto rows = TRY(connection.prepare(writer.sql()));
+    rows.bind(writer.values());
     const int firstMet = static_cast<int>(columns.size()) + 1;
-    auto step = rows->step();
-    for (; step == Prepared::Step::Row; step = rows->step()) {
+    while (TRY(rows.next())) {
         for (std::size_t i = 0; i < parts.size(); ++i) {
-            if (rows->integer(firstMet + static_cast<int>(i)) == 0) continue;
-            if (auto added = parts[i].sorter.add(*rows); !added || !*added) return added;
+            if (rows.integer(firstMet + static_cast<int>(i)) == 0) continue;
+            if (!TRY(parts[i].sorter.add(rows))) return false;
         }
         if (!keepWithin(bound, parts)) return false;
     }
-    if (step == Prepared::Step::Failed) return std::unexpected(connection.lastError());
     return true;
 }
 
@@ -80,14 +77,11 @@ Result<bool> passOver(Connection& connection, const RowSorter::Columns& columns,
 
 Result<std::vector<long long>> countTogether(Connection& connection, UnitList& units,
                                              std::span<const Query> selects) {
-    const ReadTransaction oneState(connection);
-    if (oneState.failure()) return std::unexpected(*oneState.failure());
+    const auto oneState = TRY(ReadTransaction::begin(connection));
     SqlWriter writer;
     writer.write("select ");
     for (const Query& select : selects) {
-        const auto names = units.namesFor(select.statement());
-        if (!names) return std::unexpected(names.error());
-        writer.turnTo(select.literals(), **names);
+        writer.turnTo(select.literals(), *TRY(units.namesFor(select.statement())));
         writer.write("count(*)");
         if (const auto& where = select.statement().where) {
             writer.write(" filter (where ").writeCondition(*where);
@@ -95,27 +89,23 @@ Result<std::vector<long long>> countTogether(Connection& connection, UnitList& u
         }
         writer.write(&select == &selects.back() ? " from datos" : ", ");
     }
-    auto row = connection.prepare(writer.sql());
-    if (!row) return std::unexpected(row.error());
-    row->bind(writer.values());
-    if (row->step() != Prepared::Step::Row) return std::unexpected(connection.lastError());
+    auto row = TRY(connection.prepare(writer.sql()));
+    row.bind(writer.values());
+    TRY(row.answer());
     std::vector<long long> counts(selects.size());
-    for (std::size_t i = 0; i < counts.size(); ++i) counts[i] = row->integer(static_cast<int>(i));
+    for (std::size_t i = 0; i < counts.size(); ++i) counts[i] = row.integer(static_cast<int>(i));
     return counts;
 }
 
 Result<std::vector<std::unique_ptr<Rows>>> rowsTogether(Connection& connection,
                                                         std::span<const Select* const> selects,
                                                         std::size_t bound) {
-    const ReadTransaction oneState(connection);
-    if (oneState.failure()) return std::unexpected(*oneState.failure());
+    const auto oneState = TRY(ReadTransaction::begin(connection));
     std::vector<std::unique_ptr<Rows>> rows(selects.size());
     std::vector<std::size_t> left;
     for (std::size_t i = 0; i < selects.size(); ++i) {
         if (!selects[i]->isSortedPass()) continue;
-        auto known = selects[i]->knownRows();
-        if (!known) return std::unexpected(known.error());
-        rows[i] = std::move(*known);
+        rows[i] = TRY(selects[i]->knownRows());
         if (!rows[i]) left.push_back(i);
     }
     const auto fieldsOf = [&](std::size_t i) { return selects[i]->statement().fields; };
@@ -127,14 +117,8 @@ Result<std::vector<std::unique_ptr<Rows>>> rowsTogether(Connection& connection,
     parts.reserve(left.size());
     for (const std::size_t i : left)
         parts.push_back({selects[i], &rows[i], {selects[i]->statement(), columns, bound}});
-    const auto isWhole = passOver(connection, columns, parts, bound);
-    if (!isWhole) return std::unexpected(isWhole.error());
-    if (!*isWhole) return rows;
-    for (Part& part : parts) {
-        auto sorted = std::move(part.sorter).rows();
-        if (!sorted) return std::unexpected(sorted.error());
-        *part.rows = std::move(*sorted);
-    }
+    if (TRY(passOver(connection, columns, parts, bound)))
+        for (Part& part : parts) *part.rows = TRY(std::move(part.sorter).rows());
     return rows;
 }
 

@@ -118,12 +118,11 @@ Result<> PathLookup::bringUpToDate(Known& known, const Tests& tests, const Selec
     // A working copy is made to be asked again and again.
     if (isNew && select.connection()->use() != Use::Scratch) return {};
     if (known.index || known.tooLarge) return {};
-    auto table = select.with(tests.left(select.statement())).table();
-    if (!table) return std::unexpected(table.error());
-    known.tooLarge = !*table;
-    if (*table) {
+    auto table = TRY(select.with(tests.left(select.statement())).table());
+    known.tooLarge = !table;
+    if (table) {
         known.index = std::make_shared<PathIndex>(
-            std::move(**table), tests.level >= 0 ? PathIndex::Levels::Apart : PathIndex::Levels::Together);
+            std::move(*table), tests.level >= 0 ? PathIndex::Levels::Apart : PathIndex::Levels::Together);
     }
     return {};
 }
@@ -133,7 +132,7 @@ Result<std::unique_ptr<Rows>> PathLookup::rows(const Select& select) {
     const Tests tests(select.statement(), literals);
     if (tests.path < 0) return nullptr;
     Known& known = knownFor(select.query(), tests);
-    if (auto current = bringUpToDate(known, tests, select); !current) return std::unexpected(current.error());
+    TRY(bringUpToDate(known, tests, select));
     if (!known.index) return nullptr;
     const auto& index = known.index;
     const auto& selection = index->find(tests.level >= 0 ? literals[tests.levelLiteral].text : "",

@@ -78,13 +78,13 @@ class RowRuns::Reader {
         m_used = 0;
         if (m_begin == m_have && m_at == m_end) return false;
         Header header{};
-        if (auto there = fetch(sizeof header); !there) return std::unexpected(there.error());
+        TRY(fetch(sizeof header));
         std::memcpy(&header, m_buffer.data() + m_begin, sizeof header);
         m_row.keyStart = header.keyStart;
         m_row.rowid = header.rowid;
         m_row.keySize = header.keySize;
         const std::size_t size = sizeof header + m_row.keyRestSize() + header.packedSize;
-        if (auto there = fetch(size); !there) return std::unexpected(there.error());
+        TRY(fetch(size));
         m_row.keyRest = m_buffer.data() + m_begin + sizeof header;
         m_row.packed = m_row.keyRest + m_row.keyRestSize();
         m_used = size;
@@ -131,9 +131,7 @@ class RowRuns::Merged final : public Rows {
     [[nodiscard]] Result<> begin() {
         for (const Run& run : m_runs.m_runs) {
             auto reader = std::make_unique<Reader>(::fileno(m_runs.m_file.get()), run);
-            const auto there = reader->next();
-            if (!there) return std::unexpected(there.error());
-            if (*there) m_readers.push_back(std::move(reader));
+            if (TRY(reader->next())) m_readers.push_back(std::move(reader));
         }
         std::ranges::make_heap(m_readers, isBehind);
         toFirst();
@@ -151,9 +149,7 @@ class RowRuns::Merged final : public Rows {
         return m_values[place];
     }
     [[nodiscard]] Result<> moveNext() override {
-        const auto there = m_readers.back()->next();
-        if (!there) return std::unexpected(there.error());
-        if (*there)
+        if (TRY(m_readers.back()->next()))
             std::ranges::push_heap(m_readers, isBehind);
         else
             m_readers.pop_back();
@@ -182,7 +178,7 @@ class RowRuns::Merged final : public Rows {
 
 Result<std::unique_ptr<Rows>> RowRuns::merged(RowRuns runs, const std::vector<Column>& fields) {
     auto rows = std::make_unique<Merged>(std::move(runs), fields);
-    if (auto begun = rows->begin(); !begun) return std::unexpected(begun.error());
+    TRY(rows->begin());
     return rows;
 }
 

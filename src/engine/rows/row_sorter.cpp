@@ -24,8 +24,7 @@ RowSorter::RowSorter(const Statement& statement, const Columns& columns, std::si
 
 Result<bool> RowSorter::add(const Prepared& row) {
     m_key.clear();
-    if (auto appended = appendOrderKey(m_key, m_statement->orderBy, row, m_ordered); !appended)
-        return std::unexpected(appended.error());
+    TRY(appendOrderKey(m_key, m_statement->orderBy, row, m_ordered));
     const std::int64_t rowid = row.integer(m_rowid);
     if (m_table.add(row, m_key, rowid)) return true;
     return m_beyond == Beyond::OnDisk && makeRoom() && m_table.add(row, m_key, rowid);

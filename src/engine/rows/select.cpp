@@ -57,12 +57,10 @@ Select Select::with(Statement statement) const {
 
 template <class Write>
 Result<Prepared> Select::prepared(Write write) const {
-    const auto units = m_units->namesFor(statement());
-    if (!units) return std::unexpected(units.error());
-    SqlWriter writer(m_query.literals(), **units);
+    SqlWriter writer(m_query.literals(), *TRY(m_units->namesFor(statement())));
     write(writer);
-    auto rows = m_connection->prepare(writer.sql());
-    if (rows) rows->bind(writer.values());
+    auto rows = TRY(m_connection->prepare(writer.sql()));
+    rows.bind(writer.values());
     return rows;
 }
 
@@ -82,9 +80,7 @@ Result<std::optional<Stretch>> Select::stretch() const {
     const Condition where = withUnitFirst(*statement().where, m_query.literals());
     const Condition* unit = unitTestOf(where);
     if (!unit) return std::nullopt;
-    const auto units = m_units->namesFor(statement());
-    if (!units) return std::unexpected(units.error());
-    SqlWriter writer(m_query.literals(), **units);
+    SqlWriter writer(m_query.literals(), *TRY(m_units->namesFor(statement())));
     writer.write("select count(*), min(rowid), max(rowid) from datos where ").writeCondition(*unit);
     std::string asked = writer.sql();
     for (const BoundValue& value : writer.values())
@@ -92,14 +88,12 @@ Result<std::optional<Stretch>> Select::stretch() const {
     auto& known = m_units->stretches();
     if (const auto found = known.find(asked); found != known.end()) return found->second;
 
-    auto ends = m_connection->prepare(writer.sql());
-    if (!ends) return std::unexpected(ends.error());
-    ends->bind(writer.values());
-    if (ends->step() != Prepared::Step::Row) return std::unexpected(m_connection->lastError());
-    const Stretch rows{ends->integer(1), ends->integer(2)};
-    const bool isTogether =
-        ends->integer(0) > 0 &&
-        (rows.lastRow / rowsPassedPerRowFound - rows.firstRow / rowsPassedPerRowFound) < ends->integer(0);
+    auto ends = TRY(m_connection->prepare(writer.sql()));
+    ends.bind(writer.values());
+    TRY(ends.answer());
+    const Stretch rows{ends.integer(1), ends.integer(2)};
+    const bool isTogether = ends.integer(0) > 0 && (rows.lastRow / rowsPassedPerRowFound -
+                                                    rows.firstRow / rowsPassedPerRowFound) < ends.integer(0);
     return known[asked] = isTogether ? std::optional(rows) : std::nullopt;
 }
 
@@ -109,35 +103,28 @@ Result<bool> Select::isOrderNeeded() const {
     if (orderBy.empty() || !statement().groupBy.empty()) return false;
     const auto isUnit = [](const Ordering& ordering) { return ordering.column == Column::disco; };
     if (!statement().where || !std::ranges::all_of(orderBy, isUnit)) return true;
-    const auto units = m_units->namesFor(statement());
-    if (!units) return std::unexpected(units.error());
-    return !asksForOneUnit(*statement().where, **units, m_query.literals());
+    const UnitNames& units = *TRY(m_units->namesFor(statement()));
+    return !asksForOneUnit(*statement().where, units, m_query.literals());
 }
 
 Result<std::unique_ptr<Rows>> Select::rows(std::size_t bound) const {
-    const ReadTransaction oneState(*m_connection);
-    if (oneState.failure()) return std::unexpected(*oneState.failure());
-    const auto sorted = isOrderNeeded();
-    if (!sorted) return std::unexpected(sorted.error());
-    if (*sorted) {
-        auto rows = sortedRows(bound);
-        if (!rows || *rows) return rows;
-    }
-    const auto where = stretch();
-    if (!where) return std::unexpected(where.error());
-    auto found = prepared([&](SqlWriter& writer) {
+    const auto oneState = TRY(ReadTransaction::begin(*m_connection));
+    const bool isSorted = TRY(isOrderNeeded());
+    if (isSorted)
+        if (auto rows = TRY(sortedRows(bound))) return rows;
+    const auto where = TRY(stretch());
+    auto found = TRY(prepared([&](SqlWriter& writer) {
         if (isUnitList(statement())) {
             writer.write(UnitList::sql);
         } else {
             writer.write("select ");
             writer.writeFields(statement().fields);
-            writeFrom(writer, *where);
+            writeFrom(writer, where);
         }
         writer.writeGroupBy(statement());
-        if (*sorted || !statement().groupBy.empty()) writer.writeOrderBy(statement());
-    });
-    if (!found) return std::unexpected(found.error());
-    return Cursor::open(m_connection, std::move(*found), statement().fields);
+        if (isSorted || !statement().groupBy.empty()) writer.writeOrderBy(statement());
+    }));
+    return Cursor::open(m_connection, std::move(found), statement().fields);
 }
 
 bool Select::isSortedPass() const {
@@ -160,7 +147,7 @@ bool Select::addKnown(const KnownNames::Found& rowids, const RowSorter::Columns&
     return std::ranges::all_of(rowids, [&](std::int64_t rowid) {
         row->reset();
         row->bind(static_cast<int>(conditionValues), rowid);
-        if (row->step() != Prepared::Step::Row) return false;
+        if (const auto there = row->next(); !there || !*there) return false;
         if (row->integer(meets) == 0) return true;
         const auto added = sorter.add(*row);
         return added && *added;
@@ -179,59 +166,41 @@ Result<std::unique_ptr<Rows>> Select::knownRows(std::size_t bound) const {
 }
 
 Result<bool> Select::addAll(const RowSorter::Columns& columns, RowSorter& sorter) const {
-    const auto lying = stretch();
-    if (!lying) return std::unexpected(lying.error());
-    auto rows = prepared([&](SqlWriter& writer) {
+    const auto lying = TRY(stretch());
+    auto rows = TRY(prepared([&](SqlWriter& writer) {
         writer.write("select ").writeFields(columns);
         writer.write(", rowid");
-        writeFrom(writer, *lying);
-    });
-    if (!rows) return std::unexpected(rows.error());
-    auto step = rows->step();
-    for (; step == Prepared::Step::Row; step = rows->step())
-        if (auto added = sorter.add(*rows); !added || !*added) return added;
-    if (step == Prepared::Step::Failed) return std::unexpected(m_connection->lastError());
+        writeFrom(writer, lying);
+    }));
+    while (TRY(rows.next()))
+        if (!TRY(sorter.add(rows))) return false;
     return true;
 }
 
 Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
-    const ReadTransaction oneState(*m_connection);
-    if (oneState.failure()) return std::unexpected(*oneState.failure());
+    const auto oneState = TRY(ReadTransaction::begin(*m_connection));
     const auto columns = RowSorter::columnsFor(statement());
     RowSorter sorter(statement(), columns, bound, RowSorter::Beyond::Refused);
-    const auto isWhole = addAll(columns, sorter);
-    if (!isWhole) return std::unexpected(isWhole.error());
-    return *isWhole ? std::optional(std::move(sorter).table()) : std::nullopt;
+    return TRY(addAll(columns, sorter)) ? std::optional(std::move(sorter).table()) : std::nullopt;
 }
 
 // Nothing where they can be sorted neither in memory nor in a file of ours; SQLite may know of another place.
 Result<std::unique_ptr<Rows>> Select::sortedRows(std::size_t bound) const {
-    if (auto known = knownRows(bound); !known || *known) return known;
+    if (auto known = TRY(knownRows(bound))) return known;
     const auto columns = RowSorter::columnsFor(statement());
     RowSorter sorter(statement(), columns, bound);
-    const auto isWhole = addAll(columns, sorter);
-    if (!isWhole) return std::unexpected(isWhole.error());
-    if (!*isWhole) return nullptr;
-    return std::move(sorter).rows();
-}
-
-Result<long long> Select::number(Result<Prepared> rows) const {
-    if (!rows) return std::unexpected(rows.error());
-    if (rows->step() != Prepared::Step::Row) return std::unexpected(m_connection->lastError());
-    return rows->integer(0);
+    return TRY(addAll(columns, sorter)) ? std::move(sorter).rows() : nullptr;
 }
 
 Result<long long> Select::count() const {
-    const ReadTransaction oneState(*m_connection);
-    if (oneState.failure()) return std::unexpected(*oneState.failure());
+    const auto oneState = TRY(ReadTransaction::begin(*m_connection));
     // Without a pattern the index alone may do.
     const bool readsRows = statement().where && triesPattern(*statement().where);
-    const auto lying = readsRows ? stretch() : std::optional<Stretch>();
-    if (!lying) return std::unexpected(lying.error());
-    return number(prepared([&](SqlWriter& writer) {
+    const auto lying = readsRows ? TRY(stretch()) : std::nullopt;
+    auto counted = TRY(prepared([&](SqlWriter& writer) {
         if (statement().groupBy.empty()) {
             writer.write("select count(*)");
-            return writeFrom(writer, *lying);
+            return writeFrom(writer, lying);
         }
         writer.write("select count(*) from (");
         if (isUnitList(statement())) {
@@ -243,6 +212,8 @@ Result<long long> Select::count() const {
         }
         writer.write(")");
     }));
+    TRY(counted.answer());
+    return counted.integer(0);
 }
 
 }  // namespace engine

@@ -52,7 +52,6 @@ class Select {
     [[nodiscard]] Result<bool> isOrderNeeded() const;
     void writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch = {}) const;
     [[nodiscard]] Result<std::optional<Stretch>> stretch() const;
-    [[nodiscard]] Result<long long> number(Result<Prepared> rows) const;
     // Both are false, with a sorter that is of no use, when they cannot give all rows.
     [[nodiscard]] bool addKnown(const KnownNames::Found& rowids, const RowSorter::Columns& columns,
                                 RowSorter& sorter) const;

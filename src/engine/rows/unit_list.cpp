@@ -20,22 +20,16 @@ Result<const UnitNames*> UnitList::namesFor(const Statement& statement) {
     m_names.reset();
     m_stretches.clear();
     if (!version) return std::unexpected(version.error());
-    auto names = read();
-    if (!names) return std::unexpected(names.error());
+    UnitNames names = TRY(read());
     m_version = *version;
-    return &m_names.emplace(std::move(*names));
+    return &m_names.emplace(std::move(names));
 }
 
 Result<UnitNames> UnitList::read() {
-    auto rows = m_connection.prepare(std::string(sql));
-    if (!rows) return std::unexpected(rows.error());
+    auto rows = TRY(m_connection.prepare(std::string(sql)));
     UnitNames names;
-    auto step = rows->step();
-    for (; step == Prepared::Step::Row; step = rows->step()) {
-        if (rows->isNull(0)) continue;
-        names.add(std::string(rows->text(0)));
-    }
-    if (step == Prepared::Step::Failed) return std::unexpected(m_connection.lastError());
+    while (TRY(rows.next()))
+        if (!rows.isNull(0)) names.add(std::string(rows.text(0)));
     return names;
 }
 

@@ -56,16 +56,15 @@ Result<> convert(std::string_view text, std::pmr::u16string& out) {
 }  // namespace
 
 Result<> appendSortKey(std::string& key, std::string_view text) {
-    const auto rules = collator();
-    if (!rules) return std::unexpected(rules.error());
+    const UCollator* const rules = TRY(collator());
     std::array<std::byte, 1024> stack;  // enough for a name
     std::pmr::monotonic_buffer_resource memory(stack.data(), stack.size());
     std::pmr::u16string wide(&memory);
-    if (auto converted = convert(text, wide); !converted) return converted;
+    TRY(convert(text, wide));
     const std::size_t begin = key.size();
     const auto fill = [&](std::size_t room) {
         key.resize(begin + room);
-        return ucol_getSortKey(*rules, wide.data(), static_cast<int32_t>(wide.size()),
+        return ucol_getSortKey(rules, wide.data(), static_cast<int32_t>(wide.size()),
                                reinterpret_cast<uint8_t*>(key.data() + begin), static_cast<int32_t>(room));
     };
     const std::size_t guess = 2 * wide.size() + 16;
