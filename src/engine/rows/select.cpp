@@ -77,6 +77,7 @@ void Select::writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch)
 Result<std::optional<Stretch>> Select::stretch() const {
     constexpr std::int64_t rowsPassedPerRowFound = 5;
     if (!statement().where) return std::nullopt;
+    if (isOfOneUnit()) return wholeTable;
     const Condition where = withUnitFirst(*statement().where, m_query.literals());
     const Condition* unit = unitTestOf(where);
     if (!unit) return std::nullopt;
@@ -195,7 +196,7 @@ Result<std::unique_ptr<Rows>> Select::sortedRows(std::size_t bound) const {
 Result<long long> Select::count() const {
     const auto oneState = TRY(ReadTransaction::begin(*m_connection));
     // Without a pattern the index alone may do.
-    const bool readsRows = statement().where && triesPattern(*statement().where);
+    const bool readsRows = statement().where && (triesPattern(*statement().where) || isOfOneUnit());
     const auto lying = readsRows ? TRY(stretch()) : std::nullopt;
     auto counted = TRY(prepared([&](SqlWriter& writer) {
         if (statement().groupBy.empty()) {

@@ -51,6 +51,8 @@ class Select {
     [[nodiscard]] Result<Prepared> prepared(Write write) const;
     [[nodiscard]] Result<bool> isOrderNeeded() const;
     void writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch = {}) const;
+    // A working copy is, and its index knows nothing else.
+    [[nodiscard]] bool isOfOneUnit() const { return m_connection->use() == Use::Scratch; }
     [[nodiscard]] Result<std::optional<Stretch>> stretch() const;
     // Both are false, with a sorter that is of no use, when they cannot give all rows.
     [[nodiscard]] bool addKnown(const KnownNames::Found& rowids, const RowSorter::Columns& columns,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <map>
 #include <optional>
 #include <string>
@@ -15,6 +16,8 @@ struct Stretch {
     std::int64_t firstRow = 0;
     std::int64_t lastRow = 0;
 };
+inline constexpr Stretch wholeTable{std::numeric_limits<std::int64_t>::min(),
+                                    std::numeric_limits<std::int64_t>::max()};
 
 // The units' names, read with one step through the index for each, kept until the file changes. Without them
 // a comparison of `disco`, which takes no notice of case, would be a pass over the table: 0.1 s for a million
