@@ -12,6 +12,7 @@ PathIndex::PathIndex(RowTable table, Levels levels) : m_table(std::move(table)) 
     const FieldPlaces places(m_table.fields());
     std::array<Value, columns.size()> values;
     m_ends.reserve(m_table.size());
+    m_paths.reserve(m_table.bytes());
     for (std::uint32_t row = 0; row < m_table.size(); ++row) {
         m_table.read(row, std::span(values).first(m_table.fields().size()));
         appendFolded(m_paths, values[places[Column::ruta]].text());

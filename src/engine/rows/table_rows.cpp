@@ -13,7 +13,7 @@ Result<> TableRows::moveNext() {
 Value TableRows::field(Column column) {
     const int place = m_places[column];
     if (place < 0) return {};
-    if (!m_isRead) m_table->read(rowAt(m_at), std::span(m_values).first(m_table->fields().size()));
+    if (!m_isRead) m_table->read(rowAt(m_at), std::span(m_values).first(m_shown));
     m_isRead = true;
     return m_values[place];
 }

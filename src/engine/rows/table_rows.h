@@ -18,7 +18,10 @@ class TableRows final : public Rows {
     // `shown` are the select's fields, the first ones of the table's. Without a selection all rows are shown.
     TableRows(std::shared_ptr<const RowTable> table, const std::vector<Column>& shown,
               std::shared_ptr<const Selection> selection = nullptr)
-        : m_table(std::move(table)), m_selection(std::move(selection)), m_places(shown) {}
+        : m_table(std::move(table)),
+          m_selection(std::move(selection)),
+          m_places(shown),
+          m_shown(shown.size()) {}
 
     [[nodiscard]] bool atEnd() const override { return m_at >= size(); }
     [[nodiscard]] Result<> moveNext() override;
@@ -32,6 +35,7 @@ class TableRows final : public Rows {
     std::shared_ptr<const RowTable> m_table;
     std::shared_ptr<const Selection> m_selection;
     FieldPlaces m_places;
+    std::size_t m_shown;
     std::size_t m_at = 0;
     bool m_isRead = false;
     std::array<Value, columns.size()> m_values;
