@@ -32,12 +32,8 @@ std::string hexadecimal(std::uint32_t number, int digits) {
     return {text, static_cast<std::size_t>(std::snprintf(text, sizeof text, "%0*x", digits, number))};
 }
 
-bool isStrayByte(char32_t c) {
-    return c >= engine::strayByteBase && c < engine::strayByteBase + 0x100;
-}
-
 void appendCharacterShown(std::string& out, char32_t c) {
-    if (isStrayByte(c))
+    if (engine::isStrayByte(c))
         out += "\\x" + hexadecimal(c - engine::strayByteBase, 2);
     else if (!isControl(c))
         return engine::appendCharacter(out, c);

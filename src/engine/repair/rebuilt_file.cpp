@@ -19,7 +19,7 @@ void makeReadable(std::string& text) {
     std::string readable;
     for (std::size_t at = 0; at < text.size();) {
         const char32_t character = nextCharacter(text, at);
-        const bool isByte = character == 0 || (character & ~0xFFU) == strayByteBase;
+        const bool isByte = character == 0 || isStrayByte(character);
         appendCharacter(readable, isByte ? escapeBase | (character & 0xFF) : character);
     }
     text = std::move(readable);

