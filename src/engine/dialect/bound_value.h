@@ -21,12 +21,8 @@ struct PatternText {
 // That of a `like`. The program joins names into the patterns for `ruta`, and into those that hold no star.
 [[nodiscard]] PatternText patternOf(const Condition& like, const std::vector<Literal>& literals);
 
-// A value no column ever holds; equal to nothing, and unlike null, unequal to every text.
-struct NoSuchValue {};
-
 // What is bound to one parameter. Texts are views into the literals or the unit names.
-using BoundValue =
-    std::variant<std::monostate, std::int64_t, double, std::string_view, PatternText, NoSuchValue>;
+using BoundValue = std::variant<std::monostate, std::int64_t, double, std::string_view, PatternText>;
 
 // A literal as a value of a column's type: text in a numeric column becomes its number, or null when it is
 // none.

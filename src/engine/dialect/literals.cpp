@@ -35,11 +35,6 @@ bool isWordCharacter(char c) {
     return kindOf(c) == Kind::Word || isDigit(c);
 }
 
-std::size_t endOfWord(std::string_view sql, std::size_t at) {
-    while (at < sql.size() && isWordCharacter(sql[at])) ++at;
-    return at;
-}
-
 std::size_t endOfNumber(std::string_view sql, std::size_t at) {
     const auto digits = [&] {
         while (at < sql.size() && isDigit(sql[at])) ++at;
@@ -164,6 +159,11 @@ Error syntaxError(std::string_view near) {
     std::string text = "Syntax error in the statement";
     if (!near.empty()) text += " near: " + std::string(near.substr(0, longest));
     return {error::syntaxInExpression, text};
+}
+
+std::size_t endOfWord(std::string_view sql, std::size_t at) {
+    while (at < sql.size() && isWordCharacter(sql[at])) ++at;
+    return at;
 }
 
 Result<> liftLiterals(std::string_view sql, LiftedStatement& out) {

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <list>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "engine/error.h"
@@ -33,6 +31,9 @@ struct LiftedStatement {
 // Lifts the literals of `sql`, which must outlive `out`. Fails on an unclosed quote, and on characters that
 // no statement has outside quotes.
 [[nodiscard]] Result<> liftLiterals(std::string_view sql, LiftedStatement& out);
+
+// Where the word ends that begins at `at`, which may be there already.
+[[nodiscard]] std::size_t endOfWord(std::string_view sql, std::size_t at);
 
 // The number that a text stands for: a point or a comma as decimal sign, blanks around it skipped.
 [[nodiscard]] std::optional<double> numberOf(std::string_view text);

@@ -40,34 +40,22 @@ Measure measureOf(const Condition& condition) {
     return isEquality ? Measure::Folded : Measure::Sorted;
 }
 
-struct Word {
-    std::string_view before;  // what it is compared with
+// The words before, between and behind what the first operand is compared with.
+struct Words {
+    Condition::Kind kind;
+    std::string_view before;
     std::string_view between = {};
     std::string_view behind = {};
 };
-
-Word wordOf(Condition::Kind kind) {
-    switch (kind) {
-        case Condition::Equal:
-            return {" = "};
-        case Condition::Unequal:
-            return {" <> "};
-        case Condition::Less:
-            return {" < "};
-        case Condition::LessOrEqual:
-            return {" <= "};
-        case Condition::Greater:
-            return {" > "};
-        case Condition::GreaterOrEqual:
-            return {" >= "};
-        case Condition::Between:
-            return {" between ", " and "};
-        case Condition::In:
-            return {" in (", ", ", ")"};
-        default:
-            return {" is null"};
-    }
-}
+constexpr Words comparisons[]{{Condition::Equal, " = "},
+                              {Condition::Unequal, " <> "},
+                              {Condition::Less, " < "},
+                              {Condition::LessOrEqual, " <= "},
+                              {Condition::Greater, " > "},
+                              {Condition::GreaterOrEqual, " >= "},
+                              {Condition::Between, " between ", " and "},
+                              {Condition::In, " in (", ", ", ")"},
+                              {Condition::IsNull, " is null"}};
 
 // What testing a row takes: the dearer tests stand behind. A pass over rows is mostly one over the rows of
 // the unit asked for, so that its test decides little.
@@ -89,21 +77,13 @@ void SqlWriter::writeValue(const BoundValue& value) {
 }
 
 void SqlWriter::writeOperand(const Operand& operand, Type type) {
-    switch (operand.kind) {
-        case Operand::Field:
-            m_sql += info(operand.column).name;
-            break;
-        case Operand::Null:
-            m_sql += "null";
-            break;
-        case Operand::Text:
-        case Operand::Number:
-            // A fraction compared with whole numbers stays one.
-            if (type == Type::Integer) type = Type::Real;
-            writeValue(
-                converted((*m_literals)[operand.literal], operand.negative, type, m_storage.emplace_back()));
-            break;
-    }
+    if (operand.kind == Operand::Field)
+        m_sql += info(operand.column).name;
+    else if (operand.kind == Operand::Null)
+        m_sql += "null";
+    else
+        writeValue(
+            converted((*m_literals)[operand.literal], operand.negative, type, m_storage.emplace_back()));
 }
 
 void SqlWriter::writeJoined(const Condition& condition, std::string_view word) {
@@ -138,14 +118,14 @@ void SqlWriter::writeCondition(const Condition& condition) {
 void SqlWriter::writeTest(const Condition& condition) {
     if (condition.kind == Condition::Like) return writeLike(condition);
     const auto& operands = condition.operands;
-    const auto [before, between, behind] = wordOf(condition.kind);
+    const Words& words = *std::ranges::find(comparisons, condition.kind, &Words::kind);
     writeCompared(condition, operands.front());
-    m_sql += before;
+    m_sql += words.before;
     for (std::size_t i = 1; i < operands.size(); ++i) {
-        if (i > 1) m_sql += between;
+        if (i > 1) m_sql += words.between;
         writeCompared(condition, operands[i]);
     }
-    m_sql += behind;
+    m_sql += words.behind;
 }
 
 void SqlWriter::writeLike(const Condition& condition) {
@@ -159,27 +139,23 @@ void SqlWriter::writeLike(const Condition& condition) {
 void SqlWriter::writeCompared(const Condition& condition, const Operand& operand) {
     const Measure measure = measureOf(condition);
     if (measure == Measure::Sorted) m_sql += "engine_sort_key(";
-    writeOperand(operand, typeOf(condition));
+    const Type type = typeOf(condition);
+    writeOperand(operand, type == Type::Integer ? Type::Real : type);  // a fraction stays one
     if (measure == Measure::Sorted) m_sql += ')';
     if (measure == Measure::Folded && &operand == &condition.operands.front())
         m_sql += " collate engine_folded";
 }
 
-// `disco` meets the condition when it is one of the spellings that do. A null meets none. Nothing is written
-// for another condition, and for one that more spellings meet than a statement should list.
+// `disco` meets the condition when it is one of the spellings that do; x'00' stands for none, since nothing
+// is `in ()`, but a null is `not in ()`. Nothing is written for another condition, and for one that more
+// spellings meet than a statement should list.
 bool SqlWriter::writeUnits(const Condition& condition) {
     constexpr std::size_t mostListed = 500;
     if (!UnitNames::decide(condition)) return false;
     const auto names = m_units->named(condition, *m_literals);
     if (names.size() > mostListed) return false;
-    const bool excluded = condition.kind == Condition::Unequal;
-    if (names.size() <= 1) {
-        m_sql += excluded ? "disco <> " : "disco = ";
-        if (names.empty()) writeValue(NoSuchValue{});
-        for (const std::string_view name : names) writeValue(name);
-        return true;
-    }
-    m_sql += excluded ? "disco not in (" : "disco in (";
+    m_sql += condition.kind == Condition::Unequal ? "disco not in (" : "disco in (";
+    if (names.empty()) m_sql += "x'00'";
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (i > 0) m_sql += ", ";
         writeValue(names[i]);
@@ -201,14 +177,11 @@ void SqlWriter::writeWhere(const Statement& statement) {
     writeCondition(withUnitFirst(*statement.where, *m_literals));
 }
 
-void SqlWriter::writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow) {
-    m_sql += " where rowid between ";
+void SqlWriter::writeStretch(std::int64_t firstRow, std::int64_t lastRow) {
+    m_sql += " and rowid between ";
     writeValue(firstRow);
     m_sql += " and ";
     writeValue(lastRow);
-    if (!statement.where) return;
-    m_sql += " and ";
-    writeCondition(withUnitFirst(*statement.where, *m_literals));
 }
 
 void SqlWriter::writeGroupBy(const Statement& statement) {
@@ -240,15 +213,8 @@ void SqlWriter::writeAssignments(const Statement& statement) {
         if (i > 0) m_sql += ", ";
         m_sql += info(column).name;
         m_sql += " = ";
-        writeAssigned(value, info(column).type);
+        writeOperand(value, info(column).type);
     }
-}
-
-void SqlWriter::writeAssigned(const Operand& value, Type type) {
-    if (value.kind == Operand::Text || value.kind == Operand::Number)
-        writeValue(converted((*m_literals)[value.literal], value.negative, type, m_storage.emplace_back()));
-    else
-        writeOperand(value, type);
 }
 
 void SqlWriter::writeInsert(const Statement& statement) {

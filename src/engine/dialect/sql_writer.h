@@ -30,9 +30,8 @@ class SqlWriter {
     }
     void writeFields(const std::vector<Column>& fields);
     void writeCondition(const Condition& condition);
-    void writeWhere(const Statement& statement);  // " where ..." or nothing
-    // The same for the rows between two rowids only.
-    void writeWhere(const Statement& statement, std::int64_t firstRow, std::int64_t lastRow);
+    void writeWhere(const Statement& statement);                     // " where ..." or nothing
+    void writeStretch(std::int64_t firstRow, std::int64_t lastRow);  // of rowids, behind a where
     void writeGroupBy(const Statement& statement);
     void writeOrderBy(const Statement& statement);
     void writeAssignments(const Statement& statement);  // " set ..." of an update
@@ -48,7 +47,6 @@ class SqlWriter {
     void writeLike(const Condition& condition);
     void writeCompared(const Condition& condition, const Operand& operand);
     void writeOperand(const Operand& operand, Type type);
-    void writeAssigned(const Operand& value, Type type);
     void writeValue(const BoundValue& value);
 
     const std::vector<Literal>* m_literals = nullptr;

@@ -4,18 +4,24 @@
 #include <utility>
 #include <vector>
 
-#include "engine/dialect/tokens.h"
 #include "engine/error.h"
 #include "engine/format.h"
 #include "engine/text/folding.h"
 
 namespace engine {
 
+struct Token {
+    enum Kind { Word, Text, Number, Sign, End };
+    Kind kind;
+    std::string_view text;  // a view into the shape; empty at the end
+    int literal = -1;       // of a Text or Number: which literal of the statement
+};
+
 // What every part of the parser reads with: the tokens of a shape, taken one by one. What is not there is not
 // taken, and gives false.
 class TokenReader {
   public:
-    explicit TokenReader(std::string_view shape) : m_tokens(tokensOf(shape)) {}
+    explicit TokenReader(std::string_view shape);
 
     [[nodiscard]] const Token& token(std::size_t ahead = 0) const { return m_tokens[m_at + ahead]; }
     [[nodiscard]] bool atSign(std::string_view sign) const {
@@ -56,7 +62,7 @@ class TokenReader {
     }
 
     static constexpr int deepestNesting = 64;
-    std::vector<Token> m_tokens;
+    std::vector<Token> m_tokens;  // the last one is always End
     std::size_t m_at = 0;
     int m_depth = 0;
 };

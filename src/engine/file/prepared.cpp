@@ -48,8 +48,6 @@ int Prepared::bound(int parameter, const BoundValue& value, Texts texts) {
         return sqlite3_bind_int64(get(), number, *integer);
     if (const auto* real = std::get_if<double>(&value)) return sqlite3_bind_double(get(), number, *real);
     if (const auto* pattern = std::get_if<PatternText>(&value)) return boundPattern(parameter, *pattern);
-    if (std::holds_alternative<NoSuchValue>(value))
-        return sqlite3_bind_blob(get(), number, "\0", 1, SQLITE_STATIC);
     return sqlite3_bind_null(get(), number);
 }
 

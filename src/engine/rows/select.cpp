@@ -65,11 +65,8 @@ Result<Prepared> Select::prepared(Write write) const {
 }
 
 void Select::writeFrom(SqlWriter& writer, const std::optional<Stretch>& stretch) const {
-    writer.write(" from datos");
-    if (stretch)
-        writer.write(" not indexed").writeWhere(statement(), stretch->firstRow, stretch->lastRow);
-    else
-        writer.writeWhere(statement());
+    writer.write(stretch ? " from datos not indexed" : " from datos").writeWhere(statement());
+    if (stretch) writer.writeStretch(stretch->firstRow, stretch->lastRow);
 }
 
 // A scan leaves the rows of a unit together. To pass over them costs a fifth of finding each one through the
