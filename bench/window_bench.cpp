@@ -19,7 +19,6 @@
 #include <ctime>
 #include <functional>
 
-#include "controls/link_label.h"
 #include "controls/pictures.h"
 #include "frame/menus.h"
 #include "search/search_panel.h"
@@ -76,9 +75,9 @@ void open(shell::Form1& window, const std::string& catalogue) {
 
 int scan(shell::Form1& window, const char* name) {
     window.surface().frame.menus.action(QStringLiteral("explore"))->trigger();
-    control<controls::ClickableLabel>(window, "Label19").click();
+    control<QPushButton>(window, "Label19").click();
     control<QLineEdit>(window, "Text3").setText(QString::fromUtf8(name));
-    timed(window, "scan", [&] { control<controls::ClickableLabel>(window, "Label20").click(); });
+    timed(window, "scan", [&] { control<QPushButton>(window, "Label20").click(); });
     return 0;
 }
 

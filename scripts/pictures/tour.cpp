@@ -11,7 +11,6 @@
 #include <QTimer>
 
 #include "controls/image_combo.h"
-#include "controls/link_label.h"
 #include "frame/menus.h"
 #include "frame/pointer.h"
 #include "lists/item_list.h"
@@ -75,7 +74,7 @@ class Tour {
     void choose(const char* entry) {
         m_window.surface().frame.menus.action(QString::fromUtf8(entry))->trigger();
     }
-    void click(const char* label) { find<controls::ClickableLabel>(label).click(); }
+    void click(const char* label) { find<QPushButton>(label).click(); }
     void type(const char* field, const QString& words) { find<QLineEdit>(field).setText(words); }
 
     void importDisc(const std::string& folder, core::Bilingual name);

@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <string>
 
-#include "controls/link_label.h"
 #include "controls/pictures.h"
 #include "frame/menus.h"
 #include "frame/pointer.h"
@@ -54,7 +53,7 @@ bool print(core::Language language, const QString& printerName) {
     choose("nuevo");
     window.importFolder(disc);
     window.findChild<QLineEdit*>(QStringLiteral("Text3"))->setText(QStringLiteral("Disc 1"));
-    window.findChild<controls::ClickableLabel*>(QStringLiteral("Label20"))->click();
+    window.findChild<QPushButton*>(QStringLiteral("Label20"))->click();
     controls::TreeView& tree = window.surface().treeView1;
     tree.setSelected(tree.nodes().firstChild(browse::noNode));
     emit tree.nodeClicked(tree.selected());

@@ -5,10 +5,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
 
 #include "controls/divider.h"
-#include "controls/link_label.h"
 #include "controls/step_buttons.h"
 #include "controls/value_button.h"
 
@@ -53,13 +51,6 @@ class AccessibleButton : public ToldOnce {
         state.pressed = button().isDown() || (valued && valued->isPressed());
         state.hasPopup = menuButton() != nullptr;
         return state;
-    }
-    // A button without a name of its own is called by what is written on it.
-    [[nodiscard]] QString text(QAccessible::Text which) const override {
-        QString told = ToldOnce::text(which);
-        if (which != QAccessible::Name || !told.isEmpty()) return told;
-        static const QRegularExpression mnemonic(QStringLiteral("&(.)"));
-        return button().text().replace(mnemonic, QStringLiteral("\\1"));
     }
     [[nodiscard]] QStringList actionNames() const override {
         QStringList names = ToldOnce::actionNames();
@@ -128,7 +119,6 @@ QAccessibleInterface* told(const QString&, QObject* object) {
         return new Unheard(widget);
     if (auto* combo = qobject_cast<QComboBox*>(object)) return new AccessibleCombo(combo);
     if (auto* button = qobject_cast<ValueButton*>(object)) return new AccessibleButton(button);
-    if (auto* button = qobject_cast<ClickableLabel*>(object)) return new AccessibleButton(button);
     if (auto* divider = qobject_cast<Divider*>(object)) return new ToldOnce(divider, QAccessible::Splitter);
     if (auto* steps = qobject_cast<UpDown*>(object)) return new ToldOnce(steps, QAccessible::SpinBox);
     auto* label = qobject_cast<QLabel*>(object);

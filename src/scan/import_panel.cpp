@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -13,7 +14,6 @@
 #include "controls/accessible.h"
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
-#include "controls/link_label.h"
 #include "controls/pictures.h"
 #include "controls/tab_strip.h"
 #include "core/text.h"
@@ -33,12 +33,12 @@ constexpr int directoryPane = 0;
 constexpr int manualPane = 1;
 constexpr core::Bilingual unitIsEmpty{"La unidad se encuentra vacia.", "The unit is empty."};
 
-controls::ClickableLabel* makeLabelButton(const char* objectName, const QIcon& icon) {
-    auto* label = named(new controls::ClickableLabel, objectName);
-    label->setIcon(icon);
+QPushButton* makeButton(const char* objectName, const QIcon& icon) {
+    auto* button = named(new QPushButton(icon, {}), objectName);
+    button->setAutoDefault(true);  // Enter clicks it
     // A click must not take the focus: a field that sends it on would undo the press.
-    label->setFocusPolicy(Qt::TabFocus);
-    return label;
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
 }
 
 // A key filter does not see what is pasted.
@@ -64,8 +64,8 @@ ImportPanel::ImportPanel(frame::Frame& frame, ImportEvents events, QWidget* pare
       m_Text4(named(new QLineEdit, "Text4")),
       m_Text11(named(new QLineEdit, "Text11")),
       m_ImageCombo4(named(new controls::ImageCombo, "ImageCombo4")),
-      m_Label19(makeLabelButton("Label19", controls::picture(3))),
-      m_Label20(makeLabelButton("Label20", controls::picture(16))),
+      m_Label19(makeButton("Label19", controls::picture(3))),
+      m_Label20(makeButton("Label20", controls::picture(16))),
       m_panes{makeDirectoryPane(), makeManualPane()},
       m_job(frame, std::move(events),
             {*m_panes[directoryPane], *m_Text3, *m_Text4, *m_Text11, *m_ImageCombo4, m_directory}) {
@@ -168,8 +168,8 @@ void ImportPanel::connectFields() {
 
     connect(m_TabStrip2, &QTabBar::tabBarClicked, this, &ImportPanel::showPane);
     connect(m_TabStrip2, &QTabBar::currentChanged, this, &ImportPanel::showPane);
-    connect(m_Label19, &controls::ClickableLabel::clicked, this, &ImportPanel::chooseDirectory);
-    connect(m_Label20, &controls::ClickableLabel::clicked, this, [this] { m_job.run(); });
+    connect(m_Label19, &QPushButton::clicked, this, &ImportPanel::chooseDirectory);
+    connect(m_Label20, &QPushButton::clicked, this, [this] { m_job.run(); });
 }
 
 void ImportPanel::fillKinds() {

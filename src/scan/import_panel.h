@@ -9,11 +9,11 @@
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QTabBar;
 class QVBoxLayout;
 
 namespace controls {
-class ClickableLabel;
 class ImageCombo;
 }  // namespace controls
 
@@ -57,8 +57,8 @@ class ImportPanel : public QWidget {
     QLineEdit* m_Text4;
     QLineEdit* m_Text11;
     controls::ImageCombo* m_ImageCombo4;
-    controls::ClickableLabel* m_Label19;
-    controls::ClickableLabel* m_Label20;
+    QPushButton* m_Label19;
+    QPushButton* m_Label20;
     QWidget* m_panes[2];  // Picture13
     ImportJob m_job;
 };

@@ -4,10 +4,10 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QPushButton>
 #include <cstdio>
 #include <utility>
 
-#include "controls/link_label.h"
 #include "core/catalogue_file.h"
 #include "core/text.h"
 #include "core/unit_name.h"
@@ -54,9 +54,9 @@ QString unitName(const QString& folder) {
 // Types and clicks what a user would on the import panel.
 void importFolder(Form1& window, const QString& name) {
     window.surface().frame.menus.action(QStringLiteral("explore"))->trigger();
-    window.findChild<controls::ClickableLabel*>(QStringLiteral("Label19"))->click();
+    window.findChild<QPushButton*>(QStringLiteral("Label19"))->click();
     window.findChild<QLineEdit*>(QStringLiteral("Text3"))->setText(name);
-    window.findChild<controls::ClickableLabel*>(QStringLiteral("Label20"))->click();
+    window.findChild<QPushButton*>(QStringLiteral("Label20"))->click();
 }
 
 void showUnit(Form1& window, const QString& disco) {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
-#include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
@@ -12,7 +11,6 @@
 
 #include "controls/image_combo.h"
 #include "controls/key_filter.h"
-#include "controls/link_label.h"
 #include "controls/pictures.h"
 #include "controls/tab_strip.h"
 #include "controls/tool_tip.h"
@@ -127,20 +125,6 @@ TEST(Tabs, FitTheirLettersWhenTheirPanelsFontChanges) {
     EXPECT_LT(strip.font().pointSize(), 40);
     panel.setFont(QFont("", 7));
     EXPECT_EQ(strip.font().pointSize(), 7);
-}
-
-TEST(Label, IsAButtonToMouseKeyboardAndScreenReader) {
-    ClickableLabel label("&Buscar");
-    label.show();
-    QSignalSpy clicks(&label, &ClickableLabel::clicked);
-    QTest::mouseClick(&label, Qt::LeftButton);
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) QTest::keyClick(&label, key);
-    EXPECT_EQ(clicks.count(), 4);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->role(), QAccessible::Button);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), "Buscar");
-    label.setEnabled(false);
-    QTest::mouseClick(&label, Qt::LeftButton);
-    EXPECT_EQ(clicks.count(), 4);
 }
 
 }  // namespace
