@@ -86,12 +86,13 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
                             const QModelIndex& place) {
     if (event->type() != QEvent::ToolTip || !place.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, place);
-    const bool cut = isCut(option, place);
-    if (cut)
-        QToolTip::showText(event->globalPos(), toolTipOf(place.data().toString()), view);
-    else
+    QString told = place.data(Qt::ToolTipRole).toString();
+    if (told.isEmpty() && isCut(option, place)) told = place.data().toString();
+    if (told.isEmpty())
         QToolTip::hideText();
-    return cut;
+    else
+        QToolTip::showText(event->globalPos(), toolTipOf(told), view);
+    return !told.isEmpty();
 }
 
 template <class Base>

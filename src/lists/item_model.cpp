@@ -1,5 +1,6 @@
 #include "lists/item_model.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "controls/list_view.h"
@@ -86,9 +87,21 @@ QVariant ItemModel::data(const QModelIndex& place, int role) const {
             return controls::picture(m_store.picture(position));
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(shown.alignment | Qt::AlignVCenter);
+        case Qt::ToolTipRole:
+            return column == 0 && showsWhereabouts() ? whereabouts(position) : QVariant();
         default:
             return {};
     }
+}
+
+bool ItemModel::showsWhereabouts() const {
+    return std::ranges::any_of(m_columns, [](const Column& column) { return column.number > SubItem::Ruta; });
+}
+
+QString ItemModel::whereabouts(std::size_t position) const {
+    const QString disco = qtext(m_store.subItem(position, SubItem::Disco));
+    return qtext(m_store.text(position)) + u'\n' + disco + u'\n' +
+           qtext(m_store.subItem(position, SubItem::Ruta));
 }
 
 QVariant ItemModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -47,6 +47,10 @@ class ItemModel : public QAbstractTableModel {
                                         Qt::MatchFlags flags) const override;
 
   private:
+    // In the search list: its last columns are often out of sight, and the views of icons have none.
+    [[nodiscard]] bool showsWhereabouts() const;
+    [[nodiscard]] QString whereabouts(std::size_t position) const;
+
     ItemStore m_store;
     int m_shown = 0;
     std::vector<Column> m_columns;

@@ -96,6 +96,8 @@ TEST_F(Searching, ANameSearchRemembersItsTextEachTime) {
     search("foto");
     EXPECT_EQ(listed(), (Names{"fotos", "foto1.jpg", "foto2.JPG"}));
     EXPECT_EQ(status(), " Folders found: 1  Files found: 2");
+    const QModelIndex first = control<lists::ItemList>("ListView2").model().index(0, 0);
+    EXPECT_EQ(first.data(Qt::ToolTipRole), "fotos\nFotos :\nE:\\fotos") << "where it lies";
     QTest::mouseClick(&control<QPushButton>("Label5"), Qt::LeftButton);
     EXPECT_EQ(name.count(), 2);
 
