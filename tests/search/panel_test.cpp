@@ -82,6 +82,9 @@ TEST_F(Searching, StepsGoByTenWithoutLimit) {
     QTest::keyClick(&steps, Qt::Key_Up);
     QTest::mouseClick(steps.findChild<QToolButton*>("stepUp"), Qt::LeftButton);
     EXPECT_EQ(field("Text6").text(), "32");
+    QKeyEvent other(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
+    static_cast<QObject&>(steps).event(&other);
+    EXPECT_FALSE(other.isAccepted()) << "what it stands on may want it";
 }
 
 TEST_F(Searching, ATabShowsItsPageAndGivesTheFocusBack) {
