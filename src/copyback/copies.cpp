@@ -16,7 +16,6 @@ namespace fs = std::filesystem;
 // The last `count` names of a path in drive form, joined as native ones. Paths that were found hold no "..".
 std::string lastFolders(std::string_view base, std::size_t count) {
     std::string path;
-    while (base.ends_with('\\')) base.remove_suffix(1);
     for (; count > 0 && !base.empty(); --count) {
         path.insert(0, '/' + platform::toDiskName(core::lastComponent(base)));
         const std::size_t at = base.rfind('\\');
