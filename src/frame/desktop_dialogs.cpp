@@ -11,18 +11,14 @@
 
 namespace frame {
 
+namespace {
+
+// Of "Text (*.x)|*.x|" the toolkit wants "Text (*.x)".
 QString toolkitFilter(const QString& filter) {
-    const QStringList parts = filter.split(u'|');
-    QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString description = parts[i];
-        const QString& patterns = parts[i + 1];
-        if (description.isEmpty() || patterns.isEmpty()) continue;
-        if (!description.endsWith(u')')) description += QStringLiteral(" (%1)").arg(patterns);
-        filters += description.replace(u';', u' ');
-    }
-    return filters.join(QStringLiteral(";;"));
+    return filter.section(u'|', 0, 0);
 }
+
+}  // namespace
 
 QString DesktopDialogs::run(QFileDialog& dialog, QString& folder) {
     if (!folder.isEmpty()) dialog.setDirectory(folder);

@@ -21,7 +21,4 @@ class DesktopDialogs : public Dialogs {
     QString m_chosenFolder;
 };
 
-// A filter of the form "Text (*.x)|*.x|" as Qt has it: "Text (*.x)", several ones joined by ";;".
-[[nodiscard]] QString toolkitFilter(const QString& filter);
-
 }  // namespace frame

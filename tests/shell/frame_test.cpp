@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "controls/value_button.h"
-#include "frame/desktop_dialogs.h"
 #include "frame/enabling.h"
 #include "frame/layout.h"
 #include "frame/status_band.h"
@@ -76,12 +75,6 @@ TEST(StatusBand, ALongLineTakesTheRoomThatNothingElseNeeds) {
     band.setText("  Files: 1");
     QApplication::processEvents();
     EXPECT_EQ(line.width(), 333);
-}
-
-TEST(Dialogs, FiltersTakeTheToolkitsForm) {
-    EXPECT_EQ(frame::toolkitFilter("Archivos de Zarquelin (*.zrq)|*.zrq|"), "Archivos de Zarquelin (*.zrq)");
-    EXPECT_EQ(frame::toolkitFilter("Text|*.a;*.b|All (*)|*|"), "Text (*.a *.b);;All (*)");
-    EXPECT_EQ(frame::toolkitFilter(""), "");
 }
 
 constexpr frame::LayoutInput usual{.width = 12000, .height = 8000, .divider = 3600};
