@@ -149,19 +149,6 @@ TEST(ItemStore, SizesSortAsNumbersAndDatesAsShown) {
     for (std::size_t at : {1, 2}) EXPECT_LE(store.subItem(at - 1, 4), store.subItem(at, 4));
 }
 
-TEST(ItemStore, HoldsAnOrdinaryItemInFarLessThanFourHundredBytes) {
-    ItemStore store;
-    constexpr int count = 20'000;
-    for (int added = 0; added < count; ++added) {
-        ListItem item = file("holiday picture " + std::to_string(added) + ".jpg", added);
-        item.ruta = "E:\\fotos\\2003\\folder " + std::to_string(added / 20);
-        store.add(item);
-    }
-    EXPECT_LT(store.bytesUsed(), 200U * count);
-    for (const std::size_t at : {0, 19, 20, count - 1})
-        EXPECT_EQ(store.subItem(at, SubItem::Ruta), "E:\\fotos\\2003\\folder " + std::to_string(at / 20));
-}
-
 TEST(ColumnSort, EachClickTurnsTheOrderOver) {
     const ItemStore::Sorting first = sortingAfterClick({}, 1);
     EXPECT_EQ(first, (ItemStore::Sorting{.on = true, .key = 7, .descending = true}));
