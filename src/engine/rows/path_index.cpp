@@ -14,6 +14,8 @@ PathIndex::PathIndex(RowTable table, Levels levels) : m_table(std::move(table)) 
     m_ends.reserve(m_table.size());
     m_paths.reserve(m_table.bytes());
     for (std::uint32_t row = 0; row < m_table.size(); ++row) {
+        constexpr std::uint32_t rowsAhead = 8;
+        if (row + rowsAhead < m_table.size()) m_table.fetchAhead(row + rowsAhead);
         m_table.read(row, std::span(values).first(m_table.fields().size()));
         appendFolded(m_paths, values[places[Column::ruta]].text());
         m_ends.push_back(m_paths.size());
