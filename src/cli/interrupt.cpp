@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "cli/progress.h"
+#include "platform/signals.h"
 #include "platform/temporary_file.h"
 
 namespace cli {
@@ -42,7 +43,8 @@ void handle(void (*handler)(int)) {
     struct sigaction action {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    for (const int number : watched) sigaction(number, &action, nullptr);
+    for (const int number : watched)
+        if (!platform::isSignalIgnored(number)) sigaction(number, &action, nullptr);
 }
 
 // The first signal raises the flag, and the second ends the program.

@@ -18,6 +18,7 @@
 #include <system_error>
 
 #include "mount/file_system.h"
+#include "platform/signals.h"
 
 namespace mount {
 namespace {
@@ -57,7 +58,7 @@ SessionHandle newSession(FileSystem& files) {
 }
 
 std::unexpected<std::string> failed() {
-    return std::unexpected(lastWord().empty() ? std::string("libfuse3") : lastWord());
+    return std::unexpected(lastWord());
 }
 
 // Until the folder is unmounted or a signal ends it. To be woken takes longer than most answers: a walk over
@@ -96,7 +97,8 @@ std::expected<void, std::string> Session::serve() const {
     FileSystem files(catalogue, folder);
     const SessionHandle session = newSession(files);
     // libfuse leaves a signal alone that the program has another handler for.
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM})
+        if (!platform::isSignalIgnored(signal)) std::signal(signal, SIG_DFL);
     if (!session || fuse_set_signal_handlers(session.get()) != 0) return failed();
     if (fuse_session_mount(session.get(), folder.c_str()) != 0) return failed();
 

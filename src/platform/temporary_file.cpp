@@ -22,6 +22,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/signals.h"
+
 namespace platform {
 namespace {
 
@@ -211,11 +213,8 @@ void removeTemporaries() {
 }
 
 void removeTemporariesOnSignals() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction before {};
-        if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;  // nohup
-        std::signal(signal, removeAndEnd);
-    }
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        if (!isSignalIgnored(signal)) std::signal(signal, removeAndEnd);
 }
 
 }  // namespace platform

@@ -219,6 +219,15 @@ TEST_F(Program, SaysThatItWasInterrupted) {
         ::close(held);
     }
     EXPECT_EQ(cliTells({"export", cat}).text, rows);
+
+    const std::string pipe = work / std::to_string(SIGINT);
+    const std::string line = "trap '' HUP; exec " ZARQUELIN_CLI " import '" + cat + "' '" + pipe + "'";
+    test::Program kept({"/bin/sh", "-c", line});
+    std::ofstream given(pipe);
+    kept.send(SIGHUP);
+    given << others;
+    given.close();
+    EXPECT_EQ(kept.wait(), 0) << "it was started to outlive its terminal";
 }
 
 TEST_F(Program, AnEmptyExportAndAFolderThatCannotBeReadHaveTheirStatus) {

@@ -62,6 +62,7 @@ class Program {
         const int output = open(conditions.output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         dup2(output, STDOUT_FILENO);
         dup2(output, STDERR_FILENO);
+        for (const int each : {SIGINT, SIGTERM, SIGHUP}) std::signal(each, SIG_DFL);
         for (const std::string& setting : conditions.environment) putenv(const_cast<char*>(setting.c_str()));
         execv(argv[0], argv.data());
         _exit(127);
