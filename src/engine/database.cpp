@@ -129,7 +129,7 @@ Result<> Database::followReplacement() {
 Result<> Database::BeginTrans() {
     return guarded([&]() -> Result<> {
         TRY(followReplacement());
-        return m_impl->connection->run("begin immediate");
+        return m_impl->connection->begin();
     });
 }
 

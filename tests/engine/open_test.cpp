@@ -89,7 +89,7 @@ TEST_F(OpenTest, ReadOnlyNeverWrites) {
     const std::string before = readFile(path);
     auto db = open(engine::Use::ReadOnly);
     EXPECT_EQ(errorOf(db, "delete * from datos"), engine::error::readOnly);
-    EXPECT_FALSE(db.BeginTrans() && db.Execute("update datos set comentario='x'"));
+    EXPECT_EQ(db.BeginTrans().error().number, engine::error::readOnly);
     EXPECT_EQ(count(db, "select * from datos where archivo like 'A'"), 1);
     EXPECT_EQ(readFile(path), before);
 }

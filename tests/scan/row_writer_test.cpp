@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include "core/inserts.h"
 #include "core/serial_date.h"
 #include "scan/catalogue_fixture.h"
@@ -71,6 +74,18 @@ TEST_F(Writing, WaitsBetweenItsTriesForALockedCatalogue) {
     database = catalogue.open();
     rows.insert(statement(3));
     EXPECT_EQ(rows.summary().lost, 10'002) << "nor does it try at once where a commit failed";
+}
+
+TEST_F(Writing, LetsOthersWriteBetweenTwoTransactions) {
+    std::atomic<bool> ended = false;
+    std::thread other([&] {
+        engine::Database database = catalogue.open();
+        for (int i = 0; i < 5; ++i) EXPECT_TRUE(database.Execute(statement(i)));
+        ended = true;
+    });
+    for (int i = 0; !ended; now += 1ms) rows.insert(statement(++i));
+    other.join();
+    EXPECT_EQ(rows.summary().lost, 0);
 }
 
 TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {

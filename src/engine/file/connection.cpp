@@ -2,6 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
+#include <thread>
+
 #include "engine/file/file_header.h"
 #include "engine/file/schema.h"
 #include "engine/file/sql_functions.h"
@@ -13,9 +16,21 @@ namespace engine {
 
 namespace {
 
-constexpr int busyMilliseconds = 1000;
+const int busyMilliseconds = 1000;
 // A commit waits for those who only read (another program's backup) and can wait for nothing else.
-constexpr int commitMilliseconds = 10'000;
+const int commitMilliseconds = 10'000;
+
+int waitAMillisecond(void* milliseconds, int waited) {
+    if (waited >= *static_cast<const int*>(milliseconds)) return 0;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return 1;  // try again
+}
+
+// Looks every millisecond whether the file is free: SQLite's own waiting soon looks ten times a second, and
+// misses the moments in which another program's long scan lets others write.
+void waitForOthers(sqlite3* database, const int& milliseconds) {
+    sqlite3_busy_handler(database, waitAMillisecond, const_cast<int*>(&milliseconds));
+}
 
 // A path that SQLite can take for nothing but a path (it knows "file:" and ":memory:").
 std::string plainPath(const std::string& path) {
@@ -109,7 +124,7 @@ Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
                                      sqliteFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     SqliteHandle handle(opened);
     if (code != SQLITE_OK) return std::unexpected(errorOfCode(code));
-    sqlite3_busy_timeout(opened, busyMilliseconds);
+    waitForOthers(opened, busyMilliseconds);
     sqlite3_progress_handler(opened, stepsBetweenSigns, giveSign, nullptr);
     distrustSchema(opened);
     if (const int failed = registerFunctions(opened); failed != SQLITE_OK)
@@ -162,10 +177,17 @@ bool Connection::isInTransaction() const {
     return isOpen() && sqlite3_get_autocommit(handle()) == 0;
 }
 
+// SQLite itself begins to read where a file cannot be written, and fails at the first change.
+Result<> Connection::begin() {
+    if (isOpen() && sqlite3_db_readonly(handle(), "main") != 0)
+        return std::unexpected(errorOfCode(SQLITE_READONLY));
+    return run("begin immediate");
+}
+
 Result<> Connection::commit() {
-    if (isOpen()) sqlite3_busy_timeout(handle(), commitMilliseconds);
+    if (isOpen()) waitForOthers(handle(), commitMilliseconds);
     auto committed = run("commit");
-    if (isOpen()) sqlite3_busy_timeout(handle(), busyMilliseconds);
+    if (isOpen()) waitForOthers(handle(), busyMilliseconds);
     return committed;
 }
 

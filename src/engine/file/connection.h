@@ -37,6 +37,7 @@ class Connection {
     // Whether the path leads to another file by now, which another program has put there.
     [[nodiscard]] bool isReplaced() const;
     [[nodiscard]] bool isInTransaction() const;
+    [[nodiscard]] Result<> begin();  // of a change, from which on nobody else can begin one
     [[nodiscard]] Result<> commit();
     void rollBack() noexcept;  // an open transaction, if there is one
 

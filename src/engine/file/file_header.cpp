@@ -50,8 +50,8 @@ Result<> checkMarks(const std::string& path, const FileMarks& marks) {
 
 Result<> checkCatalogueFile(const std::string& path) {
     struct stat status {};
-    if (path.empty() || ::stat(path.c_str(), &status) != 0) {
-        const bool absent = path.empty() || errno == ENOENT || errno == ENOTDIR;
+    if (::stat(path.c_str(), &status) != 0) {
+        const bool absent = errno == ENOENT || errno == ENOTDIR;
         return std::unexpected(
             Error{absent ? error::fileNotFound : error::cannotOpenFile, path + ": " + std::strerror(errno)});
     }
