@@ -7,8 +7,8 @@ namespace {
 
 constexpr core::Bilingual unknownCommand{"no existe esa orden", "there is no such command"};
 constexpr core::Bilingual unknownOption{"opción desconocida", "unknown option"};
-constexpr core::Bilingual missingValue{"falta el valor de una opción", "an option lacks its value"};
-constexpr core::Bilingual superfluousValue{"una opción no lleva valor", "an option takes no value"};
+constexpr core::Bilingual missingValue{"falta el valor", "lacks its value"};
+constexpr core::Bilingual superfluousValue{"no lleva valor", "takes no value"};
 constexpr core::Bilingual unknownLanguage{"--lang es \"es\" o \"en\"", "--lang is \"es\" or \"en\""};
 constexpr core::Bilingual noCommand{"falta la orden", "which command?"};
 constexpr core::Bilingual wrongOperands{"número de argumentos equivocado", "wrong number of arguments"};
@@ -28,14 +28,17 @@ class Parser {
                 takeOperand(word);
         }
         checkOperands();
-        if (m_error) return std::unexpected(UsageError{*m_error, m_result.language});
+        if (m_error)
+            return std::unexpected(UsageError{m_wrong, *m_error, m_result.command, m_result.language});
         return std::move(m_result);
     }
 
   private:
     // The first one counts; the words behind it may still choose the language.
-    void fail(core::Bilingual error) {
-        if (!m_error) m_error = error;
+    void fail(std::optional<std::string_view> word, core::Bilingual error) {
+        if (m_error) return;
+        m_error = error;
+        m_wrong = word;
     }
 
     void takeOperand(std::string_view word) {
@@ -44,7 +47,7 @@ class Parser {
             return;
         }
         m_result.command = findCommand(word);
-        if (!m_result.command) fail(unknownCommand);
+        if (!m_result.command) fail(word, unknownCommand);
     }
 
     // A single dash begins an operand, save where the command says otherwise.
@@ -58,16 +61,16 @@ class Parser {
         const std::string_view name = word.substr(0, equals);
         const Option* option = known(name);
         if (!option) {
-            fail(unknownOption);
+            fail(name, unknownOption);
         } else if (option->value.empty()) {
-            if (equals != word.npos) fail(superfluousValue);
+            if (equals != word.npos) fail(name, superfluousValue);
             store(name, "");
         } else if (equals != word.npos) {
             store(name, word.substr(equals + 1));
         } else if (m_next < m_words.size()) {
             store(name, m_words[m_next++]);
         } else {
-            fail(missingValue);
+            fail(name, missingValue);
         }
     }
 
@@ -99,7 +102,7 @@ class Parser {
         else if (value == "en")
             m_result.language = core::Language::English;
         else
-            fail(unknownLanguage);
+            fail(value, unknownLanguage);
     }
 
     void checkOperands() {
@@ -107,9 +110,9 @@ class Parser {
         const Command* command = m_result.command;
         const auto count = std::ssize(m_result.operands);
         if (!command)
-            fail(noCommand);
+            fail(std::nullopt, noCommand);
         else if (count < command->fewestOperands() || count > command->mostOperands())
-            fail(wrongOperands);
+            fail(command->name, wrongOperands);
     }
 
     std::span<const char* const> m_words;
@@ -117,6 +120,7 @@ class Parser {
     bool m_onlyOperands = false;
     Arguments m_result;
     std::optional<core::Bilingual> m_error;
+    std::optional<std::string> m_wrong;
 };
 
 }  // namespace

@@ -34,7 +34,9 @@ struct Arguments {
 
 // What is wrong with a command line, and the language that it asked for before going wrong.
 struct UsageError {
+    std::optional<std::string> subject;  // the word that is wrong, or the command that has too few or many
     core::Bilingual reason;
+    const Command* command;  // whose help is of use, if one was named
     std::optional<core::Language> language;
 };
 

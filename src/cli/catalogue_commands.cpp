@@ -26,7 +26,7 @@ int runNew(const Invocation& invocation) {
     if (std::filesystem::exists(std::filesystem::symlink_status(path, ignored)))
         return fail(UnusableCatalogue, path, alreadyThere.in(invocation.language));
     if (const auto created = core::createCatalogue(path); !created)
-        return fail(UnusableCatalogue, path, created.error().text);
+        return unusable(path, created.error(), invocation.language);
     return Done;
 }
 
@@ -36,14 +36,14 @@ int runCompact(const Invocation& invocation) {
     const std::string path = std::filesystem::absolute(invocation.arguments.operands[0], ignored);
     std::filesystem::current_path(std::filesystem::path(path).parent_path(), ignored);
     if (const auto compacted = core::compactCatalogue(path); !compacted)
-        return fail(UnusableCatalogue, path, compacted.error().text);
+        return unusable(path, compacted.error(), invocation.language);
     return Done;
 }
 
 int runRepair(const Invocation& invocation) {
     const std::string& path = invocation.arguments.operands[0];
     const auto repaired = core::repairCatalogue(path);
-    if (!repaired) return fail(UnusableCatalogue, path, repaired.error().text);
+    if (!repaired) return unusable(path, repaired.error(), invocation.language);
     if (repaired->empty()) return Done;
     return fail(Done, path, std::string(keptAs.in(invocation.language)) + *repaired);
 }
@@ -51,7 +51,7 @@ int runRepair(const Invocation& invocation) {
 int runCheck(const Invocation& invocation) {
     const std::string& path = invocation.arguments.operands[0];
     const auto check = core::checkCatalogue(path);
-    if (!check) return fail(UnusableCatalogue, path, check.error().text);
+    if (!check) return unusable(path, check.error(), invocation.language);
     const bool isSound = check->faults.empty();
     if (invocation.arguments.json)
         print(JsonLine()
@@ -77,7 +77,7 @@ int runBackup(const Invocation& invocation) {
             return fail(UnusableCatalogue, copy.native(), isNoCatalogue.in(invocation.language));
     }
     if (const auto made = core::backUpCatalogue(path, copy); !made)
-        return fail(UnusableCatalogue, path, made.error().text);
+        return unusable(path, made.error(), invocation.language);
     return Done;
 }
 

@@ -6,6 +6,7 @@
 
 #include "cli/output.h"
 #include "cli/progress.h"
+#include "core/failure.h"
 #include "core/text.h"
 #include "platform/qtext.h"
 
@@ -17,14 +18,23 @@ int fail(ExitStatus status, std::string_view reason) {
 }
 
 int fail(ExitStatus status, std::string_view subject, std::string_view reason) {
-    if (reason.starts_with(subject)) return fail(status, reason);  // names it already
-    return fail(status, std::string(subject) + ": " + std::string(reason));
+    if (!subject.empty() && reason.starts_with(subject)) return fail(status, reason);  // names it already
+    return fail(status, (subject.empty() ? "\"\"" : std::string(subject)) + ": " + std::string(reason));
 }
 
-std::optional<engine::Database> openCatalogue(const std::string& path, engine::Use use) {
+int unusable(const std::string& catalogue, const engine::Error& error, core::Language language) {
+    std::string reason = error.text;
+    if (reason.starts_with(catalogue + ": ")) reason.erase(0, catalogue.size() + 2);
+    if (language == core::Language::Spanish)
+        reason = std::string(core::failureSentence(error, language)) + " (" + reason + ')';
+    return fail(UnusableCatalogue, catalogue, reason);
+}
+
+std::optional<engine::Database> openCatalogue(const std::string& path, core::Language language,
+                                              engine::Use use) {
     auto database = engine::OpenDatabase(path, use);
     if (!database) {
-        fail(UnusableCatalogue, path, database.error().text);
+        unusable(path, database.error(), language);
         return std::nullopt;
     }
     return std::move(*database);

@@ -15,8 +15,13 @@ namespace cli {
 int fail(ExitStatus status, std::string_view subject, std::string_view reason);
 int fail(ExitStatus status, std::string_view reason);
 
+// Says why a catalogue cannot be used: in the engine's own English sentence, which stands in brackets behind
+// a plainer one in any other language.
+int unusable(const std::string& catalogue, const engine::Error& error, core::Language language);
+
 // Opens a catalogue, or says why it cannot be used and gives nothing.
-[[nodiscard]] std::optional<engine::Database> openCatalogue(const std::string& path, engine::Use use);
+[[nodiscard]] std::optional<engine::Database> openCatalogue(const std::string& path, core::Language language,
+                                                            engine::Use use);
 
 // True when every character of the text could be typed in a field that takes only `allowed`.
 [[nodiscard]] bool canBeTyped(std::string_view text, std::string_view allowed);

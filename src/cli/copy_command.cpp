@@ -28,7 +28,7 @@ struct Wanted {
 };
 std::expected<Wanted, int> wantedItems(const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
-    auto database = openCatalogue(operands[0], engine::Use::ReadOnly);
+    auto database = openCatalogue(operands[0], invocation.language, engine::Use::ReadOnly);
     if (!database) return std::unexpected(UnusableCatalogue);
     const auto disco = unitOperand(*database, operands[1], invocation);
     if (!disco) return std::unexpected(disco.error());
@@ -48,7 +48,7 @@ std::expected<Wanted, int> wantedItems(const Invocation& invocation) {
             continue;
         }
         auto items = copyback::itemsOf(*database, *place);
-        if (!items) return std::unexpected(fail(UnusableCatalogue, operands[0], items.error().text));
+        if (!items) return std::unexpected(unusable(operands[0], items.error(), invocation.language));
         std::ranges::move(*items, std::back_inserter(wanted.items));
     }
     if (wanted.status > NothingFound) return std::unexpected(wanted.status);  // a name that could be several
@@ -76,8 +76,7 @@ int runCopy(const Invocation& invocation) {
         if (end == copyback::Copies::End::NoMedium) away.push_back(core::drivePathOf(item.row));
         if (end == copyback::Copies::End::Failed) status = fail(NothingFound, copies.failure());
     }
-    for (const std::string& path : away)
-        status = fail(NothingFound, path, mediumAway.in(invocation.language));
+    for (const std::string& path : away) status = fail(NothingFound, path, mediumAway.in(invocation.language));
     return wasInterrupted() ? interrupted(invocation.language) : status;
 }
 

@@ -75,7 +75,7 @@ int runDuplicates(const Invocation& invocation) {
         return fail(WrongUsage, *least, wrongLeast.in(invocation.language));
 
     const std::string& catalogue = arguments.operands[0];
-    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     for (const std::string& name : arguments.values("--unit")) {
         auto disco = unitOperand(*database, name, invocation);
@@ -95,7 +95,7 @@ int runDuplicates(const Invocation& invocation) {
             paths.forPrograms(row);
         }
     });
-    if (!found) return fail(UnusableCatalogue, catalogue, found.error().text);
+    if (!found) return unusable(catalogue, found.error(), invocation.language);
     return paths.status(groups > 0);
 }
 

@@ -24,6 +24,8 @@ constexpr core::Bilingual unreadableFolder{"no se puede leer", "cannot be read"}
 constexpr core::Bilingual unknownKind{"--kind es mixed, audio, video, programs o games",
                                       "--kind is mixed, audio, video, programs or games"};
 
+constexpr core::Bilingual rowsLost{" filas perdidas", " rows lost"};
+
 // In the order of core::unitKinds.
 constexpr std::string_view kindNames[]{"mixed", "audio", "video", "programs", "games"};
 
@@ -38,10 +40,11 @@ int report(const scan::WalkResult& result, const scan::ScanRequest& request, con
                   .take());
     if (!result.readable)
         return fail(WrongUsage, request.directory, unreadableFolder.in(invocation.language));
-    if (result.writes.firstError)
-        return fail(
-            UnusableCatalogue, catalogue,
-            result.writes.firstError->text + " (" + std::to_string(result.writes.lost) + " rows lost)");
+    if (auto failed = result.writes.firstError) {
+        failed->text += "; " + std::to_string(result.writes.lost);
+        failed->text += rowsLost.in(invocation.language);
+        return unusable(catalogue, *failed, invocation.language);
+    }
     return result.stopped ? interrupted(invocation.language) : Done;
 }
 
@@ -56,14 +59,14 @@ int runScan(const Invocation& invocation) {
     if (!request.directory.empty() && !platform::FolderExists(request.directory))
         return fail(WrongUsage, request.directory, noFolder.in(invocation.language));
 
-    auto database = openCatalogue(catalogue, engine::Use::Catalogue);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     const auto refusal = scan::refusalOf(request, *database);
-    if (!refusal) return fail(UnusableCatalogue, catalogue, refusal.error().text);
+    if (!refusal) return unusable(catalogue, refusal.error(), invocation.language);
     if (*refusal) return fail(WrongUsage, (*refusal)->text.in(invocation.language));
 
     const auto start = scan::walkStart(request, *database, platform::Drives::current());
-    if (!start) return fail(UnusableCatalogue, catalogue, start.error().text);
+    if (!start) return unusable(catalogue, start.error(), invocation.language);
     const InterruptGuard interrupts;
     ScanProgress progress(invocation.language);
     scan::RowWriter rows(*database);
@@ -83,14 +86,14 @@ int runAdd(const Invocation& invocation) {
         if (!canBeTyped(typed, scan::allowedInNames))
             return fail(WrongUsage, typed, notTypeable.in(invocation.language));
 
-    auto database = openCatalogue(operands[0], engine::Use::Catalogue);
+    auto database = openCatalogue(operands[0], invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     const auto refusal = scan::refusalOf(unit, *database);
-    if (!refusal) return fail(UnusableCatalogue, operands[0], refusal.error().text);
+    if (!refusal) return unusable(operands[0], refusal.error(), invocation.language);
     if (*refusal) return fail(WrongUsage, (*refusal)->text.in(invocation.language));
     std::string tipo;
     if (const auto inserted = scan::insertManualUnit(unit, tipo, *database); !inserted)
-        return fail(UnusableCatalogue, operands[0], inserted.error().text);
+        return unusable(operands[0], inserted.error(), invocation.language);
     return Done;
 }
 

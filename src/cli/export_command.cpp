@@ -18,10 +18,10 @@ int runExport(const Invocation& invocation) {
     const bool csv = format == "csv";
 
     const std::string& catalogue = arguments.operands[0];
-    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     auto rows = database->OpenRecordset("select * from datos order by numero");
-    if (!rows) return fail(UnusableCatalogue, catalogue, rows.error().text);
+    if (!rows) return unusable(catalogue, rows.error(), invocation.language);
 
     const bool empty = rows->Eof() && !rows->error();
     const platform::Drives drives = csv ? platform::Drives() : platform::Drives::current();
@@ -31,7 +31,7 @@ int runExport(const Invocation& invocation) {
         core::readRow(*rows, row);
         print(csv ? csvRow(row) : jsonRow(row, drives));
     }
-    if (rows->error()) return fail(UnusableCatalogue, catalogue, rows->error()->text);
+    if (rows->error()) return unusable(catalogue, *rows->error(), invocation.language);
     return empty ? NothingFound : Done;
 }
 

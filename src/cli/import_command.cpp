@@ -30,7 +30,7 @@ int tell(const exchange::ImportFailure& failure, const Invocation& invocation) {
     const std::string line = in(lineWord) + std::to_string(failure.damage.line) + ": ";
     switch (failure.kind) {
         case Kind::Catalogue:
-            return fail(UnusableCatalogue, operands[0], failure.error.text);
+            return unusable(operands[0], failure.error, invocation.language);
         case Kind::Stopped:
             fail(NothingFound, in(stoppedImport));
             return statusOfInterrupt();
@@ -49,7 +49,7 @@ int runImport(const Invocation& invocation) {
     const auto format = arguments.value("--format");
     if (format && format != "csv" && format != "json")
         return fail(WrongUsage, *format, wrongFormat.in(invocation.language));
-    auto database = openCatalogue(arguments.operands[0], engine::Use::Catalogue);
+    auto database = openCatalogue(arguments.operands[0], invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(arguments.operands[1].c_str(), "rbe"));
     if (!file) return fail(WrongUsage, arguments.operands[1], cannotOpen.in(invocation.language));

@@ -36,7 +36,7 @@ engine::Result<long long> printRows(engine::Database& database, const std::strin
 
 int runList(const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
-    auto database = openCatalogue(operands[0], engine::Use::ReadOnly);
+    auto database = openCatalogue(operands[0], invocation.language, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
 
     const auto disco = unitOperand(*database, operands[1], invocation);
@@ -52,7 +52,7 @@ int runList(const Invocation& invocation) {
     long long count = 0;
     for (const std::string& select : {listing.folders, listing.files}) {
         const auto printed = printRows(*database, select, *disco, output);
-        if (!printed) return fail(UnusableCatalogue, operands[0], printed.error().text);
+        if (!printed) return unusable(operands[0], printed.error(), invocation.language);
         count += *printed;
     }
     return output.status(count > 0);

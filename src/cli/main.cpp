@@ -20,6 +20,8 @@
 
 namespace {
 
+constexpr core::Bilingual unwritten{"no se pudo escribir la salida", "the output could not be written"};
+
 // The option, else the language that the window runs in, else the desktop's.
 core::Language languageFor(std::optional<core::Language> option) {
     if (option) return *option;
@@ -76,13 +78,15 @@ int run(const cli::Arguments& arguments) {
 int runProgram(int argc, char** argv) {
     const auto arguments = cli::parse({argv + 1, argv + (argc > 0 ? argc : 1)});
     if (!arguments) {
-        const auto& [text, language] = arguments.error();
+        const auto& [subject, text, command, language] = arguments.error();
         const std::string reason(text.in(languageFor(language)));
-        return cli::fail(cli::WrongUsage, reason + " (zarquelin-cli --help)");
+        const std::string help = command ? std::string(command->name) + " --help" : "--help";
+        const std::string advice = reason + " (zarquelin-cli " + help + ')';
+        return subject ? cli::fail(cli::WrongUsage, *subject, advice) : cli::fail(cli::WrongUsage, advice);
     }
     const int status = run(*arguments);
-    if (!cli::finishOutput()) return cli::fail(cli::UnusableCatalogue, "the output could not be written");
-    return status;
+    if (cli::finishOutput()) return status;
+    return cli::fail(cli::UnusableCatalogue, unwritten.in(languageFor(arguments->language)));
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ std::string refusalOf(const std::string& folder, core::Language language) {
 
 int runMount(const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
-    if (!openCatalogue(operands[0], engine::Use::ReadOnly)) return UnusableCatalogue;
+    if (!openCatalogue(operands[0], invocation.language, engine::Use::ReadOnly)) return UnusableCatalogue;
     if (const auto refusal = refusalOf(operands[1], invocation.language); !refusal.empty())
         return fail(WrongUsage, operands[1], refusal);
     std::error_code ignored;

@@ -31,7 +31,8 @@ int runNote(const Invocation& invocation) {
     if (writes && !QUtf8StringView(operands[3]).isValidUtf8())
         return fail(WrongUsage, operands[3], notUtf8.in(invocation.language));
 
-    auto database = openCatalogue(operands[0], writes ? engine::Use::Catalogue : engine::Use::ReadOnly);
+    auto database = openCatalogue(operands[0], invocation.language,
+                                  writes ? engine::Use::Catalogue : engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     const auto disco = unitOperand(*database, operands[1], invocation);
     if (!disco) return disco.error();
@@ -45,7 +46,7 @@ int runNote(const Invocation& invocation) {
     if (stored) return Done;
     if (stored.error().number == engine::error::syntaxInExpression)
         return fail(WrongUsage, restricted.in(invocation.language));
-    return fail(UnusableCatalogue, operands[0], stored.error().text);
+    return unusable(operands[0], stored.error(), invocation.language);
 }
 
 constexpr Command noteTable[]{

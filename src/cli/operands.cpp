@@ -15,7 +15,7 @@ int told(const core::LookupFailure& failure, const std::string& catalogue, const
         case core::LookupFailure::Missing:
             return fail(NothingFound, name, missing.in(invocation.language));
         case core::LookupFailure::Unreadable:
-            return fail(UnusableCatalogue, catalogue, failure.error.text);
+            return unusable(catalogue, failure.error, invocation.language);
         case core::LookupFailure::Several:
             break;
     }

@@ -77,7 +77,7 @@ int explain(search::SearchRequest request, const Invocation& invocation) {
 // Prints what one catalogue holds; gives the status of what went wrong.
 int searchIn(const std::string& catalogue, search::SearchRequest request, bool isOnly, Printer& printer,
              const Invocation& invocation) {
-    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     std::string disco;
     if (const auto unit = invocation.arguments.value("--unit")) {
@@ -94,7 +94,7 @@ int searchIn(const std::string& catalogue, search::SearchRequest request, bool i
     const auto passes = search::passesOf(request, core::rotulos(invocation.language));
     search::FoundCounts counters;
     if (const auto done = runPasses(*database, passes, counters, printer); !done)
-        return fail(UnusableCatalogue, catalogue, done.error().text);
+        return unusable(catalogue, done.error(), invocation.language);
     return Done;
 }
 

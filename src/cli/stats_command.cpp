@@ -44,12 +44,12 @@ std::string plainTable(const stats::Statistics& statistics, core::Language langu
 int runStats(const Invocation& invocation) {
     const Arguments& arguments = invocation.arguments;
     const std::string& catalogue = arguments.operands[0];
-    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     const auto scope = scopeOf(*database, invocation);
     if (!scope) return scope.error();
     const auto statistics = stats::countScope(*database, *scope, stats::TotalLimit::None);
-    if (!statistics) return fail(UnusableCatalogue, catalogue, statistics.error().text);
+    if (!statistics) return unusable(catalogue, statistics.error(), invocation.language);
     if (statistics->totalarchivos < 1)
         return fail(NothingFound, arguments.operands[1], stats::noFiles.in(invocation.language));
     print(arguments.json ? jsonLine(*statistics) : plainTable(*statistics, invocation.language));

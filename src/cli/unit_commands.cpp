@@ -49,10 +49,10 @@ void printUnit(const core::Unit& unit, const Invocation& invocation) {
 
 int runUnits(const Invocation& invocation) {
     const std::string& catalogue = invocation.arguments.operands[0];
-    auto database = openCatalogue(catalogue, engine::Use::ReadOnly);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     const auto units = core::units(*database);
-    if (!units) return fail(UnusableCatalogue, catalogue, units.error().text);
+    if (!units) return unusable(catalogue, units.error(), invocation.language);
     for (const core::Unit& unit : *units) printUnit(unit, invocation);
     return units->empty() ? NothingFound : Done;
 }
@@ -65,7 +65,7 @@ std::expected<std::string, int> unitToChange(engine::Database& database, const I
     if (!disco) return disco;
     const auto all = core::unitNames(database);
     if (!all)
-        return std::unexpected(fail(UnusableCatalogue, invocation.arguments.operands[0], all.error().text));
+        return std::unexpected(unusable(invocation.arguments.operands[0], all.error(), invocation.language));
     if (std::ranges::count_if(*all, [&](const auto& other) { return engine::equalFolded(other, *disco); }) >
         1)
         return std::unexpected(fail(WrongUsage, name, differsInCase.in(invocation.language)));
@@ -78,27 +78,27 @@ int runRename(const Invocation& invocation) {
     const std::string& newName = invocation.arguments.operands[2];
     if (newName.empty() || !canBeTyped(newName, scan::allowedInNames))
         return fail(WrongUsage, newName, notTypeable.in(invocation.language));
-    auto database = openCatalogue(catalogue, engine::Use::Catalogue);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     const auto disco = unitToChange(*database, invocation);
     if (!disco) return disco.error();
     const bool sameUnit = engine::equalFolded(newName, core::unitName(*disco));
     const auto taken = scan::unitExists(*database, newName);
-    if (!taken) return fail(UnusableCatalogue, catalogue, taken.error().text);
+    if (!taken) return unusable(catalogue, taken.error(), invocation.language);
     if (!sameUnit && *taken) return fail(WrongUsage, newName, nameTaken.in(invocation.language));
     if (const auto renamed = core::renameUnit(*database, *disco, newName); !renamed)
-        return fail(UnusableCatalogue, catalogue, renamed.error().text);
+        return unusable(catalogue, renamed.error(), invocation.language);
     return Done;
 }
 
 int runDelete(const Invocation& invocation) {
     const std::string& catalogue = invocation.arguments.operands[0];
-    auto database = openCatalogue(catalogue, engine::Use::Catalogue);
+    auto database = openCatalogue(catalogue, invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
     const auto disco = unitToChange(*database, invocation);
     if (!disco) return disco.error();
     if (const auto deleted = core::deleteUnit(*database, *disco); !deleted)
-        return fail(UnusableCatalogue, catalogue, deleted.error().text);
+        return unusable(catalogue, deleted.error(), invocation.language);
     return Done;
 }
 

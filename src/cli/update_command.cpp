@@ -25,7 +25,7 @@ enum class Does { Compare, Update };
 int tell(const scan::RescanFailure& failure, const Invocation& invocation) {
     using Kind = scan::RescanFailure::Kind;
     const auto& operands = invocation.arguments.operands;
-    if (failure.kind == Kind::Catalogue) return fail(UnusableCatalogue, operands[0], failure.error.text);
+    if (failure.kind == Kind::Catalogue) return unusable(operands[0], failure.error, invocation.language);
     const int status = fail(failure.kind == Kind::NotFound ? NothingFound : WrongUsage, operands[1],
                             failure.reason.in(invocation.language));
     return failure.kind == Kind::Stopped ? statusOfInterrupt() : status;
@@ -65,8 +65,8 @@ int readAgain(const Invocation& invocation, Does does) {
         if (!platform::FolderExists(request.directory))
             return fail(WrongUsage, operands[2], noFolder.in(invocation.language));
     }
-    auto database =
-        openCatalogue(operands[0], does == Does::Update ? engine::Use::Catalogue : engine::Use::ReadOnly);
+    auto database = openCatalogue(operands[0], invocation.language,
+                                  does == Does::Update ? engine::Use::Catalogue : engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
     const auto disco = unitOperand(*database, operands[1], invocation);
     if (!disco) return disco.error();

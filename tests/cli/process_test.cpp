@@ -300,6 +300,8 @@ TEST_F(Program, TellsAnUnusableCatalogueByItsStatus) {
     engine::Transaction held(database);
     ASSERT_TRUE(held.begin());
     EXPECT_EQ(statusOf({"scan", cat, "Locked", disc}), 3);
+    EXPECT_EQ(cliTells({"units", "", "--lang", "es"}).text,
+              "zarquelin-cli: \"\": No existe. (No such file or directory)\n");
 }
 
 }  // namespace

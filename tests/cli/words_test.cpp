@@ -35,6 +35,7 @@ TEST(Arguments, RefusesWhatItDoesNotKnow) {
                                Words{"units", "a", "--json=yes"}, Words{"units", "a", "--lang"},
                                Words{"units", "a", "--lang", "fr"}, Words{"add", "a", "b", "c", "--kind"}})
         EXPECT_FALSE(parsed(words)) << (words.empty() ? "" : words.back());
+    EXPECT_EQ(parsed({"units", "a", "--kind=b"}).error().subject, "--kind");
     EXPECT_TRUE(parsed({"units", "--help"}));  // no operands needed
     EXPECT_TRUE(parsed({"-h"}));
     EXPECT_EQ(parsed({"--lang", "es", "units", "a"})->language, core::Language::Spanish);
