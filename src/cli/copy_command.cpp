@@ -16,8 +16,7 @@
 namespace cli {
 namespace {
 
-constexpr core::Bilingual mediumAway{"su medio no está en ninguna unidad de disco",
-                                     "its medium is in no drive"};
+constexpr core::Bilingual notFound{"no se encuentra en ninguna unidad de disco", "is found in no drive"};
 constexpr core::Bilingual handMade{"no es un archivo", "is no file"};
 
 // What all the paths name, and the status of those that name nothing. The catalogue is not held open while
@@ -76,7 +75,7 @@ int runCopy(const Invocation& invocation) {
         if (end == copyback::Copies::End::NoMedium) away.push_back(core::drivePathOf(item.row));
         if (end == copyback::Copies::End::Failed) status = fail(NothingFound, copies.failure());
     }
-    for (const std::string& path : away) status = fail(NothingFound, path, mediumAway.in(invocation.language));
+    for (const std::string& path : away) status = fail(NothingFound, path, notFound.in(invocation.language));
     return wasInterrupted() ? interrupted(invocation.language) : status;
 }
 

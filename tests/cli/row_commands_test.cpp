@@ -107,7 +107,7 @@ TEST_F(RowCommands, CopyScansTheDrivesAndReportsWhatIsMissing) {
     fs::remove(target + "/root.txt");
     const Outcome partly = run({"copy", "Fotos", "E:\\a\\it´s.txt", "E:\\a\\a", "E:\\root.txt", target});
     EXPECT_EQ(partly.status, cli::NothingFound);
-    EXPECT_TRUE(partly.errors.contains("E:\\a\\it´s.txt: its medium is in no drive")) << partly.errors;
+    EXPECT_TRUE(partly.errors.contains("E:\\a\\it´s.txt: is found in no drive")) << partly.errors;
     EXPECT_TRUE(fs::exists(target + "/root.txt"));
 
     EXPECT_EQ(run({"copy", "Fotos", "E:\\root.txt", target + "/gone"}).status, cli::WrongUsage);
@@ -139,8 +139,8 @@ TEST_F(RowCommands, CopyTakesFoldersWithTheirStructure) {
     const Outcome copied = run({"copy", "--recursive", "--no-clobber", "Fotos", "a", "root.txt", target});
     EXPECT_EQ(copied.status, cli::NothingFound);
     EXPECT_EQ(copied.errors,
-              "zarquelin-cli: E:\\a\\A.TXT: its medium is in no drive\n"
-              "zarquelin-cli: E:\\a\\..\\root.txt: its medium is in no drive\n");
+              "zarquelin-cli: E:\\a\\A.TXT: is found in no drive\n"
+              "zarquelin-cli: E:\\a\\..\\root.txt: is found in no drive\n");
     EXPECT_EQ(test::readFile(target + "/a/it's.txt") + test::readFile(target + "/a/it´s.txt"), "it'sit´s");
     EXPECT_EQ(test::readFile(target + "/a/it's \xff/deep") + test::readFile(target + "/root.txt"),
               "deepmine");
