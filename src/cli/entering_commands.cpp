@@ -65,6 +65,8 @@ int runScan(const Invocation& invocation) {
     if (!refusal) return unusable(catalogue, refusal.error(), invocation.language);
     if (*refusal) return fail(WrongUsage, (*refusal)->text.in(invocation.language));
 
+    if (const auto writable = scan::canWrite(*database); !writable)
+        return unusable(catalogue, writable.error(), invocation.language);
     const auto start = scan::walkStart(request, *database, platform::Drives::current());
     if (!start) return unusable(catalogue, start.error(), invocation.language);
     const InterruptGuard interrupts;
@@ -88,12 +90,17 @@ int runAdd(const Invocation& invocation) {
 
     auto database = openCatalogue(operands[0], invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
+    engine::Transaction whole(*database);  // two at once must not take one name
+    if (const auto begun = whole.begin(); !begun)
+        return unusable(operands[0], begun.error(), invocation.language);
     const auto refusal = scan::refusalOf(unit, *database);
     if (!refusal) return unusable(operands[0], refusal.error(), invocation.language);
     if (*refusal) return fail(WrongUsage, (*refusal)->text.in(invocation.language));
     std::string tipo;
     if (const auto inserted = scan::insertManualUnit(unit, tipo, *database); !inserted)
         return unusable(operands[0], inserted.error(), invocation.language);
+    if (const auto kept = whole.commit(); !kept)
+        return unusable(operands[0], kept.error(), invocation.language);
     return Done;
 }
 

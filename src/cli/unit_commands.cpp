@@ -80,6 +80,9 @@ int runRename(const Invocation& invocation) {
         return fail(WrongUsage, newName, notTypeable.in(invocation.language));
     auto database = openCatalogue(catalogue, invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
+    engine::Transaction whole(*database);  // or another program's new unit could be merged with this one
+    if (const auto begun = whole.begin(); !begun)
+        return unusable(catalogue, begun.error(), invocation.language);
     const auto disco = unitToChange(*database, invocation);
     if (!disco) return disco.error();
     const bool sameUnit = engine::equalFolded(newName, core::unitName(*disco));
@@ -88,6 +91,8 @@ int runRename(const Invocation& invocation) {
     if (!sameUnit && *taken) return fail(WrongUsage, newName, nameTaken.in(invocation.language));
     if (const auto renamed = core::renameUnit(*database, *disco, newName); !renamed)
         return unusable(catalogue, renamed.error(), invocation.language);
+    if (const auto kept = whole.commit(); !kept)
+        return unusable(catalogue, kept.error(), invocation.language);
     return Done;
 }
 

@@ -123,6 +123,7 @@ Rescanned<UnitChanges> compareUnit(engine::Database& database, const RescanReque
 Rescanned<UnitChanges> updateUnit(engine::Database& database, const RescanRequest& request,
                                   const platform::Drives& drives, WalkObserver& observer,
                                   const std::function<bool()>& stopped) {
+    if (const auto writable = canWrite(database); !writable) return failure(writable.error());
     auto found = [&]() -> Rescanned<FoundUnit> {
         const auto stored = storedUnit(database, request.disco);
         if (!stored) return std::unexpected(stored.error());

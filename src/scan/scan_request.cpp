@@ -21,6 +21,11 @@ engine::Result<bool> unitExists(engine::Database& database, const std::string& n
     return exists;
 }
 
+engine::Result<> canWrite(engine::Database& database) {
+    engine::Transaction tried(database);
+    return tried.begin();
+}
+
 engine::Result<std::int64_t> lastNumero(engine::Database& database) {
     auto rows = database.OpenRecordset("select * from datos order by numero");
     if (!rows) return std::unexpected(rows.error());

@@ -26,6 +26,10 @@ struct ScanRequest {
 // True when the catalogue has rows of a unit of that name.
 [[nodiscard]] engine::Result<bool> unitExists(engine::Database& database, const std::string& name);
 
+// Why no rows can be written now (another program writes, the file is read-only), if none can: to be asked
+// before a walk, which may take an hour.
+[[nodiscard]] engine::Result<> canWrite(engine::Database& database);
+
 // The number of rows of the catalogue: the `numero` after which a new unit counts on.
 [[nodiscard]] engine::Result<std::int64_t> lastNumero(engine::Database& database);
 

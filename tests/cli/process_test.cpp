@@ -299,7 +299,8 @@ TEST_F(Program, TellsAnUnusableCatalogueByItsStatus) {
     auto database = engine::OpenDatabase(cat).value();
     engine::Transaction held(database);
     ASSERT_TRUE(held.begin());
-    EXPECT_EQ(statusOf({"scan", cat, "Locked", disc}), 3);
+    EXPECT_EQ(cliTells({"scan", cat, "Locked", disc, "--lang", "es"}).text,
+              "zarquelin-cli: " + cat + ": Otro programa lo está usando. (database is locked)\n");
     EXPECT_EQ(cliTells({"units", "", "--lang", "es"}).text,
               "zarquelin-cli: \"\": No existe. (No such file or directory)\n");
 }
