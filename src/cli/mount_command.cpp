@@ -19,17 +19,28 @@ namespace fs = std::filesystem;
 
 constexpr core::Bilingual notAFolder{"no es una carpeta", "is no folder"};
 constexpr core::Bilingual notEmpty{"no está vacía", "is not empty"};
-constexpr core::Bilingual notMounted{"no se puede montar: ", "cannot be mounted: "};
+constexpr core::Bilingual notMounted{"no se puede montar", "cannot be mounted"};
+constexpr core::Bilingual leftBehind{"quedó de un programa que fue eliminado; fusermount3 -u la libera",
+                                     "was left by a program that was killed; fusermount3 -u frees it"};
 
 // Why a catalogue cannot be shown in the folder; empty when it can.
 std::string refusalOf(const std::string& folder, core::Language language) {
     std::error_code failed;
     const fs::file_status status = fs::status(folder, failed);
+    if (failed == std::errc::not_connected) return std::string(leftBehind.in(language));
     if (failed && status.type() != fs::file_type::not_found) return failed.message();
     if (!fs::is_directory(status)) return std::string(notAFolder.in(language));
     const bool empty = fs::is_empty(folder, failed);
     if (failed) return failed.message();
     return empty ? std::string() : std::string(notEmpty.in(language));
+}
+
+// A way to the catalogue through the folder itself ("../discs.zrq" in it) would be the mount's own to answer.
+// The file's name stays, which may be a link that is set anew.
+std::string besideTheMount(const std::string& catalogue) {
+    std::error_code ignored;
+    const fs::path path = fs::absolute(catalogue, ignored);
+    return fs::canonical(path.parent_path(), ignored) / path.filename();
 }
 
 int runMount(const Invocation& invocation) {
@@ -38,11 +49,12 @@ int runMount(const Invocation& invocation) {
     if (const auto refusal = refusalOf(operands[1], invocation.language); !refusal.empty())
         return fail(WrongUsage, operands[1], refusal);
     std::error_code ignored;
-    const mount::Session session{fs::absolute(operands[0], ignored), fs::canonical(operands[1], ignored),
+    const mount::Session session{besideTheMount(operands[0]), fs::canonical(operands[1], ignored),
                                  invocation.arguments.has("-f")};
-    if (const auto served = session.serve(); !served)
-        return fail(WrongUsage, operands[1],
-                    std::string(notMounted.in(invocation.language)) + served.error());
+    if (const auto served = session.serve(); !served) {
+        const std::string why = served.error().empty() ? "" : ": " + served.error();
+        return fail(WrongUsage, operands[1], std::string(notMounted.in(invocation.language)) + why);
+    }
     return Done;
 }
 
