@@ -305,4 +305,23 @@ TEST_F(Program, TellsAnUnusableCatalogueByItsStatus) {
               "zarquelin-cli: \"\": No existe. (No such file or directory)\n");
 }
 
+#ifndef __SANITIZE_ADDRESS__
+// From where the libraries find no room up to where the command does its work.
+TEST_F(Program, EndsWithOneLineWhereThereIsTooLittleMemory) {
+    const std::string told = work / "told";
+    int status = -1, refused = 0;
+    for (int kilobytes = 30'000; status != 0 && kilobytes < 200'000; kilobytes += 500) {
+        const std::string limited = "ulimit -v " + std::to_string(kilobytes) + R"(; exec "$0" check "$1")";
+        status = test::statusOf({"/bin/sh", "-c", limited, ZARQUELIN_CLI, cat}, {.output = told});
+        if (status == 127) continue;  // the loader
+        refused += status == 3;
+        if (status != 0) {
+            EXPECT_EQ(test::readFile(told), "zarquelin-cli: not enough memory\n") << status;
+        }
+    }
+    EXPECT_EQ(status, 0);
+    EXPECT_GT(refused, 0);
+}
+#endif
+
 }  // namespace
