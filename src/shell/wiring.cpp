@@ -120,6 +120,9 @@ void Form1::connectControls() {
 
     connect(controls.treeView1, &TreeView::nodeClicked, this, [&](int node) { parts.nodeClick.click(node); });
     connect(controls.treeView1, &TreeView::mousePressed, this, &Form1::treePressed);
+    const auto* menuKey = new QShortcut(Qt::Key_F10, this);  // the menus' captions have no letters to press
+    connect(menuKey, &QShortcut::activated, this,
+            [menus = controls.menus] { menus->setActiveAction(menus->action(QStringLiteral("archivos"))); });
     const auto* deleteKey =
         new QShortcut(QKeySequence::Delete, controls.treeView1, nullptr, nullptr, Qt::WidgetShortcut);
     connect(deleteKey, &QShortcut::activated, this, [&] { parts.maintenance.borrarunidad(); });

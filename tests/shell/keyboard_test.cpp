@@ -93,6 +93,9 @@ TEST_F(Keyboard, TabGoesRoundTheSearchAndPassesWhatItCovers) {
     choose("explorar");
     key(Qt::Key_Tab);
     EXPECT_TRUE(isIn("ListView1"));
+    key(Qt::Key_F10);
+    EXPECT_EQ(frame().menus.activeAction(), frame().menus.action("archivos"));
+    frame().menus.action("archivos")->menu()->close();
 }
 
 }  // namespace
