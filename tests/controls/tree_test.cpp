@@ -87,6 +87,9 @@ TEST_F(TreeTest, KeysDoWhatTheMouseDoes) {
     tree.editLabel(one);
     QTest::keyClick(tree.viewport()->findChild<QLineEdit*>(), Qt::Key_Return);
     EXPECT_EQ(clicked(), Nodes{}) << "Enter ends the edit and clicks nothing";
+    tree.setSelected(noNode);
+    QTest::keyClick(&tree, Qt::Key_Home);
+    EXPECT_EQ(clicked(), Nodes{one});
 }
 
 // Views are told of a closed node's first child only.
