@@ -20,9 +20,12 @@ void makeWritable(const std::string& path) {
 
 }  // namespace
 
+std::string templatePath() {
+    return platform::programFolder() + "/original.ejm";
+}
+
 engine::Result<> createCatalogue(const std::string& path) {
-    const std::string original = platform::programFolder() + '/' + std::string(templateName);
-    if (auto copied = backUpCatalogue(original, path); !copied) return copied;
+    if (auto copied = backUpCatalogue(templatePath(), path); !copied) return copied;
     makeWritable(path);
     return {};
 }

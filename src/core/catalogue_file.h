@@ -9,9 +9,10 @@ namespace core {
 
 // The catalogue's files. All paths are native.
 
-inline constexpr std::string_view templateName = "original.ejm";     // beside the executable
 inline constexpr std::string_view scratchName = "temp.ejm";          // beside the catalogue
 inline constexpr std::string_view compactedName = "compactada.zrq";  // in the current directory
+
+[[nodiscard]] std::string templatePath();  // "original.ejm" beside the executable
 
 // A new catalogue is a copy of the template, replacing whatever is at `path`.
 [[nodiscard]] engine::Result<> createCatalogue(const std::string& path);

@@ -50,7 +50,12 @@ void CatalogueActions::openStateChange() {
     m_surface.contadores = {};
 }
 
-void CatalogueActions::reportFailure(const std::string& path, const engine::Error& error) {
+// What does not exist is what was to be copied.
+void CatalogueActions::reportFailure(const std::string& source, const std::string& path,
+                                     const engine::Error& error) {
+    if (error.number == engine::error::fileNotFound)
+        return m_surface.frame.messages.show(
+            qtext(core::failureMessage(source, error, m_surface.frame.idioma)));
     m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) +
                                   QFile::decodeName(path.c_str()) + QStringLiteral("\n") +
                                   qtext(core::failureSentence(error, m_surface.frame.idioma)));
@@ -64,7 +69,7 @@ void CatalogueActions::nuevo1() {
         const std::string path = nativePath(chosen);
         m_switching.endScan();
         if (const auto created = core::createCatalogue(path); !created) {
-            reportFailure(path, created.error());
+            reportFailure(core::templatePath(), path, created.error());
             return;
         }
         m_surface.frame.catalogue.setPath(path);
@@ -138,7 +143,7 @@ void CatalogueActions::guardar() {
     }();
     if (!copied) {
         // The catalogue stays the old one, also when it was to be copied onto itself.
-        reportFailure(path, copied.error());
+        reportFailure(catalogue.path(), path, copied.error());
         return;
     }
     catalogue.saveLast(path);

@@ -31,7 +31,7 @@ class CatalogueActions {
     void clearSurface();
     void hidePanels();
     void openStateChange();  // up to, but without, Inicio
-    void reportFailure(const std::string& path, const engine::Error& error);
+    void reportFailure(const std::string& source, const std::string& path, const engine::Error& error);
 
     browse::Surface& m_surface;
     browse::Opening& m_opening;
