@@ -103,6 +103,7 @@ ListPane<Base>::ListPane(ListView* owner) : Base(owner), m_owner(owner), m_rows(
     this->setEditTriggers(QAbstractItemView::NoEditTriggers);
     this->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     this->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    this->setTextElideMode(Qt::ElideMiddle);  // the ending of a name stays
 }
 
 template <class Base>
@@ -193,7 +194,6 @@ ReportView::ReportView(ListView* owner) : ListPane(owner) {
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
-    setTextElideMode(Qt::ElideMiddle);  // the ending of a name stays
     setIconSize({smallIcon, smallIcon});
     header()->setSectionsClickable(true);
     header()->setSectionsMovable(false);
