@@ -69,6 +69,8 @@ int runScan(const Invocation& invocation) {
         return unusable(catalogue, writable.error(), invocation.language);
     const auto start = scan::walkStart(request, *database, platform::Drives::current());
     if (!start) return unusable(catalogue, start.error(), invocation.language);
+    if (start->drivePath.empty())
+        return fail(WrongUsage, request.directory, scan::inNoDrive.in(invocation.language));
     const InterruptGuard interrupts;
     ScanProgress progress(invocation.language);
     scan::RowWriter rows(*database);

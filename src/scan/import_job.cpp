@@ -66,8 +66,9 @@ void ImportJob::catalogueDirectory() {
         database ? refusalOf(request, *database) : refusalOf(request);
     const engine::Result<WalkStart> start =
         database ? walkStart(request, *database, platform::Drives::current()) : WalkStart();
-    // A catalogue that cannot be read gets no unit.
-    if (!refusal || isRefused(*refusal) || !database || !start) {
+    // A catalogue that cannot be read gets no unit, and neither does a folder that no drive letter leads to.
+    if (!refusal || isRefused(*refusal) || !database || !start ||
+        (start->drivePath.empty() && isRefused(&scan::refusal::scanWithoutDirectory))) {
         m_fields.Text3.clear();  // the typed name too
         m_fields.Text4.clear();
         return close(database);

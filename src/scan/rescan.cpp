@@ -100,6 +100,7 @@ Rescanned<FoundUnit> readMedium(const UnitRows& stored, const RescanRequest& req
         directory = *medium;
     }
     WalkStart start = walkStart({{}, directory, request.exclusion}, drives);
+    if (start.drivePath.empty()) return failure(Kind::Refused, inNoDrive);
     start.disco = stored.disco();
     FoundUnit found{UnitRows(core::withoutApostrophes(start.drivePath), stored.disco()), {}};
     Collector collector(found, observer);

@@ -17,6 +17,9 @@ struct ScanRequest {
     Exclusion exclusion{};
 };
 
+inline constexpr core::Bilingual inNoDrive{"no está en ninguna unidad con letra (vea ZARQUELIN_DRIVES)",
+                                           "lies in no drive with a letter (see ZARQUELIN_DRIVES)"};
+
 // A field that is empty, as a reason not to scan.
 [[nodiscard]] const UnitRefusal* refusalOf(const ScanRequest& request);
 // The first reason not to scan; nullptr to go ahead. Fails where the catalogue cannot be read.
@@ -33,7 +36,8 @@ struct ScanRequest {
 // The number of rows of the catalogue: the `numero` after which a new unit counts on.
 [[nodiscard]] engine::Result<std::int64_t> lastNumero(engine::Database& database);
 
-// Where the walk of a request begins.
+// Where the walk of a request begins: with an empty drivePath when no drive letter leads there, so that rows
+// could not tell where they belong.
 [[nodiscard]] WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives);
 // The same, with the number that its rows count on from.
 [[nodiscard]] engine::Result<WalkStart> walkStart(const ScanRequest& request, engine::Database& database,

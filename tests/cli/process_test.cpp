@@ -106,7 +106,8 @@ TEST_F(Program, TellsWhatAnUpdateChanges) {
     EXPECT_EQ(cliTells({"compare", cat, "Fotos", "--exclude", "[ab]ño"}).text,
               "- Año\n- Año/sub\n- Año/uno.txt\n");
     EXPECT_EQ(statusOf({"update", cat, "Nada"}), 1);
-    EXPECT_EQ(statusOf({"update", cat, "Fotos", work / "missing"}), 2);
+    for (const char* elsewhere : {"missing", "."})
+        EXPECT_EQ(statusOf({"update", cat, "Fotos", work / elsewhere}), 2);
     EXPECT_EQ(statusOf({"update", work / "missing.zrq", "Fotos"}), 3);
 }
 
@@ -280,6 +281,7 @@ TEST_F(Program, TellsWrongUsageByItsStatus) {
         std::ranges::replace(words, "DISC", disc);
         EXPECT_EQ(statusOf(words), 2) << wrong;
     }
+    EXPECT_EQ(statusOf({"scan", cat, "N", work.path()}), 2) << "no drive letter leads there";
     EXPECT_EQ(statusOf({"units", cat}), 1);  // and none of these has left a unit
 }
 

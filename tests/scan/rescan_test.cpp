@@ -181,6 +181,8 @@ TEST_F(Rescan, TakesNoAbsentMediumForAnEmptyOne) {
     expectFailure(Kind::NotFound);
     discs.insert('E', "other");
     expectFailure(Kind::NotFound);
+    expectFailure(Kind::Refused, discs.disc("in no drive"));
+    discs.insert('G', "empty");
     expectFailure(Kind::NotFound, discs.disc("empty"));
     expectFailure(Kind::NotFound, discs.disc("other") + "/nowhere");
 
