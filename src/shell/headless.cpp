@@ -6,11 +6,14 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "core/catalogue_file.h"
 #include "core/text.h"
 #include "core/unit_name.h"
+#include "engine/database.h"
 #include "frame/menus.h"
 #include "frame/pointer.h"
 #include "platform/files.h"
@@ -42,6 +45,13 @@ class KnownFolder : public frame::Dialogs {
   private:
     QString m_folder;
 };
+
+// As the folder chooser gives it, so that it has a drive and a name of its own.
+QString fromTheRoot(const std::string& folder) {
+    std::error_code missing;
+    const auto path = std::filesystem::canonical(folder, missing);
+    return QFile::decodeName(missing ? folder.c_str() : path.c_str());
+}
 
 // The folder's own name, of the characters that could have been typed.
 QString unitName(const QString& folder) {
@@ -79,8 +89,12 @@ int runHeadless(const HeadlessJob& job) {
             return 1;
         }
     }
+    if (const auto usable = engine::OpenDatabase(job.catalogue, engine::Use::ReadOnly); !usable) {
+        std::fprintf(stderr, "%s: %s\n", job.catalogue.c_str(), usable.error().text.c_str());
+        return 1;
+    }
     PrintedMessages messages;
-    const QString folder = QFile::decodeName(job.folder.c_str());
+    const QString folder = fromTheRoot(job.folder);
     KnownFolder dialogs(folder);
     Form1 window(chosenLanguage(), messages, dialogs);
     window.begin(job.catalogue);

@@ -237,7 +237,7 @@ TEST_F(Start, LinksOpenTheFilesBesideTheProgram) {
 TEST_F(Start, HeadlessAFolderBecomesAUnitAndAPicture) {
     std::filesystem::create_directory(folder / "disc");
     test::writeFile(folder / "disc/a.txt", "x");
-    const shell::HeadlessJob job{folder / "new.zrq", folder / "disc", folder / "window.png"};
+    const shell::HeadlessJob job{folder / "new.zrq", folder / "disc/../disc/", folder / "window.png"};
     for (int run = 0; run < 2; ++run) {  // the second finds the unit there
         EXPECT_EQ(shell::runHeadless(job), 0);
         EXPECT_GE(QImage(QString::fromStdString(job.picture)).width(), 700);
@@ -247,6 +247,7 @@ TEST_F(Start, HeadlessAFolderBecomesAUnitAndAPicture) {
                   1);
     }
     EXPECT_EQ(shell::runHeadless({job.catalogue, folder / "missing", job.picture}), 1);
+    EXPECT_EQ(shell::runHeadless({folder / "disc/a.txt", {}, job.picture}), 1);
     EXPECT_EQ(shell::runHeadless({job.catalogue, {}, folder / "missing/window.png"}), 1);
     EXPECT_EQ(shell::runHeadless({folder / "missing/new.zrq", {}, job.picture}), 1);
 }
