@@ -44,7 +44,7 @@ inline constexpr std::array<ColumnInfo, 10> columns{{
 // Case does not count in names.
 [[nodiscard]] std::optional<Column> columnNamed(std::string_view name);
 
-// In bytes. No name, path or note comes near it, nor a statement that holds one.
+// In bytes. No name, path or note comes near it, nor a row or a statement that holds one.
 inline constexpr int longestValue = 16 << 20;
 
 // A pass over all rows is the dearest thing that is done to a file, and large pages make it cheaper.

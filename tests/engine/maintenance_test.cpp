@@ -169,6 +169,11 @@ TEST_F(MaintenanceTest, RepairsAroundADestroyedPage) {
     hurt.replace(8192, 8192, std::string(8192, '\0'));
     hurt.replace(16, 50, std::string(50, '\xff'));
     EXPECT_GE(repaired(hurt), 1990);
+    // A row that is longer than any may be costs no other.
+    EXPECT_EQ(plainly(path, "update datos set comentario = zeroblob(20000000) where rowid = 5"), "");
+    hurt = readFile(path);
+    hurt.replace(8192, 8192, std::string(8192, '\0'));
+    EXPECT_EQ(repaired(hurt), 1999);
 }
 
 TEST_F(MaintenanceTest, WhatCheckFindsIsMended) {

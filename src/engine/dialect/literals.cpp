@@ -88,68 +88,11 @@ bool beginsNumber(std::string_view sql, std::size_t at) {
 // Takes the literal that begins at `at`, and gives the position behind it. Gives npos where none begins or a
 // quote is never closed.
 std::size_t takeLiteral(std::string_view sql, std::size_t at, LiftedStatement& out) {
-    if (at == sql.size()) return sql.npos;
     if (kindOf(sql[at]) == Kind::Quote) return takeQuoted(sql, at, out);
     if (!beginsNumber(sql, at)) return sql.npos;
     const std::size_t end = endOfNumber(sql, at);
     out.literals.push_back({sql.substr(at, end - at), true});
     return end;
-}
-
-void forgetLiterals(LiftedStatement& lifted) {
-    lifted.literals.clear();
-    lifted.unescaped.clear();
-}
-
-// True when the statement reads as the last one but for its literals, which are then taken: the words and
-// signs between them need no second look. Many statements in a row differ in their literals only.
-bool readsAsLast(std::string_view sql, LiftedStatement& out) {
-    forgetLiterals(out);
-    const std::string_view shape = out.shape;
-    std::size_t at = 0;
-    std::size_t seen = 0;  // of the shape
-    for (const std::size_t mark : out.marks) {
-        const std::string_view between = shape.substr(seen, mark - seen);
-        if (!sql.substr(at).starts_with(between)) return false;
-        at += between.size();
-        const std::size_t before = out.literals.size();
-        const std::size_t end = takeLiteral(sql, at, out);
-        if (end == sql.npos) return false;
-        const bool isNumber = out.literals[before].isNumber;
-        if (isNumber != (shape[mark] == LiftedStatement::numberMark)) return false;
-        if (isNumber && at > 0 && isWordCharacter(sql[at - 1])) return false;  // it may belong to the word
-        at = end;
-        seen = mark + 1;
-    }
-    return sql.substr(at) == shape.substr(seen);
-}
-
-Result<> liftAfresh(std::string_view sql, LiftedStatement& out) {
-    forgetLiterals(out);
-    out.shape.clear();
-    out.marks.clear();
-    std::size_t at = 0;
-    std::size_t kept = 0;  // up to here the statement is in the shape
-    while (at < sql.size()) {
-        const std::size_t begin = at;
-        const Kind kind = kindOf(sql[at]);
-        if (kind == Kind::Word) {
-            at = endOfWord(sql, at);
-            continue;
-        }
-        if (kind == Kind::Punctuation) {
-            ++at;
-            continue;
-        }
-        at = takeLiteral(sql, begin, out);
-        if (at == sql.npos) return std::unexpected(syntaxError(sql.substr(begin)));
-        out.shape += sql.substr(kept, begin - kept);
-        out.marks.push_back(out.shape.size());
-        out.shape += out.literals.back().isNumber ? LiftedStatement::numberMark : LiftedStatement::textMark;
-        kept = at;
-    }
-    out.shape += sql.substr(kept);
-    return {};
 }
 
 }  // namespace
@@ -167,8 +110,30 @@ std::size_t endOfWord(std::string_view sql, std::size_t at) {
 }
 
 Result<> liftLiterals(std::string_view sql, LiftedStatement& out) {
-    out.repeated = readsAsLast(sql, out);
-    return out.repeated ? Result<>() : liftAfresh(sql, out);
+    out.shape.clear();
+    out.literals.clear();
+    out.unescaped.clear();
+    std::size_t at = 0;
+    std::size_t kept = 0;  // up to here the statement is in the shape
+    while (at < sql.size()) {
+        const std::size_t begin = at;
+        const Kind kind = kindOf(sql[at]);
+        if (kind == Kind::Word) {
+            at = endOfWord(sql, at);
+            continue;
+        }
+        if (kind == Kind::Punctuation) {
+            ++at;
+            continue;
+        }
+        at = takeLiteral(sql, begin, out);
+        if (at == sql.npos) return std::unexpected(syntaxError(sql.substr(begin)));
+        out.shape += sql.substr(kept, begin - kept);
+        out.shape += out.literals.back().isNumber ? LiftedStatement::numberMark : LiftedStatement::textMark;
+        kept = at;
+    }
+    out.shape += sql.substr(kept);
+    return {};
 }
 
 std::optional<double> numberOf(std::string_view text) {

@@ -22,10 +22,8 @@ struct LiftedStatement {
     static constexpr char numberMark = '\2';
 
     std::string shape;
-    std::vector<std::size_t> marks;  // where they stand in the shape
-    std::vector<Literal> literals;   // views into the statement or into `unescaped`
+    std::vector<Literal> literals;  // views into the statement or into `unescaped`
     std::list<std::string> unescaped;
-    bool repeated = false;  // the shape is that of the statement lifted before
 };
 
 // Lifts the literals of `sql`, which must outlive `out`. Fails on an unclosed quote, and on characters that

@@ -1,18 +1,13 @@
 #include "engine/dialect/query.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace engine {
 
 Result<std::shared_ptr<const Statement>> StatementReader::read(std::string_view sql) {
     if (sql.size() > longestValue) return std::unexpected(Error{error::general, "The statement is too long"});
-    const auto last = std::exchange(m_last, nullptr);
     TRY(liftLiterals(sql, m_lifted));
-    return m_last = m_lifted.repeated && last ? last : TRY(parsed(m_lifted.shape));
-}
-
-Result<std::shared_ptr<const Statement>> StatementReader::parsed(const std::string& shape) {
+    const std::string& shape = m_lifted.shape;
     if (const auto found = m_shapes.find(shape); found != m_shapes.end()) return found->second;
     Statement statement = TRY(parseShape(shape));
     if (m_shapes.size() >= mostKept) m_shapes.clear();

@@ -18,11 +18,8 @@ class StatementReader {
     [[nodiscard]] const std::vector<Literal>& literals() const { return m_lifted.literals; }
 
   private:
-    [[nodiscard]] Result<std::shared_ptr<const Statement>> parsed(const std::string& shape);
-
     static constexpr std::size_t mostKept = 1000;
     LiftedStatement m_lifted;
-    std::shared_ptr<const Statement> m_last;
     std::unordered_map<std::string, std::shared_ptr<const Statement>> m_shapes;
 };
 

@@ -9,8 +9,6 @@ namespace engine {
 
 namespace {
 
-constexpr std::uint64_t longestRow = 64 * 1024 * 1024;
-
 // Reads numbers and bytes from a text without ever leaving it.
 class Reader {
   public:
@@ -75,7 +73,8 @@ std::uint64_t localSize(std::uint64_t payload, std::uint64_t usable) {
 
 std::optional<std::string> payloadOf(const RawPages& pages, const RawPages::Page& page, std::size_t at,
                                      std::uint64_t size, DecodingLimit& limit) {
-    if (size > std::min(longestRow, std::uint64_t{pages.count()} * pages.pageSize())) return std::nullopt;
+    if (size > std::min(std::uint64_t{longestValue}, std::uint64_t{pages.count()} * pages.pageSize()))
+        return std::nullopt;
     const std::uint64_t local = localSize(size, pages.usableSize());
     if (at + local + (local < size ? 4 : 0) > page.size() || !limit.allowsBytes(local)) return std::nullopt;
     std::string payload(view(page, at).substr(0, local));
