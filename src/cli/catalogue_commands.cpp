@@ -7,8 +7,8 @@
 #include "cli/families.h"
 #include "cli/output.h"
 #include "core/catalogue_file.h"
-#include "core/maintenance.h"
 #include "engine/database.h"
+#include "engine/maintenance.h"
 
 namespace cli {
 namespace {
@@ -42,7 +42,7 @@ int runCompact(const Invocation& invocation) {
 
 int runRepair(const Invocation& invocation) {
     const std::string& path = invocation.arguments.operands[0];
-    const auto repaired = core::repairCatalogue(path);
+    const auto repaired = engine::RepairDatabase(path);
     if (!repaired) return unusable(path, repaired.error(), invocation.language);
     if (repaired->empty()) return Done;
     return fail(Done, path, std::string(keptAs.in(invocation.language)) + *repaired);
@@ -50,7 +50,7 @@ int runRepair(const Invocation& invocation) {
 
 int runCheck(const Invocation& invocation) {
     const std::string& path = invocation.arguments.operands[0];
-    const auto check = core::checkCatalogue(path);
+    const auto check = engine::CheckDatabase(path);
     if (!check) return unusable(path, check.error(), invocation.language);
     const bool isSound = check->faults.empty();
     if (invocation.arguments.json)
@@ -76,7 +76,7 @@ int runBackup(const Invocation& invocation) {
         if (!there && there.error().number == engine::error::unrecognizedFormat)
             return fail(UnusableCatalogue, copy.native(), isNoCatalogue.in(invocation.language));
     }
-    if (const auto made = core::backUpCatalogue(path, copy); !made)
+    if (const auto made = engine::CopyDatabase(path, copy); !made)
         return unusable(path, made.error(), invocation.language);
     return Done;
 }

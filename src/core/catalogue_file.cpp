@@ -25,17 +25,13 @@ std::string templatePath() {
 }
 
 engine::Result<> createCatalogue(const std::string& path) {
-    if (auto copied = backUpCatalogue(templatePath(), path); !copied) return copied;
+    TRY(engine::CopyDatabase(templatePath(), path));
     makeWritable(path);
     return {};
 }
 
-engine::Result<> backUpCatalogue(const std::string& source, const std::string& destination) {
-    return engine::CopyDatabase(source, destination);
-}
-
 engine::Result<> copyCatalogue(const std::string& source, const std::string& destination) {
-    const auto copied = backUpCatalogue(source, destination);
+    const auto copied = engine::CopyDatabase(source, destination);
     if (copied || (copied.error().number != engine::error::unrecognizedFormat &&
                    copied.error().number != engine::error::corrupt))
         return copied;

@@ -17,11 +17,8 @@ inline constexpr std::string_view compactedName = "compactada.zrq";  // in the c
 // A new catalogue is a copy of the template, replacing whatever is at `path`.
 [[nodiscard]] engine::Result<> createCatalogue(const std::string& path);
 
-// Makes a whole copy of a catalogue under another name while others read and write it, replacing whatever is
-// there; see engine::CopyDatabase. Anything but a catalogue is refused.
-[[nodiscard]] engine::Result<> backUpCatalogue(const std::string& source, const std::string& destination);
-
-// The same, but what is no catalogue, or a damaged one, is copied byte by byte.
+// Makes a whole copy under another name, as engine::CopyDatabase does; what is no catalogue, or a damaged
+// one, is copied byte by byte.
 [[nodiscard]] engine::Result<> copyCatalogue(const std::string& source, const std::string& destination);
 
 // The working copy's path: every occurrence of the catalogue's file name in its path replaced by "temp.ejm".

@@ -116,18 +116,17 @@ std::string RowSearch::condition() const {
 engine::Result<> RowSearch::consider(engine::Database& database, const std::string& disco,
                                      const std::string& condition, As as) {
     auto rows =
-        database.OpenRecordset("select * from datos where disco=(" + literal(disco) + ")" + condition);
-    if (!rows) return std::unexpected(rows.error());
-    for (; !rows->Eof(); rows->MoveNext()) {
-        if (rows->Field("disco").text() != disco) continue;  // a unit that differs in case
-        const CatalogRow row = readRow(*rows);
+        TRY(database.OpenRecordset("select * from datos where disco=(" + literal(disco) + ")" + condition));
+    for (; !rows.Eof(); rows.MoveNext()) {
+        if (rows.Field("disco").text() != disco) continue;  // a unit that differs in case
+        const CatalogRow row = readRow(rows);
         if (as == As::Itself)
             consider(row);
         else
             considerRoot(row);
         if (as == As::RootOfUnit && !m_best.empty()) break;
     }
-    if (rows->error()) return std::unexpected(*rows->error());
+    if (rows.error()) return std::unexpected(*rows.error());
     return {};
 }
 

@@ -5,7 +5,6 @@
 
 #include "engine/database.h"
 #include "engine/error.h"
-#include "engine/maintenance.h"
 
 namespace core {
 
@@ -27,12 +26,5 @@ inline constexpr std::string_view emptiedStatus = "Unidades : 0   Carpetas : 0  
 // Whether `listanivel1` holds `newText` as a unit's name in all upper or in all lower case. Other spellings
 // pass.
 [[nodiscard]] bool nameTaken(std::string_view listanivel1, std::string_view newText);
-
-// Reads every page and row of a catalogue; see engine::CheckDatabase.
-[[nodiscard]] engine::Result<engine::Check> checkCatalogue(const std::string& path);
-
-// Repairs a damaged catalogue in place and gives the name under which the damaged one stays beside it; a
-// sound one is left as it is, and the name is empty.
-[[nodiscard]] engine::Result<std::string> repairCatalogue(const std::string& path);
 
 }  // namespace core

@@ -76,11 +76,7 @@ std::string lowerCase(std::string_view text) {
 }
 
 std::string upperCase(std::string_view text) {
-    if (!isPlain(text)) return platform::qtext(text).toUpper().toStdString();
-    std::string upper(text);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = char(c - 'a' + 'A');
-    return upper;
+    return platform::qtext(text).toUpper().toStdString();
 }
 
 bool isAllowed(char32_t character, std::string_view allowed) {

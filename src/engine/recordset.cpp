@@ -15,7 +15,11 @@ bool Recordset::Eof() const {
 }
 
 void Recordset::MoveNext() {
-    m_impl->guarded(true, [this] { return m_impl->moveNext(), true; });
+    m_impl->guarded(true, [this] {
+        if (m_impl->atEnd()) return true;
+        if (auto moved = m_impl->rows->moveNext(); !moved) m_impl->failure = std::move(moved.error());
+        return true;
+    });
 }
 
 long long Recordset::RecordCount() {
@@ -28,14 +32,13 @@ Value Recordset::Field(std::string_view column) const {
 }
 
 Value Recordset::Field(Column column) const {
-    return m_impl->guarded(Value(), [&] { return m_impl->field(column); });
+    return m_impl->guarded(Value(), [&] { return m_impl->atEnd() ? Value() : m_impl->rows->field(column); });
 }
 
 const Error* Recordset::error() const {
     return m_impl->failure ? &*m_impl->failure : nullptr;
 }
 
-// What is given in place of an answer for which there was no memory.
 template <class T, class Ask>
 T Recordset::Impl::guarded(T otherwise, Ask ask) {
     try {
@@ -47,10 +50,7 @@ T Recordset::Impl::guarded(T otherwise, Ask ask) {
 }
 
 Result<> Recordset::Impl::open() {
-    if (rows) return {};
-    auto opened = select.rows();
-    if (!opened) return std::unexpected(failure.emplace(opened.error()));
-    rows = std::move(*opened);
+    if (!rows) rows = TRY(select.rows());
     return {};
 }
 
@@ -61,32 +61,21 @@ Result<> Recordset::Impl::begin() {
     return {};
 }
 
-template <class T>
-T Recordset::Impl::noted(Result<T> result, T otherwise) {
-    if (result) return *result;
-    failure = std::move(result.error());
-    return otherwise;
-}
-
 bool Recordset::Impl::atEnd() {
-    if (failure || !select.connection()->isOpen()) return true;
-    return counted == 0 || !open() || rows->atEnd();
-}
-
-void Recordset::Impl::moveNext() {
-    if (atEnd()) return;
-    if (auto moved = rows->moveNext(); !moved) failure = std::move(moved.error());
-}
-
-Value Recordset::Impl::field(Column column) {
-    return atEnd() ? Value() : rows->field(column);
+    if (failure || !select.connection()->isOpen() || counted == 0) return true;
+    if (auto opened = open(); !opened) failure = std::move(opened.error());
+    return failure || rows->atEnd();
 }
 
 long long Recordset::Impl::count() {
     if (failure || !select.connection()->isOpen()) return 0;
     if (!counted && rows) counted = rows->count();
-    if (!counted) counted = noted(select.count(), 0LL);
-    return *counted;
+    if (counted) return *counted;
+    if (auto found = select.count())
+        counted = *found;
+    else
+        failure = std::move(found.error());
+    return counted.value_or(0);
 }
 
 }  // namespace engine

@@ -13,10 +13,9 @@ struct Recordset::Impl {
     [[nodiscard]] Result<> begin();
 
     [[nodiscard]] bool atEnd();
-    void moveNext();
-    [[nodiscard]] Value field(Column column);
     [[nodiscard]] long long count();
 
+    // What is asked for, or `otherwise` when there was no memory for it.
     template <class T, class Ask>
     T guarded(T otherwise, Ask ask);
 
@@ -27,8 +26,6 @@ struct Recordset::Impl {
 
   private:
     [[nodiscard]] Result<> open();
-    template <class T>
-    [[nodiscard]] T noted(Result<T> result, T otherwise);
 };
 
 }  // namespace engine

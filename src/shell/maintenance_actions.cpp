@@ -7,6 +7,7 @@
 #include "core/failure.h"
 #include "core/maintenance.h"
 #include "core/text.h"
+#include "engine/maintenance.h"
 #include "frame/catalogue.h"
 #include "frame/long_work.h"
 #include "frame/status_band.h"
@@ -58,7 +59,7 @@ void MaintenanceActions::compactar() {
 void MaintenanceActions::reparar() {
     frame::LongWork work(m_surface.frame, repairing);
     work.closeMenu();
-    (void)core::repairCatalogue(m_surface.frame.catalogue.path());
+    (void)engine::RepairDatabase(m_surface.frame.catalogue.path());
 }
 
 void MaintenanceActions::tell(const engine::Error& error) {

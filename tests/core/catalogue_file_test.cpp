@@ -7,8 +7,9 @@
 
 #include <filesystem>
 
-#include "core/maintenance.h"
 #include "core/units.h"
+#include "core/maintenance.h"
+#include "engine/maintenance.h"
 #include "support/another_program.h"
 #include "support/catalogue_fixture.h"
 
@@ -73,7 +74,7 @@ TEST_F(CatalogueFile, WhatKilledProgramsLeftIsTakenAway) {
     writeFile(compacted, "");
     ASSERT_TRUE(core::compactCatalogue(path));
     EXPECT_TRUE(fs::is_empty(elsewhere.path()));
-    ASSERT_TRUE(core::backUpCatalogue(path, place + "copy.zrq"));
+    ASSERT_TRUE(engine::CopyDatabase(path, place + "copy.zrq"));
     ::close(held);
     EXPECT_FALSE(fs::exists(place + ".zarquelin-orphan"));
     EXPECT_TRUE(fs::exists(place + ".zarquelin-in use"));

@@ -11,7 +11,7 @@
 #include <random>
 #include <span>
 
-#include "core/maintenance.h"
+#include "engine/maintenance.h"
 #include "reliability/catalogue_check.h"
 #include "reliability/recorded_disk.h"
 #include "reliability/work.h"
@@ -68,7 +68,7 @@ class PowerLoss : public testing::Test {
         if (found->second == unreadable) return {{hasForeignJournal ? "to be spoilt" : "as it was", {}}};
         const std::string path = after + "/catalogue.zrq";
         if (!repaired.empty() && found->second != repaired) {
-            EXPECT_TRUE(core::repairCatalogue(path));
+            EXPECT_TRUE(engine::RepairDatabase(path));
         }
         return test::contentOf(path);
     }

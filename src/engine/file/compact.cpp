@@ -93,7 +93,7 @@ Result<bool> compactThrough(const std::string& path, const std::string& between)
     TRY(run(source.get(), "begin; select count(*) from sqlite_schema"));
     TRY(putInPlace(written, path));
     TRY(held->run("rollback"));
-    return copyPages(source.get(), held->handle(), before, {.from = shareOfReading});
+    return copyPages(source.get(), held->handle(), before, shareOfReading);
 }
 
 }  // namespace

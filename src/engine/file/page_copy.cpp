@@ -10,13 +10,13 @@ namespace {
 
 constexpr int pagesBetweenSigns = 1024;
 
-int copyRest(sqlite3_backup* backup, Portion portion) {
+int copyRest(sqlite3_backup* backup, double doneBefore) {
     int copied = SQLITE_OK;
     while (copied == SQLITE_OK) {
         copied = sqlite3_backup_step(backup, pagesBetweenSigns);
         const double pages = sqlite3_backup_pagecount(backup);
         const double done = pages > 0 ? 1 - sqlite3_backup_remaining(backup) / pages : 0;
-        platform::Waiting::giveSign(portion.from + done * (portion.to - portion.from));
+        platform::Waiting::giveSign(doneBefore + done * (1 - doneBefore));
     }
     return copied;
 }
@@ -29,12 +29,12 @@ unsigned fileVersion(sqlite3* database) {
     return version;
 }
 
-Result<bool> copyPages(sqlite3* from, sqlite3* to, std::optional<unsigned> version, Portion portion) {
+Result<bool> copyPages(sqlite3* from, sqlite3* to, std::optional<unsigned> version, double doneBefore) {
     sqlite3_backup* backup = sqlite3_backup_init(to, "main", from, "main");
     if (!backup) return std::unexpected(lastError(to));
     int copied = sqlite3_backup_step(backup, 0);  // locks both
     const bool isCurrent = copied != SQLITE_OK || !version || fileVersion(to) == *version;
-    if (copied == SQLITE_OK && isCurrent) copied = copyRest(backup, portion);
+    if (copied == SQLITE_OK && isCurrent) copied = copyRest(backup, doneBefore);
     const int finished = sqlite3_backup_finish(backup);
     if (!isCurrent) return false;
     if (copied == SQLITE_DONE && finished == SQLITE_OK) return true;

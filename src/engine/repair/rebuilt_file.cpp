@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "engine/file/schema.h"
-#include "engine/repair/faults.h"
+#include "engine/repair/check.h"
 #include "engine/text/utf8.h"
 
 namespace engine {

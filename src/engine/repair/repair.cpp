@@ -14,7 +14,7 @@
 #include "engine/file/sqlite_error.h"
 #include "engine/guarded.h"
 #include "engine/maintenance.h"
-#include "engine/repair/faults.h"
+#include "engine/repair/check.h"
 #include "engine/repair/rebuilt_file.h"
 #include "engine/repair/salvage.h"
 

@@ -1,6 +1,7 @@
 #include "engine/text/like_pattern.h"
 
 #include <algorithm>
+#include <span>
 
 #include "engine/text/folding.h"
 #include "engine/text/utf8.h"
@@ -48,22 +49,18 @@ bool LikePattern::Step::accepts(char32_t candidate) const {
 }
 
 LikePattern::LikePattern(std::string_view pattern, Signs signs) : LikePattern(pattern, Read::AllWildcards) {
-    if (signs == Signs::WildcardsOrThemselves && pattern.find_first_of("?#[") != pattern.npos)
+    if (signs == Signs::WildcardsOrThemselves && holdsSigns(pattern))
         m_asName.reset(new LikePattern(pattern, Read::StarsOnly));
 }
 
 LikePattern::LikePattern(std::string_view pattern, Read read) {
     compile(pattern, read);
-    m_hasWildcards = std::any_of(m_steps.begin(), m_steps.end(),
-                                 [](const Step& step) { return step.kind != Step::Character; });
-    m_onlyRuns = std::all_of(m_steps.begin(), m_steps.end(), [](const Step& step) {
+    const auto isCharacterOrStar = [](const Step& step) {
         return step.kind == Step::Character || step.kind == Step::AnyRun;
-    });
-    if (m_onlyRuns) splitIntoPieces();
-}
-
-void LikePattern::append(char32_t character) {
-    m_steps.push_back({.kind = Step::Character, .character = folded(character)});
+    };
+    if (!std::ranges::all_of(m_steps, isCharacterOrStar)) return;
+    m_pieces = textsBetweenWildcards();
+    m_asciiPieces = std::ranges::all_of(m_pieces, [](const std::string& piece) { return isAscii(piece); });
 }
 
 void LikePattern::compile(std::string_view pattern, Read read) {
@@ -83,7 +80,7 @@ void LikePattern::compile(std::string_view pattern, Read read) {
             if (!inside.empty()) m_steps.push_back({.kind = Step::OneOf, .set = parseSet(inside)});
             i = end + 1;
         } else {
-            append(nextCharacter(pattern, i));
+            m_steps.push_back({.kind = Step::Character, .character = folded(nextCharacter(pattern, i))});
         }
     }
 }
@@ -94,16 +91,21 @@ bool LikePattern::hasWildcardFor(char32_t character) const {
     });
 }
 
-std::vector<std::string> LikePattern::heldTexts() const {
-    if (m_asName) return {};
+std::vector<std::string> LikePattern::textsBetweenWildcards() const {
     std::vector<std::string> texts(1);
     for (const Step& step : m_steps) {
         if (step.kind == Step::Character)
             appendCharacter(texts.back(), step.character);
-        else if (!texts.back().empty())
+        else
             texts.emplace_back();
     }
-    if (texts.back().empty()) texts.pop_back();
+    return texts;
+}
+
+std::vector<std::string> LikePattern::heldTexts() const {
+    if (m_asName) return {};
+    std::vector<std::string> texts = textsBetweenWildcards();
+    std::erase(texts, std::string());
     std::ranges::stable_sort(texts, std::ranges::greater(), &std::string::size);
     return texts;
 }
@@ -123,29 +125,12 @@ LikePattern::Set LikePattern::parseSet(std::string_view inside) {
     return set;
 }
 
-void LikePattern::splitIntoPieces() {
-    std::vector<std::string> pieces(1);
-    for (const Step& step : m_steps) {
-        if (step.kind == Step::AnyRun) {
-            pieces.emplace_back();
-        } else {
-            appendCharacter(pieces.back(), step.character);
-        }
-    }
-    m_asciiPieces =
-        std::all_of(pieces.begin(), pieces.end(), [](const std::string& piece) { return isAscii(piece); });
-    m_start = pieces.front();
-    if (pieces.size() == 1) return;
-    m_end = pieces.back();
-    m_middle.assign(pieces.begin() + 1, pieces.end() - 1);
-}
-
 bool LikePattern::matches(std::string_view text) const {
     return matchesAsRead(text) || (m_asName && m_asName->matchesAsRead(text));
 }
 
 bool LikePattern::matchesAsRead(std::string_view text) const {
-    if (!m_onlyRuns) return stepsMatch(foldedCharacters(text));
+    if (m_pieces.empty()) return stepsMatch(foldedCharacters(text));
     char buffer[512];
     if (text.size() <= sizeof buffer && (isAscii(text) || (m_asciiPieces && !hasTwinOfAscii(text)))) {
         foldAscii(text.data(), text.size(), buffer);
@@ -157,13 +142,14 @@ bool LikePattern::matchesAsRead(std::string_view text) const {
 }
 
 bool LikePattern::piecesMatch(std::string_view text) const {
-    if (!m_hasWildcards) return text == m_start;
-    if (text.size() < m_start.size() + m_end.size() || !text.starts_with(m_start) || !text.ends_with(m_end)) {
+    const std::string& start = m_pieces.front();
+    const std::string& end = m_pieces.back();
+    if (m_pieces.size() == 1) return text == start;
+    if (text.size() < start.size() + end.size() || !text.starts_with(start) || !text.ends_with(end))
         return false;
-    }
-    text.remove_prefix(m_start.size());
-    text.remove_suffix(m_end.size());
-    for (const std::string& piece : m_middle) {
+    text.remove_prefix(start.size());
+    text.remove_suffix(end.size());
+    for (const std::string& piece : std::span(m_pieces).subspan(1, m_pieces.size() - 2)) {
         const std::size_t found = text.find(piece);
         if (found == text.npos) return false;
         text.remove_prefix(found + piece.size());
