@@ -13,9 +13,9 @@
 #include "core/medium.h"
 #include "core/serial_date.h"
 #include "core/text.h"
-#include "engine/text/utf8.h"
 #include "platform/files.h"
 #include "platform/qtext.h"
+#include "platform/utf8.h"
 
 namespace cli {
 namespace {
@@ -33,10 +33,10 @@ std::string hexadecimal(std::uint32_t number, int digits) {
 }
 
 void appendCharacterShown(std::string& out, char32_t c) {
-    if (engine::isStrayByte(c))
-        out += "\\x" + hexadecimal(c - engine::strayByteBase, 2);
+    if (platform::isStrayByte(c))
+        out += "\\x" + hexadecimal(c - platform::strayByteBase, 2);
     else if (!isControl(c))
-        return engine::appendCharacter(out, c);
+        return platform::appendCharacter(out, c);
     else if (c == '\n')
         out += "\\n";
     else if (c == '\t')
@@ -58,7 +58,7 @@ void appendEscaped(std::string& out, char32_t c) {
     else if (isControl(c))
         out += "\\u" + hexadecimal(c, 4);
     else
-        engine::appendCharacter(out, c);
+        platform::appendCharacter(out, c);
 }
 
 void csvField(std::string& line, std::string_view value) {
@@ -79,7 +79,7 @@ void appendShown(std::string& out, std::string_view text) {
         const std::size_t begin = at;
         while (at < text.size() && text[at] >= ' ' && text[at] < '\x7f') ++at;
         out.append(text, begin, at - begin);
-        if (at < text.size()) appendCharacterShown(out, engine::nextCharacter(text, at));
+        if (at < text.size()) appendCharacterShown(out, platform::nextCharacter(text, at));
     }
 }
 
@@ -181,7 +181,7 @@ void JsonLine::quoted(std::string_view value) {
     if (!QUtf8StringView(value.data(), static_cast<qsizetype>(value.size())).isValidUtf8())
         value = mended = platform::qtext(value).toStdString();
     m_line.push_back('"');
-    for (std::size_t at = 0; at < value.size();) appendEscaped(m_line, engine::nextCharacter(value, at));
+    for (std::size_t at = 0; at < value.size();) appendEscaped(m_line, platform::nextCharacter(value, at));
     m_line.push_back('"');
 }
 

@@ -2,19 +2,15 @@
 
 #include <QChar>
 #include <QString>
-#include <algorithm>
 
 #include "platform/qtext.h"
+#include "platform/utf8.h"
 
 namespace core {
 namespace {
 
 constexpr std::string_view apostrophe = "'";
 constexpr std::string_view acuteAccent = "´";
-
-bool isPlain(std::string_view text) {
-    return std::ranges::all_of(text, [](unsigned char byte) { return byte < 0x80; });
-}
 
 }  // namespace
 
@@ -68,7 +64,7 @@ bool like(std::string_view text, std::string_view pattern) {
 }
 
 std::string lowerCase(std::string_view text) {
-    if (!isPlain(text)) return platform::qtext(text).toLower().toStdString();
+    if (!platform::isAscii(text)) return platform::qtext(text).toLower().toStdString();
     std::string lower(text);
     for (char& c : lower)
         if (c >= 'A' && c <= 'Z') c = char(c - 'A' + 'a');

@@ -5,6 +5,9 @@
 
 namespace platform {
 
+// The first of the characters that stand for bytes.
+inline constexpr char32_t escapeBase = 0xF000;
+
 // File names cross between the disk (any bytes but '/' and NUL) and drive form (UTF-8, '\' as separator), in
 // which they are stored and shown. Each byte that is not valid UTF-8, each backslash, and each byte of a
 // character that already lies in U+F000..U+F0FF becomes the character U+F000 + byte, so that every name comes

@@ -7,8 +7,8 @@
 
 #include <filesystem>
 
-#include "core/units.h"
 #include "core/maintenance.h"
+#include "core/units.h"
 #include "engine/maintenance.h"
 #include "support/another_program.h"
 #include "support/catalogue_fixture.h"

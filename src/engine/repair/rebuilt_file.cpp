@@ -6,21 +6,20 @@
 
 #include "engine/file/schema.h"
 #include "engine/repair/check.h"
-#include "engine/text/utf8.h"
+#include "platform/names.h"
+#include "platform/utf8.h"
 
 namespace engine {
 
 namespace {
 
-constexpr char32_t escapeBase = 0xF000;
-
 void makeReadable(std::string& text) {
-    if (isAscii(text) && text.find('\0') == text.npos) return;
+    if (platform::isAscii(text) && text.find('\0') == text.npos) return;
     std::string readable;
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t character = nextCharacter(text, at);
-        const bool isByte = character == 0 || isStrayByte(character);
-        appendCharacter(readable, isByte ? escapeBase | (character & 0xFF) : character);
+        const char32_t character = platform::nextCharacter(text, at);
+        const bool isByte = character == 0 || platform::isStrayByte(character);
+        platform::appendCharacter(readable, isByte ? platform::escapeBase | (character & 0xFF) : character);
     }
     text = std::move(readable);
 }

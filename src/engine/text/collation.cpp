@@ -9,9 +9,11 @@
 #include <memory>
 #include <memory_resource>
 
-#include "engine/text/utf8.h"
+#include "platform/utf8.h"
 
 namespace engine {
+
+using platform::isAscii;
 
 namespace {
 

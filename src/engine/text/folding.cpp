@@ -2,9 +2,13 @@
 
 #include <QChar>
 
-#include "engine/text/utf8.h"
+#include "platform/utf8.h"
 
 namespace engine {
+
+using platform::appendCharacter;
+using platform::isAscii;
+using platform::nextCharacter;
 
 namespace {
 

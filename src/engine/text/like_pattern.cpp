@@ -4,9 +4,13 @@
 #include <span>
 
 #include "engine/text/folding.h"
-#include "engine/text/utf8.h"
+#include "platform/utf8.h"
 
 namespace engine {
+
+using platform::appendCharacter;
+using platform::isAscii;
+using platform::nextCharacter;
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "engine/text/utf8.h"
+#include "platform/utf8.h"
 
 #include <unicode/utf8.h>
 
-namespace engine {
+namespace platform {
 
 bool isAscii(std::string_view text) {
     unsigned char seen = 0;  // of all bytes: without a way out, the compiler takes many at a time
@@ -30,4 +30,4 @@ void appendCharacter(std::string& text, char32_t character) {
     text.append(bytes, size);
 }
 
-}  // namespace engine
+}  // namespace platform

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace engine {
+namespace platform {
 
 // Bytes that are no valid UTF-8 decode one by one to this block, so that any text can be walked to its end.
 inline constexpr char32_t strayByteBase = 0xDC00;
@@ -27,4 +27,4 @@ inline constexpr char32_t strayByteBase = 0xDC00;
 // The inverse; a stray byte becomes that byte again.
 void appendCharacter(std::string& text, char32_t character);
 
-}  // namespace engine
+}  // namespace platform
