@@ -85,7 +85,7 @@ void Toolbar::setRecent(const QString& path) {
         QString text = path;
         QAction* entry = menu->addAction(text.replace(u'&', QStringLiteral("&&")));
         entry->setObjectName(nameOf(Up) + QStringLiteral("(1)"));
-        connect(entry, &QAction::triggered, this, &Toolbar::recentChosen);
+        connect(entry, &QAction::triggered, this, [this, path] { emit recentChosen(path); });
         up->setMenu(menu);
         up->setPopupMode(QToolButton::MenuButtonPopup);
     }

@@ -58,8 +58,8 @@ class Toolbar : public QWidget {
 
   signals:
     void clicked(int button);
-    void viewChosen(int view);  // 1 to 4, from the drop-down of Views
-    void recentChosen();        // the entry that setRecent put there
+    void viewChosen(int view);               // 1 to 4, from the drop-down of Views
+    void recentChosen(const QString& path);  // the entry that setRecent put there
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

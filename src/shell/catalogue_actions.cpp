@@ -99,12 +99,15 @@ void CatalogueActions::abrir1() {
 }
 
 void CatalogueActions::reciente1() {
-    const frame::Hourglass hourglass;
     m_surface.frame.catalogue.readLast();
-    const std::string last = m_surface.frame.catalogue.last();
-    if (!last.empty() && platform::FileExists(last)) {
+    reopen(m_surface.frame.catalogue.last());
+}
+
+void CatalogueActions::reopen(const std::string& path) {
+    const frame::Hourglass hourglass;
+    if (!path.empty() && platform::FileExists(path)) {
         m_switching.endScan();
-        m_surface.frame.catalogue.setPath(last);
+        m_surface.frame.catalogue.setPath(path);
         openStateChange();
         hidePanels();
         m_surface.frame.toolbar.setPressed(frame::Toolbar::Explore, true);

@@ -23,7 +23,8 @@ class CatalogueActions {
     void nuevo1();
     void abrir1();
     void reciente1();
-    void abrirdesdearchivo();  // the current catalogue was set from the command line
+    void reopen(const std::string& path);  // reciente1 with a file that is not the last one
+    void abrirdesdearchivo();              // the current catalogue was set from the command line
     void guardar();
     void cerrar();
 

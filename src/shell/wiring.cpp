@@ -1,6 +1,7 @@
 // What runs for each menu entry, button and event of a control.
 
 #include <QAction>
+#include <QFile>
 #include <QMenu>
 #include <QShortcut>
 #include <functional>
@@ -84,7 +85,9 @@ void Form1::connectToolbar() {
     connect(m_parts->controls.toolbar, &frame::Toolbar::clicked, this, &Form1::runToolbarButton);
     connect(m_parts->controls.toolbar, &frame::Toolbar::viewChosen, this,
             [this](int view) { m_parts->views.setView(view); });
-    connect(m_parts->controls.toolbar, &frame::Toolbar::recentChosen, this, &Form1::reciente1);
+    connect(m_parts->controls.toolbar, &frame::Toolbar::recentChosen, this, [this](const QString& path) {
+        m_parts->catalogueActions.reopen(QFile::encodeName(path).toStdString());
+    });
 }
 
 void Form1::runToolbarButton(int button) {
