@@ -15,6 +15,9 @@ struct Sentence {
 
 constexpr Bilingual anyOther{"No se pudo leer o escribir.", "It could not be read or written."};
 
+// The search panel can be in front with no catalogue behind it.
+constexpr Bilingual noneOpen{"No hay ningún catálogo abierto.", "No catalogue is open."};
+
 constexpr Sentence sentences[] = {
     {error::fileNotFound, {"No existe.", "It does not exist."}},
     {error::diskFull, {"El disco está lleno.", "The disk is full."}},
@@ -43,6 +46,7 @@ std::string failureLine(const std::string& catalogue, const engine::Error& error
 }
 
 std::string failureMessage(const std::string& catalogue, const engine::Error& error, Language idioma) {
+    if (catalogue.empty()) return std::string(noneOpen.in(idioma));
     const std::string sentence(failureSentence(error, idioma));
     return isRefusedStatement(error) ? sentence : catalogue + '\n' + sentence;
 }

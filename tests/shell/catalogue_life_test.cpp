@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QTimer>
 #include <functional>
+#include <utility>
 
 #include "support/main_window.h"
 
@@ -115,6 +116,9 @@ TEST_F(CatalogueLife, CancelledAndFailedDialogsChangeNothing) {
 
 TEST_F(CatalogueLife, ARecentFileThatIsGoneShowsTheSearchPanelInSilence) {
     start();
+    choose("reciente");
+    search("a");
+    EXPECT_EQ(std::exchange(messages.shown, {}).at(0).text, "No catalogue is open.");
     const std::string path = newCatalogue();
     addByHand("Cds", "pelis");
     choose("explore");
