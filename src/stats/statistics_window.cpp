@@ -14,6 +14,7 @@
 #include "controls/pictures.h"
 #include "controls/screen_fit.h"
 #include "frame/dialogs.h"
+#include "frame/elided_label.h"
 #include "platform/qtext.h"
 #include "stats/bar_chart_2d.h"
 #include "stats/bar_chart_3d.h"
@@ -69,7 +70,8 @@ Form4::Form4(core::Language idioma, frame::Dialogs& dialogs, QWidget* parent)
     for (std::size_t category = 0; category < categoryCount; ++category)
         m_icons[category] = controls::picture(categories[category].picture);
 
-    m_scopeTitle = label(QStringLiteral("Label13"));
+    m_scopeTitle = new frame::ElidedLabel(this, Qt::ElideMiddle);  // a long name widens no window
+    m_scopeTitle->setObjectName(QStringLiteral("Label13"));
     setFontScale(*m_scopeTitle, 1.1, true);
     QSizePolicy keepsRoom = m_scopeTitle->sizePolicy();
     keepsRoom.setRetainSizeWhenHidden(true);
