@@ -45,7 +45,10 @@ int report(const scan::WalkResult& result, const scan::ScanRequest& request, con
         failed->text += rowsLost.in(invocation.language);
         return unusable(catalogue, *failed, invocation.language);
     }
-    return result.stopped ? interrupted(invocation.language) : Done;
+    if (result.stopped) return interrupted(invocation.language);
+    if (result.counts.folders + result.counts.files == 0)  // and no unit, since a unit is its rows
+        return fail(NothingFound, request.directory, scan::nothingThere.in(invocation.language));
+    return Done;
 }
 
 int runScan(const Invocation& invocation) {

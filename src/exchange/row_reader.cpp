@@ -20,7 +20,7 @@ constexpr core::Bilingual cutShort{"la fila no acaba: el archivo está cortado",
                                    "the row does not end: the file is cut short"};
 constexpr core::Bilingual unreadable{"el archivo no se puede leer", "the file cannot be read"};
 constexpr core::Bilingual rowTooLong{"una fila de más de 16 MB", "a row of more than 16 MB"};
-constexpr core::Bilingual missing{"falta el valor", "the value is missing"};
+constexpr core::Bilingual missing{"falta", "is missing"};
 constexpr core::Bilingual notText{"no es UTF-8, o tiene un carácter nulo", "is not UTF-8, or holds a null"};
 constexpr core::Bilingual notNumber{"no es un número válido", "is no valid number"};
 constexpr core::Bilingual notLevel{"no es un nivel de 1 a 12", "is no level from 1 to 12"};

@@ -24,8 +24,6 @@ constexpr core::Bilingual caseTwin{"hay otra unidad cuyo nombre solo difiere en 
 constexpr core::Bilingual noMedium{"no se reconoce su medio en ninguna unidad de disco; indique la carpeta",
                                    "its medium is recognised in no drive; name the folder"};
 constexpr core::Bilingual unreadable{"no se puede leer su carpeta", "its folder cannot be read"};
-constexpr core::Bilingual emptyFolder{"la carpeta está vacía: ¿está el medio en su sitio?",
-                                      "the folder is empty: is the medium in its place?"};
 constexpr core::Bilingual interrupted{"interrumpido; nada ha cambiado", "interrupted; nothing has changed"};
 
 std::unexpected<RescanFailure> failure(Kind kind, core::Bilingual reason) {
@@ -107,7 +105,7 @@ Rescanned<FoundUnit> readMedium(const UnitRows& stored, const RescanRequest& req
     const WalkResult walked = Walker(collector, collector, start).run();
     if (walked.stopped) return failure(Kind::Stopped, interrupted);
     if (!walked.readable) return failure(Kind::NotFound, unreadable);
-    if (found.rows.rows().empty()) return failure(Kind::NotFound, emptyFolder);
+    if (found.rows.rows().empty()) return failure(Kind::NotFound, nothingThere);
     return found;
 }
 

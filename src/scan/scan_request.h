@@ -20,6 +20,9 @@ struct ScanRequest {
 inline constexpr core::Bilingual inNoDrive{"no está en ninguna unidad con letra (vea ZARQUELIN_DRIVES)",
                                            "lies in no drive with a letter (see ZARQUELIN_DRIVES)"};
 
+inline constexpr core::Bilingual nothingThere{"no hay nada que catalogar: ¿está el medio en su sitio?",
+                                              "there is nothing to catalogue: is the medium in its place?"};
+
 // A field that is empty, as a reason not to scan.
 [[nodiscard]] const UnitRefusal* refusalOf(const ScanRequest& request);
 // The first reason not to scan; nullptr to go ahead. Fails where the catalogue cannot be read.

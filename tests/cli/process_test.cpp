@@ -238,13 +238,14 @@ TEST_F(Program, AnEmptyExportAndAFolderThatCannotBeReadHaveTheirStatus) {
     for (const char* folder : {"loop", "disc/Año/uno.txt"})
         EXPECT_EQ(statusOf({"scan", cat, "Nada", work / folder}), 2) << folder;
 
-    fs::create_directory(work / "closed");
-    fs::permissions(work / "closed", fs::perms::none);
-    std::vector<std::string> scan{ZARQUELIN_CLI, "scan", cat, "Nada", work / "closed"};
+    EXPECT_EQ(statusOf({"scan", cat, "Nada", work / "disc/Año/sub"}), 1) << "an empty drive, as it seems";
+    fs::create_directory(work / "disc/closed");
+    fs::permissions(work / "disc/closed", fs::perms::none);
+    std::vector<std::string> scan{ZARQUELIN_CLI, "scan", cat, "Nada", work / "disc/closed"};
     const std::string asOthers[]{"/usr/bin/setpriv", "--bounding-set=-dac_override,-dac_read_search"};
     if (::geteuid() == 0) scan.insert(scan.begin(), std::begin(asOthers), std::end(asOthers));
     EXPECT_EQ(test::statusOf(scan, {.output = work / "told"}), 2) << test::readFile(work / "told");
-    fs::permissions(work / "closed", fs::perms::owner_all);  // so that it can be taken away
+    fs::permissions(work / "disc/closed", fs::perms::owner_all);  // so that it can be taken away
 }
 
 TEST_F(Program, TellsATerminalOfLongWork) {
