@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 
 #include "controls/accessible.h"
 #include "controls/image_combo.h"
@@ -57,6 +58,12 @@ QString shortDateWithCentury() {
     QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
     if (!format.contains(QLatin1String("yyyy"))) format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
     return format;
+}
+
+// The calendar's names belong to the interface, the week's first day to the user's country.
+QLocale calendarLocale(core::Language idioma) {
+    const bool spanish = idioma == core::Language::Spanish;
+    return {spanish ? QLocale::Spanish : QLocale::English, QLocale::system().territory()};
 }
 
 double serialOf(const QDateEdit& picker) {
@@ -145,6 +152,7 @@ QDateEdit* CriteriaPages::makePicker(const QString& name, const QString& label) 
     auto* picker = new QDateEdit(QDate::currentDate());
     picker->setObjectName(name);
     controls::nameField(*picker, frame::caption(label, m_idioma));
+    picker->setLocale(calendarLocale(m_idioma));
     picker->setDisplayFormat(shortDateWithCentury());
     picker->setCalendarPopup(true);
     return picker;

@@ -70,6 +70,11 @@ TEST_F(Searching, BoxesSwitchTheirControls) {
     EXPECT_EQ(panel().request().unit, "Fotos :");
 }
 
+TEST_F(Searching, TheCalendarSpeaksTheLanguageOfTheInterface) {
+    begin(Language::Spanish);
+    EXPECT_EQ(control<QDateEdit>("DTPicker1").locale().monthName(1), "enero");
+}
+
 TEST_F(Searching, StepsGoByTenWithoutLimit) {
     switchOn(3);
     auto& steps = control<controls::UpDown>("UpDown1");
