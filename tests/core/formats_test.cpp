@@ -89,15 +89,10 @@ TEST(SerialDate, IsShownAsTheLocaleWritesIt) {
 }
 
 TEST(Text, PathsAndPatterns) {
-    EXPECT_EQ(lastComponent("E:\\fotos\\2003"), "2003");
-    EXPECT_EQ(lastComponent("D:"), "D:");
     EXPECT_EQ(lastComponent("D:\\"), "");
     EXPECT_EQ(joinPath("D:\\", "a"), "D:\\a");
-    EXPECT_EQ(withoutApostrophes("l'été d'ana"), "l´été d´ana");
-    EXPECT_EQ(withApostrophes("l´été"), "l'été");
     EXPECT_EQ(replaceAll("aaa", "a", "aa"), "aaaaaa");
     EXPECT_EQ(replaceAll("abc", "", "x"), "abc");
-
     for (const char* pattern : {"*", "a*c", "*b*", "abc", "**c", "a*b*c"}) EXPECT_TRUE(like("abc", pattern));
     for (const char* pattern : {"", "ab", "a?c", "A*", "*b", "*abd*"}) EXPECT_FALSE(like("abc", pattern));
     EXPECT_FALSE(like(std::string(20'000, 'a'), "*a*a*a*a*a*a*a*b")) << "and in no time";

@@ -96,15 +96,6 @@ TEST_F(CopyTest, RefusalsLeaveTheDestinationAndNothingBeside) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3);
 }
 
-// A journal that belongs to a file of this name that is gone would be played into the copy.
-TEST_F(CopyTest, AForeignJournalAtTheDestinationIsTakenAway) {
-    inTheMidstOfAChange(path);
-    std::filesystem::rename(path.string() + "-journal", copy + "-journal");
-    ASSERT_TRUE(engine::CreateDatabase(folder / "other.zrq"));
-    ASSERT_TRUE(engine::CopyDatabase(folder / "other.zrq", copy));
-    EXPECT_FALSE(std::filesystem::exists(copy + "-journal"));
-}
-
 TEST_F(CopyTest, CopyingAFilesBytesLeavesTheLocksOfThisProcessAlone) {
     auto db = open();
     ASSERT_TRUE(db.BeginTrans());

@@ -54,6 +54,7 @@ TEST_F(DialectTest, OrAndNotBindAsTheyShould) {
     EXPECT_EQ(rowsOf("(nivel='1' or nivel='2') and largo=2 "), "2");
     EXPECT_EQ(rowsOf("not (largo=1 or largo=2)"), "3 4");
     EXPECT_EQ(rowsOf("largo between(2)and (3)"), "2 3");
+    EXPECT_EQ(rowsOf("largo>-1.5e2 and not archivo=\"F1\"and .5<largo and largo<>'3,0'"), "2 4");
     EXPECT_EQ(rowsOf("largo not between(2)and (3)"), "1 4");
     EXPECT_EQ(rowsOf("archivo not like ('F[1-3]')"), "4");
     EXPECT_EQ(rowsOf("ruta not in ('R1', 'r4') and not largo = 2"), "3");
