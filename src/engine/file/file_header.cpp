@@ -49,23 +49,26 @@ Result<> checkMarks(const std::string& path, const FileMarks& marks) {
 }
 
 Result<> checkCatalogueFile(const std::string& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) {
+    const auto failed = [&path] {
         const bool absent = errno == ENOENT || errno == ENOTDIR;
         return std::unexpected(
             Error{absent ? error::fileNotFound : error::cannotOpenFile, path + ": " + std::strerror(errno)});
-    }
+    };
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return failed();
     if (!S_ISREG(status.st_mode))
         return std::unexpected(Error{error::cannotOpenFile, path + " is not a file"});
     if (platform::HeldFile::isHeld(platform::FileIdentity{status.st_dev, status.st_ino}))
         return {};  // was checked, and must be left alone
 
     const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (file < 0) return std::unexpected(Error{error::cannotOpenFile, path + ": " + std::strerror(errno)});
+    if (file < 0) return failed();
     std::array<unsigned char, headerLength> header{};
     const ssize_t size = ::pread(file, header.data(), header.size(), 0);
+    Result<> read =
+        size < 0 ? failed() : checkMarks(path, marksOf(std::span(header).first(std::size_t(size))));
     ::close(file);
-    return checkMarks(path, marksOf(std::span(header).first(size < 0 ? 0 : std::size_t(size))));
+    return read;
 }
 
 }  // namespace engine
