@@ -42,6 +42,8 @@ class Help : public testing::Test {
 TEST_F(Help, IsWhatTheManualPageAndTheCompletionsTell) {
     const std::string man = file("zarquelin-cli.1"), bash = file("zarquelin-cli.bash");
     const std::string zsh = file("_zarquelin-cli"), fish = file("zarquelin-cli.fish");
+    for (const std::string& text : {file("zarquelin-cli.bash"), zsh, fish})
+        EXPECT_FALSE(text.contains("eval")) << "a name of a catalogue is never run as a command";
     EXPECT_GT(commands().size(), 15);
     EXPECT_FALSE(man.contains('%')) << "a command of the page is none of the program";
     for (const std::string& command : commands()) {
