@@ -21,7 +21,7 @@ Form1::Form1(core::Language idioma, frame::Messages& messages, frame::Dialogs& d
     setWindowTitle(QStringLiteral("Zarquelin"));
     setWindowIcon(logo());
     resize(1000, 660);
-    setMinimumSize(480, 320);
+    setMinimumSize(480, 380);  // the import panel needs that height
     controls::fitToScreen(*this);
 
     connectMenus();
