@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 constexpr core::Bilingual notAFolder{"no es una carpeta", "is no folder"};
 constexpr core::Bilingual notEmpty{"no está vacía", "is not empty"};
 constexpr core::Bilingual notMounted{"no se puede montar", "cannot be mounted"};
-constexpr core::Bilingual leftBehind{"quedó de un programa que fue eliminado; fusermount3 -u la libera",
+constexpr core::Bilingual leftBehind{"la dejó así un programa que terminó de golpe; fusermount3 -u la libera",
                                      "was left by a program that was killed; fusermount3 -u frees it"};
 
 // Why a catalogue cannot be shown in the folder; empty when it can.
