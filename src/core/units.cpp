@@ -65,14 +65,15 @@ engine::Result<std::string> unitTipo(engine::Database& database, std::string_vie
 
 engine::Result<std::vector<Unit>> units(engine::Database& database) {
     const auto names = TRY(unitNames(database));
-    auto totalsOf = TRY(totals(database));
+    auto totalsOf = totals(database);  // g++ 12 warns of TRY here
+    if (!totalsOf) return std::unexpected(totalsOf.error());
     std::vector<Unit> units;
     for (const std::string& disco : names) {
         // A name that no statement can carry has no kind, but its rows count.
         auto tipo = unitTipo(database, disco);
         if (!tipo && tipo.error().number != engine::error::syntaxInExpression)
             return std::unexpected(tipo.error());
-        Unit& unit = units.emplace_back(std::move(totalsOf[disco]));
+        Unit& unit = units.emplace_back(std::move((*totalsOf)[disco]));
         unit.disco = disco;
         unit.tipo = std::move(tipo).value_or("");
         unit.picture = unitPicture(unit.tipo);
