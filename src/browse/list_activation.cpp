@@ -16,12 +16,11 @@ constexpr int deepestLookedUp = 10;  // a folder deeper than that lists nothing
 
 // The level of what lies in the folder that the statement finds, if it finds one that lists anything.
 engine::Result<std::optional<int>> levelInside(engine::Database& database, const std::string& lookup) {
-    const auto rows = database.OpenRecordset(lookup);
-    if (!rows) return std::unexpected(rows.error());
-    const bool none = rows->Eof();
-    if (rows->error()) return std::unexpected(*rows->error());
+    const auto rows = TRY(database.OpenRecordset(lookup));
+    const bool none = rows.Eof();
+    if (rows.error()) return std::unexpected(*rows.error());
     if (none) return std::nullopt;
-    const std::string_view nivel = rows->Field("nivel").text();
+    const std::string_view nivel = rows.Field("nivel").text();
     int level = 0;
     std::from_chars(nivel.data(), nivel.data() + nivel.size(), level);
     return level >= 1 && level <= deepestLookedUp ? std::optional(level + 1) : std::nullopt;

@@ -23,16 +23,15 @@ std::string typeOf(const PropertiesRequest& request, core::Language idioma) {
 
 engine::Result<Properties> propertiesOf(const PropertiesRequest& request, engine::Database& database,
                                         core::Language idioma) {
-    const auto totals =
-        request.isUnit ? propertiesTotals(database, request.node)
-                       : folderTotals(database, request.discoactual, request.rutaactual, request.nivelactual);
-    if (!totals) return std::unexpected(totals.error());
+    const auto totals = TRY(request.isUnit ? propertiesTotals(database, request.node)
+                                           : folderTotals(database, request.discoactual, request.rutaactual,
+                                                          request.nivelactual));
     Properties properties;
     properties.type = typeOf(request, idioma);
     properties.name = request.node;
-    properties.size = core::sizeText(totals->kilobytes);
-    properties.contents = std::to_string(totals->files) + std::string(filesAnd.in(idioma)) +
-                          std::to_string(totals->folders) + std::string(folders.in(idioma));
+    properties.size = core::sizeText(totals.kilobytes);
+    properties.contents = std::to_string(totals.files) + std::string(filesAnd.in(idioma)) +
+                          std::to_string(totals.folders) + std::string(folders.in(idioma));
     properties.picture = request.picture;
     return properties;
 }

@@ -29,12 +29,11 @@ std::expected<Wanted, int> wantedItems(const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
     auto database = openCatalogue(operands[0], invocation.language, engine::Use::ReadOnly);
     if (!database) return std::unexpected(UnusableCatalogue);
-    const auto disco = unitOperand(*database, operands[1], invocation);
-    if (!disco) return std::unexpected(disco.error());
+    const auto disco = TRY(unitOperand(*database, operands[1], invocation));
 
     Wanted wanted;
     for (std::size_t i = 2; i + 1 < operands.size(); ++i) {
-        const auto place = rowOperand(*database, *disco, operands[i], core::FoundRow::File, invocation);
+        const auto place = rowOperand(*database, disco, operands[i], core::FoundRow::File, invocation);
         if (!place) {
             wanted.status = std::max<int>(wanted.status, place.error());
             continue;

@@ -21,16 +21,15 @@ std::string plainRow(const core::CatalogRow& row) {
 
 engine::Result<long long> printRows(engine::Database& database, const std::string& select,
                                     const std::string& disco, RowOutput& output) {
-    auto rows = database.OpenRecordset(select);
-    if (!rows) return std::unexpected(rows.error());
+    auto rows = TRY(database.OpenRecordset(select));
     long long count = 0;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const core::CatalogRow row = core::readRow(*rows);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const core::CatalogRow row = core::readRow(rows);
         if (row.disco != disco) continue;  // a unit whose name differs in case
         ++count;
         if (!output.forPrograms(row)) print(plainRow(row));
     }
-    if (rows->error()) return std::unexpected(*rows->error());
+    if (rows.error()) return std::unexpected(*rows.error());
     return count;
 }
 

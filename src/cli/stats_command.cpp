@@ -13,14 +13,12 @@ namespace {
 
 std::expected<stats::Scope, int> scopeOf(engine::Database& database, const Invocation& invocation) {
     const auto& operands = invocation.arguments.operands;
-    const auto disco = unitOperand(database, operands[1], invocation);
-    if (!disco) return std::unexpected(disco.error());
-    stats::Scope scope{.unit = *disco, .path = {}};
+    const auto disco = TRY(unitOperand(database, operands[1], invocation));
+    stats::Scope scope{.unit = disco, .path = {}};
     if (operands.size() < 3) return scope;
-    const auto place = rowOperand(database, *disco, operands[2], core::FoundRow::Folder, invocation);
-    if (!place) return std::unexpected(place.error());
-    if (place->kind == core::FoundRow::Folder) scope.ruta = place->row.ruta;
-    if (place->kind == core::FoundRow::File)
+    const auto place = TRY(rowOperand(database, disco, operands[2], core::FoundRow::Folder, invocation));
+    if (place.kind == core::FoundRow::Folder) scope.ruta = place.row.ruta;
+    if (place.kind == core::FoundRow::File)
         return std::unexpected(fail(NothingFound, operands[2], isNoFolder.in(invocation.language)));
     return scope;
 }

@@ -33,19 +33,18 @@ engine::Result<std::vector<CopyItem>> itemsOf(engine::Database& database, const 
     const bool isUnit = place.kind == core::FoundRow::Unit;
     std::string select = "select * from datos where disco=(" + core::literal(place.row.disco) + ")";
     if (!isUnit) select += " and ruta like (" + core::literal(core::asPattern(place.row.ruta) + "*") + ")";
-    auto rows = database.OpenRecordset(select);
-    if (!rows) return std::unexpected(rows.error());
+    auto rows = TRY(database.OpenRecordset(select));
 
     const std::size_t above = isUnit ? 0 : place.folders.size() - 1;
     std::vector<CopyItem> items;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        core::CatalogRow row = core::readRow(*rows);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        core::CatalogRow row = core::readRow(rows);
         const bool isBelow = row.ruta == place.row.ruta || row.ruta.starts_with(place.row.ruta + '\\');
         if (row.disco != place.row.disco || !(isUnit || isBelow)) continue;
         const std::size_t names = core::namesBelowUnit(row).size() - (row.archivo ? 1 : 0);
         items.push_back({std::move(row), names - std::min(above, names)});
     }
-    if (rows->error()) return std::unexpected(*rows->error());
+    if (rows.error()) return std::unexpected(*rows.error());
     return items;
 }
 

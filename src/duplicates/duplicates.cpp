@@ -134,15 +134,13 @@ class Files {
 // Two passes, since most files have no twin and need not be kept: of 10,000,000 files 86 MB instead of
 // 1.2 GB.
 engine::Result<> Files::read(engine::Database& database) {
-    const auto total = core::totalRows(database);
-    if (!total) return std::unexpected(total.error());
+    const auto total = TRY(core::totalRows(database));
     auto first = database.OpenRecordset(selectFiles(m_request));
     if (!first) return std::unexpected(first.error());
-    auto second = database.OpenRecordset(selectFiles(m_request));
-    if (!second) return std::unexpected(second.error());
-    (void)second->Field("archivo");  // from its first row on it holds the state that the first pass reads
+    auto second = TRY(database.OpenRecordset(selectFiles(m_request)));
+    (void)second.Field("archivo");  // from its first row on it holds the state that the first pass reads
 
-    Twins twins(*total);
+    Twins twins(total);
     std::size_t row = 0;
     auto read = forEach(*first, [&] {
         const Facts facts = factsOf(*first);
@@ -153,8 +151,8 @@ engine::Result<> Files::read(engine::Database& database) {
     twins.settle(row);
     m_files.reserve(twins.count());
     row = 0;
-    return forEach(*second, [&] {
-        if (twins.maybeTwin(row++)) add(factsOf(*second), second->Field("ruta").text());
+    return forEach(second, [&] {
+        if (twins.maybeTwin(row++)) add(factsOf(second), second.Field("ruta").text());
     });
 }
 
@@ -237,7 +235,7 @@ void Files::group(const std::function<void(const Group&)>& take) {
 engine::Result<> find(engine::Database& database, const Request& request,
                       const std::function<void(const Group&)>& take) {
     Files files(request);
-    if (auto read = files.read(database); !read) return read;
+    TRY(files.read(database));
     files.group(take);
     return {};
 }

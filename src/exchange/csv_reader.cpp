@@ -19,15 +19,12 @@ bool endsField(int byte) {
 std::expected<std::optional<core::CatalogRow>, Damage> CsvReader::next() {
     Fields fields;
     if (!m_headerRead) {
-        if (const auto read = header(); !read) return std::unexpected(read.error());
+        TRY(header());
         m_headerRead = true;
     }
-    const auto found = record(fields);
-    if (!found) return std::unexpected(found.error());
-    if (!*found) return std::nullopt;
-    auto row = rowOf(fields, m_source);
-    if (!row) return std::unexpected(row.error());
-    return std::move(*row);
+    const auto found = TRY(record(fields));
+    if (!found) return std::nullopt;
+    return TRY(rowOf(fields, m_source));
 }
 
 std::expected<bool, Damage> CsvReader::header() {

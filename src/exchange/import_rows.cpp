@@ -16,10 +16,9 @@ std::unexpected<ImportFailure> failure(const engine::Error& error) {
 }
 
 engine::Result<std::set<std::string>> unitsInLowerCase(engine::Database& database) {
-    const auto names = core::unitNames(database);
-    if (!names) return std::unexpected(names.error());
+    const auto names = TRY(core::unitNames(database));
     std::set<std::string> lower;
-    for (const std::string& name : *names) lower.insert(core::lowerCase(name));
+    for (const std::string& name : names) lower.insert(core::lowerCase(name));
     return lower;
 }
 

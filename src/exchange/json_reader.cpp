@@ -50,11 +50,8 @@ std::expected<std::optional<core::CatalogRow>, Damage> JsonReader::next() {
         if (byte < 0) return m_source.damageAt(byte);
         line += static_cast<char>(byte);
     }
-    auto fields = fieldsOf(line);
-    if (!fields) return std::unexpected(fields.error());
-    auto row = rowOf(*fields, m_source);
-    if (!row) return std::unexpected(row.error());
-    return std::move(*row);
+    auto fields = TRY(fieldsOf(line));
+    return TRY(rowOf(fields, m_source));
 }
 
 std::expected<Fields, Damage> JsonReader::fieldsOf(const std::string& line) const {

@@ -26,23 +26,20 @@ engine::Result<std::shared_ptr<const Directory>> Directory::of(NodeId folder,
                                                                std::span<const RowSpool::Run> folders,
                                                                std::span<const RowSpool::Run> files) {
     std::shared_ptr<Directory> directory(new Directory(folder, std::move(spool)));
-    auto made = directory->add(folders, Folder, AlteredFolder);
-    if (made) made = directory->add(files, File, AlteredFile);
-    if (made) made = directory->settle(Meeting::Mark);
-    if (!made) return std::unexpected(made.error());
+    TRY(directory->add(folders, Folder, AlteredFolder));
+    TRY(directory->add(files, File, AlteredFile));
+    TRY(directory->settle(Meeting::Mark));
     return directory;
 }
 
 engine::Result<> Directory::add(std::span<const RowSpool::Run> runs, Rank rank, Rank altered) {
     for (const RowSpool::Run& run : runs) {
-        auto at = m_spool->firstRow(run);
-        if (!at) return std::unexpected(at.error());
+        auto at = TRY(m_spool->firstRow(run));
         for (std::uint32_t i = 0; i < run.rows; ++i) {
-            const auto stored = m_spool->row(*at);
-            if (!stored) return std::unexpected(stored.error());
-            const ShownName name = shownNameOf(stored->row);
-            m_entries.push_back({idOf(m_folder, name.bytes), *at, name.altered ? altered : rank, false});
-            *at = stored->next;
+            const auto stored = TRY(m_spool->row(at));
+            const ShownName name = shownNameOf(stored.row);
+            m_entries.push_back({idOf(m_folder, name.bytes), at, name.altered ? altered : rank, false});
+            at = stored.next;
         }
     }
     return {};
@@ -61,16 +58,14 @@ engine::Result<> Directory::settle(Meeting meeting) {
             owned = entry.id;
             continue;
         }
-        const auto twin = isTwin(*owner, entry);
-        if (!twin) return std::unexpected(twin.error());
-        if (*twin || meeting == Meeting::Drop) {
+        const auto twin = TRY(isTwin(*owner, entry));
+        if (twin || meeting == Meeting::Drop) {
             dropped[index] = true;
             continue;
         }
         entry.marked = marked = true;
-        const auto child = childOf(entry);
-        if (!child) return std::unexpected(child.error());
-        entry.id = idOf(m_folder, child->shown);
+        const auto child = TRY(childOf(entry));
+        entry.id = idOf(m_folder, child.shown);
     }
     std::size_t index = 0;
     if (std::erase_if(m_entries, [&](const Entry&) { return dropped[index++]; }) > 0) sortById();
@@ -78,10 +73,8 @@ engine::Result<> Directory::settle(Meeting meeting) {
 }
 
 engine::Result<bool> Directory::isTwin(const Entry& a, const Entry& b) const {
-    const auto first = m_spool->row(a.at), second = m_spool->row(b.at);
-    if (!first) return std::unexpected(first.error());
-    if (!second) return std::unexpected(second.error());
-    return first->row.name == second->row.name;
+    const auto first = TRY(m_spool->row(a.at)), second = TRY(m_spool->row(b.at));
+    return first.row.name == second.row.name;
 }
 
 void Directory::sortById() {
@@ -95,11 +88,10 @@ void Directory::sortById() {
 }
 
 engine::Result<Child> Directory::childOf(const Entry& entry) const {
-    auto stored = m_spool->row(entry.at);
-    if (!stored) return std::unexpected(stored.error());
-    std::string shown = shownNameOf(stored->row).bytes;
-    if (entry.marked) shown = markedName(shown, stored->row.name);
-    return Child{entry.id, std::move(shown), std::move(stored->row), entry.at};
+    auto stored = TRY(m_spool->row(entry.at));
+    std::string shown = shownNameOf(stored.row).bytes;
+    if (entry.marked) shown = markedName(shown, stored.row.name);
+    return Child{entry.id, std::move(shown), std::move(stored.row), entry.at};
 }
 
 engine::Result<Child> Directory::child(std::size_t index) const {
@@ -110,9 +102,8 @@ engine::Result<std::optional<Child>> Directory::find(NodeId id) const {
     const auto idAt = [this](std::uint32_t index) { return m_entries[index].id; };
     const auto found = std::ranges::lower_bound(m_byId, id, {}, idAt);
     if (found == m_byId.end() || idAt(*found) != id) return std::nullopt;
-    auto child = childOf(m_entries[*found]);
-    if (!child) return std::unexpected(child.error());
-    return std::move(*child);
+    auto child = TRY(childOf(m_entries[*found]));
+    return child;
 }
 
 engine::Result<std::optional<Child>> Directory::find(std::string_view shown) const {

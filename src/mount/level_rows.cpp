@@ -64,26 +64,24 @@ std::uint64_t keyOf(std::string_view ruta, int nivel) {
 
 engine::Result<LevelRows::Runs> LevelRows::units() {
     ++m_statements;
-    auto rows = m_database.OpenRecordset("select disco from datos group by disco order by disco");
-    if (!rows) return std::unexpected(rows.error());
+    auto rows = TRY(m_database.OpenRecordset("select disco from datos group by disco order by disco"));
     RowSpool::Run run = m_spool->beginRun({});
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const engine::Value disco = rows->Field("disco");
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const engine::Value disco = rows.Field("disco");
         if (!disco.isNull())
             m_spool->append(run, {.kind = Kind::Unit, .name = std::string(disco.text()), .note = {}});
     }
-    if (rows->error()) return std::unexpected(*rows->error());
-    if (auto written = m_spool->flush(); !written) return std::unexpected(written.error());
+    if (rows.error()) return std::unexpected(*rows.error());
+    TRY(m_spool->flush());
     return Runs{run};
 }
 
 engine::Result<LevelRows::Runs> LevelRows::rowsIn(const Place& place, Rows rows) {
     Runs runs;
     if (place.nivel > deepestLevel) return runs;
-    const auto found = level(place.disco, place.nivel, rows);
-    if (!found) return std::unexpected(found.error());
+    const auto found = TRY(level(place.disco, place.nivel, rows));
     const std::uint64_t key = keyOf(place.ruta, place.nivel);
-    for (const auto& [folder, run] : std::ranges::equal_range(**found, key, {}, &FolderRun::folder)) {
+    for (const auto& [folder, run] : std::ranges::equal_range(*found, key, {}, &FolderRun::folder)) {
         const auto ruta = m_spool->ruta(run.at);
         if (!ruta) return std::unexpected(ruta.error());
         if (place.nivel == 1 || *ruta == place.ruta) runs.push_back(run);
@@ -94,28 +92,26 @@ engine::Result<LevelRows::Runs> LevelRows::rowsIn(const Place& place, Rows rows)
 engine::Result<const LevelRows::Level*> LevelRows::level(const std::string& disco, int nivel, Rows rows) {
     const std::tuple key{disco, nivel, rows};
     if (const auto known = m_levels.find(key); known != m_levels.end()) return &known->second;
-    auto level = read(disco, nivel, rows);
-    if (!level) return std::unexpected(level.error());
-    return &m_levels.emplace(key, std::move(*level)).first->second;
+    auto level = TRY(read(disco, nivel, rows));
+    return &m_levels.emplace(key, std::move(level)).first->second;
 }
 
 engine::Result<LevelRows::Level> LevelRows::read(const std::string& disco, int nivel, Rows which) {
     ++m_statements;
-    auto rows = m_database.OpenRecordset(selectOf(disco, nivel, which));
-    if (!rows) return std::unexpected(rows.error());
+    auto rows = TRY(m_database.OpenRecordset(selectOf(disco, nivel, which)));
     Level level;
     std::string folder;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        if (rows->Field("disco").text() != disco) continue;  // a unit that differs in case
-        const std::string_view lies = folderOf(rows->Field("ruta").text(), which);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        if (rows.Field("disco").text() != disco) continue;  // a unit that differs in case
+        const std::string_view lies = folderOf(rows.Field("ruta").text(), which);
         if (level.empty() || lies != folder || m_spool->runSize() > longestRun) {
             folder = lies;
             level.push_back({keyOf(folder, nivel), m_spool->beginRun(folder)});
         }
-        m_spool->append(level.back().run, rowOf(*rows, which));
+        m_spool->append(level.back().run, rowOf(rows, which));
     }
-    if (rows->error()) return std::unexpected(*rows->error());
-    if (auto written = m_spool->flush(); !written) return std::unexpected(written.error());
+    if (rows.error()) return std::unexpected(*rows.error());
+    TRY(m_spool->flush());
     std::ranges::sort(level);
     level.shrink_to_fit();
     return level;

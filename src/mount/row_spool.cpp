@@ -73,35 +73,29 @@ engine::Result<> RowSpool::flush() {
 }
 
 engine::Result<RowSpool::Stored> RowSpool::row(Offset offset) const {
-    const auto header = read<RowHeader>(offset);
-    if (!header) return std::unexpected(header.error());
+    const auto header = TRY(read<RowHeader>(offset));
     const Offset behindHeader = offset + sizeof(RowHeader);
-    const std::size_t size = std::size_t{header->nameSize} + header->noteSize;
-    const auto texts = bytes(behindHeader, size);
-    if (!texts) return std::unexpected(texts.error());
-    return Stored{{header->kind, std::string(texts->substr(0, header->nameSize)), header->fecha,
-                   header->kilobytes, std::string(texts->substr(header->nameSize))},
+    const std::size_t size = std::size_t{header.nameSize} + header.noteSize;
+    const auto texts = TRY(bytes(behindHeader, size));
+    return Stored{{header.kind, std::string(texts.substr(0, header.nameSize)), header.fecha, header.kilobytes,
+                   std::string(texts.substr(header.nameSize))},
                   behindHeader + size};
 }
 
 engine::Result<RowSpool::Offset> RowSpool::firstRow(const Run& run) const {
-    const auto size = read<std::uint32_t>(run.at);
-    if (!size) return std::unexpected(size.error());
-    return run.at + sizeof *size + *size;
+    const auto size = TRY(read<std::uint32_t>(run.at));
+    return run.at + sizeof size + size;
 }
 
 engine::Result<std::string> RowSpool::ruta(Offset run) const {
-    const auto size = read<std::uint32_t>(run);
-    if (!size) return std::unexpected(size.error());
-    const auto text = bytes(run + sizeof *size, *size);
-    if (!text) return std::unexpected(text.error());
-    return std::string(*text);
+    const auto size = TRY(read<std::uint32_t>(run));
+    const auto text = TRY(bytes(run + sizeof size, size));
+    return std::string(text);
 }
 
 engine::Result<std::string> RowSpool::rutaOfRow(Offset row) const {
-    const auto header = read<RowHeader>(row);
-    if (!header) return std::unexpected(header.error());
-    return ruta(header->run);
+    const auto header = TRY(read<RowHeader>(row));
+    return ruta(header.run);
 }
 
 void RowSpool::write(std::string_view bytes) {
@@ -144,10 +138,9 @@ engine::Result<std::string_view> RowSpool::bytes(Offset offset, std::size_t size
 
 template <class T>
 engine::Result<T> RowSpool::read(Offset offset) const {
-    const auto found = bytes(offset, sizeof(T));
-    if (!found) return std::unexpected(found.error());
+    const auto found = TRY(bytes(offset, sizeof(T)));
     T value;
-    std::memcpy(&value, found->data(), sizeof value);
+    std::memcpy(&value, found.data(), sizeof value);
     return value;
 }
 

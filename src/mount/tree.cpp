@@ -63,9 +63,8 @@ void Tree::forgetRows() {
 engine::Result<LevelRows*> Tree::rows() {
     if (!m_database) return std::unexpected(m_failure);
     if (!m_rows) {
-        auto spool = RowSpool::create();
-        if (!spool) return std::unexpected(spool.error());
-        m_rows = std::make_unique<LevelRows>(*m_database, std::move(*spool));
+        auto spool = TRY(RowSpool::create());
+        m_rows = std::make_unique<LevelRows>(*m_database, std::move(spool));
     }
     return m_rows.get();
 }
@@ -96,56 +95,44 @@ engine::Result<Tree::Opened*> Tree::opened(NodeId folder) {
         m_opened.splice(m_opened.begin(), m_opened, known);
         return &m_opened.front();
     }
-    auto opening = open(folder);
-    if (!opening) return std::unexpected(opening.error());
-    if (!*opening) return nullptr;
-    m_opened.push_front(std::move(**opening));
+    auto opening = TRY(open(folder));
+    if (!opening) return nullptr;
+    m_opened.push_front(std::move(*opening));
     closeSome();
     return &m_opened.front();
 }
 
 engine::Result<std::optional<Tree::Opened>> Tree::open(NodeId folder) {
-    const auto place = placeOf(folder);
-    if (!place) return std::unexpected(place.error());
-    if (!*place) return std::nullopt;
-    const auto levels = rows();
-    if (!levels) return std::unexpected(levels.error());
-    const auto runs = folder == rootId ? (*levels)->units() : (*levels)->rowsIn(**place, Rows::Folders);
-    if (!runs) return std::unexpected(runs.error());
-    auto folders = Directory::of(folder, (*levels)->spool(), *runs);
-    if (!folders) return std::unexpected(folders.error());
-    return Opened{folder, **place, *folders, folder == rootId ? *folders : nullptr};
+    const auto place = TRY(placeOf(folder));
+    if (!place) return std::nullopt;
+    const auto levels = TRY(rows());
+    const auto runs = TRY(folder == rootId ? levels->units() : levels->rowsIn(*place, Rows::Folders));
+    auto folders = TRY(Directory::of(folder, levels->spool(), runs));
+    return Opened{folder, *place, folders, folder == rootId ? folders : nullptr};
 }
 
 engine::Result<std::optional<Place>> Tree::placeOf(NodeId folder) {
     if (folder == rootId) return Place{};
     const auto parent = m_known.folderOf(folder);
     if (!parent) return std::nullopt;
-    const auto in = opened(*parent);
-    if (!in) return std::unexpected(in.error());
-    if (!*in) return std::nullopt;
-    const auto child = (*in)->folders->find(folder);
-    if (!child) return std::unexpected(child.error());
-    if (!*child) return std::nullopt;
-    const Row& row = (*child)->row;
+    const auto in = TRY(opened(*parent));
+    if (!in) return std::nullopt;
+    const auto child = TRY(in->folders->find(folder));
+    if (!child) return std::nullopt;
+    const Row& row = child->row;
     if (row.kind == Kind::Unit) return Place{row.name, {}, 1};
     if (row.kind != Kind::Folder) return std::nullopt;
-    const auto ruta = (*in)->folders->rutaOf(**child);
-    if (!ruta) return std::unexpected(ruta.error());
-    return Place{(*in)->place.disco, core::joinPath(*ruta, row.name), (*in)->place.nivel + 1};
+    const auto ruta = TRY(in->folders->rutaOf(*child));
+    return Place{in->place.disco, core::joinPath(ruta, row.name), in->place.nivel + 1};
 }
 
 engine::Result<std::shared_ptr<const Directory>> Tree::all(Opened& folder) {
     if (folder.all) return folder.all;
-    const auto levels = rows();
-    if (!levels) return std::unexpected(levels.error());
-    const auto folders = (*levels)->rowsIn(folder.place, Rows::Folders);
-    if (!folders) return std::unexpected(folders.error());
-    const auto files = (*levels)->rowsIn(folder.place, Rows::Files);
-    if (!files) return std::unexpected(files.error());
-    auto directory = Directory::of(folder.id, (*levels)->spool(), *folders, *files);
-    if (directory) folder.all = *directory;
-    return directory;
+    const auto levels = TRY(rows());
+    const auto folders = TRY(levels->rowsIn(folder.place, Rows::Folders));
+    const auto files = TRY(levels->rowsIn(folder.place, Rows::Files));
+    folder.all = TRY(Directory::of(folder.id, levels->spool(), folders, files));
+    return folder.all;
 }
 
 void Tree::closeSome() {
@@ -160,24 +147,21 @@ void Tree::closeSome() {
 
 template <class Key>
 engine::Result<std::optional<Child>> Tree::childIn(NodeId folder, Key key) {
-    const auto in = opened(folder);
-    if (!in) return std::unexpected(in.error());
-    if (!*in) return std::nullopt;
-    if (!(*in)->all) {
-        auto found = (*in)->folders->find(key);
+    const auto in = TRY(opened(folder));
+    if (!in) return std::nullopt;
+    if (!in->all) {
+        auto found = in->folders->find(key);
         if (!found || *found) return found;
     }
-    const auto directory = all(**in);
-    if (!directory) return std::unexpected(directory.error());
-    return (*directory)->find(key);
+    const auto directory = TRY(all(*in));
+    return directory->find(key);
 }
 
 engine::Result<std::shared_ptr<const Directory>> Tree::directory(NodeId folder) {
     return steadily([&]() -> engine::Result<std::shared_ptr<const Directory>> {
-        const auto in = opened(folder);
-        if (!in) return std::unexpected(in.error());
-        if (!*in) return nullptr;
-        return all(**in);
+        const auto in = TRY(opened(folder));
+        if (!in) return nullptr;
+        return all(*in);
     });
 }
 
@@ -202,24 +186,19 @@ engine::Result<std::optional<core::CataloguedFile>> Tree::fileOf(NodeId id) {
 }
 
 engine::Result<std::optional<core::CataloguedFile>> Tree::fileIn(NodeId folder, NodeId id) {
-    auto child = childIn(folder, id);
-    if (!child) return std::unexpected(child.error());
-    if (!*child || (*child)->row.kind != Kind::File) return std::nullopt;
-    const auto in = opened(folder);
-    if (!in) return std::unexpected(in.error());
-    auto ruta = (*in)->all->rutaOf(**child);
-    if (!ruta) return std::unexpected(ruta.error());
-    return core::CataloguedFile{std::move(*ruta), std::move((*child)->row.name)};
+    auto child = TRY(childIn(folder, id));
+    if (!child || child->row.kind != Kind::File) return std::nullopt;
+    const auto in = TRY(opened(folder));
+    auto ruta = TRY(in->all->rutaOf(*child));
+    return core::CataloguedFile{std::move(ruta), std::move(child->row.name)};
 }
 
 engine::Result<Tree::Totals> Tree::totals() {
     if (m_totals) return *m_totals;
-    const auto levels = rows();
-    if (!levels) return std::unexpected(levels.error());
-    const auto units = core::units(*m_database);
-    if (!units) return std::unexpected(units.error());
+    (void)TRY(rows());
+    const auto units = TRY(core::units(*m_database));
     Totals totals;
-    for (const core::Unit& unit : *units) {
+    for (const core::Unit& unit : units) {
         totals.items += unit.folders + unit.files;
         totals.kilobytes += unit.kilobytes;
     }

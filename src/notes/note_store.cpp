@@ -14,7 +14,7 @@ std::string withKey(std::string text, const NoteTarget& target, std::string_view
 
 engine::Result<> refuseApostrophes(const NoteTarget& target) {
     for (const std::string_view part : {target.disco, target.ruta, target.name})
-        if (auto safe = core::refuseApostrophe(part); !safe) return safe;
+        TRY(core::refuseApostrophe(part));
     return {};
 }
 
@@ -37,25 +37,23 @@ std::string updateNote(const NoteTarget& target, std::string_view note) {
 }
 
 engine::Result<> storeNoteOf(engine::Database& database, const core::CatalogRow& row, std::string_view note) {
-    if (auto safe = core::refuseApostrophe(note); !safe) return safe;
+    TRY(core::refuseApostrophe(note));
     const std::string where =
         " where disco=(" + core::literal(row.disco) + ") and ruta=(" + core::literal(row.ruta) + ") and " +
         (row.archivo ? "archivo=(" + core::literal(*row.archivo) + ")" : "tipo<>('archivo')");
     // Statements take no notice of case; the rows of this very spelling are told by their numbers.
     std::string numbers;
     {
-        auto rows = database.OpenRecordset("select * from datos" + where);
-        if (!rows) return std::unexpected(rows.error());
-        for (; !rows->Eof(); rows->MoveNext()) {
-            const core::CatalogRow other = core::readRow(*rows);
+        auto rows = TRY(database.OpenRecordset("select * from datos" + where));
+        for (; !rows.Eof(); rows.MoveNext()) {
+            const core::CatalogRow other = core::readRow(rows);
             if (other.disco != row.disco || other.ruta != row.ruta || other.archivo != row.archivo) continue;
             numbers.append(numbers.empty() ? "" : ",").append(std::to_string(other.numero));
         }
-        if (rows->error()) return std::unexpected(*rows->error());
+        if (rows.error()) return std::unexpected(*rows.error());
     }
-    const auto touched = database.Execute("update datos set comentario=" + core::literal(note) + where +
-                                          " and numero in (" + numbers + ")");
-    if (!touched) return std::unexpected(touched.error());
+    (void)TRY(database.Execute("update datos set comentario=" + core::literal(note) + where +
+                               " and numero in (" + numbers + ")"));
     return {};
 }
 
@@ -63,12 +61,11 @@ engine::Result<ReadNote> readNote(engine::Database& database, const NoteTarget& 
                                   core::Language language) {
     if (target.indicefila < 0 || target.type == core::rotulos(language).rotulocarpeta) return ReadNote{};
     if (!refuseApostrophes(target)) return ReadNote{};
-    const auto rows = database.OpenRecordset(selectForReading(target));
-    if (!rows) return std::unexpected(rows.error());
-    const bool none = rows->Eof();
-    if (rows->error()) return std::unexpected(*rows->error());
+    const auto rows = TRY(database.OpenRecordset(selectForReading(target)));
+    const bool none = rows.Eof();
+    if (rows.error()) return std::unexpected(*rows.error());
     if (none) return ReadNote{};
-    std::string note(rows->Field("comentario").text());
+    std::string note(rows.Field("comentario").text());
     const ReadEnd end = note.empty() ? ReadEnd::NoNote : ReadEnd::Note;
     return ReadNote{end, std::move(note)};
 }
@@ -77,17 +74,15 @@ engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget&
                                    std::string_view note) {
     // The stored word in both languages: where folders are captioned "Files folder", this lets them pass.
     if (target.indicefila < 0 || target.type == core::folderTipo) return StoreEnd::NoRow;
-    if (auto safe = refuseApostrophes(target); !safe) return std::unexpected(safe.error());
+    TRY(refuseApostrophes(target));
     {
-        const auto rows = database.OpenRecordset(selectForStoring(target));
-        if (!rows) return std::unexpected(rows.error());
-        const bool none = rows->Eof();
-        if (rows->error()) return std::unexpected(*rows->error());
+        const auto rows = TRY(database.OpenRecordset(selectForStoring(target)));
+        const bool none = rows.Eof();
+        if (rows.error()) return std::unexpected(*rows.error());
         if (none) return StoreEnd::NoRow;
     }
-    if (auto safe = core::refuseApostrophe(note); !safe) return std::unexpected(safe.error());
-    if (const auto touched = database.Execute(updateNote(target, note)); !touched)
-        return std::unexpected(touched.error());
+    TRY(core::refuseApostrophe(note));
+    (void)TRY(database.Execute(updateNote(target, note)));
     return StoreEnd::Stored;
 }
 

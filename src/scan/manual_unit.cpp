@@ -16,27 +16,24 @@ const UnitRefusal* refusalOf(const ManualUnit& unit) {
 
 engine::Result<const UnitRefusal*> refusalOf(const ManualUnit& unit, engine::Database& database) {
     if (const UnitRefusal* incomplete = refusalOf(unit)) return incomplete;
-    const auto taken = unitExists(database, unit.name);
-    if (!taken) return std::unexpected(taken.error());
-    return *taken ? &refusal::manualNameTaken : nullptr;
+    const auto taken = TRY(unitExists(database, unit.name));
+    return taken ? &refusal::manualNameTaken : nullptr;
 }
 
 engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, engine::Database& database) {
     if (unit.kind >= 1 && unit.kind <= std::ssize(core::unitKinds))
         tipo = core::unitKinds[unit.kind - 1].tipo;
 
-    const auto last = lastNumero(database);
-    if (!last) return std::unexpected(last.error());
+    const auto last = TRY(lastNumero(database));
     core::CatalogRow row;
-    row.numero = *last + 1;
+    row.numero = last + 1;
     row.ruta = std::string("C:").append(unit.content);  // no drive: only how such a row is marked
     row.carpeta = unit.content;
     row.nivel = "1";
     row.fecha = core::today();
     row.tipo = tipo;
     row.disco = core::discoOf(unit.name);
-    if (const auto inserted = database.Execute(core::insertFolder(row)); !inserted)
-        return std::unexpected(inserted.error());
+    (void)TRY(database.Execute(core::insertFolder(row)));
     return {};
 }
 

@@ -111,11 +111,9 @@ Rescanned<FoundUnit> readMedium(const UnitRows& stored, const RescanRequest& req
 
 Rescanned<UnitChanges> compareUnit(engine::Database& database, const RescanRequest& request,
                                    const platform::Drives& drives, WalkObserver& observer) {
-    auto stored = storedUnit(database, request.disco);
-    if (!stored) return std::unexpected(stored.error());
-    auto found = readMedium(*stored, request, drives, observer);
-    if (!found) return std::unexpected(found.error());
-    return changesOf(database, std::move(*stored), std::move(*found));
+    auto stored = TRY(storedUnit(database, request.disco));
+    auto found = TRY(readMedium(stored, request, drives, observer));
+    return changesOf(database, std::move(stored), std::move(found));
 }
 
 // Others may have written a note while the medium was read, so the rows are read once more under the lock.
@@ -123,19 +121,16 @@ Rescanned<UnitChanges> updateUnit(engine::Database& database, const RescanReques
                                   const platform::Drives& drives, WalkObserver& observer,
                                   const std::function<bool()>& stopped) {
     if (const auto writable = canWrite(database); !writable) return failure(writable.error());
-    auto found = [&]() -> Rescanned<FoundUnit> {
-        const auto stored = storedUnit(database, request.disco);
-        if (!stored) return std::unexpected(stored.error());
-        return readMedium(*stored, request, drives, observer);
-    }();
-    if (!found) return std::unexpected(found.error());
+    const auto readAgain = [&]() -> Rescanned<FoundUnit> {
+        return readMedium(TRY(storedUnit(database, request.disco)), request, drives, observer);
+    };
+    auto found = TRY(readAgain());
 
     database.KeepChangesInMemory();  // 200,000 rows: readers wait for 0.3 s instead of 20 s
     engine::Transaction whole(database);
     if (const auto begun = whole.begin(); !begun) return failure(begun.error());
-    auto stored = storedUnit(database, request.disco);
-    if (!stored) return std::unexpected(stored.error());
-    auto changes = changesOf(database, std::move(*stored), std::move(*found));
+    auto stored = TRY(storedUnit(database, request.disco));
+    auto changes = changesOf(database, std::move(stored), std::move(found));
     if (!changes || changes->areNone()) return changes;
     const auto written = changes->write(database, stopped);
     if (!written) return failure(written.error());

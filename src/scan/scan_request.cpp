@@ -14,10 +14,9 @@ std::string withoutTrailingSlashes(std::string path) {
 }  // namespace
 
 engine::Result<bool> unitExists(engine::Database& database, const std::string& name) {
-    const auto rows = database.OpenRecordset(core::selectUnitNamed(name));
-    if (!rows) return std::unexpected(rows.error());
-    const bool exists = !rows->Eof();
-    if (rows->error()) return std::unexpected(*rows->error());
+    const auto rows = TRY(database.OpenRecordset(core::selectUnitNamed(name)));
+    const bool exists = !rows.Eof();
+    if (rows.error()) return std::unexpected(*rows.error());
     return exists;
 }
 
@@ -27,10 +26,9 @@ engine::Result<> canWrite(engine::Database& database) {
 }
 
 engine::Result<std::int64_t> lastNumero(engine::Database& database) {
-    auto rows = database.OpenRecordset("select * from datos order by numero");
-    if (!rows) return std::unexpected(rows.error());
-    const std::int64_t count = rows->RecordCount();
-    if (rows->error()) return std::unexpected(*rows->error());
+    auto rows = TRY(database.OpenRecordset("select * from datos order by numero"));
+    const std::int64_t count = rows.RecordCount();
+    if (rows.error()) return std::unexpected(*rows.error());
     return count;
 }
 
@@ -42,9 +40,8 @@ const UnitRefusal* refusalOf(const ScanRequest& request) {
 
 engine::Result<const UnitRefusal*> refusalOf(const ScanRequest& request, engine::Database& database) {
     if (const UnitRefusal* incomplete = refusalOf(request)) return incomplete;
-    const auto taken = unitExists(database, request.name);
-    if (!taken) return std::unexpected(taken.error());
-    return *taken ? &refusal::scanNameTaken : nullptr;
+    const auto taken = TRY(unitExists(database, request.name));
+    return taken ? &refusal::scanNameTaken : nullptr;
 }
 
 WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives) {
@@ -58,10 +55,9 @@ WalkStart walkStart(const ScanRequest& request, const platform::Drives& drives) 
 
 engine::Result<WalkStart> walkStart(const ScanRequest& request, engine::Database& database,
                                     const platform::Drives& drives) {
-    const auto last = lastNumero(database);
-    if (!last) return std::unexpected(last.error());
+    const auto last = TRY(lastNumero(database));
     WalkStart start = walkStart(request, drives);
-    start.lastNumero = *last;
+    start.lastNumero = last;
     return start;
 }
 

@@ -160,13 +160,10 @@ core::CatalogRow UnitChanges::newRow(std::size_t at) const {
 engine::Result<bool> UnitChanges::write(engine::Database& database,
                                         const std::function<bool()>& stopped) const {
     constexpr std::size_t askEvery = 256;
-    const auto deleted =
-        database.Execute("delete * from datos where disco=(" + core::literal(m_stored.disco()) + ")");
-    if (!deleted) return std::unexpected(deleted.error());
+    (void)TRY(database.Execute("delete * from datos where disco=(" + core::literal(m_stored.disco()) + ")"));
     for (std::size_t at = 0; at < m_order.size(); ++at) {
         if (at % askEvery == 0 && stopped()) return false;
-        const auto inserted = database.Execute(core::insertWhole(newRow(at)));
-        if (!inserted) return std::unexpected(inserted.error());
+        (void)TRY(database.Execute(core::insertWhole(newRow(at))));
     }
     return true;
 }

@@ -34,9 +34,8 @@ engine::Result<> runPasses(engine::Database& database, const std::vector<Pass>& 
     std::vector<std::string_view> statements;
     statements.reserve(passes.size());
     for (const Pass& pass : passes) statements.push_back(pass.sql);
-    auto found = database.OpenRecordsets(statements);
-    if (!found) return std::unexpected(found.error());
-    auto rows = found->begin();
+    auto found = TRY(database.OpenRecordsets(statements));
+    auto rows = found.begin();
     for (const Pass& pass : passes) {
         const bool folders = pass.kind == PassKind::Folder;
         long long& count = folders ? counters.carpetasencontradas : counters.archivosencontrados;

@@ -8,10 +8,9 @@ namespace stats {
 namespace {
 
 engine::Result<std::int64_t> countRows(engine::Database& database, const std::string& sqlestadistica) {
-    auto rows = database.OpenRecordset(sqlestadistica);
-    if (!rows) return std::unexpected(rows.error());
-    const std::int64_t count = rows->RecordCount();
-    if (const engine::Error* error = rows->error()) return std::unexpected(*error);
+    auto rows = TRY(database.OpenRecordset(sqlestadistica));
+    const std::int64_t count = rows.RecordCount();
+    if (const engine::Error* error = rows.error()) return std::unexpected(*error);
     return count;
 }
 
@@ -30,16 +29,14 @@ engine::Result<Statistics> countScope(engine::Database& database, const Scope& s
         if (progress) progress();
     };
     for (std::size_t category = 0; category < restIndex; ++category) {
-        const auto count = countRows(database, selectCategory(scope, category));
-        if (!count) return std::unexpected(count.error());
-        result.cantidadcategoria[category] = *count;
+        const auto count = TRY(countRows(database, selectCategory(scope, category)));
+        result.cantidadcategoria[category] = count;
         step();
     }
-    const auto total = countRows(database, selectTotal(scope));
-    if (!total) return std::unexpected(total.error());
-    if (*total > static_cast<std::int64_t>(limit))
+    const auto total = TRY(countRows(database, selectTotal(scope)));
+    if (total > static_cast<std::int64_t>(limit))
         return std::unexpected(engine::Error{overflow, "too many files to be counted"});
-    result.totalarchivos = *total;
+    result.totalarchivos = total;
     if (result.totalarchivos < 1) return result;
     step();
     const auto& counts = result.cantidadcategoria;
