@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "controls/step_buttons.h"
+#include "lists/item_model.h"
 #include "search/sample_catalogue.h"
 #include "support/fitting.h"
 #include "support/main_window.h"
