@@ -50,9 +50,14 @@ TEST_P(Importing, ScansTheChosenFolderOnEnter) {
 }
 
 TEST_P(Importing, RefusalsCostTheTypedName) {
-    enterName("abc");
-    EXPECT_TRUE(field("Text3").text().isEmpty());
-    EXPECT_EQ(lastMessage(), in("Seleccione el directorio a catalogar.", "Select the directory to catalog."));
+    for (const char* folder : {"", "in no drive"}) {
+        if (*folder) chooseFolder(discs.disc(folder));
+        enterName("abc");
+        EXPECT_TRUE(field("Text3").text().isEmpty());
+        EXPECT_EQ(lastMessage(),
+                  in("Seleccione el directorio a catalogar.", "Select the directory to catalog."));
+        choose("explore");
+    }
     for (int i = 0; i < 2; ++i) {  // the second time the name is taken
         choose("explore");
         chooseFolder(disc);
