@@ -39,10 +39,9 @@ using Units = std::vector<core::UnitItem>;
 // cannot be read is left out; the result is why.
 template <class Take>
 engine::Result<> eachUnit(engine::Database& database, Take take) {
-    const auto names = core::unitNames(database);
-    if (!names) return std::unexpected(names.error());
+    const auto names = TRY(core::unitNames(database));
     engine::Result<> whole;
-    for (const std::string& disco : *names) {
+    for (const std::string& disco : names) {
         if (const auto tipo = core::unitTipo(database, disco))
             take(disco, core::unitPicture(*tipo));
         else

@@ -86,14 +86,10 @@ std::expected<double, Complaint> dayOf(const std::string& text) {
 Checked readDates(SearchRequest& request, const Arguments& arguments) {
     if (arguments.has("--from") != arguments.has("--to")) return std::unexpected(Complaint{halfRange, {}});
     if (!arguments.has("--from")) return {};
-    const auto from = dayOf(*arguments.value("--from"));
-    if (!from) return std::unexpected(from.error());
-    const auto until = dayOf(*arguments.value("--to"));
-    if (!until) return std::unexpected(until.error());
-    if (*from > *until) return std::unexpected(Complaint{reversedRange, "--from, --to"});
+    request.from = TRY(dayOf(*arguments.value("--from")));
+    request.until = TRY(dayOf(*arguments.value("--to")));
+    if (request.from > request.until) return std::unexpected(Complaint{reversedRange, "--from, --to"});
     request.date = true;
-    request.from = *from;
-    request.until = *until;
     return {};
 }
 
@@ -119,7 +115,7 @@ std::expected<SearchRequest, Complaint> searchRequestOf(const Arguments& argumen
     SearchRequest request = search::requestFor({}, rotulos);
     for (const Checked& step : {readTexts(request, arguments), readType(request, arguments, rotulos),
                                 readDates(request, arguments), readSizes(request, arguments)})
-        if (!step) return std::unexpected(step.error());
+        TRY(step);
     return request;
 }
 

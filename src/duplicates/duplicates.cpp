@@ -135,19 +135,17 @@ class Files {
 // 1.2 GB.
 engine::Result<> Files::read(engine::Database& database) {
     const auto total = TRY(core::totalRows(database));
-    auto first = database.OpenRecordset(selectFiles(m_request));
-    if (!first) return std::unexpected(first.error());
+    auto first = TRY(database.OpenRecordset(selectFiles(m_request)));
     auto second = TRY(database.OpenRecordset(selectFiles(m_request)));
     (void)second.Field("archivo");  // from its first row on it holds the state that the first pass reads
 
     Twins twins(total);
     std::size_t row = 0;
-    auto read = forEach(*first, [&] {
-        const Facts facts = factsOf(*first);
+    TRY(forEach(first, [&] {
+        const Facts facts = factsOf(first);
         if (isAskedFor(facts)) twins.meet(hash(facts), row);
         ++row;
-    });
-    if (!read) return read;
+    }));
     twins.settle(row);
     m_files.reserve(twins.count());
     row = 0;

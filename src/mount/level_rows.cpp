@@ -82,9 +82,8 @@ engine::Result<LevelRows::Runs> LevelRows::rowsIn(const Place& place, Rows rows)
     const auto found = TRY(level(place.disco, place.nivel, rows));
     const std::uint64_t key = keyOf(place.ruta, place.nivel);
     for (const auto& [folder, run] : std::ranges::equal_range(*found, key, {}, &FolderRun::folder)) {
-        const auto ruta = m_spool->ruta(run.at);
-        if (!ruta) return std::unexpected(ruta.error());
-        if (place.nivel == 1 || *ruta == place.ruta) runs.push_back(run);
+        const std::string ruta = TRY(m_spool->ruta(run.at));
+        if (place.nivel == 1 || ruta == place.ruta) runs.push_back(run);
     }
     return runs;
 }

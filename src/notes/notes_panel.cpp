@@ -100,9 +100,8 @@ void NotesPanel::vercomentarios() {
 void NotesPanel::storeNote() {
     const QString text = noteText();
     const auto stored = [&]() -> engine::Result<StoreEnd> {
-        auto database = engine::OpenDatabase(m_frame.catalogue.path());
-        if (!database) return std::unexpected(database.error());
-        return notes::storeNote(*database, target(), text.toStdString());
+        auto database = TRY(engine::OpenDatabase(m_frame.catalogue.path()));
+        return notes::storeNote(database, target(), text.toStdString());
     }();
     begin(*m_Timer2);
     if (stored && *stored == StoreEnd::Stored) showInList(text);

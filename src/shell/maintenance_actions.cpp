@@ -43,9 +43,8 @@ template <class Change>
 std::invoke_result_t<Change, engine::Database&> change(frame::Frame& frame, const core::Bilingual& what,
                                                        const Change& change) {
     const frame::LongWork work(frame, what);
-    auto database = engine::OpenDatabase(frame.catalogue.path());
-    if (!database) return std::unexpected(database.error());
-    return change(*database);
+    auto database = TRY(engine::OpenDatabase(frame.catalogue.path()));
+    return change(database);
 }
 
 }  // namespace

@@ -59,14 +59,12 @@ engine::Result<bool> StatisticsAction::showScope(engine::Database& database, con
     m_frame.status.showProgress(static_cast<int>(categoryCount));
     m_frame.status.setText(working.in(m_frame.idioma));
 
-    const auto scope = scopeOf(selection);
-    if (!scope) return std::unexpected(scope.error());
+    const auto scope = TRY(scopeOf(selection));
     const auto statistics =
-        countScope(database, *scope, TotalLimit::Window, [this] { m_frame.status.advanceProgress(); });
-    if (!statistics) return std::unexpected(statistics.error());
-    if (statistics->totalarchivos < 1) return false;
+        TRY(countScope(database, scope, TotalLimit::Window, [this] { m_frame.status.advanceProgress(); }));
+    if (statistics.totalarchivos < 1) return false;
 
-    form().setStatistics(*statistics, *scope);
+    form().setStatistics(statistics, scope);
     form().setWindowState(form().windowState() & ~Qt::WindowMinimized);
     form().show();
     form().raise();
