@@ -137,8 +137,10 @@ void Form1::connectControls() {
     connect(controls.imgSplitter, &Divider::pressed, this, [this] { layOut(); });
     connect(controls.imgSplitter, &Divider::released, this, [&](int x) { parts.panes.sizeControls(x); });
     for (lists::ItemList* list : {controls.listView1, controls.listView2}) {
-        connect(list, &lists::ItemList::itemClicked, this,
-                [&parts, list](int row) { parts.listActivation.itemClicked(*list, row); });
+        connect(list, &lists::ItemList::itemClicked, this, [this, &parts, list](int row) {
+            parts.listActivation.itemClicked(*list, row);
+            listPressed();  // by a key, perhaps
+        });
         connect(list, &lists::ItemList::itemActivated, this,
                 [&parts, list](int) { parts.listActivation.doubleClicked(*list); });
         connect(list, &lists::ItemList::columnClicked, list, [list](int column) {
