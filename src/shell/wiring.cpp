@@ -1,6 +1,8 @@
 // What runs for each menu entry, button and event of a control.
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QFile>
 #include <QMenu>
 #include <QShortcut>
@@ -16,6 +18,18 @@
 #include "shell/main_window_parts.h"
 
 namespace shell {
+namespace {
+
+// For keyboards without that key, which is the only road to the notes but for the mouse.
+void pressMenuKey() {
+    QWidget* focused = QApplication::focusWidget();
+    if (!focused) return;
+    const QPoint place = focused->rect().center();
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
+    QApplication::sendEvent(focused, &menuKey);
+}
+
+}  // namespace
 
 void Form1::connectMenus() {
     MainWindowParts& parts = *m_parts;
@@ -126,6 +140,8 @@ void Form1::connectControls() {
     const auto* menuKey = new QShortcut(Qt::Key_F10, this);  // the menus' captions have no letters to press
     connect(menuKey, &QShortcut::activated, this,
             [menus = controls.menus] { menus->setActiveAction(menus->action(QStringLiteral("archivos"))); });
+    const auto* popupKey = new QShortcut(Qt::SHIFT | Qt::Key_F10, this);
+    connect(popupKey, &QShortcut::activated, this, &pressMenuKey);
     const auto* deleteKey =
         new QShortcut(QKeySequence::Delete, controls.treeView1, nullptr, nullptr, Qt::WidgetShortcut);
     connect(deleteKey, &QShortcut::activated, this, [&] { parts.maintenance.borrarunidad(); });
