@@ -1,12 +1,9 @@
-#include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 
 #include "engine/database.h"
 #include "engine/maintenance.h"
+#include "support/another_program.h"
 #include "support/fuzz.h"
 #include "support/temporary_folder.h"
 
@@ -38,19 +35,6 @@ void fill(const std::string& path) {
             "','1','3','4','Archivo','" + unit + " :','" + std::string(i % 90 == 0 ? 30'000 : 5, 'n') + "')");
     }
     (void)db.CommitTrans();
-}
-
-// The same in the midst of a change whose program has died: with a journal beside it.
-void interrupt(const std::string& path) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        sqlite3* database = nullptr;
-        sqlite3_open(path.c_str(), &database);
-        sqlite3_exec(database, "pragma cache_size = 5; begin; update datos set archivo = archivo || ruta",
-                     nullptr, nullptr, nullptr);
-        ::_exit(0);
-    }
-    ::waitpid(child, nullptr, 0);
 }
 
 // Some bits flipped, pages put in each other's place or over each other, pointers and counts near the start
@@ -86,7 +70,8 @@ struct WhatIsCalledRepairedIsSound : test::Fuzz {
         engine::CreateDatabase(path).value();
         fill(path);
         whole = test::readFile(path);
-        interrupt(path);
+        test::inTheMidstOfAChange(
+            path, [] {}, "update datos set archivo = archivo || ruta");
         changed = test::readFile(path);
         wayBack = test::readFile(journal);
     }

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "engine/text/collation.h"
-#include "engine/text/folding.h"
 
 namespace {
 
@@ -29,13 +28,6 @@ TEST(Order, IsSpanish) {
     EXPECT_TRUE(before("resume", "résumé"));
     EXPECT_TRUE(before("résumé", "resumen"));  // accents decide last
     EXPECT_EQ(keyOf(std::string("a\0\xff", 3)).find('\0'), keyOf(std::string("a\0\xff", 3)).size() - 1);
-}
-
-TEST(Folding, ComparesByFoldedCharacters) {
-    EXPECT_TRUE(engine::equalFolded("ÑANDÚ ΣΟΦΟΣ", "ñandú σοφοσ"));
-    EXPECT_FALSE(engine::equalFolded("a", "á"));
-    EXPECT_LT(engine::compareFolded("a", "ab"), 0);
-    EXPECT_EQ(engine::folded("\xff\xC3\x91"), "\xff\xC3\xB1");
 }
 
 }  // namespace

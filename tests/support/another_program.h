@@ -27,15 +27,14 @@ inline bool isFreeForOthers(const std::string& path) {
 // While another program is in the midst of a change, so large that it is already written into the file before
 // it is committed. Then it dies, and leaves the journal.
 inline void inTheMidstOfAChange(
-    const std::string& path, const std::function<void()>& act = [] {}) {
+    const std::string& path, const std::function<void()>& act = [] {},
+    const std::string& change = "update datos set archivo = 'new', ruta = hex(zeroblob(4000))") {
     const pid_t child = ::fork();
     if (child == 0) {
         sqlite3* other = nullptr;
         sqlite3_open(path.c_str(), &other);
-        if (sqlite3_exec(other,
-                         "pragma cache_size = 5; begin; update datos set archivo = 'new', "
-                         "ruta = hex(zeroblob(4000))",
-                         nullptr, nullptr, nullptr) == SQLITE_OK)
+        if (sqlite3_exec(other, ("pragma cache_size = 5; begin; " + change).c_str(), nullptr, nullptr,
+                         nullptr) == SQLITE_OK)
             ::raise(SIGSTOP);
         ::_exit(0);
     }
