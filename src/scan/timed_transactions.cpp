@@ -24,13 +24,24 @@ engine::Result<long long> executed(engine::Database& database, std::string_view 
 
 }  // namespace
 
-TimedTransactions::TimedTransactions(engine::Database& database, std::function<Clock::time_point()> now)
-    : m_database(database), m_now(std::move(now)) {}
+TimedTransactions::TimedTransactions(engine::Database& database, std::function<Clock::time_point()> now,
+                                     int tries)
+    : m_database(database), m_now(std::move(now)), m_tries(tries) {}
+
+// Another program's import or update takes seconds, and is no reason to lose rows. Each try waits for one;
+// after a failure there is only one try, so that a program that hangs does not slow down the walk for ever.
+engine::Result<> TimedTransactions::begun() {
+    auto begun = m_database.BeginTrans();
+    for (int left = m_patience == Clock::duration() ? m_tries - 1 : 0;
+         left > 0 && !begun && begun.error().number == engine::error::locked; --left)
+        begun = m_database.BeginTrans();
+    return begun;
+}
 
 bool TimedTransactions::begin(Clock::time_point now) {
     if (now < m_retry) return false;
-    if (const auto begun = m_database.BeginTrans(); !begun) {
-        if (!m_summary.firstError) m_summary.firstError = begun.error();
+    if (const auto transaction = begun(); !transaction) {
+        if (!m_summary.firstError) m_summary.firstError = transaction.error();
         m_patience = std::clamp<Clock::duration>(m_patience * 2, longestTransaction, longestPatience);
         m_retry = m_now() + m_patience;
         return false;

@@ -10,14 +10,15 @@
 namespace scan {
 
 // Hands insert statements to a catalogue within transactions that last a quarter of a second at most. A row
-// that the engine refuses is lost in silence and counted; while no transaction can be had (a locked or full
-// disk), rows are lost without asking the engine for each, so that a scan never hangs.
+// that the engine refuses is lost in silence and counted; while no transaction can be had (a full disk, or
+// another program that has been writing for longer than `tries` seconds), rows are lost without asking the
+// engine for each, so that a scan never hangs.
 class TimedTransactions {
   public:
     using Clock = std::chrono::steady_clock;
 
     explicit TimedTransactions(engine::Database& database,
-                               std::function<Clock::time_point()> now = Clock::now);
+                               std::function<Clock::time_point()> now = Clock::now, int tries = 10);
     ~TimedTransactions() { commit(); }
     TimedTransactions(const TimedTransactions&) = delete;
     TimedTransactions& operator=(const TimedTransactions&) = delete;
@@ -30,10 +31,12 @@ class TimedTransactions {
 
   private:
     [[nodiscard]] bool begin(Clock::time_point now);
+    [[nodiscard]] engine::Result<> begun();
     void lose(long long rows, const engine::Error& error);
 
     engine::Database& m_database;
     std::function<Clock::time_point()> m_now;
+    int m_tries;
     WriteSummary m_summary;
     bool m_open = false;
     long long m_pending = 0;       // rows of the open transaction

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <latch>
 #include <thread>
 
 #include "core/inserts.h"
@@ -26,7 +27,7 @@ class Writing : public testing::Test {
     test::CatalogueFixture catalogue;
     engine::Database database = catalogue.open();
     scan::TimedTransactions::Clock::time_point now{};
-    scan::TimedTransactions rows{database, [this] { return now; }};
+    scan::TimedTransactions rows{database, [this] { return now; }, 3};
 };
 
 TEST_F(Writing, CommitsAQuarterSecondAfterTheFirstRow) {
@@ -74,6 +75,21 @@ TEST_F(Writing, WaitsBetweenItsTriesForALockedCatalogue) {
     database = catalogue.open();
     rows.insert(statement(3));
     EXPECT_EQ(rows.summary().lost, 10'002) << "nor does it try at once where a commit failed";
+}
+
+TEST_F(Writing, WaitsForAnotherProgramsLongChange) {
+    std::latch locked(1);
+    std::thread other([&] {
+        engine::Database holder = catalogue.open(), third = catalogue.open();
+        EXPECT_TRUE(holder.BeginTrans());
+        locked.count_down();
+        for (int seconds = 0; seconds < 2; ++seconds) EXPECT_FALSE(third.BeginTrans());
+    });
+    locked.wait();
+    rows.insert(statement(1));
+    rows.commit();
+    other.join();
+    EXPECT_EQ(rows.summary().written, 1);
 }
 
 TEST_F(Writing, LetsOthersWriteBetweenTwoTransactions) {
