@@ -13,7 +13,7 @@ bool isAscii(std::string_view text) {
 char32_t nextCharacter(std::string_view text, std::size_t& position) {
     const std::size_t begin = position;
     UChar32 character = 0;
-    U8_NEXT(text.data(), position, text.size(), character);
+    U8_NEXT(text.data(), position, text.size(), character);  // NOLINT(bugprone-inc-dec-in-conditions)
     if (character >= 0) return static_cast<char32_t>(character);
     position = begin + 1;
     return strayByteBase + static_cast<unsigned char>(text[begin]);
