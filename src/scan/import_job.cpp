@@ -84,6 +84,8 @@ void ImportJob::catalogueDirectory() {
     const WalkResult result = Walker(rows, display, *start).run();
     m_missing = missingText(display.leftOut(), result.writes, m_frame.idioma);
     if (result.stopped) return;  // what the stop has shown stays as it is
+    if (m_missing.empty() && result.counts.folders + result.counts.files == 0)  // no row, no unit
+        m_missing = "  " + m_name.toStdString() + ' ' + std::string(nothingThere.in(m_frame.idioma));
     finish(result.counts);
     emptyFields();
     close(database);

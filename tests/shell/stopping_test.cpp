@@ -253,6 +253,12 @@ TEST_P(Stopping, WhatIsMissingFromAUnitIsTold) {
                            "  Sin catalogar: 1 carpeta que no se pudo leer (E:\\viaje)",
                            "  Units: 1  Folders: 2  Files: 1"
                            "  Not catalogued: 1 folder that could not be read (E:\\viaje)"));
+    fs::create_directory(disc + "/nada");
+    import("Nada", disc + "/nada");
+    EXPECT_TRUE(
+        status().ends_with(in("  Nada : no hay nada que catalogar: ¿está el medio en su sitio?",
+                              "  Nada : there is nothing to catalogue: is the medium in its place?")));
+    fs::remove(disc + "/nada");
     const std::string lost = in("  Filas sin guardar: 1. Otro programa lo está usando.",
                                 "  Rows not stored: 1. Another program is using it.");
     auto other = engine::OpenDatabase(path).value();
