@@ -1,6 +1,5 @@
 #pragma once
 
-#include <expected>
 #include <optional>
 #include <string>
 #include <string_view>

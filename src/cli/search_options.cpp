@@ -7,6 +7,7 @@
 
 #include "core/serial_date.h"
 #include "core/text.h"
+#include "engine/error.h"
 #include "platform/names.h"
 #include "search/refusal.h"
 

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "engine/file/prepared.h"
 #include "engine/file/use.h"

@@ -6,7 +6,6 @@
 #include <string>
 #include <unordered_map>
 #include <variant>
-#include <vector>
 
 #include "engine/format.h"
 #include "engine/repair/raw_pages.h"

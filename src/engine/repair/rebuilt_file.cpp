@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <cmath>
-
 #include "engine/file/schema.h"
 #include "engine/repair/check.h"
 #include "platform/names.h"

@@ -1,7 +1,6 @@
 #include "engine/rows/known_names.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <new>
 

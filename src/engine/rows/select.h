@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <optional>
-#include <string>
 
 #include "engine/dialect/query.h"
 #include "engine/dialect/sql_writer.h"
