@@ -9,8 +9,8 @@ namespace scan {
 namespace {
 
 using namespace std::chrono_literals;
-constexpr std::size_t worthWakingUp = 500;  // statements
-constexpr std::size_t mostWaiting = 4 * worthWakingUp;
+constexpr std::size_t worthWakingUp = 500;               // statements
+constexpr std::size_t mostWaiting = 20 * worthWakingUp;  // so many come in while a disk takes a transaction
 constexpr auto longestRest = 100ms;
 
 }  // namespace
