@@ -52,13 +52,9 @@ int compareFolded(std::string_view a, std::string_view b) {
     std::size_t i = 0;
     std::size_t j = 0;
     while (i < a.size() && j < b.size()) {
-        if (a[i] == b[j] && isAscii(a[i])) {
-            ++i;
-            ++j;
-            continue;
-        }
-        const char32_t x = folded(nextCharacter(a, i));
-        const char32_t y = folded(nextCharacter(b, j));
+        const bool areAscii = isAscii(a[i]) && isAscii(b[j]);
+        const char32_t x = areAscii ? foldedAscii(a[i++]) : folded(nextCharacter(a, i));
+        const char32_t y = areAscii ? foldedAscii(b[j++]) : folded(nextCharacter(b, j));
         if (x != y) return x < y ? -1 : 1;
     }
     return static_cast<int>(i < a.size()) - static_cast<int>(j < b.size());
