@@ -71,6 +71,36 @@ TEST_F(OpenTest, DisarmsTriggersAndForeignModes) {
     for (const auto& entry : std::filesystem::directory_iterator(folder)) EXPECT_EQ(entry.path(), path);
 }
 
+// The journal of a change of several databases names a second one, which SQLite deletes after it.
+void leaveJournalNaming(const std::string& second, const std::string& path) {
+    const std::string magic = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
+    const auto number = [](std::size_t n) {
+        return std::string{char(n >> 24), char(n >> 16), char(n >> 8), char(n)};
+    };
+    constexpr std::size_t pageSize = 8192, sector = 512, lockPage = 0x40000000 / pageSize + 1;
+    std::string journal = magic + number(0) + number(1) +
+                          number(std::filesystem::file_size(path) / pageSize) + number(sector) +
+                          number(pageSize);
+    journal.resize(sector);
+    std::size_t sum = 0;
+    for (const char c : second) sum += std::size_t(c);
+    writeFile(path + "-journal",
+              journal + number(lockPage) + second + number(second.size()) + number(sum) + magic);
+}
+
+TEST_F(OpenTest, AStrangersJournalDeletesNoFileAndKeepsNobodyWaiting) {
+    const std::string precious = folder / "precious.txt", journal = path.string() + "-journal";
+    for (const auto use : {engine::Use::Catalogue, engine::Use::ReadOnly}) {
+        writeFile(precious, "x");
+        leaveJournalNaming(precious, path);
+        EXPECT_EQ(openError(path, use), 0);
+        EXPECT_TRUE(std::filesystem::exists(precious));
+        EXPECT_FALSE(std::filesystem::exists(journal)) << "its change is undone";
+    }
+    ASSERT_EQ(::mkfifo(journal.c_str(), 0600), 0);
+    EXPECT_EQ(openError(path), engine::error::cannotOpenFile);
+}
+
 TEST_F(OpenTest, MarksItsFilesAndCreatesOnlyNewOnes) {
     const std::string bytes = readFile(path);
     EXPECT_EQ(bytes.substr(0, 15), "SQLite format 3");

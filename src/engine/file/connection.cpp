@@ -5,6 +5,7 @@
 #include <chrono>
 #include <thread>
 
+#include "engine/file/careful_files.h"
 #include "engine/file/file_header.h"
 #include "engine/file/schema.h"
 #include "engine/file/sql_functions.h"
@@ -120,8 +121,9 @@ Result<> run(sqlite3* database, const char* sql) {
 Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags) {
     keepNoMemoryCount();
     sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(plainPath(path).c_str(), &opened,
-                                     sqliteFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int code =
+        sqlite3_open_v2(plainPath(path).c_str(), &opened,
+                        sqliteFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, carefulFiles());
     SqliteHandle handle(opened);
     if (code != SQLITE_OK) return std::unexpected(errorOfCode(code));
     waitForOthers(opened, busyMilliseconds);
