@@ -148,7 +148,7 @@ Result<std::shared_ptr<Connection>> emptied(const std::string& source, const std
     if (const auto allowed = platform::checkReplaceable(source, scratch); !allowed)
         return std::unexpected(errorOf(allowed.error()));
     ::unlink(scratch.c_str());
-    forgetInterruptedChange(scratch);
+    TRY(forgetInterruptedChange(scratch));
     TRY(CreateDatabase(scratch));
     auto opened = TRY(Connection::open(scratch, Use::Scratch));
     TRY(opened->run(indexUnitsOnly));

@@ -93,7 +93,13 @@ TEST_F(CopyTest, RefusalsLeaveTheDestinationAndNothingBeside) {
     EXPECT_EQ(engine::CopyDatabase(path, copy).error().number, engine::error::readOnly);
     EXPECT_EQ(readFile(copy), "precious");
     EXPECT_FALSE(engine::CopyDatabase(path, folder / "no" / "copy.zrq"));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3);
+    // It would be played into whatever comes to stand beside it.
+    std::filesystem::create_symlink(copy + "-journal", copy + "-journal");
+    std::filesystem::permissions(copy, std::filesystem::perms(0644));
+    EXPECT_FALSE(engine::CopyDatabase(path, copy)) << "beside a journal that cannot be read";
+    EXPECT_FALSE(engine::CopyUnreadable(path, copy));
+    EXPECT_EQ(readFile(copy), "precious");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 4);
 }
 
 TEST_F(CopyTest, CopyingAFilesBytesLeavesTheLocksOfThisProcessAlone) {

@@ -48,7 +48,7 @@ Result<> CopyDatabase(const std::string& source, const std::string& destination)
         const auto replaced = TRY(heldStill(destination));
         auto copy = TRY(replacementFor(destination));
         TRY(writeCopy(from->handle(), copy.path()));
-        if (!replaced) forgetInterruptedChange(destination);
+        if (!replaced) TRY(forgetInterruptedChange(destination));
         return putInPlace(copy, source);
     });
 }
@@ -56,7 +56,7 @@ Result<> CopyDatabase(const std::string& source, const std::string& destination)
 Result<> CopyUnreadable(const std::string& source, const std::string& destination) {
     return guarded([&]() -> Result<> {
         const auto replaced = TRY(heldStill(destination));
-        if (!replaced) forgetInterruptedChange(destination);
+        if (!replaced) TRY(forgetInterruptedChange(destination));
         platform::flushFolder(platform::folderOf(destination));  // as putInPlace() does
         if (const auto copied = platform::CopyFile(source, destination); !copied)
             return std::unexpected(errorOf(copied.error()));

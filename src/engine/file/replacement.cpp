@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 
 namespace engine {
 namespace {
@@ -12,9 +13,10 @@ namespace {
 // The first bytes of a rollback journal.
 constexpr std::array<unsigned char, 8> journalMark{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
 
-bool isJournal(const std::string& path) {
+Result<bool> isJournal(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
-    if (file < 0) return false;
+    if (file < 0 && errno == ENOENT) return false;
+    if (file < 0) return std::unexpected(errorOf(platform::systemFailure(path).error()));
     std::array<unsigned char, journalMark.size()> found{};
     const bool whole = ::read(file, found.data(), found.size()) == static_cast<ssize_t>(found.size());
     ::close(file);
@@ -44,9 +46,11 @@ Result<> putInPlace(platform::TemporaryFile& replacement, const std::string& mod
     return {};
 }
 
-void forgetInterruptedChange(const std::string& path) {
+Result<> forgetInterruptedChange(const std::string& path) {
     const std::string journal = path + "-journal";
-    if (isJournal(journal)) ::unlink(journal.c_str());
+    if (TRY(isJournal(journal)) && ::unlink(journal.c_str()) != 0)
+        return std::unexpected(errorOf(platform::systemFailure(journal).error()));
+    return {};
 }
 
 }  // namespace engine

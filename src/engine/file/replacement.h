@@ -17,7 +17,8 @@ namespace engine {
 [[nodiscard]] Result<> putInPlace(platform::TemporaryFile& replacement, const std::string& model);
 
 // Deletes the rollback journal that a program which died within a change left beside a name that leads to no
-// catalogue any more. SQLite would take it for a part of the next file of that name, and spoil it.
-void forgetInterruptedChange(const std::string& path);
+// catalogue any more. SQLite would take it for a part of the next file of that name, and spoil it: where this
+// fails, no file may be put there.
+[[nodiscard]] Result<> forgetInterruptedChange(const std::string& path);
 
 }  // namespace engine
