@@ -1,9 +1,13 @@
 #include "scan/folder.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <string_view>
 
@@ -11,6 +15,12 @@ namespace scan {
 namespace {
 
 constexpr int openFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
+
+constexpr std::array<decltype(statfs::f_type), 16> kernelFileSystems{
+    PROC_SUPER_MAGIC, SYSFS_MAGIC,        CGROUP_SUPER_MAGIC, CGROUP2_SUPER_MAGIC,
+    DEBUGFS_MAGIC,    TRACEFS_MAGIC,      SECURITYFS_MAGIC,   SELINUX_MAGIC,
+    SMACK_MAGIC,      PSTOREFS_MAGIC,     EFIVARFS_MAGIC,     BPF_FS_MAGIC,
+    BINFMTFS_MAGIC,   DEVPTS_SUPER_MAGIC, NSFS_MAGIC,         HUGETLBFS_MAGIC};
 
 }  // namespace
 
@@ -26,6 +36,12 @@ Folder Folder::at(const std::string& nativePath) {
 
 Folder Folder::subfolder(const char* name) const {
     return Folder(openat(dirfd(m_stream.get()), name, openFlags | O_NOFOLLOW));
+}
+
+bool Folder::isOfKernel() const {
+    struct statfs status {};
+    return fstatfs(dirfd(m_stream.get()), &status) == 0 &&
+           std::ranges::find(kernelFileSystems, status.f_type) != kernelFileSystems.end();
 }
 
 bool Folder::readAll(Listing& listing, const Exclusion& exclusion) {

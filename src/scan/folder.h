@@ -29,6 +29,9 @@ class Folder {
     // False for a folder that is gone or may not be read; it then lists nothing.
     [[nodiscard]] bool isOpen() const { return m_stream != nullptr; }
 
+    // Whether it is one of the kernel's own file systems, such as /proc, in which nothing is kept.
+    [[nodiscard]] bool isOfKernel() const;
+
     // Adds the names that have not been read yet to `listing`, but for the excluded ones. False when not all
     // of them could be read.
     [[nodiscard]] bool readAll(Listing& listing, const Exclusion& exclusion = {});

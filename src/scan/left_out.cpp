@@ -9,6 +9,8 @@ struct Wording {
 };
 constexpr Wording unreadFolders{{"1 carpeta que no se pudo leer", "1 folder that could not be read"},
                                 {"# carpetas que no se pudieron leer", "# folders that could not be read"}};
+constexpr Wording kernelFolders{{"1 carpeta del sistema", "1 folder of the system"},
+                                {"# carpetas del sistema", "# folders of the system"}};
 constexpr Wording deepFolders{
     {"lo que hay en 1 carpeta del último nivel", "what is in 1 folder at the depth limit"},
     {"lo que hay en # carpetas del último nivel", "what is in # folders at the depth limit"}};
@@ -22,25 +24,31 @@ std::string counted(std::int64_t number, const Wording& wording, core::Language 
     return text;
 }
 
+// With the first of them.
+std::string listed(const std::vector<std::string>& folders, const Wording& wording, core::Language language) {
+    if (folders.empty()) return {};
+    return counted(std::ssize(folders), wording, language) + " (" + folders.front() +
+           (folders.size() > 1 ? ", ...)" : ")");
+}
+
 }  // namespace
 
 void LeftOut::add(Gap gap, std::string_view drivePath) {
-    if (gap == Gap::Content)
-        m_unread.emplace_back(drivePath);
+    if (gap == Gap::Content || gap == Gap::Kernel)
+        (gap == Gap::Kernel ? m_kernel : m_unread).emplace_back(drivePath);
     else
         ++(gap == Gap::Depth ? m_tooDeep : m_withoutFacts);
 }
 
 std::string LeftOut::unreadText(core::Language language) const {
-    if (m_unread.empty()) return {};
-    return counted(std::ssize(m_unread), unreadFolders, language) + " (" + m_unread.front() +
-           (m_unread.size() > 1 ? ", ...)" : ")");
+    return listed(m_unread, unreadFolders, language);
 }
 
 std::string LeftOut::text(core::Language language) const {
     std::string all;
-    for (const std::string& part : {unreadText(language), counted(m_tooDeep, deepFolders, language),
-                                    counted(m_withoutFacts, itemsWithoutFacts, language)})
+    for (const std::string& part :
+         {unreadText(language), listed(m_kernel, kernelFolders, language),
+          counted(m_tooDeep, deepFolders, language), counted(m_withoutFacts, itemsWithoutFacts, language)})
         if (!part.empty()) all.append(all.empty() ? "" : ", ").append(part);
     return all;
 }

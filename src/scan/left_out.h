@@ -22,11 +22,12 @@ class LeftOut {
 
     // "2 folders that could not be read (E:\a, ...)"; empty without any.
     [[nodiscard]] std::string unreadText(core::Language language) const;
-    // That and the rest: folders at the depth limit, items that may not be looked at.
+    // That and the rest: folders of the kernel and at the depth limit, items that may not be looked at.
     [[nodiscard]] std::string text(core::Language language) const;
 
   private:
     std::vector<std::string> m_unread;
+    std::vector<std::string> m_kernel;
     std::int64_t m_tooDeep = 0;
     std::int64_t m_withoutFacts = 0;
 };

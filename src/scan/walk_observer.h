@@ -15,6 +15,7 @@ struct Counts {
 // What a walk could not tell, or does not.
 enum class Gap {
     Content,  // a folder could not be read, or not to its end
+    Kernel,   // a folder in which a file system of the kernel begins, which is not looked into
     Depth,    // a folder at the last level, which is not looked into
     Facts,    // the item whose row was made last may not be looked at: its date and length read 0
 };

@@ -83,16 +83,26 @@ Walker::Flow Walker::descend(const Folder& parent, const Listing::Entry& entry, 
     const std::string_view name = m_listings[level].name(entry);
     Folder folder = parent.subfolder(name.data());
     const PathStep step(m_path, rowName(name));
-    if (folder.isOpen()) return walk(folder, level + 1);
-    m_observer.gap(Gap::Content, m_path);
+    if (isLookedInto(folder, parent)) return walk(folder, level + 1);
     return Flow::Goes;
+}
+
+// What the kernel shows as files is no file of a disc, has lengths beyond any disc and no end.
+bool Walker::isLookedInto(const Folder& folder, const Folder& parent) {
+    if (!folder.isOpen()) {
+        m_observer.gap(Gap::Content, m_path);
+        return false;
+    }
+    if (!folder.isOfKernel() || parent.isOfKernel()) return true;
+    m_observer.gap(Gap::Kernel, m_path);
+    return false;
 }
 
 void Walker::lastLevel(const Folder& parent, const Listing::Entry& entry) {
     const std::string_view name = m_listings[deepestLevel - 1].name(entry);
     Folder folder = parent.subfolder(name.data());
     const PathStep step(m_path, rowName(name));
-    if (!folder.isOpen()) return m_observer.gap(Gap::Content, m_path);
+    if (!isLookedInto(folder, parent)) return;
     const Listing& names = list(folder, deepestLevel);
     fileRows(folder, names, deepestLevel);
     for (const Listing::Entry& below : names.folders()) {

@@ -35,10 +35,10 @@ struct WalkStart {
 // under it, then its own files. Rows end at level 12, where the order is turned round: of a folder at level
 // 11 the files come first, then the subfolders, which get a row but are not looked into.
 //
-// A link to a folder gets a row and is not followed. Everything else that is no folder is a file row: links
-// to files with the date and length of the file, links to nothing with their own, sockets and the like
-// unopened. What vanishes before its row is made is left out; what may not be looked at gets date and length
-// 0.
+// A link to a folder gets a row and is not followed, nor is a folder where one of the kernel's own file
+// systems is mounted, unless the walk began in one. Everything else that is no folder is a file row: links to
+// files with the date and length of the file, links to nothing with their own, sockets and the like unopened.
+// What vanishes before its row is made is left out; what may not be looked at gets date and length 0.
 class Walker {
   public:
     static constexpr int deepestLevel = 12;
@@ -52,6 +52,7 @@ class Walker {
     [[nodiscard]] Flow walk(Folder& folder, int level);
     [[nodiscard]] Flow descend(const Folder& parent, const Listing::Entry& entry, int level);
     void lastLevel(const Folder& parent, const Listing::Entry& entry);
+    [[nodiscard]] bool isLookedInto(const Folder& folder, const Folder& parent);
     [[nodiscard]] const Listing& list(Folder& folder, int level);
 
     [[nodiscard]] bool folderRow(const Folder& parent, const Listing& names, const Listing::Entry& entry,

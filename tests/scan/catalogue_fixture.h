@@ -15,14 +15,15 @@ namespace test {
 struct Watcher : scan::WalkObserver {
     std::int64_t topLevel = -1;
     int topDone = 0, yields = 0, statuses = 0;
-    std::vector<std::string> unread, tooDeep;
+    std::vector<std::string> unread, tooDeep, kernel;
     std::function<bool()> onYield;
 
     void started(std::int64_t folders) override { topLevel = folders; }
     void status(const scan::Counts&) override { ++statuses; }
     void topLevelDone() override { ++topDone; }
     void gap(scan::Gap gap, std::string_view path) override {
-        if (gap != scan::Gap::Facts) (gap == scan::Gap::Depth ? tooDeep : unread).emplace_back(path);
+        if (gap == scan::Gap::Facts) return;
+        (gap == scan::Gap::Depth ? tooDeep : gap == scan::Gap::Kernel ? kernel : unread).emplace_back(path);
     }
     bool yield(scan::RowSink&) override {
         ++yields;

@@ -148,6 +148,19 @@ TEST_F(Walk, ReachesFoldersBeyondTheLongestPath) {
     EXPECT_EQ(catalogue.rows().back().ruta.size(), std::string("E:\\deep").size() + 12 * 251);
 }
 
+TEST_F(Walk, LooksIntoNothingOfTheKernelsUnlessItBeganThere) {
+    if (!fs::exists("/proc/self/fd")) GTEST_SKIP() << "the kernel shows nothing here";
+    auto database = catalogue.open();
+    scan::RowWriter rows(database);
+    const scan::Exclusion others{{"[!p]*", "p[!r]*"}};
+    EXPECT_LT(scan::Walker(rows, watcher, {"/", "C:\\", "U :", 0, others}).run().counts.folders, 100);
+    EXPECT_EQ(watcher.kernel, (Lines{"C:\\proc"}));
+    EXPECT_EQ(std::ranges::count(test::summaries(catalogue.rows()), R"(1 C:\proc proc - -)"), 1);
+    EXPECT_GT(scan::Walker(rows, watcher, {"/proc/self", "C:\\proc\\self", "U :", 0}).run().counts.folders,
+              10);
+    EXPECT_EQ(watcher.kernel.size(), 1U);
+}
+
 TEST_F(Walk, LeavesNothingOfAnEmptyFolder) {
     folder("t");
     const auto result = scanInto("U", "t");
