@@ -31,6 +31,8 @@ constexpr std::string_view kindNames[]{"mixed", "audio", "video", "programs", "g
 
 int report(const scan::WalkResult& result, const scan::ScanRequest& request, const std::string& catalogue,
            const Invocation& invocation) {
+    if (result.writes.nameTaken)
+        return fail(WrongUsage, scan::refusal::scanNameTaken.text.in(invocation.language));
     if (invocation.arguments.json)
         print(JsonLine()
                   .text("disco", core::discoOf(request.name))
@@ -76,7 +78,7 @@ int runScan(const Invocation& invocation) {
         return fail(WrongUsage, request.directory, scan::inNoDrive.in(invocation.language));
     const InterruptGuard interrupts;
     ScanProgress progress(invocation.language);
-    scan::RowWriter rows(*database);
+    scan::RowWriter rows(*database, request.name);
     const scan::WalkResult result = scan::Walker(rows, progress, *start).run();
     progress.finish(result.counts);
     if (result.readable) progress.tellLeftOut();
@@ -95,17 +97,10 @@ int runAdd(const Invocation& invocation) {
 
     auto database = openCatalogue(operands[0], invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
-    engine::Transaction whole(*database);  // two at once must not take one name
-    if (const auto begun = whole.begin(); !begun)
-        return unusable(operands[0], begun.error(), invocation.language);
-    const auto refusal = scan::refusalOf(unit, *database);
+    std::string tipo;
+    const auto refusal = scan::addManualUnit(unit, tipo, *database);
     if (!refusal) return unusable(operands[0], refusal.error(), invocation.language);
     if (*refusal) return fail(WrongUsage, (*refusal)->text.in(invocation.language));
-    std::string tipo;
-    if (const auto inserted = scan::insertManualUnit(unit, tipo, *database); !inserted)
-        return unusable(operands[0], inserted.error(), invocation.language);
-    if (const auto kept = whole.commit(); !kept)
-        return unusable(operands[0], kept.error(), invocation.language);
     return Done;
 }
 

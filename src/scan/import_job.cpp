@@ -15,6 +15,7 @@
 #include "platform/drives.h"
 #include "platform/qtext.h"
 #include "scan/manual_unit.h"
+#include "scan/refusal.h"
 #include "scan/row_writer.h"
 #include "scan/scan_request.h"
 #include "scan/status_text.h"
@@ -80,8 +81,16 @@ void ImportJob::catalogueDirectory() {
     m_fields.Text3.setText(m_name);
 
     WalkDisplay display(m_frame, m_parar);
-    RowWriter rows(*database);
-    const WalkResult result = Walker(rows, display, *start).run();
+    const WalkResult result = [&] {
+        RowWriter rows(*database, name.toStdString());
+        return Walker(rows, display, *start).run();
+    }();
+    if (result.writes.nameTaken && !m_parar) {  // by another program, since the first look
+        static_cast<void>(isRefused(&refusal::scanNameTaken));
+        emptyFields();
+        close(database);
+        return m_events.walkEnds();
+    }
     m_missing = missingText(display.leftOut(), result.writes, m_frame.idioma);
     if (result.stopped) return;  // what the stop has shown stays as it is
     if (m_missing.empty() && result.counts.folders + result.counts.files == 0)  // no row, no unit
@@ -126,12 +135,9 @@ void ImportJob::generarunidad() {
     const QString name = m_fields.Text3.text();
     const ManualUnit unit{name.toStdString(), m_fields.Text11.text().toStdString(), kind};
     const engine::Result<const UnitRefusal*> refusal =
-        database ? refusalOf(unit, *database) : refusalOf(unit);
+        database ? addManualUnit(unit, m_tipo, *database) : refusalOf(unit);
+    if (!refusal) m_missing = missingText({}, {.lost = 1, .firstError = refusal.error()}, m_frame.idioma);
     if (!refusal || isRefused(*refusal) || !database) return;
-    if (const auto inserted = insertManualUnit(unit, m_tipo, *database); !inserted) {
-        m_missing = missingText({}, {.lost = 1, .firstError = inserted.error()}, m_frame.idioma);
-        return;
-    }
 
     m_fields.Text3.setText(qtext(core::discoOf(name.toStdString())));
     const core::UnitItem made{m_fields.Text3.text().toStdString(), m_fields.ImageCombo4.itemPicture(kind)};

@@ -14,11 +14,7 @@ const UnitRefusal* refusalOf(const ManualUnit& unit) {
     return nullptr;
 }
 
-engine::Result<const UnitRefusal*> refusalOf(const ManualUnit& unit, engine::Database& database) {
-    if (const UnitRefusal* incomplete = refusalOf(unit)) return incomplete;
-    const auto taken = TRY(unitExists(database, unit.name));
-    return taken ? &refusal::manualNameTaken : nullptr;
-}
+namespace {
 
 engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, engine::Database& database) {
     if (unit.kind >= 1 && unit.kind <= std::ssize(core::unitKinds))
@@ -35,6 +31,19 @@ engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo, eng
     row.disco = core::discoOf(unit.name);
     (void)TRY(database.Execute(core::insertFolder(row)));
     return {};
+}
+
+}  // namespace
+
+engine::Result<const UnitRefusal*> addManualUnit(const ManualUnit& unit, std::string& tipo,
+                                                 engine::Database& database) {
+    if (const UnitRefusal* incomplete = refusalOf(unit)) return incomplete;
+    engine::Transaction whole(database);
+    TRY(whole.begin());
+    if (TRY(unitExists(database, unit.name))) return &refusal::manualNameTaken;
+    TRY(insertManualUnit(unit, tipo, database));
+    TRY(whole.commit());
+    return nullptr;
 }
 
 }  // namespace scan

@@ -16,13 +16,11 @@ struct ManualUnit {
 
 // A field that is empty, as a reason not to make it.
 [[nodiscard]] const UnitRefusal* refusalOf(const ManualUnit& unit);
-// The first reason not to make it; nullptr to go ahead.
-[[nodiscard]] engine::Result<const UnitRefusal*> refusalOf(const ManualUnit& unit,
-                                                           engine::Database& database);
 
-// Inserts the unit's row. `tipo` is the word of the last hand-made unit of this run: a kind that is none of
-// the five leaves it in force, any other replaces it.
-[[nodiscard]] engine::Result<> insertManualUnit(const ManualUnit& unit, std::string& tipo,
-                                                engine::Database& database);
+// Makes the unit or gives the first reason not to, in one transaction: two programs cannot take one name.
+// `tipo` is the word of the last hand-made unit of this run: a kind that is none of the five leaves it in
+// force, any other replaces it.
+[[nodiscard]] engine::Result<const UnitRefusal*> addManualUnit(const ManualUnit& unit, std::string& tipo,
+                                                               engine::Database& database);
 
 }  // namespace scan

@@ -34,11 +34,11 @@ void RowWriter::Batch::clear() {
     ends.clear();
 }
 
-RowWriter::RowWriter(engine::Database& database) {
+RowWriter::RowWriter(engine::Database& database, const std::string& newUnit) {
     try {
-        m_thread = std::thread([this, &database] { work(database); });
+        m_thread = std::thread([this, &database, newUnit] { work(database, newUnit); });
     } catch (const std::system_error&) {  // no thread is to be had
-        m_alone.emplace(database);
+        m_alone.emplace(database, newUnit);
     }
 }
 
@@ -76,12 +76,13 @@ void RowWriter::commit() {
     m_committed.wait(lock, [this] { return m_wish == Wish::None; });
 }
 
-void RowWriter::work(engine::Database& database) {
-    TimedTransactions transactions(database);
+void RowWriter::work(engine::Database& database, const std::string& newUnit) {
+    TimedTransactions transactions(database, newUnit);
     Batch batch;
     for (;;) {
         const Wish wish = takeBatch(batch);
         batch.writeTo(transactions);
+        m_refuses = transactions.summary().nameTaken;
         if (wish == Wish::End) return;  // and the last transaction is committed on the way out
         if (wish == Wish::None) {
             transactions.commitIfDue();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
@@ -17,10 +18,12 @@ namespace scan {
 // in which they came, so that the disk that is read and the one that is written need not wait for each other.
 // Rows reach the file within half a second, also while the walk hangs on a slow disc.
 //
+// `newUnit` is the name of the unit that the rows are to make; TimedTransactions tells what it is for.
+//
 // Between a call of insert() and the next commit() the thread alone may use `database`.
 class RowWriter : public RowSink {
   public:
-    explicit RowWriter(engine::Database& database);
+    RowWriter(engine::Database& database, const std::string& newUnit);
     ~RowWriter() override;
     RowWriter(const RowWriter&) = delete;
     RowWriter& operator=(const RowWriter&) = delete;
@@ -29,6 +32,7 @@ class RowWriter : public RowSink {
 
     void add(const core::CatalogRow& row) override;
     void commit() override;
+    [[nodiscard]] bool takesMore() const override { return !m_refuses; }
     [[nodiscard]] WriteSummary summary() const override { return m_summary; }  // as of the last commit
 
   private:
@@ -43,9 +47,10 @@ class RowWriter : public RowSink {
     };
     enum class Wish { None, Commit, End };
 
-    void work(engine::Database& database);
+    void work(engine::Database& database, const std::string& newUnit);
     [[nodiscard]] Wish takeBatch(Batch& batch);
 
+    std::atomic<bool> m_refuses = false;
     std::mutex m_mutex;  // guards all that follows, but for the thread itself
     std::condition_variable m_wake;
     std::condition_variable m_taken;

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <new>
 #include <thread>
+#include <utility>
+
+#include "scan/scan_request.h"
 
 namespace scan {
 namespace {
@@ -24,9 +27,9 @@ engine::Result<long long> executed(engine::Database& database, std::string_view 
 
 }  // namespace
 
-TimedTransactions::TimedTransactions(engine::Database& database, std::function<Clock::time_point()> now,
-                                     int tries)
-    : m_database(database), m_now(std::move(now)), m_tries(tries) {}
+TimedTransactions::TimedTransactions(engine::Database& database, std::string newUnit,
+                                     std::function<Clock::time_point()> now, int tries)
+    : m_database(database), m_newUnit(std::move(newUnit)), m_now(std::move(now)), m_tries(tries) {}
 
 // Another program's import or update takes seconds, and is no reason to lose rows. Each try waits for one;
 // after a failure there is only one try, so that a program that hangs does not slow down the walk for ever.
@@ -35,11 +38,22 @@ engine::Result<> TimedTransactions::begun() {
     for (int left = m_patience == Clock::duration() ? m_tries - 1 : 0;
          left > 0 && !begun && begun.error().number == engine::error::locked; --left)
         begun = m_database.BeginTrans();
-    return begun;
+    TRY(begun);
+    auto claimed = nameClaimed();
+    if (!claimed) m_database.Rollback();
+    return claimed;
+}
+
+// It was free when the user asked for it; from the first row on, others see that it is not.
+engine::Result<> TimedTransactions::nameClaimed() {
+    if (m_newUnit.empty()) return {};
+    m_summary.nameTaken = TRY(unitExists(m_database, m_newUnit));
+    if (!m_summary.nameTaken) return {};
+    return std::unexpected(engine::Error{engine::error::fileExists, m_newUnit + ": the name is taken"});
 }
 
 bool TimedTransactions::begin(Clock::time_point now) {
-    if (now < m_retry) return false;
+    if (m_summary.nameTaken || now < m_retry) return false;
     if (const auto transaction = begun(); !transaction) {
         if (!m_summary.firstError) m_summary.firstError = transaction.error();
         m_patience = std::clamp<Clock::duration>(m_patience * 2, longestTransaction, longestPatience);
@@ -74,6 +88,7 @@ void TimedTransactions::commit() {
     m_open = false;
     if (const auto committed = m_database.CommitTrans(); committed) {
         m_summary.written += m_pending;
+        if (m_pending > 0) m_newUnit.clear();
         m_patience = {};
     } else {
         m_database.Rollback();

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "engine/database.h"
@@ -13,12 +14,15 @@ namespace scan {
 // that the engine refuses is lost in silence and counted; while no transaction can be had (a full disk, or
 // another program that has been writing for longer than `tries` seconds), rows are lost without asking the
 // engine for each, so that a scan never hangs.
+//
+// A new unit must have its name for itself: when another program has taken it by the time of the first row,
+// no row is written.
 class TimedTransactions {
   public:
     using Clock = std::chrono::steady_clock;
 
-    explicit TimedTransactions(engine::Database& database,
-                               std::function<Clock::time_point()> now = Clock::now, int tries = 10);
+    TimedTransactions(engine::Database& database, std::string newUnit,
+                      std::function<Clock::time_point()> now = Clock::now, int tries = 10);
     ~TimedTransactions() { commit(); }
     TimedTransactions(const TimedTransactions&) = delete;
     TimedTransactions& operator=(const TimedTransactions&) = delete;
@@ -32,9 +36,11 @@ class TimedTransactions {
   private:
     [[nodiscard]] bool begin(Clock::time_point now);
     [[nodiscard]] engine::Result<> begun();
+    [[nodiscard]] engine::Result<> nameClaimed();
     void lose(long long rows, const engine::Error& error);
 
     engine::Database& m_database;
+    std::string m_newUnit;  // empty once rows of it are in the catalogue
     std::function<Clock::time_point()> m_now;
     int m_tries;
     WriteSummary m_summary;

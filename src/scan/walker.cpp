@@ -69,7 +69,7 @@ Walker::Flow Walker::walk(Folder& folder, int level) {
         if (!folderRow(folder, names, entry, level)) continue;
         if (level == topLevel) m_observer.topLevelDone();
         if (level <= deepestYield) {
-            if (m_observer.yield(m_rows)) return Flow::Stops;
+            if (m_observer.yield(m_rows) || !m_rows.takesMore()) return Flow::Stops;
             if (!entry.isLink && descend(folder, entry, level) == Flow::Stops) return Flow::Stops;
         } else if (!entry.isLink) {
             lastLevel(folder, entry);

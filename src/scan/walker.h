@@ -14,7 +14,7 @@ namespace scan {
 
 struct WalkResult {
     Counts counts;         // rows made, whether or not the catalogue took them
-    bool stopped = false;  // the observer ended the walk
+    bool stopped = false;  // the observer ended the walk, or no more rows were taken
     bool readable = true;  // the chosen folder itself could be opened
     WriteSummary writes;
 };

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 
+#include "support/catalogue_fixture.h"
 #include "support/fitting.h"
 #include "support/main_window.h"
 
@@ -68,6 +69,24 @@ TEST_P(Importing, RefusalsCostTheTypedName) {
     EXPECT_EQ(messages.shown.back().title, "Nompre existente");
     EXPECT_TRUE(field("Text4").text().isEmpty());
     EXPECT_EQ(rowCount(path), 8);
+}
+
+TEST_P(Importing, ANameThatAnotherProgramTakesMeanwhileIsRefusedToo) {
+    struct : QObject {
+        std::function<void()> act;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Show) act();
+            return false;
+        }
+    } other;
+    other.act = [this] { test::addRows(path, {test::folderRow("Abc :", "E:\\x")}); };
+    control("ProgressBar1").installEventFilter(&other);  // shown when the walk has begun
+    chooseFolder(disc);
+    enterName("abc");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown.back().title, "Nompre existente");
+    EXPECT_EQ(rowCount(path), 1);
+    EXPECT_TRUE(tree().nodes().firstChild(browse::noNode) == browse::noNode);
 }
 
 TEST_P(Importing, AUnitMadeByHandIsBrowsedAtOnce) {

@@ -25,7 +25,7 @@ class Rescan : public testing::Test {
 
     void scanAs(const std::string& unit, const std::string& disc = "disc") {
         auto database = catalogue.open();
-        scan::RowWriter rows(database);
+        scan::RowWriter rows(database, unit);
         const scan::ScanRequest request{unit, discs.disc(disc)};
         static_cast<void>(
             scan::Walker(rows, watcher, scan::walkStart(request, database, discs()).value()).run());

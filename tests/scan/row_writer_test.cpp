@@ -27,7 +27,7 @@ class Writing : public testing::Test {
     test::CatalogueFixture catalogue;
     engine::Database database = catalogue.open();
     scan::TimedTransactions::Clock::time_point now{};
-    scan::TimedTransactions rows{database, [this] { return now; }, 3};
+    scan::TimedTransactions rows{database, "New", [this] { return now; }, 3};
 };
 
 TEST_F(Writing, CommitsAQuarterSecondAfterTheFirstRow) {
@@ -99,16 +99,26 @@ TEST_F(Writing, LetsOthersWriteBetweenTwoTransactions) {
         for (int i = 0; i < 15; ++i) EXPECT_TRUE(database.Execute(statement(i)));
         ended = true;
     });
-    scan::TimedTransactions scanning(database);
+    scan::TimedTransactions scanning(database, "New");
     while (!ended) scanning.insert(statement(1));
     other.join();
     EXPECT_EQ(scanning.summary().lost, 0);
 }
 
+TEST_F(Writing, LeavesAUnitAloneThatAnotherProgramHasMadeMeanwhile) {
+    catalogue.add(test::folderRow("new :", "E:\\x"));
+    rows.insert(statement(1));
+    rows.commit();
+    rows.insert(statement(2));
+    EXPECT_TRUE(rows.summary().nameTaken);
+    EXPECT_EQ(rows.summary().lost, 2);
+    EXPECT_EQ(catalogue.rows().size(), 1U);
+}
+
 TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {
     test::CatalogueFixture catalogue;
     engine::Database database = catalogue.open();
-    scan::RowWriter rows(database);
+    scan::RowWriter rows(database, "New");
     rows.insert(statement(1));
     const auto limit = std::chrono::steady_clock::now() + 10s;
     while (catalogue.rows().empty() && std::chrono::steady_clock::now() < limit) std::this_thread::yield();
@@ -119,8 +129,9 @@ TEST(ManualUnit, IsOneRow) {
     const test::CatalogueFixture catalogue;
     auto database = catalogue.open();
     std::string tipo;
-    ASSERT_TRUE(scan::insertManualUnit({"Cds", "Pelis", 3}, tipo, database));
-    ASSERT_TRUE(scan::insertManualUnit({"Otra", "x", 0}, tipo, database));
+    ASSERT_EQ(scan::addManualUnit({"Cds", "Pelis", 3}, tipo, database), nullptr);
+    ASSERT_EQ(scan::addManualUnit({"Otra", "x", 0}, tipo, database), nullptr);
+    EXPECT_EQ(scan::addManualUnit({"cds", "y", 1}, tipo, database), &scan::refusal::manualNameTaken);
     const auto rows = catalogue.rows();
     ASSERT_EQ(rows.size(), 2U);
     EXPECT_EQ(test::summary(rows[0]) + ' ' + rows[0].disco, "1 C:Pelis Pelis - - Cds :");

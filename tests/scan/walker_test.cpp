@@ -34,7 +34,7 @@ class Walk : public testing::Test {
         const scan::ScanRequest request{unit, relative.empty() ? drive.path() : at(relative)};
         EXPECT_EQ(scan::refusalOf(request, database), nullptr);
         const platform::Drives drives = platform::Drives::parse("C=/;E=" + drive.path());
-        scan::RowWriter rows(database);
+        scan::RowWriter rows(database, unit);
         return scan::Walker(rows, watcher, scan::walkStart(request, database, drives).value()).run();
     }
     Lines scanned(const std::string& relative) {
@@ -141,7 +141,7 @@ TEST_F(Walk, ReachesFoldersBeyondTheLongestPath) {
     close(before);
 
     auto database = catalogue.open();
-    scan::RowWriter rows(database);
+    scan::RowWriter rows(database, "U");
     const auto result = scan::Walker(rows, watcher, {deep, "E:\\deep", "U :", 0}).run();
     EXPECT_EQ(result.counts.folders, 12);
     EXPECT_EQ(result.counts.files, 0);
@@ -151,7 +151,7 @@ TEST_F(Walk, ReachesFoldersBeyondTheLongestPath) {
 TEST_F(Walk, LooksIntoNothingOfTheKernelsUnlessItBeganThere) {
     if (!fs::exists("/proc/self/fd")) GTEST_SKIP() << "the kernel shows nothing here";
     auto database = catalogue.open();
-    scan::RowWriter rows(database);
+    scan::RowWriter rows(database, "U");
     const scan::Exclusion others{{"[!p]*", "p[!r]*"}};
     EXPECT_LT(scan::Walker(rows, watcher, {"/", "C:\\", "U :", 0, others}).run().counts.folders, 100);
     EXPECT_EQ(watcher.kernel, (Lines{"C:\\proc"}));
