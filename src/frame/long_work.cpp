@@ -1,18 +1,11 @@
 #include "frame/long_work.h"
 
-#include <QCoreApplication>
-
 #include "frame/status_band.h"
 
 namespace frame {
 namespace {
 
 constexpr qint64 millisecondsBetweenSigns = 100;
-
-// Neither keys nor timers, so nothing begins in the midst of the work.
-void letWindowsPaint() {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::X11ExcludeTimers);
-}
 
 }  // namespace
 

@@ -18,4 +18,8 @@ void yieldToQueue() {
     QCoreApplication::processEvents();
 }
 
+void letWindowsPaint() {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::X11ExcludeTimers);
+}
+
 }  // namespace frame

@@ -14,5 +14,8 @@ class Hourglass {
 
 // Lets the event queue run once: the fixed points at which long work gives way.
 void yieldToQueue();
+// Where it cannot give way: neither keys nor timers get their turn, so nothing begins in the midst of the
+// work.
+void letWindowsPaint();
 
 }  // namespace frame

@@ -82,7 +82,7 @@ void ImportJob::catalogueDirectory() {
 
     WalkDisplay display(m_frame, m_parar);
     const WalkResult result = [&] {
-        RowWriter rows(*database, name.toStdString());
+        RowWriter rows(*database, name.toStdString(), [&] { display.paint(); });
         return Walker(rows, display, *start).run();
     }();
     if (result.writes.nameTaken && !m_parar) {  // by another program, since the first look

@@ -12,6 +12,7 @@ using namespace std::chrono_literals;
 constexpr std::size_t worthWakingUp = 500;               // statements
 constexpr std::size_t mostWaiting = 20 * worthWakingUp;  // so many come in while a disk takes a transaction
 constexpr auto longestRest = 100ms;
+constexpr auto betweenSigns = 50ms;
 
 }  // namespace
 
@@ -34,7 +35,9 @@ void RowWriter::Batch::clear() {
     ends.clear();
 }
 
-RowWriter::RowWriter(engine::Database& database, const std::string& newUnit) {
+RowWriter::RowWriter(engine::Database& database, const std::string& newUnit,
+                     std::function<void()> whileWaiting)
+    : m_whileWaiting(std::move(whileWaiting)) {
     try {
         m_thread = std::thread([this, &database, newUnit] { work(database, newUnit); });
     } catch (const std::system_error&) {  // no thread is to be had
@@ -52,10 +55,20 @@ RowWriter::~RowWriter() {
     m_thread.join();
 }
 
+template <class HasCome>
+void RowWriter::waitFor(std::condition_variable& event, std::unique_lock<std::mutex>& lock, HasCome hasCome) {
+    while (!event.wait_for(lock, betweenSigns, hasCome)) {
+        if (!m_whileWaiting) continue;
+        lock.unlock();
+        m_whileWaiting();
+        lock.lock();
+    }
+}
+
 void RowWriter::insert(std::string_view statement) {
     if (m_alone) return m_alone->insert(statement);
     std::unique_lock lock(m_mutex);
-    m_taken.wait(lock, [this] { return m_waiting.ends.size() < mostWaiting; });
+    waitFor(m_taken, lock, [this] { return m_waiting.ends.size() < mostWaiting; });
     m_waiting.add(statement);
     if (m_waiting.ends.size() == worthWakingUp) m_wake.notify_one();
 }
@@ -73,7 +86,7 @@ void RowWriter::commit() {
     std::unique_lock lock(m_mutex);
     m_wish = Wish::Commit;
     m_wake.notify_one();
-    m_committed.wait(lock, [this] { return m_wish == Wish::None; });
+    waitFor(m_committed, lock, [this] { return m_wish == Wish::None; });
 }
 
 void RowWriter::work(engine::Database& database, const std::string& newUnit) {

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -18,12 +19,15 @@ namespace scan {
 // in which they came, so that the disk that is read and the one that is written need not wait for each other.
 // Rows reach the file within half a second, also while the walk hangs on a slow disc.
 //
-// `newUnit` is the name of the unit that the rows are to make; TimedTransactions tells what it is for.
+// `newUnit` is the name of the unit that the rows are to make; TimedTransactions tells what it is for. Where
+// rows must wait because another program changes the catalogue for long, `whileWaiting` is called 20 times a
+// second; it may call commit(), but adds no rows.
 //
 // Between a call of insert() and the next commit() the thread alone may use `database`.
 class RowWriter : public RowSink {
   public:
-    RowWriter(engine::Database& database, const std::string& newUnit);
+    RowWriter(engine::Database& database, const std::string& newUnit,
+              std::function<void()> whileWaiting = {});
     ~RowWriter() override;
     RowWriter(const RowWriter&) = delete;
     RowWriter& operator=(const RowWriter&) = delete;
@@ -47,9 +51,12 @@ class RowWriter : public RowSink {
     };
     enum class Wish { None, Commit, End };
 
+    template <class HasCome>
+    void waitFor(std::condition_variable& event, std::unique_lock<std::mutex>& lock, HasCome hasCome);
     void work(engine::Database& database, const std::string& newUnit);
     [[nodiscard]] Wish takeBatch(Batch& batch);
 
+    std::function<void()> m_whileWaiting;
     std::atomic<bool> m_refuses = false;
     std::mutex m_mutex;  // guards all that follows, but for the thread itself
     std::condition_variable m_wake;

@@ -57,6 +57,13 @@ void WalkDisplay::topLevelDone() {
     m_frame.status.setProgress(++m_topLevelDone);
 }
 
+void WalkDisplay::paint() {
+    if (m_painting) return;
+    m_painting = true;
+    frame::letWindowsPaint();
+    m_painting = false;
+}
+
 bool WalkDisplay::yield(RowSink& rows) {
     const CommitBeforeHandlers guard(rows);
     frame::yieldToQueue();

@@ -9,7 +9,8 @@
 namespace scan {
 
 // Shows a walk in the status band, twenty times a second at most, and lets the event queue run where the walk
-// gives way. What the walk has written is committed before anything but painting gets its turn.
+// gives way. What the walk has written is
+// committed before anything but painting gets its turn.
 class WalkDisplay : public WalkObserver {
   public:
     // `stop` is the flag that a handler may raise during a yield.
@@ -23,9 +24,12 @@ class WalkDisplay : public WalkObserver {
 
     [[nodiscard]] const LeftOut& leftOut() const { return m_leftOut; }
 
+    void paint();  // while the walk waits for the catalogue
+
   private:
     frame::Frame& m_frame;
     const bool& m_stop;
+    bool m_painting = false;
     LeftOut m_leftOut;
     int m_topLevelFolders = 1;
     int m_topLevelDone = 0;

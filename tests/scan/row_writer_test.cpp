@@ -115,6 +115,16 @@ TEST_F(Writing, LeavesAUnitAloneThatAnotherProgramHasMadeMeanwhile) {
     EXPECT_EQ(catalogue.rows().size(), 1U);
 }
 
+TEST(RowWriter, GivesSignsWhileAnotherProgramWrites) {
+    test::CatalogueFixture catalogue;
+    engine::Database database = catalogue.open(), other = catalogue.open();
+    ASSERT_TRUE(other.BeginTrans());
+    scan::RowWriter rows(database, "New", [&] { other.Rollback(); });
+    rows.insert(statement(1));
+    rows.commit();
+    EXPECT_EQ(catalogue.rows().size(), 1U);
+}
+
 TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {
     test::CatalogueFixture catalogue;
     engine::Database database = catalogue.open();
