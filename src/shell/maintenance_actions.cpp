@@ -7,12 +7,14 @@
 #include "core/failure.h"
 #include "core/maintenance.h"
 #include "core/text.h"
+#include "core/unit_name.h"
 #include "engine/maintenance.h"
 #include "frame/catalogue.h"
 #include "frame/long_work.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
 #include "platform/qtext.h"
+#include "scan/scan_request.h"
 #include "search/search_panel.h"
 #include "shell/switching.h"
 
@@ -142,6 +144,14 @@ void MaintenanceActions::forgetUnits(const lists::ItemStore::Units& gone, browse
     m_surface.estado.indicecombo = m_surface.imageCombo1.count();
 }
 
+bool MaintenanceActions::isShown(const std::string& disco) const {
+    const auto isIt = spellingsOf(disco);
+    const controls::TreeModel& nodes = m_surface.treeView1.nodes();
+    browse::Node root = nodes.firstChild(browse::noNode);
+    while (root != browse::noNode && !isIt(nodes.text(root).toStdString())) root = nodes.nextSibling(root);
+    return root != browse::noNode;
+}
+
 void MaintenanceActions::cambiarnombre() {
     const browse::Node node = m_surface.treeView1.selected();
     if (node != browse::noNode && m_surface.isUnit(node)) m_surface.treeView1.editLabel(node);
@@ -150,13 +160,23 @@ void MaintenanceActions::cambiarnombre() {
 bool MaintenanceActions::rename(browse::Node unit, const QString& newText) {
     const QString disco = m_surface.treeView1.nodes().text(unit);
     const std::string typed = newText.toStdString();
-    if (core::nameTaken(m_surface.nombres.listanivel(1), typed)) {
+    const auto tellTaken = [this] {
         m_surface.frame.messages.show(qtext(nameExists.in(m_surface.frame.idioma)));
         return false;
-    }
-    const auto done = change(m_surface.frame, renaming, [&](engine::Database& database) {
-        return core::renameUnit(database, disco.toStdString(), typed);
-    });
+    };
+    if (core::nameTaken(m_surface.nombres.listanivel(1), typed)) return tellTaken();
+    const auto done =
+        change(m_surface.frame, renaming, [&](engine::Database& database) -> engine::Result<std::string> {
+            engine::Transaction whole(database);
+            TRY(whole.begin());
+            // Another program's unit, which nobody here has seen, is not to be merged with this one.
+            if (!isShown(core::discoOf(typed)) && TRY(scan::unitExists(database, typed)))
+                return std::unexpected(engine::Error{engine::error::fileExists, typed});
+            auto renamed = TRY(core::renameUnit(database, disco.toStdString(), typed));
+            TRY(whole.commit());
+            return renamed;
+        });
+    if (!done && done.error().number == engine::error::fileExists) return tellTaken();
     if (!done) {
         tell(done.error());
         return false;

@@ -27,6 +27,7 @@ class MaintenanceActions {
     bool rename(browse::Node unit, const QString& newText);
 
   private:
+    [[nodiscard]] bool isShown(const std::string& disco) const;  // in the tree, case not counting
     [[nodiscard]] bool confirmed(const core::Bilingual& question);
     void tell(const engine::Error& error);
     void removeSelectedUnit(browse::Node unit);

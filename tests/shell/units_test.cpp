@@ -19,9 +19,14 @@ TEST_F(Units, RenamingRefusesNamesInAllUpperOrAllLowerCase) {
         rename("Fotos :", taken);
         EXPECT_EQ(messages.shown.back().text, "There is a unit with this name, please choose another. ");
     }
+    test::addRows(path, {test::folderRow("Late :", "E:\\x")});
+    rename("Fotos :", "late");
+    EXPECT_EQ(messages.shown.back().text, "There is a unit with this name, please choose another. ");
+    EXPECT_EQ(rowCount(path, "disco=('Late :')"), 1) << "nobody here has seen it";
     for (const char* noName : {"it's", "x', ruta='y"}) rename("Fotos :", noName);
     rename("Fotos :", "Otra", Qt::Key_Escape);
-    EXPECT_EQ(messages.shown.size(), 5u);
+    EXPECT_EQ(messages.shown.size(), 6u);
+    EXPECT_TRUE(engine::OpenDatabase(path)->Execute("delete * from datos where disco=('Late :')"));
     EXPECT_EQ(roots()[0], "Fotos :");
     messages.shown.clear();
 
