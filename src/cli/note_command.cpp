@@ -34,6 +34,9 @@ int runNote(const Invocation& invocation) {
     auto database = openCatalogue(operands[0], invocation.language,
                                   writes ? engine::Use::Catalogue : engine::Use::ReadOnly);
     if (!database) return UnusableCatalogue;
+    engine::Transaction whole(*database);  // or the row could vanish between the look and the note
+    if (const auto begun = writes ? whole.begin() : engine::Result<>(); !begun)
+        return unusable(operands[0], begun.error(), invocation.language);
     const auto disco = unitOperand(*database, operands[1], invocation);
     if (!disco) return disco.error();
     const auto found = rowOperand(*database, *disco, operands[2], core::FoundRow::File, invocation);
@@ -42,7 +45,8 @@ int runNote(const Invocation& invocation) {
         return fail(NothingFound, operands[2], unitHasNone.in(invocation.language));
     if (!writes) return printNote(found->row, invocation);
 
-    const auto stored = notes::storeNoteOf(*database, found->row, operands[3]);
+    auto stored = notes::storeNoteOf(*database, found->row, operands[3]);
+    if (stored) stored = whole.commit();
     if (stored) return Done;
     if (stored.error().number == engine::error::syntaxInExpression)
         return fail(WrongUsage, restricted.in(invocation.language));

@@ -100,10 +100,15 @@ int runDelete(const Invocation& invocation) {
     const std::string& catalogue = invocation.arguments.operands[0];
     auto database = openCatalogue(catalogue, invocation.language, engine::Use::Catalogue);
     if (!database) return UnusableCatalogue;
+    engine::Transaction whole(*database);  // or another program's rename could leave nothing to delete
+    if (const auto begun = whole.begin(); !begun)
+        return unusable(catalogue, begun.error(), invocation.language);
     const auto disco = unitToChange(*database, invocation);
     if (!disco) return disco.error();
     if (const auto deleted = core::deleteUnit(*database, *disco); !deleted)
         return unusable(catalogue, deleted.error(), invocation.language);
+    if (const auto kept = whole.commit(); !kept)
+        return unusable(catalogue, kept.error(), invocation.language);
     return Done;
 }
 
