@@ -19,10 +19,15 @@ Result<std::shared_ptr<const Statement>> StatementReader::read(std::string_view 
 }
 
 Query::Query(std::shared_ptr<const Statement> statement, const std::vector<Literal>& literals)
-    : m_statement(std::move(statement)) {
-    m_texts.reserve(literals.size());
-    for (const Literal& literal : literals)
-        m_literals.push_back({m_texts.emplace_back(literal.text), literal.isNumber});
+    : m_statement(std::move(statement)), m_literals(literals) {
+    std::size_t size = 0;
+    for (const Literal& literal : literals) size += literal.text.size();
+    m_texts.reserve(size);  // so that none moves
+    for (Literal& literal : m_literals) {
+        const char* const begin = m_texts.data() + m_texts.size();
+        m_texts.insert(m_texts.end(), literal.text.begin(), literal.text.end());
+        literal.text = {begin, literal.text.size()};
+    }
 }
 
 }  // namespace engine

@@ -36,7 +36,7 @@ class Query {
 
   private:
     std::shared_ptr<const Statement> m_statement;
-    std::vector<std::string> m_texts;
+    std::vector<char> m_texts;
     std::vector<Literal> m_literals;  // views into m_texts
 };
 
