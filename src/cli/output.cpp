@@ -71,6 +71,21 @@ void csvField(std::string& line, std::string_view value) {
     line.push_back('"');
 }
 
+// With its line ends and tabs, and the null bytes between paths, which a terminal passes over.
+std::string shownOnTerminal(std::string_view text) {
+    constexpr std::string_view kept("\t\n\0", 3);
+    std::string out;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of(kept), text.size());
+        std::string_view part = text.substr(0, end);
+        if (text.substr(end).starts_with('\n') && part.ends_with('\r')) part.remove_suffix(1);
+        appendShown(out, part);
+        out += text.substr(end, 1);
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return out;
+}
+
 }  // namespace
 
 void appendShown(std::string& out, std::string_view text) {
@@ -234,9 +249,12 @@ std::string csvRow(const core::CatalogRow& row) {
 }
 
 void print(std::string_view text) {
-    // Rows and the line of progress must not share a screen.
     static const bool onTerminal = isatty(STDOUT_FILENO);
-    if (onTerminal) hideProgress();
+    std::string harmless;
+    if (onTerminal) {
+        hideProgress();  // rows and the line of progress must not share a screen
+        text = harmless = shownOnTerminal(text);
+    }
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 

@@ -248,28 +248,55 @@ TEST_F(Program, AnEmptyExportAndAFolderThatCannotBeReadHaveTheirStatus) {
     fs::permissions(work / "disc/closed", fs::perms::owner_all);  // so that it can be taken away
 }
 
-TEST_F(Program, TellsATerminalOfLongWork) {
-    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_EQ(::grantpt(terminal) | ::unlockpt(terminal), 0);
-    const std::string pipe = work / "pipe";
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    std::string told;
-    const auto hears = [&](const char* wanted) {
+// What a program says to a terminal.
+class Terminal {
+  public:
+    Terminal() { EXPECT_EQ(::grantpt(m_ours) | ::unlockpt(m_ours), 0); }
+    ~Terminal() { ::close(m_ours); }
+
+    [[nodiscard]] std::string name() const { return ::ptsname(m_ours); }
+    // Reads on until it hears the text; false at the end.
+    bool hears(const char* wanted) {
         char bytes[256];
         while (!told.contains(wanted)) {
-            const ssize_t length = ::read(terminal, bytes, sizeof bytes);
+            const ssize_t length = ::read(m_ours, bytes, sizeof bytes);
             if (length <= 0) return false;
             told.append(bytes, static_cast<std::size_t>(length));
         }
         return true;
-    };
-    test::Program program({ZARQUELIN_CLI, "import", cat, pipe}, {.output = ::ptsname(terminal)});
-    ASSERT_TRUE(hears("\rzarquelin-cli import: 1 s\x1b[K"));
+    }
+
+    std::string told;
+
+  private:
+    int m_ours = ::posix_openpt(O_RDWR | O_NOCTTY);
+};
+
+TEST_F(Program, TellsATerminalOfLongWork) {
+    Terminal terminal;
+    const std::string pipe = work / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    test::Program program({ZARQUELIN_CLI, "import", cat, pipe}, {.output = terminal.name()});
+    ASSERT_TRUE(terminal.hears("\rzarquelin-cli import: 1 s\x1b[K"));
     std::ofstream(pipe) << cliTells({"export", cat}).text;
     EXPECT_EQ(program.wait(), 1);
-    EXPECT_FALSE(hears("to the end"));
-    EXPECT_TRUE(told.ends_with("\r\x1b[K")) << "the line stays";
-    ::close(terminal);
+    EXPECT_FALSE(terminal.hears("to the end"));
+    EXPECT_TRUE(terminal.told.ends_with("\r\x1b[K")) << "the line stays";
+}
+
+TEST_F(Program, NothingOfACatalogueActsOnATerminal) {
+    test::writeFile(work / "disc/Año/sub/\x1b[31mred\n\r", "");
+    ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
+    for (const auto& words :
+         std::vector<std::vector<std::string>>{{"export", cat}, {"search", cat, "*", "-0"}}) {
+        Terminal terminal;
+        std::vector<std::string> command{ZARQUELIN_CLI};
+        command.insert(command.end(), words.begin(), words.end());
+        EXPECT_EQ(test::statusOf(command, {.output = terminal.name()}), 0);
+        EXPECT_FALSE(terminal.hears("to the end"));
+        EXPECT_TRUE(terminal.told.contains("\\x1b[31mred")) << terminal.told;
+        EXPECT_FALSE(terminal.told.contains('\x1b'));
+    }
 }
 
 TEST_F(Program, TellsWrongUsageByItsStatus) {
