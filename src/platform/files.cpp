@@ -32,6 +32,13 @@ class Descriptor {
     int m_fd;
 };
 
+// Can only be read by setting it, which is for a time with a single thread.
+const mode_t withheld = [] {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return mask;
+}();
+
 int numberOf(int systemError, const std::string& path) {
     switch (systemError) {
         case ENOENT:
@@ -88,7 +95,7 @@ bool copyBytes(int from, int to) {
 
 // Not every file system can keep them; a copy without them is still a whole copy.
 void keepTimesAndMode(const struct stat& source, int fd) {
-    if (::fchmod(fd, source.st_mode & 0777) != 0) errno = 0;
+    if (::fchmod(fd, permissionsOfCopy(source.st_mode)) != 0) errno = 0;
     const timespec times[2] = {source.st_atim, source.st_mtim};
     if (::futimens(fd, times) != 0) errno = 0;
 }
@@ -141,6 +148,10 @@ FileResult<> CopyFile(const std::string& source, const std::string& destination)
     if (!copyBytes(in.get(), copy->descriptor())) return systemFailure(destination);
     keepTimesAndMode(status, copy->descriptor());
     return copy->putInPlace();
+}
+
+unsigned permissionsOfCopy(unsigned mode) {
+    return mode & 0777 & ~withheld;
 }
 
 FileResult<> DeleteFile(const std::string& path) {

@@ -21,13 +21,16 @@ using FileResult = std::expected<T, FileError>;
 
 // All paths are native.
 
-// Replaces `destination` by a byte copy of `source`, times and permissions included, in one step: a temporary
-// file beside it, flushed and renamed. Refuses when both are the same file, when `source` is not a regular
-// file, and when `destination` exists and is read-only. Whatever fails, `destination` is either the old or
-// the whole new file.
+// Replaces `destination` by a byte copy of `source`, in one step: a temporary file beside it, flushed and
+// renamed. It keeps the times, and the permissions but for those that the process gives to no file (its
+// "umask"): a disc of others may hold files that everybody may write to. Refuses when both are the same file,
+// when `source` is not a regular file, and when `destination` exists and is read-only. Whatever fails,
+// `destination` is either the old or the whole new file.
 [[nodiscard]] FileResult<> CopyFile(const std::string& source, const std::string& destination);
 // The refusals that CopyFile tells about a destination, without copying.
 [[nodiscard]] FileResult<> checkReplaceable(const std::string& source, const std::string& destination);
+// The permissions of a copy of a file that has these.
+[[nodiscard]] unsigned permissionsOfCopy(unsigned mode);
 [[nodiscard]] FileResult<> DeleteFile(const std::string& path);
 [[nodiscard]] bool FileExists(const std::string& path);    // a regular file, or a link to one
 [[nodiscard]] bool FolderExists(const std::string& path);  // a folder, or a link to one

@@ -18,6 +18,7 @@ class TemporaryFile {
     ~TemporaryFile();
 
     [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] const std::string& target() const { return m_target; }
     [[nodiscard]] int descriptor() const { return m_descriptor; }
 
     // Brings the file to the disk, which may take long.

@@ -299,6 +299,19 @@ TEST_F(Program, NothingOfACatalogueActsOnATerminal) {
     }
 }
 
+TEST_F(Program, GivesNobodyMoreThanTheMaskOfTheUser) {
+    fs::permissions(work / "disc/Año/uno.txt", fs::perms::all);
+    ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
+    const mode_t before = ::umask(077);
+    const std::string made = work / "made.zrq", saved = work / "saved.zrq";
+    EXPECT_EQ(cliTells({"new", made}).status, 0);
+    EXPECT_EQ(cliTells({"backup", cat, saved}).status, 0);
+    EXPECT_EQ(cliTells({"copy", cat, "Fotos", "Año/uno.txt", work.path()}).status, 0);
+    ::umask(before);
+    for (const std::string& file : {made, saved, std::string(work / "uno.txt")})
+        EXPECT_EQ(fs::status(file).permissions() & fs::perms(077), fs::perms::none) << file;
+}
+
 TEST_F(Program, TellsWrongUsageByItsStatus) {
     EXPECT_EQ(statusOf({}), 2);
     for (const char* wrong : {"burn|CAT", "scan|CAT|N", "scan|CAT|a'b|DISC", "scan|CAT|a\xff|DISC",

@@ -39,7 +39,11 @@ Result<platform::TemporaryFile> replacementFor(const std::string& target) {
 Result<> putInPlace(platform::TemporaryFile& replacement, const std::string& model) {
     struct stat status {};
     // Not every file system keeps permissions; without them it is still the whole file.
-    if (::stat(model.c_str(), &status) == 0) (void)::fchmod(replacement.descriptor(), status.st_mode & 0777);
+    if (::stat(model.c_str(), &status) == 0) {
+        const bool isOwn = model == replacement.target();
+        (void)::fchmod(replacement.descriptor(),
+                       isOwn ? status.st_mode & 0777 : platform::permissionsOfCopy(status.st_mode));
+    }
     // A journal that was undone or moved away must not come back beside the new file.
     platform::flushFolder(platform::folderOf(replacement.path()));
     if (const auto put = replacement.putInPlace(); !put) return std::unexpected(errorOf(put.error()));

@@ -12,8 +12,8 @@ namespace engine {
 // The file that is written beside `target`, to be put in its place.
 [[nodiscard]] Result<platform::TemporaryFile> replacementFor(const std::string& target);
 
-// Puts it there with the permissions of `model`. What was done to names in the folder until now is certain
-// before.
+// Puts it there with the permissions of `model`, as a copy has them unless it is the target's own. What was
+// done to names in the folder until now is certain before.
 [[nodiscard]] Result<> putInPlace(platform::TemporaryFile& replacement, const std::string& model);
 
 // Deletes the rollback journal that a program which died within a change left beside a name that leads to no
