@@ -69,10 +69,7 @@ struct MatchedRow {
 class RowSearch {
   public:
     RowSearch(std::string_view path, const platform::Drives& drives, FoundRow::Kind preferred)
-        : m_readings(readingsOf(path, drives)),
-          m_native(path.starts_with('/')),
-          m_folderOnly(path.ends_with('/') || path.ends_with('\\')),
-          m_preferred(preferred) {}
+        : m_readings(readingsOf(path, drives)), m_native(path.starts_with('/')), m_preferred(preferred) {}
 
     Lookup<FoundRow> in(engine::Database& database, const std::string& disco);
 
@@ -90,7 +87,6 @@ class RowSearch {
 
     std::vector<PathReading> m_readings;
     bool m_native;
-    bool m_folderOnly;
     FoundRow::Kind m_preferred;
     std::vector<MatchedRow> m_best;  // all of one rank
 };
@@ -137,7 +133,6 @@ void RowSearch::consider(const CatalogRow& row) {
     candidate.found.row = row;
     candidate.found.folders = namesBelowUnit(row);
     candidate.path = drivePathOf(row);
-    if (m_folderOnly && candidate.found.kind == FoundRow::File) return;
     const std::string relativePath = joinedNames(candidate.found.folders);
     if (candidate.found.kind == FoundRow::File) candidate.found.folders.pop_back();
     compare(std::move(candidate), relativePath);
@@ -155,7 +150,8 @@ void RowSearch::considerRoot(const CatalogRow& row) {
 void RowSearch::compare(MatchedRow candidate, const std::string& relativePath) {
     for (std::size_t i = 0; i < m_readings.size(); ++i) {
         const PathReading& reading = m_readings[i];
-        if (reading.path.empty()) continue;
+        const bool isFile = candidate.found.kind == FoundRow::File;
+        if (reading.path.empty() || (reading.folderOnly && isFile)) continue;
         candidate.reading = i;
         const auto compareWith = [&](std::string_view typed, std::string_view stored, bool otherDrive) {
             const Fit fit = candidate.fit = fitOf(typed, stored);
@@ -196,7 +192,10 @@ Lookup<FoundRow> RowSearch::best() {
 }
 
 Lookup<FoundRow> RowSearch::in(engine::Database& database, const std::string& disco) {
-    if (std::ranges::find(m_readings, PathReading{true, ""}) != m_readings.end()) {
+    const auto namesUnit = [](const PathReading& reading) {
+        return reading.relative && reading.path.empty();
+    };
+    if (std::ranges::any_of(m_readings, namesUnit)) {
         FoundRow unit;
         unit.row.disco = disco;
         return unit;

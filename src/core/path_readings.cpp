@@ -26,21 +26,28 @@ std::string joined(std::string_view path, std::string_view separators, Convert c
 
 class Readings {
   public:
-    void add(bool relative, std::string path) {
-        PathReading reading{relative, std::move(path)};
+    void add(bool relative, std::string path, bool folderOnly) {
+        PathReading reading{relative, std::move(path), folderOnly};
         if (std::ranges::find(m_all, reading) == m_all.end()) m_all.push_back(std::move(reading));
     }
-    // As stored, as typed with either separator, and with names that hold backslashes.
+    // As stored, as typed with either separator, and with names that hold backslashes; these first where the
+    // other separator shows that they are names.
     void addSpellings(bool relative, std::string_view path) {
-        add(relative, joined(path, "/\\", [](std::string_view name) { return std::string(name); }));
-        add(relative, joined(path, "/\\", platform::toStoredName));
-        add(relative, joined(path, "/", platform::toStoredName));
+        const auto addWith = [&](std::string_view separators, auto convert) {
+            const bool folderOnly = !path.empty() && separators.contains(path.back());
+            add(relative, joined(path, separators, convert), folderOnly);
+        };
+        const bool hasSlash = path.contains('/');
+        if (hasSlash) addWith("/", platform::toStoredName);
+        addWith("/\\", [](std::string_view name) { return std::string(name); });
+        addWith("/\\", platform::toStoredName);
+        if (!hasSlash) addWith("/", platform::toStoredName);
     }
-    void addNative(const platform::Drives& drives, const std::filesystem::path& path) {
+    void addNative(const platform::Drives& drives, const std::filesystem::path& path, bool folderOnly) {
         std::string drivePath = drives.toDrivePath(path.native());
         if (drivePath.empty()) return;
         if (drivePath.ends_with('\\')) drivePath.pop_back();
-        add(false, std::move(drivePath));
+        add(false, std::move(drivePath), folderOnly);
     }
     std::vector<PathReading> take() { return std::move(m_all); }
 
@@ -59,12 +66,13 @@ std::vector<PathReading> readingsOf(std::string_view typed, const platform::Driv
     Readings readings;
     if (typed.starts_with('/')) {
         const std::filesystem::path path = std::filesystem::path(typed).lexically_normal();
-        readings.addNative(drives, path);
+        const bool folderOnly = !path.has_filename();
+        readings.addNative(drives, path, folderOnly);
         // A scan goes by the real path of its folder.
-        const auto file = path.has_filename() ? path : path.parent_path();
+        const auto file = folderOnly ? path.parent_path() : path;
         std::error_code failed;
         const auto folder = std::filesystem::weakly_canonical(file.parent_path(), failed);
-        if (!failed) readings.addNative(drives, folder / file.filename());
+        if (!failed) readings.addNative(drives, folder / file.filename(), folderOnly);
     }
     if (beginsWithDrive(typed)) readings.addSpellings(false, typed);
     readings.addSpellings(true, typed);

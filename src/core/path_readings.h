@@ -13,6 +13,7 @@ namespace core {
 struct PathReading {
     bool relative = false;
     std::string path;
+    bool folderOnly = false;  // a separator ended it
     bool operator==(const PathReading&) const = default;
 };
 [[nodiscard]] std::vector<PathReading> readingsOf(std::string_view typed, const platform::Drives& drives);

@@ -63,7 +63,9 @@ bool isReadRightly(const platform::Drives& drives, const std::string& typed) {
     std::string own = drives.toDrivePath(typed);
     if (own.ends_with('\\')) own.pop_back();
     const auto means = [&](bool relative, const std::string& path) {
-        return std::ranges::find(readings, core::PathReading{relative, path}) != readings.end();
+        return std::ranges::any_of(readings, [&](const core::PathReading& reading) {
+            return reading.relative == relative && reading.path == path;
+        });
     };
     if (!typed.starts_with('/') && componentsOf(typed, '/').size() == 1 && typed != "." &&
         !typed.ends_with('/') && !means(true, platform::toStoredName(typed)))

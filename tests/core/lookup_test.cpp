@@ -25,6 +25,7 @@ class Lookup : public testing::Test {
                        folder("E:\\top\\Cds :"), test::unitRow("Cds :", "Pelis", "Unidad de video"),
                        test::unitRow("cds :", "Otra", "x"),
                        test::unitRow("it´s :", "Una", "Unidad de audio")});
+        catalogue.add({file("E:\\top", "end\uF05C"), file("E:\\top\\A\uF05C", "in.txt")});
     }
     // The folder that was catalogued is no part of the level.
     static core::CatalogRow rowOf(core::CatalogRow row) {
@@ -57,12 +58,15 @@ TEST_F(Lookup, TakesAPathInEveryForm) {
         EXPECT_EQ(found(path), "E:\\top\\raw\uF0FF") << path;
     for (const char* path : {"back\uF05Cslash", "/media/disc/top/back\\slash", "back\\slash"})
         EXPECT_EQ(found(path), "E:\\top\\back\uF05Cslash") << path;
+    for (const char* path : {"end\\", "/media/disc/top/end\\"})
+        EXPECT_EQ(found(path), "E:\\top\\end\uF05C") << path;
+    EXPECT_EQ(found("A\\/in.txt"), "E:\\top\\A\uF05C\\in.txt");
     EXPECT_EQ(found(":/colon.txt"), "E:\\top\\:\\colon.txt");
     EXPECT_EQ(found("ñandú"), "E:\\top\\ÑANDÚ");
     for (const char* path : {"", "/", ".", "E:\\top", "e:\\TOP\\", "/media/disc/top/"})
         EXPECT_EQ(found(path), "unit") << path;
-    for (const char* path : {"in.txt", "A/in", "a/in.txt/", "E:\\A\\in.txt", "/media/disc/A/in.txt", "top",
-                             "..", "'); delete * from datos", "\xff"})
+    for (const char* path : {"in.txt", "A/in", "a/in.txt/", "A\\in.txt\\", "E:\\A\\in.txt",
+                             "/media/disc/A/in.txt", "top", "..", "'); delete * from datos", "\xff"})
         EXPECT_EQ(found(path), "missing") << path;
 }
 
