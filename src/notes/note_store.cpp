@@ -79,7 +79,7 @@ engine::Result<StoreEnd> storeNote(engine::Database& database, const NoteTarget&
         const auto rows = TRY(database.OpenRecordset(selectForStoring(target)));
         const bool none = rows.Eof();
         if (rows.error()) return std::unexpected(*rows.error());
-        if (none) return StoreEnd::NoRow;
+        if (none) return StoreEnd::NotFound;
     }
     TRY(core::refuseApostrophe(note));
     (void)TRY(database.Execute(updateNote(target, note)));

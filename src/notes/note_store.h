@@ -38,7 +38,11 @@ struct ReadNote {
 [[nodiscard]] engine::Result<ReadNote> readNote(engine::Database& database, const NoteTarget& target,
                                                 core::Language language);
 
-enum class StoreEnd { Stored, NoRow };
+enum class StoreEnd {
+    Stored,
+    NoRow,     // none was clicked, or a folder's, which is left alone
+    NotFound,  // the catalogue has it no more, or not among what can be stored from that list
+};
 
 // Replaces the whole note; the empty text removes it. A note that would end its own literal is refused as the
 // engine refuses it, with engine::error::syntaxInExpression, and nothing is executed.

@@ -34,6 +34,9 @@ constexpr int ticksOfContest = 2 * panelHeight / step;
 constexpr core::Bilingual noNote{"No existen notas en este item.", "There aren´t notes in this item."};
 constexpr core::Bilingual restricted{"Ha introducido un caracter no permitido.",
                                      "Yo have inserted a restricted character."};
+constexpr core::Bilingual notStored{
+    "  La nota no se ha guardado: no se encuentra ese elemento en el catálogo.",
+    "  The note was not stored: that item is not found in the catalogue."};
 constexpr core::Bilingual panelName{"Notas", "Notes"};
 
 QTimer* makeTimer(QObject* parent, const char* name) {
@@ -105,6 +108,8 @@ void NotesPanel::storeNote() {
     }();
     begin(*m_Timer2);
     if (stored && *stored == StoreEnd::Stored) showInList(text);
+    if (stored && *stored == StoreEnd::NotFound)
+        m_frame.status.setText(std::string(notStored.in(m_frame.idioma)));
     if (stored) return;
     if (stored.error().number == engine::error::syntaxInExpression)
         m_frame.messages.show(platform::qtext(restricted.in(m_frame.idioma)));

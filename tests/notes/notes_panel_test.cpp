@@ -144,6 +144,10 @@ TEST_P(Notes, FoldersAndLostRowsAreLeftAlone) {
     panel().vercomentarios();
     EXPECT_FALSE(timer("Timer1").isActive());
     clickRow(list(), 1);
+    EXPECT_TRUE(engine::OpenDatabase(frame().catalogue.path())->Execute("delete * from datos"));
+    write("of a row that another program has deleted");
+    EXPECT_EQ(status(), in("  La nota no se ha guardado: no se encuentra ese elemento en el catálogo.",
+                           "  The note was not stored: that item is not found in the catalogue."));
     frame().catalogue.setPath("/nonexistent/catalogue.zrq");
     panel().vercomentarios();
     EXPECT_FALSE(timer("Timer1").isActive());
