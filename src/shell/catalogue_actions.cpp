@@ -1,9 +1,11 @@
 #include "shell/catalogue_actions.h"
 
 #include <QFile>
+#include <optional>
 
 #include "core/catalogue_file.h"
 #include "core/failure.h"
+#include "engine/database.h"
 #include "frame/catalogue.h"
 #include "frame/long_work.h"
 #include "frame/pointer.h"
@@ -29,6 +31,14 @@ std::string nativePath(const QString& chosen) {
     return QFile::encodeName(chosen).toStdString();
 }
 
+// Whether it is the source that cannot be copied: a damaged one can, byte by byte.
+std::optional<engine::Error> unreadable(const std::string& source) {
+    const auto opened = engine::OpenDatabase(source, engine::Use::ReadOnly);
+    const bool isCopied = opened || opened.error().number == engine::error::unrecognizedFormat ||
+                          opened.error().number == engine::error::corrupt;
+    return isCopied ? std::nullopt : std::optional(opened.error());
+}
+
 }  // namespace
 
 void CatalogueActions::clearSurface() {
@@ -50,12 +60,11 @@ void CatalogueActions::openStateChange() {
     m_surface.contadores = {};
 }
 
-// What does not exist is what was to be copied.
 void CatalogueActions::reportFailure(const std::string& source, const std::string& path,
                                      const engine::Error& error) {
-    if (error.number == engine::error::fileNotFound)
+    if (const auto unread = unreadable(source))
         return m_surface.frame.messages.show(
-            qtext(core::failureMessage(source, error, m_surface.frame.idioma)));
+            qtext(core::failureMessage(source, *unread, m_surface.frame.idioma)));
     m_surface.frame.messages.show(qtext(notWritten.in(m_surface.frame.idioma)) +
                                   QFile::decodeName(path.c_str()) + QStringLiteral("\n") +
                                   qtext(core::failureSentence(error, m_surface.frame.idioma)));

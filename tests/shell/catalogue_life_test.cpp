@@ -184,10 +184,14 @@ TEST_P(UnreadableFile, IsToldByASearchAndARename) {
     EXPECT_EQ(messages.shown.back().text.toStdString(),
               in("No se pudo escribir el archivo ", "This file could not be written: ") +
                   (folder / "none/x.zrq") + "\n" + in("No se puede abrir.", "It cannot be opened."));
-    fs::remove(path);
-    dialogs.answers = {QString::fromStdString(folder / "x.zrq")};
-    choose("guardar");
-    EXPECT_EQ(messages.shown.back().text.toStdString(), path + "\n" + in("No existe.", "It does not exist."));
+    for (const std::string& why :
+         {in("No existe.", "It does not exist."), in("No se puede abrir.", "It cannot be opened.")}) {
+        fs::remove(path);
+        if (why != in("No existe.", "It does not exist.")) fs::create_directory(path);
+        dialogs.answers = {QString::fromStdString(folder / "x.zrq")};
+        choose("guardar");
+        EXPECT_EQ(messages.shown.back().text.toStdString(), path + "\n" + why) << "of what was to be copied";
+    }
 }
 INSTANTIATE_TEST_SUITE_P(, UnreadableFile, testing::Values(Language::Spanish, Language::English));
 
