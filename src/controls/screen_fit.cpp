@@ -1,5 +1,6 @@
 #include "controls/screen_fit.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLayout>
 #include <QScreen>
@@ -34,8 +35,10 @@ class ScreenFit : public QObject {
 
   private:
     void fit() {
-        const bool first = std::exchange(m_first, false);
-        const QRect room = m_window.screen()->availableGeometry().marginsRemoved(frameOf(m_window));
+        const QScreen* const wanted = screenFor(m_window);
+        const bool centred = std::exchange(m_wanted, wanted) != wanted;
+        const QScreen* const screen = centred ? wanted : m_window.screen();
+        const QRect room = screen->availableGeometry().marginsRemoved(frameOf(m_window));
         const bool fixed = m_window.layout() && m_window.layout()->sizeConstraint() == QLayout::SetFixedSize;
         const QSize size = fixed ? m_window.sizeHint() : m_window.size().boundedTo(room.size());
         if (!fixed) {
@@ -43,7 +46,7 @@ class ScreenFit : public QObject {
             m_window.resize(size);
         }
         QRect place({}, size);
-        if (first)
+        if (centred)
             place.moveCenter(room.center());
         else
             place.moveTopLeft(m_window.geometry().topLeft());
@@ -54,10 +57,15 @@ class ScreenFit : public QObject {
     }
 
     QWidget& m_window;
-    bool m_first = true;
+    const QScreen* m_wanted = nullptr;  // of the last time; only compared
 };
 
 }  // namespace
+
+QScreen* screenFor(const QWidget& window) {
+    const QWidget* owner = window.parentWidget() ? window.parentWidget() : QApplication::activeWindow();
+    return owner ? owner->screen() : window.screen();
+}
 
 void fitToScreen(QWidget& window) {
     new ScreenFit(window);

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "controls/screen_fit.h"
 #include "frame/captions.h"
 #include "platform/qtext.h"
 #include "shell/links.h"
@@ -26,10 +27,8 @@ constexpr core::Bilingual writeToUs = {"Escríbenos", "Write to us"};
 
 void centre(QWidget& window) {
     window.adjustSize();
-    if (const QScreen* screen = window.screen()) {
-        const QRect area = screen->availableGeometry();
-        window.move(area.center() - window.rect().center());
-    }
+    const QRect area = controls::screenFor(window)->availableGeometry();
+    window.move(area.center() - window.rect().center());
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Every window on screens of several sizes: runs once for each, see CMakeLists.txt.
 
 #include <QScreen>
+#include <QWindow>
 
 #include "support/every_window.h"
 
@@ -14,7 +15,7 @@ class Screens : public test::EveryWindow {
     void expectInside(const QWidget& window) {
         QApplication::processEvents();
         SCOPED_TRACE(window.objectName().toStdString());
-        const QRect free = QGuiApplication::primaryScreen()->availableGeometry();
+        const QRect free = form->screen()->availableGeometry();
         EXPECT_TRUE(free.contains(window.geometry()))
             << window.x() << ' ' << window.y() << ' ' << window.width() << ' ' << window.height();
         for (const auto* each : window.findChildren<QWidget*>()) {
@@ -30,6 +31,11 @@ class Screens : public test::EveryWindow {
 TEST_F(Screens, HoldEveryWindow) {
     for (const Language idioma : {Language::Spanish, Language::English})
         showEach(idioma, [this](QWidget& window) {
+            // Where there are two, the person has taken the main window to the other one.
+            if (QScreen* last = QGuiApplication::screens().last(); form->screen() != last) {
+                form->windowHandle()->setScreen(last);
+                form->move(last->availableGeometry().topLeft() + QPoint(100, 60));
+            }
             for (const char* size : {"Pequeño", "Grande"}) {
                 choose(size);
                 expectInside(window);

@@ -29,7 +29,10 @@ class EveryWindow : public MainWindow {
         shell::Form2 about(idioma);
         shell::Form5 chooser;
         for (QWidget* window : std::initializer_list<QWidget*>{&quickStart, &about, &chooser}) {
-            window->show();
+            if (window == &about)
+                about.showAsAbout();
+            else
+                window->show();
             see(*window);
         }
     }
