@@ -21,7 +21,7 @@ namespace shell {
 namespace {
 
 constexpr int pictureSide = 32;
-constexpr int textWidth = 280;
+constexpr int textLetters = 40;
 
 struct Line {
     const char* label;
@@ -44,7 +44,7 @@ class ReadOnlyText : public QLineEdit {
     explicit ReadOnlyText(QWidget* parent) : QLineEdit(parent) {
         setReadOnly(true);
         setFrame(false);
-        setMinimumWidth(textWidth);
+        setMinimumWidth(textLetters * fontMetrics().averageCharWidth());
         // What can only be read stands on the window's own ground, not in a box that asks for typing.
         QPalette palette;
         palette.setColor(QPalette::Base, Qt::transparent);

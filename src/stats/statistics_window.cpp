@@ -35,6 +35,7 @@ constexpr core::Bilingual closeCaption{"Cerrar", "Close"};
 constexpr core::Bilingual printCaption{"Imprimir", "Print"};
 
 constexpr int swatchSize = 14;
+constexpr QSize usualSize(860, 480);  // for letters of 9 points
 enum Column { Swatch, Icon, Name, Share, Count };
 
 QString indexed(const char* name, std::size_t index) {
@@ -91,7 +92,6 @@ Form4::Form4(core::Language idioma, frame::Dialogs& dialogs, QWidget* parent)
     setTabOrder(m_close, m_print);
     setTabOrder(m_print, m_tabs);
     m_tabs->setCurrentIndex(0);
-    resize(sizeHint().expandedTo(QSize(860, 480)));
     controls::fitToScreen(*this);
 }
 
@@ -235,6 +235,10 @@ void Form4::setStatistics(const Statistics& statistics, const Scope& scope) {
     for (QWidget* chart :
          {static_cast<QWidget*>(m_pie), static_cast<QWidget*>(m_bars3D), static_cast<QWidget*>(m_bars2D)})
         chart->setAccessibleDescription(spoken);
+    // Only now are the words there that it must hold; those beside the pie need more room than a hint asks
+    // for.
+    if (testAttribute(Qt::WA_Resized)) return;
+    resize(sizeHint().expandedTo(usualSize * (fontInfo().pointSizeF() / 9)));
 }
 
 void Form4::print() {

@@ -43,4 +43,24 @@ TEST_F(Screens, HoldEveryWindow) {
         });
 }
 
+TEST_F(Screens, HoldWhatLargeLettersSay) {
+    const QSize free = QGuiApplication::primaryScreen()->availableGeometry().size();
+    if (free.width() < 1900) GTEST_SKIP() << "no room";
+    const QFont usual = QApplication::font();
+    QApplication::setFont(QFont(usual.family(), 24));
+    startWithFotos(Language::Spanish);
+    choose("explorar");
+    click("Fotos :");
+    choose("graficos");
+    choose("Propiedades");
+    const auto widthOf = [](const QString& text) {
+        return QFontMetrics(QApplication::font()).horizontalAdvance(text);
+    };
+    EXPECT_GE(control("MSChart1").width(), 2 * widthOf("12345 (50 %)") + 200)
+        << "with lines, icons and a pie";
+    EXPECT_GE(control("Form3").findChild<QWidget*>("Text4")->width(),
+              widthOf("1234 archivos y 567 carpetas."));
+    QApplication::setFont(usual);
+}
+
 }  // namespace
