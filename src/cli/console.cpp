@@ -18,7 +18,9 @@ int fail(ExitStatus status, std::string_view reason) {
 }
 
 int fail(ExitStatus status, std::string_view subject, std::string_view reason) {
-    if (!subject.empty() && reason.starts_with(subject)) return fail(status, reason);  // names it already
+    const bool isNamed = !subject.empty() && reason.starts_with(subject) && reason.size() > subject.size() &&
+                         (reason[subject.size()] == ' ' || reason[subject.size()] == ':');
+    if (isNamed) return fail(status, reason);
     return fail(status, (subject.empty() ? "\"\"" : std::string(subject)) + ": " + std::string(reason));
 }
 

@@ -97,6 +97,7 @@ TEST_F(RowCommands, ListShowsWhatAClickOnTheNodeDoes) {
         EXPECT_EQ(missing.status, cli::NothingFound) << path;
         EXPECT_TRUE(missing.output.empty() && missing.errors.contains(path)) << missing.errors;
     }
+    EXPECT_EQ(run({"update", "Zoo", "i"}).errors, "zarquelin-cli: i: is no folder\n");
 }
 
 TEST_F(RowCommands, CopyScansTheDrivesAndReportsWhatIsMissing) {
