@@ -20,6 +20,8 @@ namespace {
 constexpr core::Bilingual unreadKept{"no se puede leer; sus filas se conservan",
                                      "cannot be read; its rows are kept"};
 
+constexpr core::Bilingual lostNote{"ya no está; su nota era: ", "is no longer there; its note was: "};
+
 enum class Does { Compare, Update };
 
 int tell(const scan::RescanFailure& failure, const Invocation& invocation) {
@@ -43,6 +45,19 @@ std::string_view wordOf(scan::UnitChanges::Kind kind) {
     return {};
 }
 
+std::string pathOf(const scan::UnitChanges& changes, const scan::UnitChanges::Change& change) {
+    std::string path = changes.path(change);
+    std::ranges::replace(path, '\\', '/');
+    return path;
+}
+
+// Of what is no longer there; only here does it still stand then.
+void tellLostNotes(const scan::UnitChanges& changes, core::Language language) {
+    for (const scan::UnitChanges::Change& change : changes.lostNotes())
+        fail(Done, pathOf(changes, change),
+             std::string(lostNote.in(language)) + changes.row(change).comentario.value_or(""));
+}
+
 void printChanges(const scan::UnitChanges& changes, bool json, const platform::Drives& drives) {
     for (const scan::UnitChanges::Change& change : changes.changes()) {
         if (json) {
@@ -51,9 +66,7 @@ void printChanges(const scan::UnitChanges& changes, bool json, const platform::D
             print(line.take());
             continue;
         }
-        std::string path = changes.path(change);
-        std::ranges::replace(path, '\\', '/');
-        print(std::string{static_cast<char>(change.kind), ' '} + shown(path) + '\n');
+        print(std::string{static_cast<char>(change.kind), ' '} + shown(pathOf(changes, change)) + '\n');
     }
 }
 
@@ -81,6 +94,7 @@ int readAgain(const Invocation& invocation, Does does) {
     if (!changes) return tell(changes.error(), invocation);
 
     printChanges(*changes, invocation.arguments.json, drives);
+    tellLostNotes(*changes, invocation.language);
     const std::vector<std::string> unread = progress.takeUnread();
     for (const std::string& folder : unread) fail(NothingFound, folder, unreadKept.in(invocation.language));
     progress.tellLeftOut();

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 #include "core/inserts.h"
 #include "core/literals.h"
+#include "engine/text/folding.h"
 
 namespace scan {
 namespace {
@@ -66,6 +68,7 @@ UnitChanges::UnitChanges(UnitRows stored, FoundUnit found, std::int64_t otherRow
       m_taken(m_stored.rows().size()) {
     match();
     order();
+    passNotesOn();
 }
 
 void UnitChanges::match() {
@@ -109,6 +112,41 @@ void UnitChanges::order() {
     m_changes.insert(m_changes.end(), removed.begin(), removed.end());
 }
 
+// Where a path in one spelling went and one in another came; of several nobody can tell which it is.
+void UnitChanges::passNotesOn() {
+    struct Note {
+        Change removed;
+        std::uint32_t heir = none;
+        bool isClear = true;
+    };
+    std::unordered_map<std::string, Note> notes[2];
+    for (const Change& change : m_changes) {
+        if (change.kind != Kind::Removed) continue;
+        const UnitRows::Row& row = m_stored.rows()[change.at];
+        if (!row.hasNote) continue;
+        const auto [note, isNew] =
+            notes[row.isFile].try_emplace(engine::folded(m_stored.path(row)), Note{change});
+        if (isNew) continue;
+        note->second.isClear = false;
+        m_lostNotes.push_back(change);
+    }
+    if (notes[0].empty() && notes[1].empty()) return;
+    for (const Change& change : m_changes) {
+        if (change.kind != Kind::Added) continue;
+        const UnitRows::Row& row = m_found.rows.rows()[m_order[change.at].found];
+        const auto note = notes[row.isFile].find(engine::folded(m_found.rows.path(row)));
+        if (note == notes[row.isFile].end()) continue;
+        if (std::exchange(note->second.heir, change.at) != none) note->second.isClear = false;
+    }
+    for (const auto& ofKind : notes)
+        for (const auto& [path, note] : ofKind)
+            if (note.isClear && note.heir != none)
+                m_heirs.emplace(note.heir, note.removed.at);
+            else
+                m_lostNotes.push_back(note.removed);
+    std::ranges::sort(m_lostNotes, {}, &Change::at);
+}
+
 // Of the folders that could not be read, the innermost that holds the row.
 std::optional<std::size_t> UnitChanges::keeper(const UnitRows::Row& row) const {
     if (m_found.unread.empty()) return std::nullopt;
@@ -146,6 +184,8 @@ core::CatalogRow UnitChanges::newRow(std::size_t at) const {
     const UnitRows::Row& source = isKept ? m_stored.rows()[place.stored] : m_found.rows.rows()[place.found];
     core::CatalogRow row = (isKept ? m_stored : m_found.rows).catalogRow(source, m_found.rows.base());
     row.numero = m_otherRows + static_cast<std::int64_t>(at) + 1;
+    if (const auto heir = m_heirs.find(static_cast<std::uint32_t>(at)); heir != m_heirs.end())
+        row.comentario = m_stored.note(m_stored.rows()[heir->second]);
     if (isKept || place.stored == none) return row;
 
     const UnitRows::Row& before = m_stored.rows()[place.stored];

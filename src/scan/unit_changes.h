@@ -25,7 +25,8 @@ struct FoundUnit {
 // Rows belong together when path, name and kind are the same bytes. A row has changed when its size in KB
 // differs, or its date by more than two seconds (the step of FAT). Dates are local time, so that a machine
 // taken to another time zone finds all of them changed. What lies in a folder that could not be read keeps
-// its rows, and what could not be looked at keeps its date and size. Notes stay with the rows that stay.
+// its rows, and what could not be looked at keeps its date and size. Notes stay with the rows that stay, and
+// go over to a row whose path differs in case only, as FAT discs show names.
 class UnitChanges {
   public:
     enum class Kind : char { Added = '+', Removed = '-', Changed = '~' };
@@ -42,6 +43,9 @@ class UnitChanges {
 
     // The row that comes or goes, with its note.
     [[nodiscard]] core::CatalogRow row(const Change& change) const;
+
+    // The removed rows whose notes go with them.
+    [[nodiscard]] const std::vector<Change>& lostNotes() const { return m_lostNotes; }
 
     // True when the catalogue tells everything as it is, also where it is.
     [[nodiscard]] bool areNone() const;
@@ -61,6 +65,7 @@ class UnitChanges {
 
     void match();
     void order();
+    void passNotesOn();
     [[nodiscard]] std::optional<std::size_t> keeper(const UnitRows::Row& row) const;
     [[nodiscard]] bool isChanged(const Place& place) const;
     [[nodiscard]] core::CatalogRow newRow(std::size_t at) const;
@@ -72,6 +77,8 @@ class UnitChanges {
     std::vector<bool> m_taken;             // of the stored rows
     std::vector<Place> m_order;
     std::vector<Change> m_changes;
+    std::vector<Change> m_lostNotes;
+    std::unordered_map<std::uint32_t, std::uint32_t> m_heirs;  // in the new order, of notes of stored rows
 };
 
 }  // namespace scan

@@ -112,6 +112,26 @@ TEST_F(Rescan, BringsTheUnitUpToDateAndKeepsItsNotes) {
     EXPECT_EQ(linesOf(compare()), Lines());
 }
 
+TEST_F(Rescan, ANoteGoesOverToANameInAnotherCaseOrIsTold) {
+    for (const char* name : {"Docs/Case.TXT", "goes"}) discs.write("disc", name, "x");
+    scanAs("U");
+    note("Case.TXT", "kept");
+    note("goes", "lost");
+    const std::string disc = discs.disc("disc");
+    fs::rename(disc + "/Docs/Case.TXT", disc + "/Docs/case.txt");
+    fs::rename(disc + "/Docs", disc + "/docs");
+    fs::rename(disc + "/goes", disc + "/elsewhere");
+    const auto changes = update(disc);
+    ASSERT_TRUE(changes);
+    ASSERT_EQ(changes->lostNotes().size(), 1U);
+    EXPECT_EQ(changes->row(changes->lostNotes()[0]).comentario, "lost");
+    EXPECT_EQ(rows()[1], R"(2 2 E:\docs docs case.txt 0 kept)");
+
+    for (const char* spelling : {"/docs/CASE.txt", "/docs/case.TXT"}) discs.write("disc", spelling, "x");
+    fs::remove(disc + "/docs/case.txt");
+    EXPECT_EQ(compare(disc)->lostNotes().size(), 1U) << "nobody can tell which of two it is";
+}
+
 // What stands in the catalogue after an update is what a new scan writes, and each note at its own row.
 TEST_F(Rescan, TellsHostileNamesApart) {
     const auto names = test::hostileNames();
