@@ -65,7 +65,7 @@ TEST_F(NoteStore, RowsThatAgreeInUnitPathAndNameShareTheirNote) {
 TEST_F(NoteStore, FoldersAreGuardedByCaption) {
     // Writing tests the Spanish word in both languages, reading the language's own.
     EXPECT_EQ(storeNote(database, folder("Carpeta de archivos"), "n"), StoreEnd::NoRow);
-    EXPECT_EQ(storeNote(database, folder("Files folder", ListKind::Results), "n"), StoreEnd::NoRow);
+    EXPECT_EQ(storeNote(database, folder("Files folder", ListKind::Results), "n"), StoreEnd::NotFound);
     EXPECT_EQ(storeNote(database, folder("Files folder"), "n"), StoreEnd::Stored);
     // The second alternative takes every row of that folder.
     EXPECT_EQ(notes(), (std::vector<std::string>{"Viajes=n", "mapa.txt=n", "mapa.txt=n", "otro.txt=n"}));
