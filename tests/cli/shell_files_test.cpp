@@ -82,7 +82,8 @@ TEST_F(Help, BashCompletesWhatACatalogueHolds) {
     const test::CatalogueFixture catalogue;
     catalogue.add({test::folderRow("My disc :", "E:\\letters [2004]"),
                    test::fileRow("My disc :", "E:\\letters [2004]", "it´s.txt"),
-                   test::fileRow("My disc :", "E:\\", "let it be.mp3")});
+                   test::fileRow("My disc :", "E:\\", "let it be.mp3"),
+                   test::unitRow("$(x): y :", "a", "x")});
     const test::TemporaryFolder folder;
     const auto completed = [&](const std::string& line) {
         const std::string script =
@@ -96,7 +97,10 @@ TEST_F(Help, BashCompletesWhatACatalogueHolds) {
         return test::readFile(folder / "told");
     };
     const std::string unit = catalogue.path + R"( '"My disc"' )";
-    EXPECT_EQ(completed("list " + catalogue.path + " '\"My'"), "My\\ disc\n");
+    EXPECT_EQ(completed("list " + catalogue.path + " 'My'"), "My\\ disc\n");
+    EXPECT_EQ(completed("search " + catalogue.path + " text --unit '\"My'"), "My disc\n") << "in its quotes";
+    EXPECT_EQ(completed("list " + catalogue.path + R"( '"\$(')"), "\\$(x): y\n");
+    EXPECT_EQ(completed("list " + catalogue.path + R"( '\$\(x\):')"), "\\ y\n") << "a new word for bash";
     EXPECT_EQ(completed("list " + unit + "'let'"), "letters\\ \\[2004\\]/\nlet\\ it\\ be.mp3\n");
     EXPECT_EQ(completed("note " + unit + R"('letters\ \[2004\]/')"), "letters\\ \\[2004\\]/it´s.txt\n");
     EXPECT_EQ(completed("note " + unit + "'gone'"), "a-file\n");
