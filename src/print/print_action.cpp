@@ -9,6 +9,7 @@
 #include "frame/frame.h"
 #include "frame/long_work.h"
 #include "frame/print_job.h"
+#include "frame/status_band.h"
 #include "frame/toolbar.h"
 #include "lists/item_list.h"
 #include "print/list_printer.h"
@@ -16,6 +17,7 @@
 namespace print {
 namespace {
 
+constexpr core::Bilingual notPrinted{"  No se pudo imprimir todo.", "  Not everything could be printed."};
 constexpr core::Bilingual printing{"  Imprimiendo ...", "  Printing ..."};
 
 class ListRows : public RowSource {
@@ -45,11 +47,13 @@ void Imprimir1(frame::Frame& frame, const lists::Lists& lists) {
     printer.setDocName(QStringLiteral("Zarquelin - ") + catalogue.fileName());
     const auto copies = frame.dialogs.print(printer);
     if (!copies) return;
-    const frame::LongWork work(frame, printing);
-    const bool whole = frame::printCopies(printer, *copies, [&](QPainter& painter, QPrinter& target) {
-        return printList(painter, target, rows, frame.idioma);
-    });
-    static_cast<void>(whole);  // a failing printer is left without a word
+    const bool whole = [&] {
+        const frame::LongWork work(frame, printing);
+        return frame::printCopies(printer, *copies, [&](QPainter& painter, QPrinter& target) {
+            return printList(painter, target, rows, frame.idioma);
+        });
+    }();
+    if (!whole) frame.status.setText(std::string(notPrinted.in(frame.idioma)));
 }
 
 }  // namespace print

@@ -65,6 +65,10 @@ TEST_F(Imprimir1, PrintsTheShownListOncePerCopy) {
     dialogs.copies.reset();
     choose("Imprimir");
     EXPECT_EQ(pagesOf(folder / "list.pdf"), -1) << "cancelled";
+    dialogs.copies = 1;
+    dialogs.onPrint = [](QPrinter& printer) { printer.setOutputFileName("/nonexistent/list.pdf"); };
+    choose("Imprimir");
+    EXPECT_EQ(status(), "  No se pudo imprimir todo.");
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
