@@ -6,6 +6,7 @@
 
 #include "reliability/catalogue_check.h"
 #include "reliability/work.h"
+#include "support/another_program.h"
 
 namespace {
 
@@ -30,6 +31,9 @@ TEST(ReadOnlyDisk, IsReadAndRefusesChanges) {
     test::makeCatalogue(catalogue, {"Earlier", "Victim"}, 100);
     const std::string bytes = test::readFile(catalogue);
     const test::Content content = test::contentOf(catalogue);
+    const std::string halfDone = disk / "half done.zrq";
+    test::makeCatalogue(halfDone, {"Earlier"}, 100);
+    test::inTheMidstOfAChange(halfDone);
     if (!makeReadOnly(disk.path().c_str())) GTEST_SKIP() << "no disk can be mounted here";
 
     for (const Words& reading : {Words{"units", catalogue},
@@ -49,6 +53,11 @@ TEST(ReadOnlyDisk, IsReadAndRefusesChanges) {
     EXPECT_EQ(test::workStatus({"save-as", catalogue, elsewhere / "copy.zrq"}), done);
     EXPECT_EQ(test::contentOf(elsewhere / "copy.zrq"), content);
     EXPECT_EQ(test::readFile(catalogue), bytes);
+    EXPECT_EQ(engine::OpenDatabase(halfDone, engine::Use::ReadOnly).error().number,
+              engine::error::interrupted);
+    for (const char* end : {"", "-journal"})
+        std::filesystem::copy(halfDone + end, elsewhere / "copy 2.zrq" + end);
+    EXPECT_EQ(test::contentOf(elsewhere / "copy 2.zrq").at("Earlier :"), content.at("Earlier :"));
     umount2(disk.path().c_str(), MNT_DETACH);
 }
 

@@ -8,6 +8,7 @@ namespace {
 
 int numberOfCode(int sqliteCode) {
     if (sqliteCode == SQLITE_READONLY_DBMOVED) return error::replaced;
+    if (sqliteCode == SQLITE_READONLY_ROLLBACK) return error::interrupted;
     switch (sqliteCode & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
@@ -38,6 +39,9 @@ int numberOfCode(int sqliteCode) {
 Error errorOfCode(int sqliteCode, const std::string& text) {
     const int number = numberOfCode(sqliteCode);
     if (number == error::replaced) return {number, "another program has replaced the file"};
+    if (number == error::interrupted)
+        return {number, "a change was broken off: open a copy, with its -journal, where it can be written"};
+    if (sqliteCode == SQLITE_READONLY_DIRECTORY) return {number, "its folder is read-only"};
     return {number, text.empty() ? sqlite3_errstr(sqliteCode) : text};
 }
 
