@@ -72,15 +72,16 @@ Copies::End Copies::copyFile(const CopyItem& item) {
     const auto folder = folderFor(found->base, item.folders);
     if (!folder) return End::Failed;
     const std::string target = core::destinationIn(*folder, found->name);
-    if (m_sources.contains(found->path) && m_written.contains(target))
-        return End::Done;  // the same row twice
-    if (m_written.contains(target)) return failed(target + ": another file of this name was just copied");
+    if (const auto there = platform::identityOf(target); there && m_written.contains(*there)) {
+        if (m_written[*there] == found->path) return End::Done;  // the same row twice
+        return failed(target + ": another file of this name was just copied");
+    }
     std::error_code ignored;
     if (m_existing == Existing::Leave && fs::exists(fs::symlink_status(target, ignored))) return End::Done;
     if (const auto copied = platform::CopyFile(found->path, target); !copied)
         return failed(copied.error().text);
     m_sources.insert(found->path);
-    m_written.insert(target);
+    if (const auto written = platform::identityOf(target)) m_written[*written] = found->path;
     return End::Done;
 }
 

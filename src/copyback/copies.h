@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -8,6 +9,7 @@
 #include "core/lookup.h"
 #include "core/medium.h"
 #include "platform/files.h"
+#include "platform/held_files.h"
 
 namespace copyback {
 
@@ -48,7 +50,8 @@ class Copies {
     std::string m_destination;
     Existing m_existing;
     std::set<std::string> m_sources;
-    std::set<std::string> m_written;
+    // The source of each file: on some disks two names lead to one.
+    std::map<platform::FileIdentity, std::string> m_written;
     std::string m_failure;
 };
 

@@ -153,8 +153,15 @@ TEST_F(RowCommands, CopyTakesFoldersWithTheirStructure) {
     fs::create_directory(disc + "/b");
     test::writeFile(disc + "/b/a.txt", "other");
     catalogue.add({test::folderRow("Fotos :", "E:\\b"), test::fileRow("Fotos :", "E:\\b", "a.txt")});
-    EXPECT_EQ(run({"copy", "Fotos", "a/a.txt", "b/a.txt", target}).status, cli::NothingFound);
-    EXPECT_EQ(test::readFile(target + "/a.txt"), "lower") << "no copy replaces another of the same run";
+    fs::create_directory_symlink("a", target + "/b");  // two names of one place, as where case counts nothing
+    for (const char* recursive : {"--no-clobber", "--recursive"}) {
+        fs::remove(target + "/a/a.txt");
+        const Outcome twice = run({"copy", "--recursive", recursive, "Fotos", "a/a.txt", "a", "b", target});
+        EXPECT_TRUE(twice.errors.contains("/b/a.txt: another file of this name was just copied"))
+            << recursive;
+        EXPECT_EQ(test::readFile(target + "/a/a.txt") + test::readFile(target + "/a.txt"), "lowerlower")
+            << "no copy replaces another of the same run";
+    }
 }
 
 }  // namespace
