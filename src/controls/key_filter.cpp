@@ -19,11 +19,6 @@ bool isShortcut(const QKeyEvent& event) {
     return modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
 }
 
-// Fields take Ctrl+E to their end where the desktop's keys have it so; here the letters belong to the menus.
-bool isLeftToMenus(const QKeyEvent& event) {
-    return event.matches(QKeySequence::MoveToEndOfLine) && event.key() != Qt::Key_End;
-}
-
 bool isTyped(char32_t character) {
     return character >= U' ' && character != U'\x7f';
 }
@@ -56,10 +51,6 @@ bool KeyFilter::holdsBack(const QString& text) const {
 bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::InputMethod)
         return holdsBack(static_cast<QInputMethodEvent*>(event)->commitString());
-    if (event->type() == QEvent::ShortcutOverride && isLeftToMenus(static_cast<const QKeyEvent&>(*event))) {
-        event->ignore();
-        return true;
-    }
     if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
     if (isEnter(key) && m_onEnter) {

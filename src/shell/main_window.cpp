@@ -1,6 +1,8 @@
 #include "shell/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenu>
 
 #include "browse/showing.h"
@@ -23,6 +25,7 @@ Form1::Form1(core::Language idioma, frame::Messages& messages, frame::Dialogs& d
     resize(1000, 660);
     setMinimumSize(480, 380);  // the import panel needs that height
     controls::fitToScreen(*this);
+    qApp->installEventFilter(this);
 
     connectMenus();
     connectToolbar();
@@ -184,6 +187,21 @@ void Form1::listReleased(Qt::MouseButton button, const QPoint& place) {
 
 void Form1::layOut() {
     m_parts->panes.medidas();
+}
+
+// Where the desktop's keys have it so, fields claim Ctrl+E as the way to their end. In this window it is the
+// menu's, whichever field has the focus.
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const auto* field = qobject_cast<const QWidget*>(watched);
+        if (key.matches(QKeySequence::MoveToEndOfLine) && key.key() != Qt::Key_End && field &&
+            field->window() == this) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void Form1::resizeEvent(QResizeEvent* event) {

@@ -40,6 +40,7 @@ class Form1 : public QMainWindow, public MainEntry {
     void aboutRequested();  // `acerca`
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
