@@ -118,13 +118,16 @@ TEST_F(MaintenanceTest, RepairUndoesAnInterruptedChangeBeforeItLooks) {
 TEST_F(MaintenanceTest, EachDamagedOriginalIsKeptUnderANameOfItsOwn) {
     fill(200);
     std::string bytes = readFile(path);
+    const auto link = folder / "link.zrq";
+    std::filesystem::create_symlink(path, link);
     for (const char* kept : {".damaged", ".damaged-2"}) {
         std::fill_n(bytes.begin() + 8192 + 8, 50, '\xff');
         writeFile(path, bytes);
-        const auto done = engine::RepairDatabase(path);
+        const auto done = engine::RepairDatabase(link);
         ASSERT_TRUE(done) << done.error().text;
-        EXPECT_EQ(*done, path.string() + kept);
+        EXPECT_EQ(*done, canonical(path).string() + kept);
         EXPECT_TRUE(readFile(*done) == bytes);
+        EXPECT_TRUE(is_symlink(link) && readFile(path) != bytes) << "a link stays a link";
     }
 }
 

@@ -4,8 +4,10 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "engine/file/connection.h"
 #include "engine/file/file_header.h"
@@ -127,6 +129,14 @@ std::string freeNameFor(const std::string& path) {
     }
 }
 
+// A link stays a link: the file that it leads to is repaired, where SQLite looks for its journal too.
+std::string behindLinks(const std::string& path) {
+    std::error_code failed;
+    if (!std::filesystem::is_symlink(path, failed)) return path;
+    const std::filesystem::path file = std::filesystem::canonical(path, failed);
+    return failed ? path : file.native();
+}
+
 // A second name for the file or, on file systems that know none, a copy. A journal that SQLite could not make
 // use of belongs to the damaged file and would spoil the sound one.
 Result<std::string> keepBeside(const std::string& path) {
@@ -171,13 +181,14 @@ Result<std::string> RepairDatabase(const std::string& nativePath) {
         if (platform::HeldFile::isHeld(*file))
             return std::unexpected(Error{error::locked, nativePath + " is open"});
         const platform::HeldFile held(*file);
-        const auto damaged = TRY(openSqlite(nativePath, SQLITE_OPEN_READWRITE));
-        TRY(checkOurs(damaged.get(), nativePath));
-        const auto soundness = TRY(soundnessOf(damaged.get(), nativePath));
+        const std::string path = behindLinks(nativePath);
+        const auto damaged = TRY(openSqlite(path, SQLITE_OPEN_READWRITE));
+        TRY(checkOurs(damaged.get(), path));
+        const auto soundness = TRY(soundnessOf(damaged.get(), path));
         if (soundness == Soundness::Sound) return std::string();
-        auto repaired = TRY(replacementFor(nativePath));
+        auto repaired = TRY(replacementFor(path));
         TRY(rebuild(damaged.get(), soundness, repaired.path()));
-        return exchange(damaged.get(), nativePath, repaired);
+        return exchange(damaged.get(), path, repaired);
     });
 }
 
