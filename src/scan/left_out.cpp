@@ -1,5 +1,7 @@
 #include "scan/left_out.h"
 
+#include <initializer_list>
+
 namespace scan {
 namespace {
 
@@ -31,6 +33,13 @@ std::string listed(const std::vector<std::string>& folders, const Wording& wordi
            (folders.size() > 1 ? ", ...)" : ")");
 }
 
+std::string joined(std::initializer_list<std::string> parts) {
+    std::string all;
+    for (const std::string& part : parts)
+        if (!part.empty()) all.append(all.empty() ? "" : ", ").append(part);
+    return all;
+}
+
 }  // namespace
 
 void LeftOut::add(Gap gap, std::string_view drivePath) {
@@ -40,17 +49,15 @@ void LeftOut::add(Gap gap, std::string_view drivePath) {
         ++(gap == Gap::Depth ? m_tooDeep : m_withoutFacts);
 }
 
-std::string LeftOut::unreadText(core::Language language) const {
-    return listed(m_unread, unreadFolders, language);
+std::string LeftOut::failedText(core::Language language) const {
+    return joined(
+        {listed(m_unread, unreadFolders, language), counted(m_withoutFacts, itemsWithoutFacts, language)});
 }
 
 std::string LeftOut::text(core::Language language) const {
-    std::string all;
-    for (const std::string& part :
-         {unreadText(language), listed(m_kernel, kernelFolders, language),
-          counted(m_tooDeep, deepFolders, language), counted(m_withoutFacts, itemsWithoutFacts, language)})
-        if (!part.empty()) all.append(all.empty() ? "" : ", ").append(part);
-    return all;
+    return joined({listed(m_unread, unreadFolders, language), listed(m_kernel, kernelFolders, language),
+                   counted(m_tooDeep, deepFolders, language),
+                   counted(m_withoutFacts, itemsWithoutFacts, language)});
 }
 
 }  // namespace scan

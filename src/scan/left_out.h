@@ -20,9 +20,9 @@ class LeftOut {
     // them out from then on.
     [[nodiscard]] std::vector<std::string> takeUnread() { return std::exchange(m_unread, {}); }
 
-    // "2 folders that could not be read (E:\a, ...)"; empty without any.
-    [[nodiscard]] std::string unreadText(core::Language language) const;
-    // That and the rest: folders of the kernel and at the depth limit, items that may not be looked at.
+    // What failed: "2 folders that could not be read (E:\a, ...), the date and size of 1 item"; or nothing.
+    [[nodiscard]] std::string failedText(core::Language language) const;
+    // That and what a walk never looks into: folders of the kernel and at the depth limit.
     [[nodiscard]] std::string text(core::Language language) const;
 
   private:

@@ -29,8 +29,8 @@ std::string missingText(const LeftOut& leftOut, const WriteSummary& writes, core
     std::string text;
     if (writes.lost > 0) text.append(notWritten.in(language)).append(std::to_string(writes.lost));
     if (writes.firstError) text.append(". ").append(core::failureSentence(*writes.firstError, language));
-    if (const std::string unread = leftOut.unreadText(language); !unread.empty())
-        text.append(notCatalogued.in(language)).append(unread);
+    if (const std::string failed = leftOut.failedText(language); !failed.empty())
+        text.append(notCatalogued.in(language)).append(failed);
     return text;
 }
 

@@ -155,6 +155,11 @@ TEST(StatusLine, EndsInAnotherSpellingInEnglishOnly) {
     EXPECT_EQ(scan::finalStatus(counts, core::Language::Spanish), "  Carpetas: 12  Archivos: 345");
     EXPECT_EQ(scan::runningStatus(counts, core::Language::English), "  Folders: 12  Files: 345");
     EXPECT_EQ(scan::finalStatus(counts, core::Language::English), " Folders : 12 Files : 345");
+    scan::LeftOut missing;
+    for (const scan::Gap gap : {scan::Gap::Content, scan::Gap::Facts, scan::Gap::Depth})
+        missing.add(gap, "E:\\x");
+    EXPECT_EQ(scan::missingText(missing, {}, core::Language::English),
+              "  Not catalogued: 1 folder that could not be read (E:\\x), the date and size of 1 item");
 }
 
 }  // namespace
