@@ -77,7 +77,8 @@ engine::Result<> compactCatalogue(const std::string& path) {
     CompactedFile compacted;
     compacted.create();
     if (compacted.path().empty())
-        return failure(engine::error::cannotOpenFile, "no file can be made in the current directory");
+        return failure(engine::error::cannotOpenFile,
+                       fs::current_path(missing).native() + ": no file can be made there");
     return engine::CompactDatabase(catalogue, compacted.path());
 }
 
