@@ -18,9 +18,11 @@ Result<bool> isJournal(const std::string& path) {
     if (file < 0 && errno == ENOENT) return false;
     if (file < 0) return std::unexpected(errorOf(platform::systemFailure(path).error()));
     std::array<unsigned char, journalMark.size()> found{};
-    const bool whole = ::read(file, found.data(), found.size()) == static_cast<ssize_t>(found.size());
+    const ssize_t got = ::read(file, found.data(), found.size());
+    const auto unread = platform::systemFailure(path);
     ::close(file);
-    return whole && found == journalMark;
+    if (got < 0) return std::unexpected(errorOf(unread.error()));
+    return got == static_cast<ssize_t>(found.size()) && found == journalMark;
 }
 
 }  // namespace
