@@ -109,22 +109,4 @@ TEST_F(Files, ADiskThatFillsUpCostsNothing) {
     EXPECT_EQ(entriesIn(folder.path()), 2U);
 }
 
-TEST_F(Files, ExistenceAndDeletion) {
-    writeFile(source, "");
-    fs::create_symlink("source", folder / "link");
-    fs::create_symlink("gone", folder / "dangling");
-    fs::create_directory_symlink(".", folder / "here");
-    for (const std::string& file : {source, folder / "link"}) EXPECT_TRUE(platform::FileExists(file)) << file;
-    for (const std::string& none : {folder / "dangling", folder.path(), std::string()})
-        EXPECT_FALSE(platform::FileExists(none)) << none;
-    EXPECT_TRUE(platform::FolderExists(folder / "here") && !platform::FolderExists(source));
-
-    EXPECT_EQ(numberOf(platform::DeleteFile(folder / "link")), 0);
-    EXPECT_TRUE(platform::FileExists(source));
-    EXPECT_EQ(numberOf(platform::DeleteFile(folder / "link")), FileError::fileNotFound);
-    EXPECT_EQ(numberOf(platform::DeleteFile(folder / "no/x")), FileError::pathNotFound);
-    EXPECT_EQ(numberOf(platform::DeleteFile(folder.path())), FileError::permissionDenied);
-    EXPECT_TRUE(platform::FileExists(platform::programFolder() + "/platform_test"));
-}
-
 }  // namespace

@@ -62,11 +62,6 @@ TEST(MenuBar, HasItsTreeInBothLanguages) {
 
 TEST(MenuBar, ShortcutsOpenOneEntryEach) {
     const frame::MenuBar menus(Language::English);
-    const std::pair<const char*, const char*> expected[] = {
-        {"nuevo", "Ctrl+N"},   {"abrir", "Ctrl+O"},  {"reciente", "Ctrl+R"}, {"Imprimir", "Ctrl+P"},
-        {"explore", "Ctrl+I"}, {"buscar", "Ctrl+S"}, {"explorar", "Ctrl+E"}, {"Parar1", "Ctrl+T"}};
-    for (const auto& [name, key] : expected)
-        EXPECT_EQ(menus.action(name)->shortcut(), QKeySequence(key)) << name;
     QSet<QKeySequence> seen;
     for (const QAction* entry : menus.findChildren<QAction*>()) {
         for (const QKeySequence& key : entry->shortcuts()) {
