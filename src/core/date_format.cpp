@@ -83,7 +83,10 @@ DateFormat::Token DateFormat::tokenOf(const QString& run, bool twelveHours) {
     }
 }
 
-std::vector<DateFormat::Token> DateFormat::takenApart(const QString& pattern) {
+// Arabic locales put marks for text from the right between the numbers. In a line from the left, as all of
+// ours are, these would turn the date about.
+std::vector<DateFormat::Token> DateFormat::takenApart(QString pattern) {
+    for (const char16_t mark : {u'\u061C', u'\u200E', u'\u200F'}) pattern.remove(QChar(mark));
     std::vector<Token> tokens;
     const bool twelveHours = pattern.contains(u'a', Qt::CaseInsensitive);
     bool quoted = false;

@@ -24,7 +24,7 @@ class DateFormat {
     };
     struct Moment;
 
-    [[nodiscard]] static std::vector<Token> takenApart(const QString& pattern);
+    [[nodiscard]] static std::vector<Token> takenApart(QString pattern);
     [[nodiscard]] static Token tokenOf(const QString& run, bool twelveHours);
     void append(std::string& out, const Token& token, const Moment& moment) const;
 

@@ -81,6 +81,7 @@ TEST(SerialDate, IsShownAsTheLocaleWritesIt) {
         const std::string text = DateFormat(locale).text(afternoon);
         EXPECT_NE(text.find("2003"), std::string::npos) << locale.name().toStdString() << ' ' << text;
         EXPECT_NE(text.find("09"), std::string::npos) << locale.name().toStdString() << ' ' << text;
+        EXPECT_EQ(text.find("\u200F"), std::string::npos) << locale.name().toStdString() << ": turned about";
     }
     EXPECT_EQ(dateText(0.5), "1899-12-30 12:00:00");
     EXPECT_EQ(dateText(-0.25), "1899-12-29 18:00:00");
