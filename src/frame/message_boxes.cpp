@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "controls/tool_tip.h"
 #include "frame/dialog_owner.h"
 
 namespace frame {
@@ -22,6 +23,7 @@ class ArrowPointer {
 
 QMessageBox::StandardButton run(QMessageBox& box) {
     box.setTextFormat(Qt::PlainText);
+    box.setText(controls::breakable(box.text()));
     const ArrowPointer arrow;
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextDocument>
+#include <QTextOption>
 #include <QWheelEvent>
 
 #include "controls/image_combo.h"
@@ -114,6 +115,13 @@ TEST(ToolTip, ShowsTheCharactersOfANameAndNoOthers) {
         EXPECT_EQ(shown.toPlainText(), name);
     }
     EXPECT_EQ(toolTipOf({}), "");
+    QTextDocument wrapped;
+    QTextOption atBlanks;
+    atBlanks.setWrapMode(QTextOption::WordWrap);  // as a tool tip has it
+    wrapped.setDefaultTextOption(atBlanks);
+    wrapped.setHtml(toolTipOf("C:" + QString("\\e\u0301_long_name").repeated(40)));
+    wrapped.setTextWidth(600);
+    EXPECT_LE(wrapped.idealWidth(), 600) << "a path without a blank is broken too";
 }
 
 TEST(Tabs, FitTheirLettersWhenTheirPanelsFontChanges) {
