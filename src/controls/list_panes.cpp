@@ -10,6 +10,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "controls/shown_text.h"
 #include "controls/tool_tip.h"
 
 namespace controls {
@@ -72,13 +73,18 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
     }
 }
 
+// The first row's height is that of all.
+QString RowDelegate::displayText(const QVariant& value, const QLocale&) const {
+    return onOneLine(value.toString());
+}
+
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& place) const {
     return cell.isEmpty() ? QStyledItemDelegate::sizeHint(option, place) : cell;
 }
 
 bool RowDelegate::isCut(const QStyleOptionViewItem& option, const QModelIndex& place) const {
     if (!largeIcons) return QStyledItemDelegate::sizeHint(option, place).width() > option.rect.width();
-    const QString text = place.data().toString();
+    const QString text = onOneLine(place.data().toString());
     return !text.contains(ellipsis) && inTwoLines(text, option.font, captionWidth(option)).contains(ellipsis);
 }
 
@@ -224,7 +230,8 @@ int IconsView::widestText() const {
     const int step = std::max(1, rows / sample);
     int widest = 0;
     for (int row = 0; row < rows; row += step)
-        widest = std::max(widest, fontMetrics().horizontalAdvance(model()->index(row, 0).data().toString()));
+        widest = std::max(
+            widest, fontMetrics().horizontalAdvance(onOneLine(model()->index(row, 0).data().toString())));
     return widest;
 }
 

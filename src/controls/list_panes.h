@@ -18,6 +18,7 @@ class RowDelegate : public QStyledItemDelegate {
     bool largeIcons = false;
     QSize cell;  // of every item; empty in the report, where columns and font decide
 
+    [[nodiscard]] QString displayText(const QVariant& value, const QLocale& locale) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& place) const override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& place) override;

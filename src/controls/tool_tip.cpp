@@ -2,6 +2,8 @@
 
 #include <QTextBoundaryFinder>
 
+#include "controls/shown_text.h"
+
 namespace controls {
 namespace {
 
@@ -28,7 +30,7 @@ QString breakable(const QString& text) {
 QString toolTipOf(const QString& plain) {
     if (plain.isEmpty()) return plain;
     return QStringLiteral("<qt>%1</qt>")
-        .arg(breakable(plain).toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
+        .arg(breakable(shortened(plain)).toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
 }
 
 }  // namespace controls

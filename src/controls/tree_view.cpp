@@ -6,6 +6,7 @@
 #include <QStyledItemDelegate>
 
 #include "controls/pictures.h"
+#include "controls/shown_text.h"
 
 namespace controls {
 namespace {
@@ -16,6 +17,10 @@ constexpr int layoutShare = 20;  // a filling tree is laid out when one part in 
 class NodeDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QString displayText(const QVariant& value, const QLocale&) const override {
+        return onOneLine(value.toString());
+    }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& place) const override {

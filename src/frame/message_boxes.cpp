@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "controls/shown_text.h"
 #include "controls/tool_tip.h"
 #include "frame/dialog_owner.h"
 
@@ -23,7 +24,7 @@ class ArrowPointer {
 
 QMessageBox::StandardButton run(QMessageBox& box) {
     box.setTextFormat(Qt::PlainText);
-    box.setText(controls::breakable(box.text()));
+    box.setText(controls::breakable(controls::shortened(box.text())));
     const ArrowPointer arrow;
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

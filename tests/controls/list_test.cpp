@@ -6,6 +6,8 @@
 #include <QTest>
 
 #include "controls/list_view.h"
+#include "controls/shown_text.h"
+#include "controls/tool_tip.h"
 
 namespace controls {
 namespace {
@@ -107,6 +109,22 @@ TEST_F(ListTest, TheMouseIsToldAfterTheSelection) {
     EXPECT_EQ(pressed[0], std::pair(Qt::RightButton, Rows{2}));
     ASSERT_EQ(releases.count(), 1);
     EXPECT_EQ(releases[0].at(1).toPoint(), list.shownView()->viewport()->mapToGlobal(at(2)));
+}
+
+// Of rows of one height, the first one decides.
+TEST_F(ListTest, ANameStaysOnItsLineWhateverItHolds) {
+    const QString names[]{QStringLiteral("a\nb\rc\u2028d"), QStringLiteral("x").repeated(5'000'000)};
+    const int before = list.shownView()->visualRect(model.index(0, 0)).height();
+    for (const QString& name : names) {
+        model.item(0)->setText(name);
+        list.setModel(nullptr);
+        list.setModel(&model);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(list.shownView()->visualRect(model.index(0, 0)).height(), before);
+    }
+    EXPECT_EQ(onOneLine("a\nb\u202Etxt.exe"), "a\u21B5b\uFFFDtxt.exe");
+    EXPECT_FALSE(shortened(QStringLiteral("x\n").repeated(1000)).contains('\n')) << "higher than any screen";
+    EXPECT_LT(onOneLine(names[1]).size() + toolTipOf(names[1]).size(), 10'000);
 }
 
 TEST_F(ListTest, ALargerFontMakesLargerCells) {
