@@ -9,8 +9,9 @@ namespace core {
 
 // The catalogue's files. All paths are native.
 
-inline constexpr std::string_view scratchName = "temp.ejm";          // beside the catalogue
-inline constexpr std::string_view compactedName = "compactada.zrq";  // in the current directory
+inline constexpr std::string_view scratchName = "temp.ejm";  // beside the catalogue
+inline constexpr std::string_view compactedName =
+    "compactada.zrq";  // in the current directory, if it takes files
 
 [[nodiscard]] std::string templatePath();  // "original.ejm" beside the executable
 

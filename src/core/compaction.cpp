@@ -26,13 +26,28 @@ class CompactedFile {
   public:
     CompactedFile() = default;
 
-    // "compactada.zrq" in the current directory or, where somebody's file of that name stands, the next free
-    // name. What fails behind the making of the file leaves it to the destructor.
-    void create() {
-        constexpr int namesToTry = 100;
+    // "compactada.zrq" in the current directory, or beside the catalogue where that takes no file; where
+    // somebody's file of that name stands, the next free name. What fails behind the making of the file
+    // leaves it to the destructor.
+    void create(const fs::path& cataloguesFolder) {
         std::error_code failed;
-        const fs::path folder = fs::current_path(failed);
-        if (failed) return;
+        const fs::path current = fs::current_path(failed);
+        if (!failed) createIn(current);
+        if (m_path.empty()) createIn(cataloguesFolder);
+    }
+    ~CompactedFile() {
+        if (m_path.empty()) return;
+        ::unlink(m_path.c_str());
+        ::close(m_descriptor);
+    }
+    CompactedFile(const CompactedFile&) = delete;
+    CompactedFile& operator=(const CompactedFile&) = delete;
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+
+  private:
+    void createIn(const fs::path& folder) {
+        constexpr int namesToTry = 100;
         const fs::path wanted(compactedName);
         for (int n = 1; n <= namesToTry && m_path.empty(); ++n) {
             const std::string number = n == 1 ? "" : '-' + std::to_string(n);
@@ -47,17 +62,7 @@ class CompactedFile {
             m_registered.emplace(m_path);
         }
     }
-    ~CompactedFile() {
-        if (m_path.empty()) return;
-        ::unlink(m_path.c_str());
-        ::close(m_descriptor);
-    }
-    CompactedFile(const CompactedFile&) = delete;
-    CompactedFile& operator=(const CompactedFile&) = delete;
 
-    [[nodiscard]] const std::string& path() const { return m_path; }
-
-  private:
     std::string m_path;  // empty when no file can be made there
     int m_descriptor = -1;
     std::optional<platform::RegisteredName> m_registered;
@@ -75,10 +80,10 @@ engine::Result<> compactCatalogue(const std::string& path) {
         return failure(engine::error::readOnly, path + ": the file is read-only");
 
     CompactedFile compacted;
-    compacted.create();
+    const fs::path folder = fs::path(catalogue).parent_path();
+    compacted.create(folder);
     if (compacted.path().empty())
-        return failure(engine::error::cannotOpenFile,
-                       fs::current_path(missing).native() + ": no file can be made there");
+        return failure(engine::error::readOnly, folder.native() + ": no file can be made there");
     return engine::CompactDatabase(catalogue, compacted.path());
 }
 
