@@ -25,6 +25,8 @@ using platform::qtext;
 
 constexpr core::Bilingual compacting{"  Compactando el catálogo ...", "  Compacting the catalogue ..."};
 constexpr core::Bilingual repairing{"  Reparando el catálogo ...", "  Repairing the catalogue ..."};
+constexpr core::Bilingual keptAs{"  Reparado. El archivo dañado se conserva como ",
+                                 "  Repaired. The damaged file is kept as "};
 constexpr core::Bilingual deleting{"  Eliminando ...", "  Deleting ..."};
 constexpr core::Bilingual renaming{"  Cambiando el nombre de la unidad ...", "  Renaming the unit ..."};
 constexpr core::Bilingual eraseAll{"¿Desea realmente eliminar la totalidad de la base de datos?",
@@ -51,16 +53,35 @@ std::invoke_result_t<Change, engine::Database&> change(frame::Frame& frame, cons
 
 }  // namespace
 
+// No message comes from either, worked or not; a failure stands in the status line.
 void MaintenanceActions::compactar() {
-    frame::LongWork work(m_surface.frame, compacting);
-    work.closeMenu();
-    (void)core::compactCatalogue(m_surface.frame.catalogue.path());  // worked or not, nothing is said
+    const auto compacted = [this] {
+        frame::LongWork work(m_surface.frame, compacting);
+        work.closeMenu();
+        return core::compactCatalogue(m_surface.frame.catalogue.path());
+    }();
+    if (!compacted) browse::showFailure(m_surface, compacted.error());
 }
 
 void MaintenanceActions::reparar() {
-    frame::LongWork work(m_surface.frame, repairing);
-    work.closeMenu();
-    (void)engine::RepairDatabase(m_surface.frame.catalogue.path());
+    const auto repaired = [this] {
+        frame::LongWork work(m_surface.frame, repairing);
+        work.closeMenu();
+        return engine::RepairDatabase(m_surface.frame.catalogue.path());
+    }();
+    if (!repaired) return browse::showFailure(m_surface, repaired.error());
+    if (!repaired->empty()) showRepaired(*repaired);
+}
+
+// What is shown comes from the damaged file, or could not be read from it.
+void MaintenanceActions::showRepaired(const std::string& damaged) {
+    m_surface.estado.dejarCarga();
+    m_surface.lists.listView1.clear();
+    m_surface.lists.listView2.clear();
+    m_surface.clic.indicefila = -1;
+    m_opening.inicio();
+    m_surface.frame.status.setText(std::string(keptAs.in(m_surface.frame.idioma)) +
+                                   damaged.substr(damaged.rfind('/') + 1));
 }
 
 void MaintenanceActions::tell(const engine::Error& error) {

@@ -34,6 +34,7 @@ class MaintenanceActions {
     // Roots and items of units that are no more, but for the one to keep.
     void forgetUnits(const lists::ItemStore::Units& gone, browse::Node kept = browse::noNode);
     void emptySurface();
+    void showRepaired(const std::string& damaged);  // the name under which that file is kept
     void showRenamed(browse::Node unit, const QString& disco, const QString& renamed);
 
     browse::Surface& m_surface;

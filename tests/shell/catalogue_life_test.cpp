@@ -193,6 +193,26 @@ TEST_P(UnreadableFile, IsToldByASearchAndARename) {
         EXPECT_EQ(messages.shown.back().text.toStdString(), path + "\n" + why) << "of what was to be copied";
     }
 }
+TEST_P(UnreadableFile, IsShownOnceItIsRepaired) {
+    const std::string path = startWithFotos(GetParam());
+    std::string bytes = test::readFile(path);
+    bytes[71] ^= 2;  // the mark
+    test::writeFile(path, bytes);
+    choose("reciente");
+    EXPECT_EQ(roots(), Names{});
+    choose("reparar");
+    EXPECT_EQ(roots(), (Names{"Fotos :"}));
+    EXPECT_EQ(status(), in("  Reparado. El archivo dañado se conserva como ",
+                           "  Repaired. The damaged file is kept as ") +
+                            std::string("test.zrq.damaged"));
+    fs::remove(path);
+    for (const char* failing : {"compactar", "reparar"}) {
+        frame().status.setText("");
+        choose(failing);
+        EXPECT_EQ(status(), in("  test.zrq: No existe.", "  test.zrq: It does not exist."));
+    }
+    EXPECT_TRUE(messages.shown.empty());
+}
 INSTANTIATE_TEST_SUITE_P(, UnreadableFile, testing::Values(Language::Spanish, Language::English));
 
 // Opens as far as it can be read, does all that a user may try, and leaves every byte as it was.
