@@ -121,7 +121,7 @@ Result<> Database::followReplacement() {
     if (connection.isInTransaction() || !connection.isReplaced()) return {};
     if (connection.hasWritten())
         return std::unexpected(
-            Error{error::replaced, connection.path() + ": another program has replaced it"});
+            Error{error::replaced, connection.path() + ": it is gone, or another program has replaced it"});
     m_impl = TRY(OpenDatabase(connection.path(), connection.use())).m_impl;
     return {};
 }

@@ -38,7 +38,7 @@ int numberOfCode(int sqliteCode) {
 
 Error errorOfCode(int sqliteCode, const std::string& text) {
     const int number = numberOfCode(sqliteCode);
-    if (number == error::replaced) return {number, "another program has replaced the file"};
+    if (number == error::replaced) return {number, "it is gone, or another program has replaced it"};
     if (number == error::interrupted)
         return {number, "a change was broken off: open a copy, with its -journal, where it can be written"};
     if (sqliteCode == SQLITE_READONLY_DIRECTORY) return {number, "its folder is read-only"};
