@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
+#include <sstream>
 #include <utility>
 
 #include "platform/files.h"
@@ -22,6 +23,7 @@ constexpr std::array<std::string_view, 4> followedSchemes{"http:", "https:", "ft
 constexpr std::array<std::string_view, 2> entryEndings{".desktop", ".kdelnk"};
 constexpr std::array<std::string_view, 2> entryHeads{"[Desktop Entry]", "[KDE Desktop Entry]"};
 constexpr std::size_t headLength = 64;
+constexpr std::size_t longestLink = 64 * 1024;  // a file of that name may be of any size
 
 ShellOpener& opener() {
     static ShellOpener function;
@@ -43,12 +45,18 @@ bool isFollowed(std::string_view url) {
     });
 }
 
+std::string beginning(const std::string& file, std::size_t length) {
+    std::string bytes(length, '\0');
+    std::ifstream in(file, std::ios::binary);
+    in.read(bytes.data(), static_cast<std::streamsize>(length));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    return bytes;
+}
+
 bool isDesktopEntry(const std::string& file) {
     const auto endsInIt = [&](std::string_view ending) { return endsIn(file, ending); };
     if (std::ranges::any_of(entryEndings, endsInIt)) return true;
-    std::string head(headLength, '\0');
-    std::ifstream in(file, std::ios::binary);
-    in.read(head.data(), static_cast<std::streamsize>(head.size()));
+    const std::string head = beginning(file, headLength);
     return std::ranges::any_of(entryHeads,
                                [&](std::string_view text) { return head.find(text) != head.npos; });
 }
@@ -115,7 +123,7 @@ bool isHarmless(const std::string& file) {
 
 std::string linkTarget(const std::string& linkFile) {
     constexpr std::string_view key = "URL=";
-    std::ifstream in(linkFile, std::ios::binary);
+    std::istringstream in(beginning(linkFile, longestLink));
     for (std::string line; std::getline(in, line);) {
         if (line.ends_with('\r')) line.pop_back();
         if (line.size() > key.size() && sameLetters(std::string_view(line).substr(0, key.size()), key))

@@ -71,6 +71,9 @@ TEST(ShellOpen, LinkFilesAreOpenedByTheirAddress) {
     EXPECT_TRUE(platform::ShellExecute(folder / "site.URL", ""));
     EXPECT_TRUE(platform::ShellExecute("mailto:someone@example.org", ""));
     EXPECT_FALSE(platform::ShellExecute(folder / "empty.url", ""));
+    writeFile(folder / "film.url", std::string(1'000'000, 'x') + "\nURL=https://example.org\n");
+    EXPECT_FALSE(platform::ShellExecute(folder / "film.url", ""))
+        << "whatever its size, it is not read whole";
     EXPECT_EQ(opened.targets,
               (std::vector<std::string>{"https://example.org/?a=b", "mailto:someone@example.org"}));
 }
