@@ -77,10 +77,8 @@ TEST(StatusBand, ALongLineTakesTheRoomThatNothingElseNeeds) {
     EXPECT_EQ(line.width(), 333);
 }
 
-constexpr frame::LayoutInput usual{.width = 12000, .height = 8000, .divider = 3600};
-
 TEST(Layout, GrowsWithTheLetterAndOverlapsNothing) {
-    frame::LayoutInput input = usual;
+    frame::LayoutInput input{.width = 12000, .height = 8000, .divider = 3600};
     input.toolbarHeight = 900;
     input.comboHeight = 500;
     input.pathLabelWidth = 1500;
@@ -96,18 +94,6 @@ TEST(Layout, GrowsWithTheLetterAndOverlapsNothing) {
     EXPECT_GE(layout.splitter.left, layout.tree.left + layout.tree.width);
     EXPECT_GE(layout.list.left, layout.splitter.left + layout.splitter.width);
     EXPECT_LE(layout.list.left + layout.list.width, input.width);
-}
-
-TEST(Layout, ATinyWindowKeepsWhatWouldVanish) {
-    const frame::WindowLayout before = frame::computeLayout(usual, {});
-    const frame::WindowLayout tiny =
-        frame::computeLayout({.width = 3660, .height = 1440, .divider = 3600}, before);
-    EXPECT_EQ(tiny.tree.height, before.tree.height);
-    EXPECT_EQ(tiny.list.width, before.list.width);
-    const frame::WindowLayout next =
-        frame::computeLayout({.width = 3661, .height = 1441, .divider = 3600}, before);
-    EXPECT_NE(next.tree.height, before.tree.height);
-    EXPECT_NE(next.list.width, before.list.width);
 }
 
 // The entries that are off, in the order of their names, and behind "|" the buttons that are off.
