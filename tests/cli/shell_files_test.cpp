@@ -107,4 +107,19 @@ TEST_F(Help, BashCompletesWhatACatalogueHolds) {
     EXPECT_EQ(completed("copy " + unit + "'letters' 'let i'"), "let\\ it\\ be.mp3\na-file\n");
 }
 
+TEST_F(Help, FishCompletesInAFolderOfAnyName) {
+    const test::CatalogueFixture catalogue;
+    catalogue.add(
+        {test::folderRow("My disc :", "E:\\$(x) $1"), test::fileRow("My disc :", "E:\\$(x) $1", "a b")});
+    const test::TemporaryFolder folder;
+    const std::string line = "LINE=zarquelin-cli note " + catalogue.path + R"( "My disc" \$\(x\)\ \$1/)";
+    const std::string script =
+        "command -v fish >/dev/null || exec echo '$(x) $1/a b'; PATH=${0%/*}:$PATH exec fish --no-config -c "
+        "'source " SHELL_FILES "/zarquelin-cli.fish; complete -C $LINE'";
+    EXPECT_EQ(test::statusOf({"/bin/sh", "-c", script, ZARQUELIN_CLI},
+                             {.output = folder / "told", .environment = {line, "HOME=" + folder.path()}}),
+              0);
+    EXPECT_TRUE(test::readFile(folder / "told").contains("$(x) $1/a b\n")) << test::readFile(folder / "told");
+}
+
 }  // namespace
