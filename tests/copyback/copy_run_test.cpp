@@ -79,15 +79,6 @@ TEST_F(CopyRun, AMissingFileIsToldAndTheRestIsCopied) {
     EXPECT_EQ(copied("a") + copied("c"), "ac");
 }
 
-TEST_F(CopyRun, AListHoldsMoreItemsThanSixteenBitsCount) {
-    offer(list2, {"first"});
-    list2.items.resize(40'000, {"unselected", "Archivo", "Fotos :", "C:\\x"});
-    for (int item = 1; item < 40'000; ++item) list2.unselected.insert(item);
-    offer(list2, {"last"});
-    EXPECT_EQ(run(true), RunEnd::Complete);
-    EXPECT_EQ(copied("first") + copied("last"), "firstlast");
-}
-
 TEST_F(CopyRun, NothingSelectedOrClickedOnlyEnds) {
     list1.add("C:\\x", "a");
     EXPECT_EQ(run(false, -1), RunEnd::Complete);
