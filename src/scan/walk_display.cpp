@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "frame/pointer.h"
 #include "frame/status_band.h"
@@ -16,7 +17,8 @@ namespace {
 using namespace std::chrono_literals;
 constexpr auto showEvery = 50ms;
 
-// Sees every event before its receiver does.
+// Sees every event before its receiver does. What comes while a commit waits is only let through so that the
+// window is painted, and cannot begin anything.
 class CommitBeforeHandlers : public QObject {
   public:
     explicit CommitBeforeHandlers(RowSink& rows) : m_rows(rows) { qApp->installEventFilter(this); }
@@ -29,13 +31,16 @@ class CommitBeforeHandlers : public QObject {
             case QEvent::LayoutRequest:
                 break;  // cannot look at the catalogue
             default:
+                if (std::exchange(m_committing, true)) break;
                 m_rows.commit();
+                m_committing = false;
         }
         return false;
     }
 
   private:
     RowSink& m_rows;
+    bool m_committing = false;
 };
 
 }  // namespace

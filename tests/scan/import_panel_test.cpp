@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 
+#include "scan/walk_display.h"
 #include "support/catalogue_fixture.h"
 #include "support/fitting.h"
 #include "support/main_window.h"
@@ -87,6 +88,30 @@ TEST_P(Importing, ANameThatAnotherProgramTakesMeanwhileIsRefusedToo) {
     EXPECT_EQ(messages.shown.back().title, "Nompre existente");
     EXPECT_EQ(rowCount(path), 1);
     EXPECT_TRUE(tree().nodes().firstChild(browse::noNode) == browse::noNode);
+}
+
+// An event that comes while a commit waits for another program must not wait for it too.
+TEST_P(Importing, TheWindowIsPaintedWhileAWalkWaits) {
+    struct Rows : scan::RowSink {
+        std::function<void()> waiting;
+        int commits = 0;
+        void add(const core::CatalogRow&) override {}
+        void commit() override {
+            if (++commits == 1) waiting();
+        }
+    } rows;
+    const bool stop = false;
+    scan::WalkDisplay display(frame(), stop);
+    bool isShown = false;
+    rows.waiting = [&] {
+        whenItYields([&] { isShown = true; });
+        display.paint();
+        EXPECT_TRUE(isShown);
+        EXPECT_EQ(rows.commits, 1);
+    };
+    whenItYields([] {});
+    EXPECT_FALSE(display.yield(rows));
+    EXPECT_GE(rows.commits, 1);
 }
 
 TEST_P(Importing, AUnitMadeByHandIsBrowsedAtOnce) {
