@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "catalogue_fixture.h"
+#include "platform/waiting.h"
 #include "support/another_program.h"
 
 namespace {
@@ -131,7 +132,10 @@ TEST_F(OpenTest, TellsThatAnotherHandleHoldsTheFile) {
     sqlite3* holder = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &holder), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(holder, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
+    int signs = 0;
+    const platform::Waiting waiting([&signs](auto) { ++signs; });
     EXPECT_EQ(errorOf(db, "select * from datos order by archivo"), engine::error::locked);
+    EXPECT_GT(signs, 10) << "who waits can paint";
     EXPECT_EQ(errorOf(db, "delete * from datos"), engine::error::locked);
     sqlite3_close(holder);
     EXPECT_EQ(count(db, "select * from datos"), 1);

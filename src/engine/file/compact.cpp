@@ -18,7 +18,7 @@ namespace engine {
 
 namespace {
 
-constexpr int patienceMilliseconds = 5000;  // of a compaction with programs that write all the time
+const int patienceMilliseconds = 5000;  // of a compaction with programs that write all the time
 constexpr int mostTries = 3;
 constexpr double shareOfReading = 0.5;  // of the time; the rest goes into writing back
 
@@ -72,7 +72,7 @@ Result<platform::TemporaryFile> compacted(sqlite3* locked, const std::string& so
 
 Result<std::shared_ptr<Connection>> locked(const std::string& path) {
     auto opened = TRY(Connection::open(path, Use::Catalogue));
-    sqlite3_busy_timeout(opened->handle(), patienceMilliseconds);
+    waitForOthers(opened->handle(), patienceMilliseconds);
     if (sqlite3_db_readonly(opened->handle(), "main") != 0)
         return std::unexpected(Error{error::readOnly, path + ": the file is read-only"});
     TRY(opened->run("begin immediate"));

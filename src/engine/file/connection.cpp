@@ -24,13 +24,8 @@ const int commitMilliseconds = 10'000;
 int waitAMillisecond(void* milliseconds, int waited) {
     if (waited >= *static_cast<const int*>(milliseconds)) return 0;
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    platform::Waiting::giveSign();
     return 1;  // try again
-}
-
-// Looks every millisecond whether the file is free: SQLite's own waiting soon looks ten times a second, and
-// misses the moments in which another program's long scan lets others write.
-void waitForOthers(sqlite3* database, const int& milliseconds) {
-    sqlite3_busy_handler(database, waitAMillisecond, const_cast<int*>(&milliseconds));
 }
 
 // A path that SQLite can take for nothing but a path (it knows "file:" and ":memory:").
@@ -105,6 +100,10 @@ void undoInterruptedChange(const std::string& path) {
 }
 
 }  // namespace
+
+void waitForOthers(sqlite3* database, const int& milliseconds) {
+    sqlite3_busy_handler(database, waitAMillisecond, const_cast<int*>(&milliseconds));
+}
 
 void CloseSqlite::operator()(sqlite3* database) const {
     sqlite3_close_v2(database);

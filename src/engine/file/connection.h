@@ -20,6 +20,11 @@ constexpr int stepsBetweenSigns = 20'000;
 // Opens or creates a file as it stands, with our functions registered and the file's schema distrusted.
 [[nodiscard]] Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags);
 
+// From now on the handle looks every millisecond, for so many of them, whether a file that others hold is
+// free, and gives a sign each time: SQLite's own waiting soon looks ten times a second, and misses the
+// moments in which another program's long scan lets others write. The number must outlive the handle.
+void waitForOthers(sqlite3* database, const int& milliseconds);
+
 // Runs statements that take no values and give no rows.
 [[nodiscard]] Result<> run(sqlite3* database, const char* sql);
 

@@ -32,7 +32,7 @@ Result<long long> Changes::change(const Statement& statement, const std::vector<
     TRY(m_connection.run("begin immediate"));
     const UndoneUnlessCommitted transaction(m_connection);
     const long long changed = TRY(changeAtOnce(statement, literals));
-    TRY(m_connection.run("commit"));
+    TRY(m_connection.commit());
     return changed;
 }
 
