@@ -65,6 +65,17 @@ void TreeModel::tell(Node node) {
     for (auto parent = above.rbegin(); parent != above.rend(); ++parent) fetchMore(place(*parent));
 }
 
+void TreeModel::tellBelow(Node node) {
+    std::vector<Node> pending{node};
+    while (!pending.empty()) {
+        const Node next = pending.back();
+        pending.pop_back();
+        fetchMore(place(next));
+        for (const Node child : childrenOf(next))
+            if (childCount(child) > 0) pending.push_back(child);
+    }
+}
+
 // What is below a node was added behind it.
 void TreeModel::forget(Node node) {
     const int first = entry(node).index - 1;

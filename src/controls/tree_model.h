@@ -45,6 +45,7 @@ class TreeModel : public QAbstractItemModel {
     // Where views find the node, once they were told of it.
     [[nodiscard]] QModelIndex place(Node node) const;
     void tell(Node node);
+    void tellBelow(Node node);  // all that is below it
     [[nodiscard]] static Node nodeOf(const QModelIndex& place);
 
     // Every link has its counterpart: parents know their children in order, indices lead back.

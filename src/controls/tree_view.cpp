@@ -121,6 +121,10 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const Node before = selected();
     const bool moves = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (!editing && event->key() == Qt::Key_Asterisk && before != noNode) {
+        const Filling filling(*this);
+        m_model.tellBelow(before);  // the base class opens the branch, as far as it has been told of it
+    }
     // The base class starts on the first row without selecting it, and would go past it or stay as it is.
     if (editing || !(enter || moves) || !selectCurrent()) QTreeView::keyPressEvent(event);
     if (!editing && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)) selectCurrent();
