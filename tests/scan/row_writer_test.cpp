@@ -7,9 +7,7 @@
 #include <thread>
 
 #include "core/inserts.h"
-#include "core/serial_date.h"
 #include "scan/catalogue_fixture.h"
-#include "scan/manual_unit.h"
 #include "scan/status_text.h"
 
 namespace {
@@ -133,20 +131,6 @@ TEST(RowWriter, PutsRowsIntoTheFileWhileTheWalkHangs) {
     const auto limit = std::chrono::steady_clock::now() + 10s;
     while (catalogue.rows().empty() && std::chrono::steady_clock::now() < limit) std::this_thread::yield();
     EXPECT_EQ(catalogue.rows().size(), 1U);
-}
-
-TEST(ManualUnit, IsOneRow) {
-    const test::CatalogueFixture catalogue;
-    auto database = catalogue.open();
-    std::string tipo;
-    ASSERT_EQ(scan::addManualUnit({"Cds", "Pelis", 3}, tipo, database), nullptr);
-    ASSERT_EQ(scan::addManualUnit({"Otra", "x", 0}, tipo, database), nullptr);
-    EXPECT_EQ(scan::addManualUnit({"cds", "y", 1}, tipo, database), &scan::refusal::manualNameTaken);
-    const auto rows = catalogue.rows();
-    ASSERT_EQ(rows.size(), 2U);
-    EXPECT_EQ(test::summary(rows[0]) + ' ' + rows[0].disco, "1 C:Pelis Pelis - - Cds :");
-    EXPECT_EQ(rows[0].fecha, core::today());
-    for (const auto& row : rows) EXPECT_EQ(row.tipo, "Unidad de video") << "the kind stays in force";
 }
 
 TEST(StatusLine, EndsInAnotherSpellingInEnglishOnly) {

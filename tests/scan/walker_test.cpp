@@ -161,15 +161,6 @@ TEST_F(Walk, LooksIntoNothingOfTheKernelsUnlessItBeganThere) {
     EXPECT_EQ(watcher.kernel.size(), 1U);
 }
 
-TEST_F(Walk, LeavesNothingOfAnEmptyFolder) {
-    folder("t");
-    const auto result = scanInto("U", "t");
-    EXPECT_EQ(watcher.topLevel, 0);
-    EXPECT_TRUE(result.readable);
-    EXPECT_TRUE(catalogue.rows().empty());
-    EXPECT_EQ(scanInto("U", "missing").readable, false);
-}
-
 TEST_F(Walk, CountsOnFromTheNumberOfRows) {
     for (int i = 0; i < 3; ++i) file("t/" + std::to_string(i));
     scanInto("First", "t");

@@ -9,7 +9,6 @@
 
 #include "controls/value_button.h"
 #include "frame/enabling.h"
-#include "frame/layout.h"
 #include "frame/status_band.h"
 #include "frame/toolbar.h"
 
@@ -75,25 +74,6 @@ TEST(StatusBand, ALongLineTakesTheRoomThatNothingElseNeeds) {
     band.setText("  Files: 1");
     QApplication::processEvents();
     EXPECT_EQ(line.width(), 333);
-}
-
-TEST(Layout, GrowsWithTheLetterAndOverlapsNothing) {
-    frame::LayoutInput input{.width = 12000, .height = 8000, .divider = 3600};
-    input.toolbarHeight = 900;
-    input.comboHeight = 500;
-    input.pathLabelWidth = 1500;
-    input.statusHeight = 520;
-    const frame::WindowLayout layout = frame::computeLayout(input, {});
-    EXPECT_EQ(layout.toolbar.height, 900);
-    EXPECT_GE(layout.pathCombo.top, layout.toolbar.top + layout.toolbar.height);
-    EXPECT_GE(layout.pathCombo.left, layout.pathLabel.left + 1500);
-    EXPECT_GE(layout.tree.top, layout.frame.top + layout.pathCombo.top + layout.pathCombo.height);
-    EXPECT_EQ(layout.tree.top + layout.tree.height, layout.status.top);
-    EXPECT_EQ(layout.status.top + layout.status.height, input.height);
-    EXPECT_EQ(layout.list.height, layout.tree.height);
-    EXPECT_GE(layout.splitter.left, layout.tree.left + layout.tree.width);
-    EXPECT_GE(layout.list.left, layout.splitter.left + layout.splitter.width);
-    EXPECT_LE(layout.list.left + layout.list.width, input.width);
 }
 
 // The entries that are off, in the order of their names, and behind "|" the buttons that are off.
