@@ -199,9 +199,9 @@ QWidget* Form4::buildCharts() {
 QWidget* Form4::buildButtons() {
     m_close = new QPushButton(qtext(closeCaption.in(m_idioma)));
     m_close->setObjectName(QStringLiteral("Command1"));
+    m_close->setDefault(true);
     m_print = new QPushButton(qtext(printCaption.in(m_idioma)));
     m_print->setObjectName(QStringLiteral("Command2"));
-    m_print->setAutoDefault(false);
     connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
     connect(m_print, &QPushButton::clicked, this, &Form4::print);
 
