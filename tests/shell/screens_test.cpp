@@ -53,13 +53,11 @@ TEST_F(Screens, HoldWhatLargeLettersSay) {
     click("Fotos :");
     choose("graficos");
     choose("Propiedades");
-    const auto widthOf = [](const QString& text) {
-        return QFontMetrics(QApplication::font()).horizontalAdvance(text);
-    };
-    EXPECT_GE(control("MSChart1").width(), 2 * widthOf("12345 (50 %)") + 200)
+    const QFontMetrics letters(QApplication::font());
+    EXPECT_GE(control("MSChart1").width(), 2 * letters.horizontalAdvance("12345 (50 %)") + 200)
         << "with lines, icons and a pie";
     EXPECT_GE(control("Form3").findChild<QWidget*>("Text4")->width(),
-              widthOf("1234 archivos y 567 carpetas."));
+              letters.horizontalAdvance("1234 archivos y 567 carpetas."));
     QApplication::setFont(usual);
 }
 
