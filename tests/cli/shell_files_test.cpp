@@ -107,6 +107,20 @@ TEST_F(Help, BashCompletesWhatACatalogueHolds) {
     EXPECT_EQ(completed("copy " + unit + "'letters' 'let i'"), "let\\ it\\ be.mp3\na-file\n");
 }
 
+TEST_F(Help, ZshFindsTheCatalogueInQuotesAndAtHome) {
+    const test::CatalogueFixture catalogue;
+    catalogue.add(test::unitRow("$(x) y :", "a", "x"));
+    const std::string file = catalogue.path.substr(catalogue.path.rfind('/') + 1);
+    const std::string script =
+        "command -v zsh >/dev/null || exit 0; [ \"$(exec zsh -f -o extendedglob -c '"
+        "_arguments() {}; zarquelin-cli() { " ZARQUELIN_CLI " \"$@\" }; source " SHELL_FILES
+        "/_zarquelin-cli; compadd() { print -rn -- \"$units|\" }; for typed in \\~/" +
+        file + " \\\"$HOME/" + file +
+        "\\\"; do words=(units $typed); _zarquelin_units; done')\" = '$(x) y|$(x) y|' ]";
+    EXPECT_EQ(test::statusOf({"/bin/sh", "-c", script}, {.environment = {"HOME=" + catalogue.folder.path()}}),
+              0);
+}
+
 TEST_F(Help, FishCompletesInAFolderOfAnyName) {
     const test::CatalogueFixture catalogue;
     catalogue.add(
