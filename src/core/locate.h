@@ -18,7 +18,7 @@ namespace core {
 inline constexpr std::span<const Candidate> scanCandidates{copyCandidates.data(), 3};
 
 // Both places, without asking for the medium. Where a disk has both spellings of a name, `first` tells which
-// is meant.
+// is meant; a path with accents of either kind is found by the names in its folders.
 [[nodiscard]] std::optional<FoundFile> locate(const platform::Drives& drives, const CataloguedFile& file,
                                               Spelling first);
 

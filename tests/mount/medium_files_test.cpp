@@ -35,6 +35,14 @@ class FilesOnMedia : public testing::Test {
     const std::string away = "errno " + std::to_string(ENOMEDIUM);
 };
 
+TEST_F(FilesOnMedia, AreFoundWhereverTheirApostrophesStand) {
+    discs.write("photos", "Don't/´90/rock 'n´ roll.txt", "hello");
+    discs.insert('F', "photos");
+    EXPECT_EQ(read({"E:\\Don´t\\´90", "rock ´n´ roll.txt"}), "hello");
+    EXPECT_EQ(read({"E:\\Don´t\\´90", "rock ´n roll.txt"}), away);
+    EXPECT_EQ(read({"E:\\..\\Don´t\\´90", "rock ´n´ roll.txt"}), away);
+}
+
 TEST_F(FilesOnMedia, AreLookedForAgainOnlyAfterASecond) {
     discs.write("photos", "a.txt", "hello");
     EXPECT_EQ(read({"E:\\", "a.txt"}), away);
