@@ -1,12 +1,15 @@
 #include "frame/desktop_dialogs.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStandardPaths>
 
+#include "controls/tool_tip.h"
 #include "frame/dialog_owner.h"
 
 namespace frame {
@@ -16,6 +19,15 @@ namespace {
 // Of "Text (*.x)|*.x|" the toolkit wants "Text (*.x)".
 QString toolkitFilter(const QString& filter) {
     return filter.section(u'|', 0, 0);
+}
+
+// In the toolkit's words, which it has in both languages.
+bool mayReplace(const QString& file, const QString& title) {
+    const QString question =
+        QCoreApplication::translate("QFileDialog", "%1 already exists.\nDo you want to replace it?")
+            .arg(QFileInfo(file).fileName());
+    return QMessageBox::warning(dialogOwner(), title, controls::breakable(question),
+                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 }  // namespace
@@ -34,14 +46,18 @@ QString DesktopDialogs::openCatalogue(const QString& title, const QString& filte
     return run(dialog, m_catalogueFolder);
 }
 
-// The dialog adds the extension that was not typed before it asks whether to overwrite, so the question is
-// always about the file that will be written.
+// The dialog asks whether to overwrite the name that was typed. It is not told of the extension: a desktop's
+// own dialog would add it after its question, and replace a file that it has never asked about.
 QString DesktopDialogs::saveCatalogue(const QString& title, const QString& filter) {
-    QFileDialog dialog(dialogOwner(), title, {}, toolkitFilter(filter));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(QStringLiteral("zrq"));
-    return run(dialog, m_catalogueFolder);
+    for (;;) {
+        QFileDialog dialog(dialogOwner(), title, {}, toolkitFilter(filter));
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        const QString chosen = run(dialog, m_catalogueFolder);
+        if (chosen.isEmpty() || QFileInfo(chosen).fileName().contains(u'.')) return chosen;
+        const QString completed = chosen + QStringLiteral(".zrq");
+        if (!QFileInfo::exists(completed) || mayReplace(completed, title)) return completed;
+    }
 }
 
 QString DesktopDialogs::chooseFolder(const QString& title) {

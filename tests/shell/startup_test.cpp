@@ -4,16 +4,20 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
 #include <QFileIconProvider>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QTimer>
+#include <fstream>
 
 #include "engine/database.h"
 #include "frame/desktop_dialogs.h"
@@ -203,6 +207,29 @@ TEST_F(Start, ThePrintDialogIsSpanishAndOffersWhatCanBeDone) {
     EXPECT_EQ(QFileIconProvider().type(QFileInfo(folder.path().c_str())), "Carpeta");
     const QRegularExpression english("\\b(the|some|in|Pages|Off|binding|Printing|Advanced|Please|Copies)\\b");
     EXPECT_EQ(texts.filter(english).join('|').toStdString(), "");
+}
+
+TEST_F(Start, NoFileIsReplacedUnderANameThatWasNotAskedAbout) {
+    std::ofstream(folder / "mine.zrq") << "work of years";
+    int asked = 0;
+    std::vector<std::string> typed{folder / "mine", folder / "yours", folder / "mine"};
+    QTimer person;
+    QObject::connect(&person, &QTimer::timeout, [&] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            asked += box->text().contains("mine.zrq");
+            box->button(typed.empty() ? QMessageBox::Yes : QMessageBox::No)->click();
+        } else if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+            EXPECT_EQ(dialog->defaultSuffix(), "") << "a desktop's dialog adds it after its question";
+            dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(typed.front()));
+            typed.erase(typed.begin());
+            QMetaObject::invokeMethod(dialog, "accept");
+        }
+    });
+    person.start(0);
+    frame::DesktopDialogs dialogs;
+    EXPECT_EQ(dialogs.saveCatalogue("New", "(*.zrq)").toStdString(), folder / "yours.zrq");
+    EXPECT_EQ(dialogs.saveCatalogue("New", "(*.zrq)").toStdString(), folder / "mine.zrq");
+    EXPECT_EQ(asked, 2);
 }
 
 TEST_F(Start, ADialogNeverBelongsToAHiddenWindow) {
