@@ -287,12 +287,10 @@ TEST_F(Program, TellsATerminalOfLongWork) {
 TEST_F(Program, NothingOfACatalogueActsOnATerminal) {
     test::writeFile(work / "disc/Año/sub/\x1b[31mred\n\r", "");
     ASSERT_EQ(cliTells({"scan", cat, "Fotos", disc}).status, 0);
-    for (const auto& words :
-         std::vector<std::vector<std::string>>{{"export", cat}, {"search", cat, "*", "-0"}}) {
+    using Words = std::vector<std::string>;
+    for (const Words& words : {Words{"export", cat}, Words{"search", cat, "*", "-0"}}) {
         Terminal terminal;
-        std::vector<std::string> command{ZARQUELIN_CLI};
-        command.insert(command.end(), words.begin(), words.end());
-        EXPECT_EQ(test::statusOf(command, {.output = terminal.name()}), 0);
+        EXPECT_EQ(test::cliStatus(words, {.output = terminal.name()}), 0);
         EXPECT_FALSE(terminal.hears("to the end"));
         EXPECT_TRUE(terminal.told.contains("\\x1b[31mred")) << terminal.told;
         EXPECT_FALSE(terminal.told.contains('\x1b'));

@@ -83,11 +83,8 @@ TEST_F(CopyRun, NothingSelectedOrClickedOnlyEnds) {
     list1.add("C:\\x", "a");
     EXPECT_EQ(run(false, -1), RunEnd::Complete);
     list1.unselected = {0};
-    language = Language::English;
     EXPECT_EQ(run(), RunEnd::Complete);
-    EXPECT_EQ(told, (std::vector<Notice>{
-                        finished,
-                        {"The copy has finished successfully.", "zarquelin", Notice::Style::Information}}));
+    EXPECT_EQ(told, (std::vector{finished, finished}));
 }
 
 // Each candidate by a file that only it can find; a fixed disk has all four, other drives three.
