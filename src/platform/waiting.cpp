@@ -1,23 +1,15 @@
 #include "platform/waiting.h"
 
 #include <chrono>
-#include <future>
-#include <system_error>
 #include <utility>
+
+#include "platform/other_thread.h"
 
 namespace platform {
 namespace {
 
 constexpr std::chrono::milliseconds betweenSigns(50);
 thread_local Waiting* newest = nullptr;
-
-std::future<void> begun(const std::function<void()>& call) {
-    try {
-        return std::async(std::launch::async, call);
-    } catch (const std::system_error&) {
-        return std::async(std::launch::deferred, call);
-    }
-}
 
 }  // namespace
 
@@ -38,7 +30,7 @@ void Waiting::giveSign(std::optional<double> share) noexcept {
 
 void Waiting::giveSignsDuring(const std::function<void()>& call) {
     if (!newest) return call();
-    auto done = begun(call);
+    auto done = onOtherThread(call);
     while (done.wait_for(betweenSigns) == std::future_status::timeout) giveSign();
     done.get();
 }

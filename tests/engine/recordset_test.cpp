@@ -129,6 +129,8 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
         }
         return numbers;
     };
+    constexpr std::size_t severalShares = 8'000'000;  // in memory
+    constexpr std::size_t severalRuns = 100'000;      // on disk
     std::vector<engine::Select> selects;
     std::vector<std::string> inMemory;
     for (const std::string order :
@@ -140,13 +142,14 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
         selects.emplace_back(connection, units, engine::Query(statement.value(), reader.literals()));
         inMemory.push_back(numbersOf(*selects.back().rows().value()));
         EXPECT_GT(inMemory.back().size(), 10'000u);
-        EXPECT_EQ(numbersOf(*selects.back().rows(1000).value()), inMemory.back()) << order;
+        EXPECT_EQ(numbersOf(*selects.back().rows(severalShares).value()), inMemory.back()) << order;
+        EXPECT_EQ(numbersOf(*selects.back().rows(severalRuns).value()), inMemory.back()) << order;
         ::setenv("TMPDIR", "/nowhere", 1);  // SQLite sorts what no file of ours can hold
-        EXPECT_EQ(numbersOf(*selects.back().rows(1000).value()), inMemory.back()) << order;
+        EXPECT_EQ(numbersOf(*selects.back().rows(severalRuns).value()), inMemory.back()) << order;
         ::unsetenv("TMPDIR");
     }
     const auto several = std::to_array({&std::as_const(selects[0]), &std::as_const(selects[3])});
-    for (const std::size_t bound : {engine::RowTable::usualBound, std::size_t{1000}}) {
+    for (const std::size_t bound : {severalShares, severalRuns}) {
         const auto together = engine::rowsTogether(*connection, several, bound).value();
         EXPECT_EQ(numbersOf(*together[0]), inMemory[0]) << bound;
         EXPECT_EQ(numbersOf(*together[1]), inMemory[3]) << bound;
@@ -157,15 +160,16 @@ TEST_F(RecordsetTest, GivesTheSameRowsHoweverTheyAreGathered) {
 TEST_F(RecordsetTest, SortedRowsThatCannotBeReadBackAreAFailure) {
     auto db = open();
     ASSERT_TRUE(db.BeginTrans());
-    for (int i = 0; i < 6000; ++i) addFile(db, "r", std::string(200, 'a' + i % 26) + std::to_string(i));
+    constexpr int rowsInFile = 20'000;
+    for (int i = 0; i < rowsInFile; ++i) addFile(db, "r", std::string(400, 'a' + i % 26) + std::to_string(i));
     ASSERT_TRUE(db.CommitTrans());
     const auto connection = engine::Connection::open(path, engine::Use::ReadOnly).value();
     engine::StatementReader reader;
     const auto statement = reader.read("select * from datos order by archivo").value();
     const engine::Select select(connection, std::make_shared<engine::UnitList>(*connection),
                                 {statement, reader.literals()});
-    const auto rows = select.rows(1'000'000).value();
-    EXPECT_EQ(rows->field(engine::Column::archivo).text(), std::string(200, 'a') + "0");
+    const auto rows = select.rows(10'000'000).value();
+    EXPECT_EQ(rows->field(engine::Column::archivo).text(), std::string(400, 'a') + "0");
     int cut = 0;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
         std::error_code closed;
@@ -178,7 +182,7 @@ TEST_F(RecordsetTest, SortedRowsThatCannotBeReadBackAreAFailure) {
     engine::Result<> moved;
     for (; moved && !rows->atEnd(); moved = rows->moveNext()) ++given;
     EXPECT_FALSE(moved);
-    EXPECT_LT(given, 6000);
+    EXPECT_LT(given, rowsInFile);
 }
 
 TEST_F(RecordsetTest, CountsAfterAnotherHandlesChange) {

@@ -42,6 +42,7 @@ const Command commands[]{
     {{"units", "CAT"}, Kind::Reads},
     {{"list", "CAT", "Victim"}, Kind::Reads},
     {{"search", "CAT", "7"}, Kind::Reads},
+    {{"search", "LARGE", "file"}, Kind::Reads},  // which sorts on another thread
     {{"searches", "CAT"}, Kind::Reads},  // as the window does, the names kept in memory from the first one on
     {{"duplicates", "CAT", "--by", "size"}, Kind::Reads},
     {{"stats", "CAT", "Victim", "E:\\folder3"}, Kind::Reads},
@@ -74,6 +75,7 @@ class FailingCalls : public testing::Test {
         fs::create_directory(work / "run");
         fs::current_path(work / "run");
         test::makeCatalogue(original, {"Earlier", "Victim"}, 300);
+        test::makeCatalogue(large, {"Large"}, 40'000);
         test::makeTree(tree, 4, 12);
         damageACopy();
         test::makeCatalogue(other, {"Imported"}, 50);
@@ -88,13 +90,18 @@ class FailingCalls : public testing::Test {
         test::writeFile(damaged, bytes);
     }
 
+    [[nodiscard]] const std::string& soundOne(const Command& command) const {
+        return command.words[1] == "LARGE" ? large : original;
+    }
+
     Outcome run(const Command& command, const std::string& environment) {
         const bool onDamaged = command.words[1] == "DAMAGED";
         for (const auto& entry : fs::directory_iterator(".")) fs::remove(entry);
-        fs::copy_file(onDamaged ? damaged : original, catalogue);
+        fs::copy_file(onDamaged ? damaged : soundOne(command), catalogue);
         Words words = command.words;
         for (const auto& [word, path] : {std::pair{"CAT", &catalogue},
                                          {"DAMAGED", &catalogue},
+                                         {"LARGE", &catalogue},
                                          {"OTHER", &other},
                                          {"TREE", &tree},
                                          {"ROWS", &rows}})
@@ -176,19 +183,19 @@ class FailingCalls : public testing::Test {
     }
 
     test::TemporaryFolder work;
-    const std::string original = work / "original.zrq", damaged = work / "damaged.zrq", tree = work / "tree",
-                      other = work / "other.zrq", rows = work / "rows.csv", output = work / "output",
-                      counted = work / "counts";
+    const std::string original = work / "original.zrq", damaged = work / "damaged.zrq",
+                      large = work / "large.zrq", tree = work / "tree", other = work / "other.zrq",
+                      rows = work / "rows.csv", output = work / "output", counted = work / "counts";
     const std::string catalogue = "catalogue.zrq", copy = "copy.zrq";  // in the current folder
     test::Content old;
     Outcome whole;
 };
 
 TEST_F(FailingCalls, EndInTheOldStateOrTheNewOneAndAreTold) {
-    old = test::contentOf(original);
     std::minstd_rand random(11);
     for (const Command& command : commands) {
-        const std::string name = command.words[0] + (command.words[1] == "DAMAGED" ? " (damaged)" : "");
+        old = test::contentOf(soundOne(command));
+        const std::string name = command.words[0] + ' ' + command.words[1];
         const auto counts = countsOf(command);
         ASSERT_LE(whole.status, nothingThere) << name << ": " << whole.output;
         std::cout << name;

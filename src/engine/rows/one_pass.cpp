@@ -47,7 +47,7 @@ void writePass(SqlWriter& writer, const RowSorter::Columns& columns, std::span<c
 }
 
 // Together they take as much memory as one select does. False when the disk does not take what is more.
-bool keepWithin(std::size_t bound, std::vector<Part>& parts) {
+Result<bool> keepWithin(std::size_t bound, std::vector<Part>& parts) {
     std::size_t bytes = 0;
     for (const Part& part : parts) bytes += part.sorter.bytes();
     if (bytes < bound) return true;
@@ -68,7 +68,7 @@ Result<bool> passOver(Connection& connection, const RowSorter::Columns& columns,
             if (rows.integer(firstMet + static_cast<int>(i)) == 0) continue;
             if (!TRY(parts[i].sorter.add(rows))) return false;
         }
-        if (!keepWithin(bound, parts)) return false;
+        if (!TRY(keepWithin(bound, parts))) return false;
     }
     return true;
 }

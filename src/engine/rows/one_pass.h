@@ -18,6 +18,7 @@ namespace engine {
 // of one that is better read by itself. More than `bound` bytes of them all are sorted on disk. A search for
 // a rare word in a million rows takes 0.15 s instead of 0.23 s.
 [[nodiscard]] Result<std::vector<std::unique_ptr<Rows>>> rowsTogether(
-    Connection& connection, std::span<const Select* const> selects, std::size_t bound = RowTable::usualBound);
+    Connection& connection, std::span<const Select* const> selects,
+    std::size_t bound = RowSorter::usualBound);
 
 }  // namespace engine

@@ -17,26 +17,27 @@ void appendNumberKey(std::string& key, double number) {
 }
 
 // What follows cannot mix with it: a text's key ends in its only zero, and a number's has always eight bytes.
-Result<> appendColumnKey(std::string& key, Column column, const Prepared& row, int index) {
+Result<> appendColumnKey(std::string& key, Column column, const Value& value) {
     const bool isText = info(column).type == Type::Text;
-    if (row.isNull(index))
+    if (value.isNull())
         key.append(isText ? 1 : 8, '\0');
     else if (isText)
-        return appendSortKey(key, row.text(index));
+        return appendSortKey(key, value.text());
     else
-        appendNumberKey(key, row.number(index));
+        appendNumberKey(key, value.number());
     return {};
 }
 
 }  // namespace
 
-Result<> appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy, const Prepared& row,
-                        const std::vector<int>& places) {
-    for (std::size_t i = 0; i < orderBy.size(); ++i) {
+RowOrder::RowOrder(std::vector<Ordering> orderBy, std::span<const Column> columns)
+    : m_orderBy(std::move(orderBy)), m_places(columns) {}
+
+Result<> RowOrder::appendKey(std::string& key, std::span<const Value> row) const {
+    for (const Ordering& ordering : m_orderBy) {
         const std::size_t begin = key.size();
-        auto appended = appendColumnKey(key, orderBy[i].column, row, places[i]);
-        if (!appended) return appended;
-        if (!orderBy[i].descending) continue;
+        TRY(appendColumnKey(key, ordering.column, row[m_places[ordering.column]]));
+        if (!ordering.descending) continue;
         for (std::size_t at = begin; at < key.size(); ++at) key[at] = static_cast<char>(~key[at]);
     }
     return {};

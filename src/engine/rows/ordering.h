@@ -1,16 +1,25 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
-#include "engine/dialect/statement.h"
-#include "engine/file/prepared.h"
+#include "engine/rows/rows.h"
 
 namespace engine {
 
-// The key of `order by` for a row: keys compare byte by byte as their rows sort. `places` are the columns of
-// `row` in which the ordered ones stand. Nulls come first.
-[[nodiscard]] Result<> appendOrderKey(std::string& key, const std::vector<Ordering>& orderBy,
-                                      const Prepared& row, const std::vector<int>& places);
+// What `order by` sorts rows by.
+class RowOrder {
+  public:
+    // Of rows with those columns.
+    RowOrder(std::vector<Ordering> orderBy, std::span<const Column> columns);
+
+    // Appends a row's key: keys compare byte by byte as their rows sort. Nulls come first.
+    [[nodiscard]] Result<> appendKey(std::string& key, std::span<const Value> row) const;
+
+  private:
+    std::vector<Ordering> m_orderBy;
+    FieldPlaces m_places;
+};
 
 }  // namespace engine

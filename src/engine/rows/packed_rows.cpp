@@ -56,6 +56,12 @@ const char* PackedRows::addBytes(std::string_view bytes) {
     return to;
 }
 
+void PackedRows::take(PackedRows&& other) {
+    std::ranges::move(other.m_blocks, std::back_inserter(m_blocks));
+    m_bytes += other.m_bytes;
+    other = {};
+}
+
 std::string_view PackedRows::add(const Prepared& row, const std::vector<Column>& fields) {
     struct Source {
         Tag tag = nullTag;

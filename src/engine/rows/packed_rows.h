@@ -17,6 +17,8 @@ class PackedRows {
     // Packs a statement's current row, whose first columns are `fields`.
     [[nodiscard]] std::string_view add(const Prepared& row, const std::vector<Column>& fields);
     [[nodiscard]] const char* addBytes(std::string_view bytes);
+    // What another store holds, where it stands.
+    void take(PackedRows&& other);
 
     [[nodiscard]] std::size_t bytes() const { return m_bytes; }
 

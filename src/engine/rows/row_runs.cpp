@@ -48,10 +48,10 @@ bool RowRuns::write(const RowTable::Row& row) {
            put(row.packed, row.packedSize);
 }
 
-bool RowRuns::take(RowTable& table) {
+bool RowRuns::take(const RowTable& table) {
     if (!m_file && !begin()) return false;
     const std::int64_t begin = m_size;
-    const std::span<const RowTable::Row> rows = table.inOrder();
+    const std::span<const RowTable::Row> rows = table.rows();
     for (std::size_t at = 0; at < rows.size(); ++at) {
         constexpr std::size_t rowsAhead = 8;
         if (at + rowsAhead < rows.size()) {
@@ -63,7 +63,6 @@ bool RowRuns::take(RowTable& table) {
     if (std::fflush(m_file.get()) != 0) return false;
     m_runs.push_back({begin, m_size});
     m_rows += static_cast<long long>(table.size());
-    table.clear();
     return true;
 }
 

@@ -14,9 +14,9 @@ namespace engine {
 // SQLite sorts them.
 class RowRuns {
   public:
-    // Takes all rows out of a table. False when they could not be written, here or before; then the whole is
-    // of no use.
-    [[nodiscard]] bool take(RowTable& table);
+    // Takes the rows of a sorted table. False when they could not be written, here or before; then the whole
+    // is of no use.
+    [[nodiscard]] bool take(const RowTable& table);
     [[nodiscard]] bool empty() const { return m_runs.empty(); }
 
     // All rows, in order. Fails when the file cannot be read back.

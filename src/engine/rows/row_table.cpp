@@ -1,7 +1,9 @@
 #include "engine/rows/row_table.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <string>
 
 namespace engine {
 
@@ -33,18 +35,26 @@ bool RowTable::isBefore(const Row& a, const Row& b) {
     return a.rowid < b.rowid;
 }
 
-bool RowTable::add(const Prepared& row, std::string_view key, std::int64_t rowid) {
-    if (bytes() >= m_bound) return false;
-    Row added;
-    added.rowid = rowid;
-    added.keyStart = numberOf(key.data(), key.size());
-    added.keySize = static_cast<std::uint32_t>(key.size());
-    if (key.size() > keyStartSize) added.keyRest = m_keys.addBytes(key.substr(keyStartSize));
+void RowTable::add(const Prepared& row) {
     const std::string_view packed = m_store.add(row, m_fields);
-    added.packed = packed.data();
-    added.packedSize = static_cast<std::uint32_t>(packed.size());
-    m_rows.push_back(added);
-    return true;
+    m_rows.push_back({.packed = packed.data(),
+                      .rowid = row.integer(static_cast<int>(m_fields.size())),
+                      .packedSize = static_cast<std::uint32_t>(packed.size())});
+}
+
+Result<> RowTable::makeKeys(const RowOrder& order) {
+    std::array<Value, columns.size()> values;
+    std::string key;
+    for (Row& row : m_rows) {
+        PackedRows::unpack(row.packed, std::span(values).first(m_fields.size()));
+        key.clear();
+        TRY(order.appendKey(key, values));
+        row.keyStart = numberOf(key.data(), key.size());
+        row.keySize = static_cast<std::uint32_t>(key.size());
+        if (key.size() > keyStartSize)
+            row.keyRest = m_keys.addBytes(std::string_view(key).substr(keyStartSize));
+    }
+    return {};
 }
 
 // Sorts rows whose keys are the same up to `depth` by the next eight bytes, then those with the same eight by
@@ -70,20 +80,29 @@ void RowTable::sortFrom(std::span<Row> rows, std::size_t depth) {
     }
 }
 
-std::span<const RowTable::Row> RowTable::inOrder() {
+Result<> RowTable::sort(const RowOrder& order) {
+    TRY(makeKeys(order));
     if (!std::is_sorted(m_rows.begin(), m_rows.end(), isBefore)) sortFrom(m_rows, 0);
-    return m_rows;
+    return {};
 }
 
-void RowTable::sort() {
-    static_cast<void>(inOrder());
-    m_keys = PackedRows();
-}
-
-void RowTable::clear() {
-    m_rows.clear();
-    m_store = PackedRows();
-    m_keys = PackedRows();
+RowTable RowTable::merged(std::vector<RowTable> tables) {
+    RowTable all(tables.front().fields());
+    std::vector<std::size_t> ends{0};
+    for (const RowTable& table : tables) ends.push_back(ends.back() + table.size());
+    all.m_rows.reserve(ends.back());
+    for (RowTable& table : tables) {
+        all.m_rows.insert(all.m_rows.end(), table.m_rows.begin(), table.m_rows.end());
+        all.m_store.take(std::move(table.m_store));
+        table.m_rows = {};
+    }
+    const auto begin = all.m_rows.begin();
+    const std::size_t last = ends.size() - 1;
+    for (std::size_t width = 1; width < last; width *= 2)
+        for (std::size_t at = 0; at + width < last; at += 2 * width)
+            std::inplace_merge(begin + ends[at], begin + ends[at + width],
+                               begin + ends[std::min(at + 2 * width, last)], isBefore);
+    return all;
 }
 
 void RowTable::fetchAhead(std::size_t row) const {

@@ -2,7 +2,7 @@
 
 #include <array>
 #include <optional>
-#include <vector>
+#include <span>
 
 #include "engine/dialect/statement.h"
 #include "engine/error.h"
@@ -25,7 +25,7 @@ class Rows {
 // Where a column stands among a select's fields.
 class FieldPlaces {
   public:
-    explicit FieldPlaces(const std::vector<Column>& fields) {
+    explicit FieldPlaces(std::span<const Column> fields) {
         m_places.fill(-1);
         for (std::size_t i = 0; i < fields.size(); ++i)
             m_places[static_cast<std::size_t>(fields[i])] = static_cast<int>(i);

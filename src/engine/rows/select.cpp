@@ -179,7 +179,8 @@ Result<std::optional<RowTable>> Select::table(std::size_t bound) const {
     const auto oneState = TRY(ReadTransaction::begin(*m_connection));
     const auto columns = RowSorter::columnsFor(statement());
     RowSorter sorter(statement(), columns, bound, RowSorter::Beyond::Refused);
-    return TRY(addAll(columns, sorter)) ? std::optional(std::move(sorter).table()) : std::nullopt;
+    if (!TRY(addAll(columns, sorter))) return std::nullopt;
+    return std::move(sorter).table();
 }
 
 // Nothing where they can be sorted neither in memory nor in a file of ours; SQLite may know of another place.

@@ -31,10 +31,10 @@ class Select {
 
     // The rows in the statement's order, at the first one. More than `bound` bytes of rows that have to be
     // sorted are sorted on disk.
-    [[nodiscard]] Result<std::unique_ptr<Rows>> rows(std::size_t bound = RowTable::usualBound) const;
+    [[nodiscard]] Result<std::unique_ptr<Rows>> rows(std::size_t bound = RowSorter::usualBound) const;
 
     // The same rows in a table. Nothing where they are too many.
-    [[nodiscard]] Result<std::optional<RowTable>> table(std::size_t bound = RowTable::usualBound) const;
+    [[nodiscard]] Result<std::optional<RowTable>> table(std::size_t bound = RowSorter::usualBound) const;
 
     // Fetching none.
     [[nodiscard]] Result<long long> count() const;
@@ -43,7 +43,7 @@ class Select {
     [[nodiscard]] bool isSortedPass() const;
 
     // The rows of such a select where the known names tell them without a pass; nothing where they do not.
-    [[nodiscard]] Result<std::unique_ptr<Rows>> knownRows(std::size_t bound = RowTable::usualBound) const;
+    [[nodiscard]] Result<std::unique_ptr<Rows>> knownRows(std::size_t bound = RowSorter::usualBound) const;
 
   private:
     template <class Write>
