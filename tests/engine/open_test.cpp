@@ -90,7 +90,7 @@ void leaveJournalNaming(const std::string& second, const std::string& path) {
 }
 
 TEST_F(OpenTest, AStrangersJournalDeletesNoFileAndKeepsNobodyWaiting) {
-    const std::string precious = folder / "precious.txt", journal = path.string() + "-journal";
+    const std::string precious = folder / "other.zrq-journal", journal = path.string() + "-journal";
     for (const auto use : {engine::Use::Catalogue, engine::Use::ReadOnly}) {
         writeFile(precious, "x");
         leaveJournalNaming(precious, path);

@@ -3,7 +3,7 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <string_view>
+#include <utility>
 
 namespace engine {
 namespace {
@@ -20,20 +20,24 @@ bool isOtherThanFile(const char* path) {
     return ::lstat(path, &status) == 0 && !S_ISREG(status.st_mode);
 }
 
+// The second journal that was opened last on this thread, if nothing else was since: what SQLite deletes next
+// by this very pointer.
+thread_local const char* secondJournal = nullptr;
+
 // No change of ours is one of several databases, so a second journal is looked into as an empty one.
 int openCarefully(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* opened) {
-    if ((flags & SQLITE_OPEN_SUPER_JOURNAL) != 0) name = "/dev/null";
+    const bool isSecond = (flags & SQLITE_OPEN_SUPER_JOURNAL) != 0;
+    secondJournal = isSecond ? name : nullptr;
     const bool isBeside = (flags & (SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_WAL)) != 0;
     if (isBeside && isOtherThanFile(name)) {
         file->pMethods = nullptr;
         return SQLITE_CANTOPEN;
     }
-    return usualFiles()->xOpen(usualFiles(), name, file, flags, opened);
+    return usualFiles()->xOpen(usualFiles(), isSecond ? "/dev/null" : name, file, flags, opened);
 }
 
-int removeJournal(sqlite3_vfs*, const char* name, int syncFolder) {
-    const std::string_view path(name);
-    if (!path.ends_with("-journal") && !path.ends_with("-wal")) return SQLITE_OK;  // none of ours
+int removeFile(sqlite3_vfs*, const char* name, int syncFolder) {
+    if (name == std::exchange(secondJournal, nullptr)) return SQLITE_OK;
     return usualFiles()->xDelete(usualFiles(), name, syncFolder);
 }
 
@@ -43,7 +47,7 @@ int registerCarefulFiles() {
     careful.zName = vfsName;
     careful.pNext = nullptr;
     careful.xOpen = openCarefully;
-    careful.xDelete = removeJournal;
+    careful.xDelete = removeFile;
     return sqlite3_vfs_register(&careful, 0);
 }
 
