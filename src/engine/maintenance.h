@@ -4,12 +4,13 @@
 #include <vector>
 
 #include "engine/error.h"
+#include "engine/file/use.h"
 
 namespace engine {
 
 // Writes an empty catalogue database (table `datos`, its indexes, the file marks) to a native path that does
-// not exist yet.
-[[nodiscard]] Result<> CreateDatabase(const std::string& nativePath);
+// not exist yet. For a scratch file nobody waits for the disk.
+[[nodiscard]] Result<> CreateDatabase(const std::string& nativePath, Use use = Use::Catalogue);
 
 // Rewrites a catalogue without its unused space into `between`, and from there back into the catalogue, in
 // one transaction: programs that have it open go on with it. Others cannot write meanwhile; those that write

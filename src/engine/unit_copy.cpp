@@ -149,7 +149,7 @@ Result<std::shared_ptr<Connection>> emptied(const std::string& source, const std
         return std::unexpected(errorOf(allowed.error()));
     ::unlink(scratch.c_str());
     TRY(forgetInterruptedChange(scratch));
-    TRY(CreateDatabase(scratch));
+    TRY(CreateDatabase(scratch, Use::Scratch));
     auto opened = TRY(Connection::open(scratch, Use::Scratch));
     TRY(opened->run(indexUnitsOnly));
     return opened;

@@ -42,21 +42,6 @@ void distrustSchema(sqlite3* database) {
     sqlite3_limit(database, SQLITE_LIMIT_LENGTH, longestValue);
 }
 
-// Deleted rows are wiped, so that what a repair finds on pages that nothing leads to is no row deleted long
-// ago.
-const char* settingsFor(Use use) {
-    switch (use) {
-        case Use::Catalogue:
-            return "pragma synchronous = extra; pragma secure_delete = on";
-        case Use::ReadOnly:
-            return "pragma query_only = on";
-        case Use::Scratch:
-            return "pragma locking_mode = exclusive; pragma journal_mode = memory; pragma synchronous = off;"
-                   "pragma secure_delete = off";
-    }
-    return "";
-}
-
 // Into a scratch file rows come from another one, which is named by an address that lets it be read only.
 int flagsFor(Use use) {
     switch (use) {
@@ -100,6 +85,21 @@ void undoInterruptedChange(const std::string& path) {
 }
 
 }  // namespace
+
+// Deleted rows are wiped, so that what a repair finds on pages that nothing leads to is no row deleted long
+// ago.
+const char* settingsFor(Use use) {
+    switch (use) {
+        case Use::Catalogue:
+            return "pragma synchronous = extra; pragma secure_delete = on";
+        case Use::ReadOnly:
+            return "pragma query_only = on";
+        case Use::Scratch:
+            return "pragma locking_mode = exclusive; pragma journal_mode = memory; pragma synchronous = off;"
+                   "pragma secure_delete = off";
+    }
+    return "";
+}
 
 void waitForOthers(sqlite3* database, const int& milliseconds) {
     sqlite3_busy_handler(database, waitAMillisecond, const_cast<int*>(&milliseconds));

@@ -20,6 +20,9 @@ constexpr int stepsBetweenSigns = 20'000;
 // Opens or creates a file as it stands, with our functions registered and the file's schema distrusted.
 [[nodiscard]] Result<SqliteHandle> openSqlite(const std::string& path, int sqliteFlags);
 
+// What a handle is told first.
+[[nodiscard]] const char* settingsFor(Use use);
+
 // From now on the handle looks every millisecond, for so many of them, whether a file that others hold is
 // free, and gives a sign each time: SQLite's own waiting soon looks ten times a second, and misses the
 // moments in which another program's long scan lets others write. The number must outlive the handle.

@@ -21,7 +21,7 @@ Result<> writeSchema(sqlite3* database) {
     return {};
 }
 
-Result<> CreateDatabase(const std::string& nativePath) {
+Result<> CreateDatabase(const std::string& nativePath, Use use) {
     return guarded([&]() -> Result<> {
         // Taking the name first keeps a file that is there already from being written into.
         const int file = ::open(nativePath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
@@ -31,7 +31,9 @@ Result<> CreateDatabase(const std::string& nativePath) {
         }
         ::close(file);
         auto database = openSqlite(nativePath, SQLITE_OPEN_READWRITE);
-        Result<> written = database ? writeSchema(database->get()) : std::unexpected(database.error());
+        Result<> written =
+            database ? run(database->get(), settingsFor(use)) : std::unexpected(database.error());
+        if (written) written = writeSchema(database->get());
         if (database) database->reset();
         if (!written) ::unlink(nativePath.c_str());
         return written;
