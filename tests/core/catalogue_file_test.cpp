@@ -137,6 +137,22 @@ TEST_F(CatalogueFile, NothingHappensWhileTheCatalogueIsOpenOrReadOnly) {
     EXPECT_FALSE(fs::exists(folder / std::string(core::compactedName)));
 }
 
+TEST_F(CatalogueFile, OnlyWhatNoProgramCanReadIsCopiedByteByByte) {
+    const std::string copy = folder / "copy.zrq";
+    test::inTheMidstOfAChange(path, [&] {
+        EXPECT_EQ(core::copyCatalogue(path, copy).error().number, engine::error::locked);
+        EXPECT_FALSE(fs::exists(copy));
+    });
+    ASSERT_TRUE(core::copyCatalogue(path, copy));
+    EXPECT_EQ(rowsIn(copy), 10);
+    fs::resize_file(path, fs::file_size(path) / 2);
+    for (const std::string& bytes : {readFile(path), std::string("no catalogue at all")}) {
+        writeFile(path, bytes);
+        ASSERT_TRUE(core::copyCatalogue(path, copy));
+        EXPECT_EQ(readFile(copy), bytes);
+    }
+}
+
 TEST(Maintenance, AUnitsNameIsNoPatternWhenItIsDeleted) {
     const test::CatalogueFixture catalogue;
     for (const char* disco :
