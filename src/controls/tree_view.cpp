@@ -106,12 +106,28 @@ void TreeView::repaintNow() {
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
     layOutIfDue();
-    const Node before = selected();
+    m_pressed = nodeUnder(*event);
+    m_selectedBefore = selected();
     QTreeView::mousePressEvent(event);
     // A menu is for the node under the pointer, so that node is clicked first.
-    if (event->button() == Qt::RightButton && selected() != before && selected() != noNode)
-        emit nodeClicked(selected());
+    if (event->button() == Qt::RightButton) clickIfNew(m_selectedBefore);
     emit mousePressed(event->button(), event->globalPosition().toPoint());
+}
+
+// The base class moves the selection along with a pressed button, and tells of no click when it is let go
+// over another row.
+void TreeView::mouseReleaseEvent(QMouseEvent* event) {
+    const bool slipped = nodeUnder(*event) != m_pressed;
+    QTreeView::mouseReleaseEvent(event);
+    if (slipped && event->button() == Qt::LeftButton) clickIfNew(m_selectedBefore);
+}
+
+Node TreeView::nodeUnder(const QMouseEvent& event) const {
+    return TreeModel::nodeOf(indexAt(event.position().toPoint()));
+}
+
+void TreeView::clickIfNew(Node before) {
+    if (selected() != before && selected() != noNode) emit nodeClicked(selected());
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {

@@ -8,7 +8,7 @@ namespace controls {
 
 // A tree of named nodes with pictures. A click selects and never opens or closes: that is for the plus sign,
 // the Left and Right keys and setExpanded. The keyboard can do what the mouse can: moving the selection with
-// the arrow keys, or Enter, counts as a click.
+// the arrow keys, or Enter, counts as a click. So does a press that slips onto another row and selects it.
 class TreeView : public QTreeView {
     Q_OBJECT
   public:
@@ -60,6 +60,7 @@ class TreeView : public QTreeView {
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
@@ -69,8 +70,12 @@ class TreeView : public QTreeView {
     void layOutIfDue();
     bool selectCurrent();
     void beginOnFirstRow();
+    [[nodiscard]] Node nodeUnder(const QMouseEvent& event) const;
+    void clickIfNew(Node before);
 
     TreeModel m_model;
+    Node m_pressed = noNode;         // the node under the pointer when a button was pressed,
+    Node m_selectedBefore = noNode;  // and the one that was selected until then
     int m_fillings = 0;
     int m_rowsWaiting = 0;  // put in since the rows were laid out
     bool m_layoutDue = false;
