@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include "controls/shown_text.h"
 #include "controls/tool_tip.h"
 
 namespace frame {
@@ -22,10 +23,11 @@ bool ElidedLabel::fits() const {
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* event) {
-    if (fits()) return QLabel::paintEvent(event);
+    const QString line = controls::onOneLine(text());  // it may tell a name from anywhere
+    if (line == text() && fits()) return QLabel::paintEvent(event);
     QPainter painter(this);
     const QRect area = contentsRect();
-    const QString shown = fontMetrics().elidedText(text(), m_mode, area.width());
+    const QString shown = fontMetrics().elidedText(line, m_mode, area.width());
     style()->drawItemText(&painter, area, static_cast<int>(alignment()), palette(), isEnabled(), shown,
                           foregroundRole());
 }

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "controls/pictures.h"
+#include "controls/shown_text.h"
 #include "platform/qtext.h"
 #include "platform/waiting.h"
 
@@ -20,7 +21,7 @@ constexpr int fontSize = 10;
 constexpr int pixelsOfPicture = 64;  // sharp enough at 200 twips, and stored once a document
 
 void drawText(QPainter& painter, const PlacedText& placed, const QFontMetricsF& metrics) {
-    const QString text = platform::qtext(placed.text);
+    const QString text = controls::onOneLine(platform::qtext(placed.text));  // as the list shows it
     const double left = placed.x + placed.blanks * metrics.horizontalAdvance(u' ');
     const double baseline = placed.y + metrics.ascent();
     const double width = placed.room > 0 ? metrics.horizontalAdvance(text) : 0;

@@ -99,28 +99,30 @@ TEST(ListPrinter, TellsHowFarItIs) {
     EXPECT_EQ(shares, (std::vector{1 / 3.0, 2 / 3.0, 1.0}));
 }
 
-TEST(ListPrinter, WideTextsStayInTheirColumn) {
-    print::Page page;
-    page.texts.push_back({1, 0, 5, 3399, std::string(30, 'W') + "..."});
-    page.texts.push_back({1, 400, 5, 3399, "narrow"});
-    QImage paper(600, 80, QImage::Format_RGB32);  // ten twips to a dot
+// In a column of 3399 twips, ten of them to a dot.
+QImage drawn(const std::string& text) {
+    QImage paper(600, 30, QImage::Format_RGB32);
     paper.fill(Qt::white);
     QPainter painter(&paper);
     painter.scale(0.1, 0.1);
-    print::drawPage(painter, page);
-    painter.end();
+    print::drawPage(painter, {{{1, 0, 5, 3399, text}}, {}});
+    return paper;
+}
 
-    const auto rightmost = [&](int top, int bottom) {
+TEST(ListPrinter, TextsStayInTheirColumnAndLookAsInTheList) {
+    const auto rightmost = [](const QImage& paper) {
         int right = -1;
-        for (int y = top; y < bottom; ++y)
+        for (int y = 0; y < paper.height(); ++y)
             for (int x = 0; x < paper.width(); ++x)
                 if (paper.pixelColor(x, y) != Qt::white) right = std::max(right, x);
         return right * 10;
     };
     const double blanks = 5 * QFontMetricsF(print::reportFont()).horizontalAdvance(u' ');
-    EXPECT_GT(rightmost(0, 30), 3000);
-    EXPECT_LE(rightmost(0, 30), 1 + blanks + 3399 + 20);
-    EXPECT_GT(rightmost(40, 70), blanks);
-    EXPECT_LT(rightmost(40, 70), 1500);
+    const int wide = rightmost(drawn(std::string(30, 'W') + "...")), narrow = rightmost(drawn("narrow"));
+    EXPECT_GT(wide, 3000);
+    EXPECT_LE(wide, 1 + blanks + 3399 + 20);
+    EXPECT_GT(narrow, blanks);
+    EXPECT_LT(narrow, 1500);
+    EXPECT_EQ(drawn("photo\u202Egpj.exe"), drawn("photo\uFFFDgpj.exe")) << "no program passes for a picture";
     EXPECT_LE(print::reportLineHeight() * 32 + 300, 11906) << "thirty rows on a sheet laid across";
 }

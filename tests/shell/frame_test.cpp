@@ -74,6 +74,10 @@ TEST(StatusBand, ALongLineTakesTheRoomThatNothingElseNeeds) {
     band.setText("  Files: 1");
     QApplication::processEvents();
     EXPECT_EQ(line.width(), 333);
+    band.setText("  Unit: a\nb :  Files: 1");
+    const QImage broken = band.grab().toImage();
+    band.setText("  Unit: a↵b :  Files: 1");
+    EXPECT_EQ(band.grab().toImage(), broken) << "a name stays on the line";
 }
 
 // The entries that are off, in the order of their names, and behind "|" the buttons that are off.
