@@ -157,10 +157,12 @@ void Form1::toggleNode() {
 void Form1::showProperties() {
     browse::Surface& surface = m_parts->surface;
     const browse::Node node = surface.treeView1.selected();
+    if (node == browse::noNode) return;
     auto database = engine::OpenDatabase(m_parts->frame.catalogue.path());
-    if (node == browse::noNode || !database) return;
-    const auto properties = propertiesOf(propertiesRequest(surface, node), *database, m_parts->frame.idioma);
-    if (!properties) return;
+    const auto properties =
+        database ? propertiesOf(propertiesRequest(surface, node), *database, m_parts->frame.idioma)
+                 : std::unexpected(database.error());
+    if (!properties) return browse::showFailure(surface, properties.error());
     if (!m_properties) m_properties = new Form3(m_parts->frame.idioma, this);
     m_properties->showProperties(*properties);
 }

@@ -205,8 +205,9 @@ TEST_P(UnreadableFile, IsShownOnceItIsRepaired) {
     EXPECT_EQ(status(), in("  Reparado. El archivo dañado se conserva como ",
                            "  Repaired. The damaged file is kept as ") +
                             std::string("test.zrq.damaged"));
+    click("Fotos :");
     fs::remove(path);
-    for (const char* failing : {"compactar", "reparar"}) {
+    for (const char* failing : {"Propiedades", "compactar", "reparar"}) {
         frame().status.setText("");
         choose(failing);
         EXPECT_EQ(status(), in("  test.zrq: No existe.", "  test.zrq: It does not exist."));
