@@ -13,6 +13,7 @@ constexpr core::Bilingual supportFile = {"Soporte.url", "Support.url"};
 constexpr core::Bilingual feedbackAddress = {"mailto:opinion@zarquelin.example",
                                              "mailto:feedback@zarquelin.example"};
 constexpr std::string_view authorAddress = "mailto:zarquelin@zarquelin.example";
+constexpr const char* mailFolder = "/";  // a mail program that stays open keeps no disc from being taken out
 
 constexpr const core::Bilingual& fileOf(Link link) {
     return link == Link::Website ? websiteFile : supportFile;
@@ -34,11 +35,11 @@ void openLink(Link link, core::Language idioma, const std::string& folder) {
 }
 
 void openFeedback(core::Language idioma) {
-    (void)platform::ShellExecute(std::string(feedbackAddress.in(idioma)), {});
+    (void)platform::ShellExecute(std::string(feedbackAddress.in(idioma)), mailFolder);
 }
 
 void openAuthorMail() {
-    (void)platform::ShellExecute(std::string(authorAddress), {});
+    (void)platform::ShellExecute(std::string(authorAddress), mailFolder);
 }
 
 }  // namespace shell

@@ -252,7 +252,7 @@ TEST_F(Start, LinksOpenTheFilesBesideTheProgram) {
     ASSERT_EQ(opened.targets.size(), 3u);
     EXPECT_TRUE(opened.targets[0].contains("/es")) << opened.targets[0];
     EXPECT_TRUE(opened.targets[1].contains("/support")) << opened.targets[1];
-    EXPECT_TRUE(opened.targets[2].starts_with("mailto:"));
+    EXPECT_TRUE(opened.targets[2].starts_with("mailto:") && opened.folders[2] == "/");
 
     test::writeFile(folder / "zarquelin.url", "[InternetShortcut]\nURL=https://zarquelin.example/other\n");
     shell::openLink(shell::Link::Website, Language::Spanish, folder.path());
