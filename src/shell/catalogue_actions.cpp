@@ -76,11 +76,11 @@ void CatalogueActions::nuevo1() {
                                                                  QString::fromUtf8(fileFilter));
     if (!chosen.isEmpty()) {
         const std::string path = nativePath(chosen);
-        m_switching.endScan();
         if (const auto created = core::createCatalogue(path); !created) {
             reportFailure(core::templatePath(), path, created.error());
             return;
         }
+        m_switching.endScan();
         m_surface.frame.catalogue.setPath(path);
         openStateChange();
         hidePanels();
@@ -147,7 +147,6 @@ void CatalogueActions::guardar() {
     if (chosen.isEmpty()) return;
 
     const std::string path = nativePath(chosen);
-    m_switching.endScan();
     const auto copied = [&] {
         frame::LongWork work(m_surface.frame, saving);
         work.closeMenu();
@@ -158,6 +157,7 @@ void CatalogueActions::guardar() {
         reportFailure(catalogue.path(), path, copied.error());
         return;
     }
+    m_switching.endScan();
     catalogue.saveLast(path);
     catalogue.setPath(path);
     openStateChange();
