@@ -146,19 +146,26 @@ void SearchPanel::setUnits(std::span<const core::UnitItem> units) {
     m_idle.stop();
     m_searchMemory.clear();  // perhaps of another catalogue
     imageCombo3().clear();
-    addUnit({m_frame.rotulos().rotulocatalogo, pictureOfCatalogue});
+    appendItem({m_frame.rotulos().rotulocatalogo, pictureOfCatalogue});
     imageCombo3().setSelected(1);
-    for (const core::UnitItem& unit : units) addUnit(unit);
+    for (const core::UnitItem& unit : units) appendItem(unit);
 }
 
-void SearchPanel::addUnit(const core::UnitItem& unit) {
+void SearchPanel::appendItem(const core::UnitItem& unit) {
     imageCombo3().addItem(imageCombo3().count() + 1, platform::qtext(unit.disco), unit.picture);
 }
 
+int SearchPanel::itemOf(const std::string& disco) {
+    return imageCombo3().findText(platform::qtext(disco), Qt::MatchExactly | Qt::MatchCaseSensitive) + 1;
+}
+
+// Units that were listed anew during its scan hold it already.
+void SearchPanel::addUnit(const core::UnitItem& unit) {
+    if (itemOf(unit.disco) == 0) appendItem(unit);
+}
+
 void SearchPanel::removeUnit(const std::string& disco) {
-    const int place =
-        imageCombo3().findText(platform::qtext(disco), Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (place >= 0) imageCombo3().removeItem(place + 1);
+    imageCombo3().removeItem(itemOf(disco));
     if (imageCombo3().selectedItem() == 0) imageCombo3().setSelected(1);
 }
 

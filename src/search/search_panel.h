@@ -43,7 +43,7 @@ class SearchPanel : public QWidget {
     void fillTypes();
     // ImageCombo3: the whole catalogue, selected, and behind it these units.
     void setUnits(std::span<const core::UnitItem> units);
-    void addUnit(const core::UnitItem& unit);
+    void addUnit(const core::UnitItem& unit);  // unless it is there
     void removeUnit(const std::string& disco);
 
     [[nodiscard]] SearchRequest request() const;
@@ -58,6 +58,8 @@ class SearchPanel : public QWidget {
   private:
     void makeControls();
     [[nodiscard]] controls::ImageCombo& imageCombo3();
+    void appendItem(const core::UnitItem& unit);
+    [[nodiscard]] int itemOf(const std::string& disco);  // 0 when it has none
     void showTab(int tab);
     void enterInField();
     void enterInNote();

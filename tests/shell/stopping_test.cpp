@@ -167,9 +167,11 @@ TEST_P(Stopping, AJobThatEndsLeavesTheOtherItsStop) {
         click("Uno :");
         EXPECT_EQ(tree().nodes().childCount(node("Uno :")), 2) << "its load has ended";
         EXPECT_TRUE(isOn("Parar1") && frame().toolbar.isEnabled(frame::Toolbar::Stop)) << "the scan goes on";
+        rename("Uno :", "Tres");  // which lists all units anew, that of the scan too
     });
     import("Dos", discs.disc("dvd"));
-    EXPECT_EQ(roots(), (Names{"Uno :", "Dos :"}));
+    EXPECT_EQ(roots(), (Names{"Tres :", "Dos :"}));
+    EXPECT_EQ(control<QComboBox>("ImageCombo3").count(), 3);
     expectIdle();
 }
 
