@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "cli/progress.h"
+#include "core/locate.h"
 #include "core/lookup.h"
 #include "core/medium.h"
 #include "core/serial_date.h"
@@ -223,6 +224,7 @@ std::optional<std::string> nativePath(const core::CatalogRow& row, const platfor
                 row.archivo ? core::joinPath(folder, core::spelled(*row.archivo, candidate.name)) : folder);
             if (native && (platform::FileExists(*native) || platform::FolderExists(*native))) return native;
         }
+        if (const auto mixed = core::asOnDisk(drives, path)) return drives.toNativePath(*mixed);
     }
     return drives.toNativePath(path);
 }

@@ -93,8 +93,8 @@ Copies::End Copies::makeFolder(const CopyItem& item) {
             places.push_back(file.rutaotraunidad(drive.name()));
     std::error_code ignored;
     for (const std::string& place : places) {
-        for (const auto spelling : {core::Spelling::Stored, core::Spelling::Restored}) {
-            const std::string base = core::spelled(place, spelling);
+        const auto mixed = core::asOnDisk(m_drives, place);
+        for (const std::string& base : {place, core::withApostrophes(place), mixed.value_or(place)}) {
             const auto native = m_drives.toNativePath(base);
             if (!native || !fs::is_directory(fs::symlink_status(*native, ignored))) continue;
             return folderFor(base, item.folders) ? End::Done : End::Failed;

@@ -32,28 +32,14 @@ std::optional<std::string> entryNamed(const platform::Drives& drives, const std:
     return first;
 }
 
-// Where some of the accents were apostrophes and others were not, no candidate is it: each name that does not
-// stand there as stored is looked for in its folder.
+// Where some of the accents were apostrophes and others were not, no candidate is it: the names on the disk
+// are.
 std::optional<FoundFile> findName(const platform::Drives& drives, std::string_view base,
                                   std::string_view name) {
-    const std::size_t drive = base.find('\\');
-    if (drive == base.npos || !drives.answers(base.substr(0, 2))) return std::nullopt;
-    std::string folder(base.substr(0, drive)), found;
-    for (std::string_view rest = base.substr(drive + 1); !rest.empty();) {
-        const std::size_t end = std::min(rest.find('\\'), rest.size());
-        std::string path = joinPath(folder, rest.substr(0, end));
-        if (const auto native = drives.toNativePath(path); !native || !platform::FolderExists(*native)) {
-            const auto entry = entryNamed(drives, folder, rest.substr(0, end));
-            if (!entry) return std::nullopt;
-            path = joinPath(folder, *entry);
-        }
-        folder = std::move(path);
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
+    const auto path = asOnDisk(drives, joinPath(base, name));
+    if (!path) return std::nullopt;
     constexpr std::array asStored{Candidate{Spelling::Stored, Spelling::Stored}};
-    if (auto file = findFile(drives, folder, name, asStored)) return file;
-    const auto entry = entryNamed(drives, folder, name);
-    return entry ? findFile(drives, folder, *entry, asStored) : std::nullopt;
+    return findFile(drives, path->substr(0, path->rfind('\\')), lastComponent(*path), asStored);
 }
 
 std::optional<FoundFile> findNameAnywhere(const platform::Drives& drives, const CataloguedFile& file) {
@@ -91,6 +77,27 @@ std::optional<FoundFile> findWhereScanned(const platform::Drives& drives, const 
 std::optional<FoundFile> locate(const platform::Drives& drives, const CataloguedFile& file, Spelling first) {
     auto found = findSpelled(drives, file, first);
     return found ? found : findNameAnywhere(drives, file);
+}
+
+// Each name that does not stand there as stored is looked for in its folder.
+std::optional<std::string> asOnDisk(const platform::Drives& drives, std::string_view path) {
+    const std::size_t drive = path.find('\\');
+    if (drive == path.npos || !drives.answers(path.substr(0, 2))) return std::nullopt;
+    std::string found(path.substr(0, drive));
+    for (std::string_view rest = path.substr(drive + 1); !rest.empty();) {
+        const std::string_view name = rest.substr(0, rest.find('\\'));
+        const bool isLast = name.size() == rest.size();
+        std::string next = joinPath(found, name);
+        const auto native = drives.toNativePath(next);
+        if (!native || !(platform::FolderExists(*native) || (isLast && platform::FileExists(*native)))) {
+            const auto entry = entryNamed(drives, found, name);
+            if (!entry) return std::nullopt;
+            next = joinPath(found, *entry);
+        }
+        found = std::move(next);
+        rest.remove_prefix(std::min(name.size() + 1, rest.size()));
+    }
+    return found;
 }
 
 std::string destinationIn(const std::string& nativeFolder, std::string_view catalogueName) {

@@ -22,6 +22,10 @@ inline constexpr std::span<const Candidate> scanCandidates{copyCandidates.data()
 [[nodiscard]] std::optional<FoundFile> locate(const platform::Drives& drives, const CataloguedFile& file,
                                               Spelling first);
 
+// The path of a file or folder under the names that it and its folders have on the disk, both in drive form.
+// Nothing when it is not there.
+[[nodiscard]] std::optional<std::string> asOnDisk(const platform::Drives& drives, std::string_view path);
+
 // The name that a copy bears on the disk.
 [[nodiscard]] std::string destinationIn(const std::string& nativeFolder, std::string_view catalogueName);
 
