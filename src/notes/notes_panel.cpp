@@ -9,6 +9,7 @@
 #include "controls/accessible.h"
 #include "controls/twips.h"
 #include "core/failure.h"
+#include "core/text.h"
 #include "frame/captions.h"
 #include "frame/catalogue.h"
 #include "frame/status_band.h"
@@ -107,7 +108,7 @@ void NotesPanel::storeNote() {
         return notes::storeNote(database, target(), text.toStdString());
     }();
     begin(*m_Timer2);
-    if (stored && *stored == StoreEnd::Stored) showInList(text);
+    if (stored && *stored == StoreEnd::Stored) showInLists(text);
     if (stored && *stored == StoreEnd::NotFound)
         m_frame.status.setText(std::string(notStored.in(m_frame.idioma)));
     if (stored) return;
@@ -138,18 +139,27 @@ NoteTarget NotesPanel::target() const {
             .type = m_clic.tipofilaelegida};
 }
 
-// The clicked position may hold another row by now.
-void NotesPanel::showInList(const QString& note) {
+// In every row that the statement has reached: it takes no notice of case, and its folder alternative means
+// all files of the folder of that name too.
+void NotesPanel::showInLists(const QString& note) {
     const NoteTarget row = target();
-    lists::ItemList& list = m_lists.shown();
-    if (row.indicefila >= list.count()) return;
-    const auto same = [](const QString& shown, const std::string& text) {
-        return shown.toStdString() == text;
+    const auto same = [](std::string_view shown, std::string_view text) {
+        return core::lowerCase(shown) == core::lowerCase(text);
     };
-    if (same(list.text(row.indicefila), row.name) &&
-        same(list.subItem(row.indicefila, lists::SubItem::Disco), row.disco) &&
-        same(list.subItem(row.indicefila, lists::SubItem::Ruta), row.ruta))
-        list.setNotes(row.indicefila, note);
+    const bool folders = row.list == ListKind::Browse;
+    const bool wholeFolder = folders && same(core::lastComponent(row.ruta), row.name);
+    for (lists::ItemList* list : {&m_lists.listView1, &m_lists.listView2}) {
+        const lists::ItemStore& items = list->store();
+        for (std::size_t at = 0; at < items.size(); ++at) {
+            const auto hasName = [&] {
+                return same(items.text(at), row.name) &&
+                       (folders || !items.subItem(at, lists::SubItem::SizeKey).empty());
+            };
+            if ((wholeFolder || hasName()) && same(items.subItem(at, lists::SubItem::Ruta), row.ruta) &&
+                same(items.subItem(at, lists::SubItem::Disco), row.disco))
+                list->setNotes(static_cast<int>(at), note);
+        }
+    }
 }
 
 void NotesPanel::begin(QTimer& slide) {

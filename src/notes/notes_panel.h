@@ -43,7 +43,7 @@ class NotesPanel : public QWidget {
     void layOut();
     void storeNote();
     void tell(const engine::Error& error);
-    void showInList(const QString& note);
+    void showInLists(const QString& note);
     [[nodiscard]] NoteTarget target() const;
     [[nodiscard]] QString noteText() const;
 

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "controls/twips.h"
+#include "support/catalogue_fixture.h"
 #include "support/main_window.h"
 
 namespace {
@@ -92,14 +93,11 @@ TEST_P(Notes, SlidesAgainstEachOtherComeToAnEnd) {
     panel().closeAtOnce();
     EXPECT_EQ(list().geometry(), uncovered) << "no gap is left";
     EXPECT_FALSE(panel().isVisible());
-    panel().insertarcomentario();
-    EXPECT_EQ(panel().topInTwips(), -400);
 }
 
 TEST_P(Notes, ANoteIsStoredShownAndRemoved) {
     const QString note = QString::fromUtf8("línea 1\nlínea\u00a02");
     write(note);
-    EXPECT_EQ(panel().topInTwips(), -400);
     EXPECT_EQ(list().subItem(1, 1), note);
     EXPECT_EQ(read(), "línea 1\nlínea 2");
     EXPECT_TRUE(accept().isHidden());
@@ -110,22 +108,34 @@ TEST_P(Notes, ANoteIsStoredShownAndRemoved) {
     EXPECT_EQ(read(), in("No existen notas en este item.", "There aren´t notes in this item."));
     click("Docs :");
     EXPECT_EQ(list().subItem(1, 1), "") << "the sentence was not written";
-    EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST_P(Notes, ANoteIsNotShownOnANamesakesRow) {
+TEST_P(Notes, ANoteIsShownInEveryRowThatGotItAndInNoNamesake) {
+    const auto file = [](const char* name) { return test::fileRow("Docs :", "E:\\sub", name); };
+    test::addRows(frame().catalogue.path(), {file("A.TXT"), file("sub")});
+    const auto notes = [](const lists::ItemList& shown) {
+        QString all;
+        for (int row = 0; row < shown.count(); ++row)
+            all += shown.text(row) + '=' + shown.subItem(row, 1) + ' ';
+        return all.toStdString();
+    };
+    lists::ItemList& results = surface().lists.listView2;
+    choose("buscar");
+    search("a.txt");
+    choose("explorar");
     click("Docs :\\sub");
     clickRow(list(), 1);
-    panel().insertarcomentario();
-    tickToTheEnd();
-    text().setPlainText("of the inner one");
-    choose("arriba");
-    ASSERT_EQ(listed(), (test::Names{"sub", "a.txt"}));
-    accept().click();
-    tickToTheEnd();
-    EXPECT_EQ(list().subItem(1, 1), "");
-    click("Docs :\\sub");
-    EXPECT_EQ(list().subItem(1, 1), "of the inner one");
+    write("n");
+    EXPECT_EQ(notes(list()), "0.txt= a.txt=n A.TXT=n sub= ");
+    EXPECT_EQ(notes(results), "a.txt=n a.txt= A.TXT=n ") << "one lies elsewhere";
+    clickRow(list(), 3);
+    write("all");  // it bears the folder's name
+    EXPECT_EQ(notes(list()), "0.txt=all a.txt=all A.TXT=all sub=all ");
+    choose("buscar");
+    search("sub");
+    clickRow(results, 1);
+    write("file");
+    EXPECT_EQ(notes(results), "sub=all sub=file ") << "and not in the folder's";
 }
 
 TEST_P(Notes, AnApostropheIsRefusedWithAMessage) {

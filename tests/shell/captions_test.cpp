@@ -76,7 +76,6 @@ TEST(Captions, KeepTheirBlanksAndSpelling) {
     EXPECT_EQ(frame::caption(u"TabStrip1(1)", Language::English), " Type  ");
     EXPECT_EQ(frame::caption(u"botonescontexto", Language::English), "Bottons with text");
     EXPECT_EQ(frame::caption(u"Label19", Language::Spanish), "Selecionar");
-    EXPECT_TRUE(frame::caption(u"Toolbar1(3)", Language::English).isNull());
     EXPECT_EQ(frame::toolbarToolTip(9, Language::Spanish), "Estadísticas");
 }
 

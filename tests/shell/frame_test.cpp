@@ -103,7 +103,6 @@ TEST(Enabling, FollowsFromTheState) {
     EXPECT_EQ(off({.catalogueOpen = true}), "Copiararchivos Copiararchivos2 Parar1 | 13");
     EXPECT_EQ(off({.catalogueOpen = true, .running = true}),
               "Copiararchivos Copiararchivos2 compactar reparar |");
-    EXPECT_EQ(off({.catalogueOpen = true, .listHasRows = true}), "Parar1 | 13");
     EXPECT_EQ(off({.catalogueOpen = true, .listHasRows = true, .menuOfFolder = true}),
               "Parar1 borrarunidad cambiarnombre | 13");
     EXPECT_EQ(off({.catalogueOpen = true, .listHasRows = true, .recentMissing = true}),
