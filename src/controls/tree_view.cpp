@@ -131,21 +131,27 @@ void TreeView::clickIfNew(Node before) {
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
+    // What the editor of a label has no use for comes here, and must not lead to another node.
+    if (state() == QAbstractItemView::EditingState) return;
     layOutIfDue();
     beginOnFirstRow();
-    const bool editing = state() == QAbstractItemView::EditingState;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const Node before = selected();
     const bool moves = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
-    if (!editing && event->key() == Qt::Key_Asterisk && before != noNode) {
+    if (event->key() == Qt::Key_Asterisk && before != noNode) {
         const Filling filling(*this);
         m_model.tellBelow(before);  // the base class opens the branch, as far as it has been told of it
     }
     // The base class starts on the first row without selecting it, and would go past it or stay as it is.
-    if (editing || !(enter || moves) || !selectCurrent()) QTreeView::keyPressEvent(event);
-    if (!editing && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)) selectCurrent();
+    if (!(enter || moves) || !selectCurrent()) QTreeView::keyPressEvent(event);
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) selectCurrent();
     const Node now = selected();
-    if (!editing && now != noNode && (enter || now != before)) emit nodeClicked(now);
+    if (now != noNode && (enter || now != before)) emit nodeClicked(now);
+}
+
+// The Tab key would go on to the next label, and leaving that one would enter it as a new name.
+void TreeView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint) {
+    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 TreeView::Filling::~Filling() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractItemDelegate>
 #include <QTreeView>
 
 #include "controls/tree_model.h"
@@ -64,6 +65,7 @@ class TreeView : public QTreeView {
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
   private:
     void doItemsLayout() override;

@@ -91,9 +91,14 @@ TEST_F(TreeTest, KeysDoWhatTheMouseDoes) {
     EXPECT_EQ(clicked(), (Nodes{a, c})) << "the first key opens";
     QTest::keyClick(&tree, Qt::Key_Return);
     EXPECT_EQ(clicked(), Nodes{c});
-    tree.editLabel(one);
-    QTest::keyClick(tree.viewport()->findChild<QLineEdit*>(), Qt::Key_Return);
-    EXPECT_EQ(clicked(), Nodes{}) << "Enter ends the edit and clicks nothing";
+    for (const auto end : {Qt::Key_Tab, Qt::Key_Return}) {
+        tree.editLabel(one);
+        auto* editor = tree.viewport()->findChild<QLineEdit*>();
+        for (const auto key : {Qt::Key_Down, end}) QTest::keyClick(editor, key);
+        EXPECT_EQ(clicked(), Nodes{}) << "it ends the edit and clicks nothing";
+        EXPECT_EQ(tree.selected(), one);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
     tree.setSelected(noNode);
     QTest::keyClick(&tree, Qt::Key_Home);
     EXPECT_EQ(clicked(), Nodes{one});
