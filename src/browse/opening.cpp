@@ -1,6 +1,7 @@
 #include "browse/opening.h"
 
 #include "browse/showing.h"
+#include "core/failure.h"
 #include "core/serial_date.h"
 #include "core/unit_kinds.h"
 #include "frame/catalogue.h"
@@ -36,7 +37,8 @@ constexpr ColumnSpec pathColumn{{"Ruta", "Path"}, 1.0 / 2};
 using Units = std::vector<core::UnitItem>;
 
 // Hands over each unit and its picture, which is 0 where its first row bears an unknown word. A unit that
-// cannot be read is left out; the result is why.
+// cannot be read is left out; the result is why. One whose name no statement can carry is left out in
+// silence.
 template <class Take>
 engine::Result<> eachUnit(engine::Database& database, Take take) {
     const auto names = TRY(core::unitNames(database));
@@ -44,7 +46,7 @@ engine::Result<> eachUnit(engine::Database& database, Take take) {
     for (const std::string& disco : names) {
         if (const auto tipo = core::unitTipo(database, disco))
             take(disco, core::unitPicture(*tipo));
-        else
+        else if (!core::isRefusedStatement(tipo.error()))
             whole = std::unexpected(tipo.error());
     }
     return whole;
