@@ -105,9 +105,12 @@ void Form1::refresh(bool fromMenu) {
 
 // The rows in the list still name the unit as it was, so it is listed anew, once the edit is over.
 void Form1::renameUnit(browse::Node unit, const QString& text) {
+    const std::string disco = m_parts->surface.nodeText(unit);
     if (!m_parts->maintenance.rename(unit, text)) return;
-    const auto listAnew = [this, unit] {
-        if (m_parts->surface.treeView1.selected() == unit) m_parts->nodeClick.click(unit);
+    const auto listAnew = [this, unit, disco] {
+        const browse::Surface& surface = m_parts->surface;
+        const bool isListed = surface.estado.discoactual == disco && surface.isUnit(unit);
+        if (isListed || surface.treeView1.selected() == unit) m_parts->nodeClick.click(unit);
     };
     QMetaObject::invokeMethod(this, listAnew, Qt::QueuedConnection);
 }
