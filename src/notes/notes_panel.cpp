@@ -10,6 +10,7 @@
 #include "controls/twips.h"
 #include "core/failure.h"
 #include "core/text.h"
+#include "engine/text/folding.h"
 #include "frame/captions.h"
 #include "frame/catalogue.h"
 #include "frame/status_band.h"
@@ -143,20 +144,18 @@ NoteTarget NotesPanel::target() const {
 // all files of the folder of that name too.
 void NotesPanel::showInLists(const QString& note) {
     const NoteTarget row = target();
-    const auto same = [](std::string_view shown, std::string_view text) {
-        return core::lowerCase(shown) == core::lowerCase(text);
-    };
     const bool folders = row.list == ListKind::Browse;
-    const bool wholeFolder = folders && same(core::lastComponent(row.ruta), row.name);
+    const bool wholeFolder = folders && engine::equalFolded(core::lastComponent(row.ruta), row.name);
     for (lists::ItemList* list : {&m_lists.listView1, &m_lists.listView2}) {
         const lists::ItemStore& items = list->store();
         for (std::size_t at = 0; at < items.size(); ++at) {
             const auto hasName = [&] {
-                return same(items.text(at), row.name) &&
+                return engine::equalFolded(items.text(at), row.name) &&
                        (folders || !items.subItem(at, lists::SubItem::SizeKey).empty());
             };
-            if ((wholeFolder || hasName()) && same(items.subItem(at, lists::SubItem::Ruta), row.ruta) &&
-                same(items.subItem(at, lists::SubItem::Disco), row.disco))
+            if ((wholeFolder || hasName()) &&
+                engine::equalFolded(items.subItem(at, lists::SubItem::Ruta), row.ruta) &&
+                engine::equalFolded(items.subItem(at, lists::SubItem::Disco), row.disco))
                 list->setNotes(static_cast<int>(at), note);
         }
     }
