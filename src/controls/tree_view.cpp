@@ -122,6 +122,13 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event) {
     if (slipped && event->button() == Qt::LeftButton) clickIfNew(m_selectedBefore);
 }
 
+// With Ctrl the base class would deselect the node, and nothing would stand for what is listed.
+QItemSelectionModel::SelectionFlags TreeView::selectionCommand(const QModelIndex& place,
+                                                               const QEvent* event) const {
+    const auto command = QTreeView::selectionCommand(place, event);
+    return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
+}
+
 Node TreeView::nodeUnder(const QMouseEvent& event) const {
     return TreeModel::nodeOf(indexAt(event.position().toPoint()));
 }

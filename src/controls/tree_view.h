@@ -68,6 +68,8 @@ class TreeView : public QTreeView {
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
   private:
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& place,
+                                                                       const QEvent* event) const override;
     void doItemsLayout() override;
     void layOutIfDue();
     bool selectCurrent();

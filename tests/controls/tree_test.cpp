@@ -58,8 +58,9 @@ TEST_F(TreeTest, RemovalTakesAllBelowAndClosesTheGapInTheIndices) {
 }
 
 TEST_F(TreeTest, AClickSelectsAndOnlyThePlusSignOpens) {
-    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, middleOf(one));
-    EXPECT_EQ(clicked(), Nodes{one});
+    for (const auto key : {Qt::NoModifier, Qt::ControlModifier})
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, key, middleOf(one));
+    EXPECT_EQ(clicked(), (Nodes{one, one}));
     EXPECT_EQ(tree.selected(), one);
     QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, middleOf(one));
     EXPECT_FALSE(tree.isExpanded(one));
