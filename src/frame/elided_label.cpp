@@ -22,9 +22,10 @@ bool ElidedLabel::fits() const {
     return fontMetrics().horizontalAdvance(text()) <= contentsRect().width();
 }
 
-void ElidedLabel::paintEvent(QPaintEvent* event) {
-    const QString line = controls::onOneLine(text());  // it may tell a name from anywhere
-    if (line == text() && fits()) return QLabel::paintEvent(event);
+// It may tell a name from anywhere, in which the base class would take a '&' for the mark of a letter to
+// press.
+void ElidedLabel::paintEvent(QPaintEvent*) {
+    const QString line = controls::onOneLine(text());
     QPainter painter(this);
     const QRect area = contentsRect();
     const QString shown = fontMetrics().elidedText(line, m_mode, area.width());
