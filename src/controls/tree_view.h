@@ -9,7 +9,8 @@ namespace controls {
 
 // A tree of named nodes with pictures. A click selects and never opens or closes: that is for the plus sign,
 // the Left and Right keys and setExpanded. The keyboard can do what the mouse can: moving the selection with
-// the arrow keys, or Enter, counts as a click. So does a press that slips onto another row and selects it.
+// the arrow keys, or Enter, counts as a click. So does a press that slips onto another row and selects it. A
+// click with Ctrl deselects nothing.
 class TreeView : public QTreeView {
     Q_OBJECT
   public:

@@ -43,6 +43,7 @@ std::optional<FoundFile> findName(const platform::Drives& drives, std::string_vi
 }
 
 std::optional<FoundFile> findNameAnywhere(const platform::Drives& drives, const CataloguedFile& file) {
+    if (!file.ruta.contains("´") && !file.name.contains("´")) return std::nullopt;
     auto found = findName(drives, file.ruta, file.name);
     if (found || isOnFixedDisk(drives, file) || file.letraunidad().empty()) return found;
     for (const platform::Drive& drive : drives.list())

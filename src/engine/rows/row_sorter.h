@@ -44,7 +44,7 @@ class RowSorter {
     [[nodiscard]] Result<std::unique_ptr<Rows>> rows() &&;
 
   private:
-    // Used by one thread at a time.
+    // Used by one thread at a time, but for its bytes.
     struct Sorted {
         Sorted(RowOrder rowOrder, std::size_t mostBytes, Beyond whatIsMore)
             : order(std::move(rowOrder)), bound(mostBytes), beyond(whatIsMore) {}
